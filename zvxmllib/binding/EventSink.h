@@ -1,0 +1,30 @@
+// IEventSink, what hears of changes in collections.
+#pragma once
+
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/platform/Api.h"
+
+#include <cstdint>
+
+namespace ZvXmlLib16 {
+
+class ZV_API IEventSink {
+public:
+    enum MsgType : std::int32_t {
+        MsgCollectionChange = 0,         // data: null
+        MsgCollectionAdd = 1,            // data: the item that will be added
+        MsgCollectionAddComplete = 2,    // data: the item added
+        MsgCollectionRemove = 3,         // data: int const*, the index; null when it is not known
+        MsgCollectionRemoveComplete = 4, // the same
+    };
+
+protected:
+    ~IEventSink() = default;
+
+    // `data` is valid during the call only.
+    virtual void OnEvent(CXmlObjectBase* sender, MsgType type, void* data) = 0;
+
+    friend class CXmlObjectBase;
+};
+
+} // namespace ZvXmlLib16

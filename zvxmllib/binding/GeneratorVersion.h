@@ -1,0 +1,24 @@
+// The generator's version, and the gate that all entry points pass.
+#pragma once
+
+#include "zvxmllib/platform/Api.h"
+
+#include <cstdint>
+
+namespace ZvXmlLib16 {
+
+inline constexpr std::int32_t kLibraryMajorVersion = 16;
+inline constexpr std::int32_t kLibraryMinorVersion = 1;
+
+// Called by generated code at its start, before the first bound object is used, with its own version.
+// Entry points throw CZvException unless it is the library's: 16, 1.
+ZV_API void SetGeneratorVersion(std::int32_t major, std::int32_t minor);
+
+namespace detail {
+// Shows the error box and throws CZvException if the versions differ.
+void CheckGeneratorVersion();
+// Shows the error box at the first call in the process, if the versions differ.
+void WarnOfGeneratorVersionOnce();
+} // namespace detail
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,19 @@
+// The limit of nesting for everything that recurses over a tree of objects.
+#pragma once
+
+namespace ZvXmlLib16 {
+
+// Objects nested deeper than this are refused on reading, writing and cloning. Far above what documents
+// use, and far below what the stack of a thread holds.
+inline constexpr int kMaxNestingDepth = 1000;
+
+// Counts one level of nesting on the current thread. Throws CZvException beyond the limit.
+class NestingGuard {
+public:
+    NestingGuard();
+    NestingGuard(NestingGuard const&) = delete;
+    NestingGuard& operator=(NestingGuard const&) = delete;
+    ~NestingGuard();
+};
+
+} // namespace ZvXmlLib16

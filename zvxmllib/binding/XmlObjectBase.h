@@ -1,0 +1,156 @@
+// CXmlObjectBase, the root of all bound objects: reference count, element name, and the entry points
+// that write and read an object tree.
+#pragma once
+
+#include "zvxmllib/binding/EventSink.h"
+#include "zvxmllib/foundation/Enumerations.h"
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/SmartPtr.h"
+#include "zvxmllib/values/BinaryData.h"
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+
+namespace ZvXmlLib16 {
+
+// Made with a count of 0 and held by CSmartPtr; the Release that brings the count back to 0 deletes the
+// object. AddRef and Release are safe for threads, everything else belongs to one thread at a time.
+//
+// The order of the virtual operations is a contract with generated code. All entry points throw the
+// CZvException family: first for a wrong generator version, then for what goes wrong. A failed writing leaves
+// the object as it was; a failed reading leaves it partly filled, unless the document itself was at fault.
+class ZV_API CXmlObjectBase : public IEventSink {
+protected:
+    void OnEvent(CXmlObjectBase* sender, IEventSink::MsgType type, void* data) override;
+
+public:
+    // The object's own CXmlObjectBase part.
+    virtual CXmlObjectBase* GetBase() = 0;
+
+    // An existing file is overwritten; after a failure it may hold a part. `includeDocHeader` writes the
+    // XML declaration. ZLib compression is refused here.
+    virtual void ToXmlFile(char const* fileName, bool includeDocHeader, bool formatted, XmlEncoding encoding,
+                           EOLType eol, CSerializationContext const& ctx, CompressionType compression) const;
+    virtual void ToFastInfosetFile(char const* fileName, FInfoDecl declaration,
+                                   CSerializationContext const& ctx, CompressionType compression) const;
+    virtual void ToJsonFile(char const* fileName, bool formatted, XmlEncoding encoding, EOLType eol,
+                            CSerializationContext const& ctx, CompressionType compression) const;
+    // Text in the local encoding; the declaration names none.
+    virtual std::string ToXml(bool includeDocHeader, bool formatted, EOLType eol,
+                              CSerializationContext const& ctx);
+    virtual std::string ToJson(bool formatted, EOLType eol, CSerializationContext const& ctx);
+    // Bytes without a byte order mark.
+    virtual CBinaryData ToXmlStream(bool includeDocHeader, bool formatted, XmlEncoding encoding, EOLType eol,
+                                    CSerializationContext const& ctx, CompressionType compression);
+    virtual CBinaryData ToFastInfosetStream(FInfoDecl declaration, CSerializationContext const& ctx,
+                                            CompressionType compression);
+    virtual CBinaryData ToJsonStream(bool formatted, XmlEncoding encoding, EOLType eol,
+                                     CSerializationContext const& ctx, CompressionType compression);
+
+    // File and stream forms recognise gzip, zlib, Fast Infoset and XML text by their content; the text
+    // forms take XML text as it is.
+    virtual void FromXmlFile(char const* fileName, CSerializationContext const& ctx);
+    virtual void FromJsonFile(char const* fileName, CSerializationContext const& ctx);
+    virtual void FromXml(wchar_t const* text, CSerializationContext const& ctx);
+    virtual void FromXml(char const* text, CSerializationContext const& ctx);
+    virtual void FromJson(wchar_t const* text, CSerializationContext const& ctx);
+    virtual void FromJson(char const* text, CSerializationContext const& ctx);
+    virtual void FromXmlStream(CBinaryData const& data, CSerializationContext const& ctx);
+    virtual void FromXmlStream(unsigned char* const data, std::uint32_t length,
+                               CSerializationContext const& ctx);
+    virtual void FromJsonStream(CBinaryData const& data, CSerializationContext const& ctx);
+    virtual void FromJsonStream(unsigned char* const data, std::uint32_t length,
+                                CSerializationContext const& ctx);
+    virtual void FromXmlElement(CElement const* element, CSerializationContext const& ctx);
+    virtual void FromXmlElement(CXmlElement const* element, CSerializationContext const& ctx);
+
+protected:
+    virtual ~CXmlObjectBase();
+    // The namespace of the outermost element of a document.
+    virtual std::string GetTargetNamespace() = 0;
+
+public:
+    virtual std::string GetNamespace() = 0;
+
+protected:
+    virtual void AttributesToXml_Int(CXmlWriter* writer, CSerializationContext const& ctx) const;
+    // `isRoot` is true for the outermost object only; `optionalChoice` tolerates a choice with nothing set.
+    virtual void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
+                           bool optionalChoice) const = 0;
+    // Reads from `element`, beginning with its child `current`; returns the next sibling not consumed.
+    virtual CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current,
+                                     CSerializationContext const& ctx, bool optionalChoice) = 0;
+
+public:
+    CXmlObjectBase const* GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
+
+    // Both return the new count.
+    std::int32_t AddRef() noexcept { return m_refCount.fetch_add(1, std::memory_order_relaxed) + 1; }
+    std::int32_t Release() noexcept {
+        std::int32_t const count = m_refCount.fetch_sub(1, std::memory_order_acq_rel) - 1;
+        if (count == 0)
+            DeleteUnreferenced();
+        return count;
+    }
+
+    // As the wchar_t forms, for UTF-16 text.
+    void FromXml(char16_t const* text, CSerializationContext const& ctx);
+
+protected:
+    CXmlObjectBase();
+    // A copy starts with a count of 0; assignment leaves the count alone.
+    CXmlObjectBase(CXmlObjectBase const& other);
+    CXmlObjectBase& operator=(CXmlObjectBase const& other);
+
+    std::string const& GetElementName() const noexcept { return m_elementName; }
+    void SetElementName(char const* name);
+    static void SetElementName(CXmlObjectBase* object, char const* name);
+
+    // Forward to the virtual operation of `object`, and count a level of nesting. FromXml_Int passes
+    // optionalChoice false.
+    static void ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, bool isRoot, char const* ns,
+                          CSerializationContext const& ctx, bool optionalChoice);
+    static void AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer,
+                                    CSerializationContext const& ctx);
+    static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* current,
+                                    CSerializationContext const& ctx);
+
+    // Deliver one event to `sink`; an index of -1 is passed on as null.
+    static void FireOnCollectionChangeEvent(IEventSink* sink, CXmlCollectionBase* collection);
+    static void FireOnCollectionAddEvent(IEventSink* sink, CXmlCollectionBase* collection, void* item);
+    static void FireOnCollectionAddCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection, void* item);
+    static void FireOnCollectionRemoveEvent(IEventSink* sink, CXmlCollectionBase* collection, int index);
+    static void FireOnCollectionRemoveCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection, int index);
+
+    // For generated setters. Throws CZvInvalidParamException.
+    static void Throw_IfPropertyIsNull(CXmlObjectBase* value, char const* name);
+    static void Throw_IfElementNameDiffers(CXmlObjectBase* value, char const* name);
+    // The bookkeeping of a choice: `selected` is the element name of the member that is set, empty for
+    // none. Throw CZvInvalidStateException when another member is set.
+    static void Choice_SelectElement(char const* name, CXmlObjectBase* value, std::string& selected);
+    static void Choice_SetElementValid(bool valid, char const* name, std::string& selected);
+    static void Choice_CollectionChanged(char const* name, std::int32_t count, std::string& selected);
+    static void Choice_Read_Collection(CXmlCollectionBase* collection, CXmlElement* element,
+                                       CXmlElement*& current, std::int32_t& count,
+                                       CSerializationContext const& ctx);
+
+    // A namespace against the list of an XML Schema wildcard, with its target namespace. TestNamespace
+    // throws CZvInvalidNamespaceException.
+    void TestNamespace(char const* ns, char const* allowed, char const* target) const;
+    bool IsNamespaceValid(char const* ns, char const* allowed, char const* target) const;
+    bool DoesElementNameMatch(CSerializationContext const& ctx, CXmlElement const* element, char const* name,
+                              char const* ns) const;
+
+private:
+    // Deletes this object. Deep trees are taken apart in a loop, so that they need no deep stack.
+    void DeleteUnreferenced() noexcept;
+    void WriteXmlText(CTextStream& sink, bool includeDocHeader, bool formatted, EOLType eol,
+                      CSerializationContext const& ctx) const;
+    void ReadDocument(CXmlDocument& document, CSerializationContext const& ctx);
+
+    std::string m_elementName;
+    std::atomic<std::int32_t> m_refCount{0};
+};
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,45 @@
+// Conversions between UTF-8, UTF-16 and the local character encoding, in which all text crosses the
+// interface, with the two process-wide settings that control them.
+#pragma once
+
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/platform/Api.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+// Sets the code page of local text: 65001 is UTF-8, 0 and 3 (the default) the encoding of the user's locale,
+// 20127, 28591 and 1250 to 1258 the pages of these numbers. To be set before the library is used.
+ZV_API void SetLocalCharEncoding(unsigned int codePage);
+
+// With true, local text and UTF-8 pass into each other unchanged. False at load time; to be set before
+// the library is used.
+ZV_API void ASCIIOnly(bool asciiOnly);
+
+// True if UTF-8 passes into local text and back unchanged: the ASCII-only switch, or a local encoding
+// that is UTF-8. Decide once for a document, not for each text.
+ZV_API bool IsLocalTextUtf8() noexcept;
+
+// NUL-terminated UTF-16. Empty data for empty input and for an unpaired surrogate.
+ZV_API CBinaryData Utf16ToUtf8(char16_t const* text);
+
+// UTF-8 to local text. Malformed input becomes U+FFFD, what the local encoding cannot express '?'. Cut
+// at a NUL unless ASCII-only is set. The work buffers are used where they are large enough and may be
+// null: wideCapacity in 16-bit units, localCapacity in bytes.
+ZV_API std::string Utf8ToLocal(char const* utf8, std::size_t length, char16_t* wideBuffer,
+                               std::size_t wideCapacity, char* localBuffer, std::size_t localCapacity);
+ZV_API std::string Utf8ToLocal(char const* utf8, std::size_t length);
+ZV_API std::string Utf8ToLocal(char const* utf8);
+
+// Honours the ASCII-only switch.
+ZV_API CBinaryData LocalToUtf8(char const* text);
+// UTF-16 little-endian without mark and terminator. Does not look at the ASCII-only switch.
+ZV_API CBinaryData LocalToUtf16(char const* text);
+// `count` units. Does not look at the ASCII-only switch.
+ZV_API std::string Utf16ToLocal(char16_t const* text, std::size_t count);
+
+} // namespace ZvXmlLib16

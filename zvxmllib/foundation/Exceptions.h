@@ -1,0 +1,134 @@
+// The CZvException family: every failure of the library but the allocator's. Thrown by value, caught
+// by reference.
+#pragma once
+
+#include "zvxmllib/platform/Api.h"
+
+#include <memory>
+#include <string>
+
+namespace ZvXmlLib16 {
+
+// A message, the path of the place in the document where the failure arose, and an owned copy of the
+// exception that caused this one. A path that is not empty is appended to the message after "\nPath: ".
+class ZV_API CZvException {
+public:
+    CZvException();
+    explicit CZvException(std::string message);
+    CZvException(std::string message, CZvException const& inner);
+    CZvException(std::string message, std::string path);
+    CZvException(std::string message, std::string path, CZvException const& inner);
+    CZvException(CZvException const& other);
+    CZvException& operator=(CZvException const& other);
+    virtual ~CZvException();
+
+    // The message of this exception alone, with its path line.
+    std::string GetMessage() const;
+    // The chain from this exception to its cause, separated by line feeds.
+    std::string GetFullMessage() const;
+    // Empty when there is no path.
+    std::string GetPath() const;
+    // Null when there is none. Owned by this exception.
+    CZvException const* GetInnerException() const;
+
+protected:
+    // A new copy of the most derived class, owned by the caller.
+    virtual CZvException* Clone() const;
+
+private:
+    std::string m_message;
+    std::string m_path;
+    std::unique_ptr<CZvException> m_inner;
+};
+
+// The document or a value offends the schema.
+class ZV_API CZvValidationException : public CZvException {
+public:
+    CZvValidationException();
+    CZvValidationException(std::string message, std::string path);
+    CZvValidationException(std::string message, std::string path, CZvException const& inner);
+    explicit CZvValidationException(CZvException const& other);
+    CZvValidationException(CZvValidationException const& other);
+    CZvValidationException& operator=(CZvValidationException const& other);
+    ~CZvValidationException() override;
+
+protected:
+    CZvException* Clone() const override;
+};
+
+// A value that cannot be parsed or offends a facet.
+class ZV_API CZvInvalidValueException : public CZvValidationException {
+public:
+    CZvInvalidValueException();
+    explicit CZvInvalidValueException(std::string message);
+    CZvInvalidValueException(std::string message, CZvException const& inner);
+    explicit CZvInvalidValueException(CZvException const& other);
+    CZvInvalidValueException(CZvInvalidValueException const& other);
+    CZvInvalidValueException& operator=(CZvInvalidValueException const& other);
+    ~CZvInvalidValueException() override;
+
+protected:
+    CZvException* Clone() const override;
+};
+
+// An element or attribute in the wrong namespace.
+class ZV_API CZvInvalidNamespaceException : public CZvValidationException {
+public:
+    CZvInvalidNamespaceException();
+    CZvInvalidNamespaceException(std::string message, std::string path);
+    CZvInvalidNamespaceException(std::string message, std::string path, CZvException const& inner);
+    explicit CZvInvalidNamespaceException(CZvException const& other);
+    CZvInvalidNamespaceException(CZvInvalidNamespaceException const& other);
+    CZvInvalidNamespaceException& operator=(CZvInvalidNamespaceException const& other);
+    ~CZvInvalidNamespaceException() override;
+
+protected:
+    CZvException* Clone() const override;
+};
+
+// An operation not allowed in the object's present state.
+class ZV_API CZvInvalidStateException : public CZvException {
+public:
+    CZvInvalidStateException();
+    explicit CZvInvalidStateException(std::string message);
+    CZvInvalidStateException(std::string message, CZvException const& inner);
+    explicit CZvInvalidStateException(CZvException const& other);
+    CZvInvalidStateException(CZvInvalidStateException const& other);
+    CZvInvalidStateException& operator=(CZvInvalidStateException const& other);
+    ~CZvInvalidStateException() override;
+
+protected:
+    CZvException* Clone() const override;
+};
+
+// A bad argument.
+class ZV_API CZvInvalidParamException : public CZvException {
+public:
+    CZvInvalidParamException();
+    explicit CZvInvalidParamException(std::string message);
+    CZvInvalidParamException(std::string message, CZvException const& inner);
+    explicit CZvInvalidParamException(CZvException const& other);
+    CZvInvalidParamException(CZvInvalidParamException const& other);
+    CZvInvalidParamException& operator=(CZvInvalidParamException const& other);
+    ~CZvInvalidParamException() override;
+
+protected:
+    CZvException* Clone() const override;
+};
+
+// Arithmetic beyond a limit of the value classes.
+class ZV_API CZvOverFlowException : public CZvException {
+public:
+    CZvOverFlowException();
+    explicit CZvOverFlowException(std::string message);
+    CZvOverFlowException(std::string message, CZvException const& inner);
+    explicit CZvOverFlowException(CZvException const& other);
+    CZvOverFlowException(CZvOverFlowException const& other);
+    CZvOverFlowException& operator=(CZvOverFlowException const& other);
+    ~CZvOverFlowException() override;
+
+protected:
+    CZvException* Clone() const override;
+};
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,44 @@
+// Forward declarations of all public classes.
+#pragma once
+
+template <class T>
+class CSmartPtr;
+class CZVCriticalSection;
+class CInstanceMonitor;
+
+namespace ZvXmlLib16 {
+
+class CAttribute;
+class CAttributeCol;
+class CBinaryData;
+class CBinaryStream;
+class CElement;
+class CElementCol;
+class CExpatReader;
+class CNamespaceAliasMap;
+class CSerializationContext;
+class CStringBuffer;
+class CTextStream;
+class CXmlAttribute;
+class CXmlCollection;
+class CXmlCollectionBase;
+class CXmlDocument;
+class CXmlElement;
+class CXmlGeneratedClass;
+class CXmlObjectBase;
+class CXmlTextWriter;
+class CXmlWriter;
+class CZvException;
+class IEventSink;
+class INillable;
+class ZvVariant;
+
+} // namespace ZvXmlLib16
+
+namespace ZvXmlLib16Data {
+
+class CAttributeInfo;
+class CElementInfo;
+class CParentElementInfo;
+
+} // namespace ZvXmlLib16Data

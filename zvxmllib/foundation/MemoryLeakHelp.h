@@ -1,0 +1,83 @@
+// CInstanceMonitor, live and total instances by class name.
+#pragma once
+
+#include "zvxmllib/platform/Api.h"
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+
+// Base of the classes whose instances are counted by name, so that a leak shows. Counting is safe for
+// threads and takes no lock: the record of a class is found once, its counters are atomic.
+class ZV_API CInstanceMonitor {
+public:
+    // The record of one class name. Records are never freed, so a late instance may always touch its own.
+    struct ClassType {
+        std::string m_className;
+        std::atomic<std::int32_t> lInstanceCount{0}; // alive now
+        std::atomic<std::int32_t> m_totalCreated{0};
+    };
+
+    // The record of one class, found at first use and again after Cleanup. One static object for each
+    // tracked class; constant-initialised, so it is ready before any other static object.
+    class ZV_API Registration {
+    public:
+        // `className` must live as long as the process: a literal.
+        constexpr explicit Registration(char const* className) noexcept : m_className(className) {}
+
+        ClassType* Record() {
+            ClassType* const record = m_record.load(std::memory_order_acquire);
+            if (record != nullptr && m_epoch.load(std::memory_order_relaxed) == CurrentEpoch())
+                return record;
+            return Find();
+        }
+
+    private:
+        ClassType* Find();
+
+        char const* m_className;
+        std::atomic<ClassType*> m_record{nullptr};
+        std::atomic<std::uint32_t> m_epoch{0};
+    };
+
+    // Counts one more instance of the class of this name. Looks the name up; the library's own classes
+    // use a Registration.
+    explicit CInstanceMonitor(char const* className);
+    explicit CInstanceMonitor(Registration& registration) noexcept(false) : m_pct(registration.Record()) {
+        Count(*m_pct, 1);
+    }
+    // A copy is one more instance.
+    CInstanceMonitor(CInstanceMonitor const& other) : m_pct(other.m_pct) { Count(*m_pct, 1); }
+    // The target stays the instance that it is.
+    CInstanceMonitor& operator=(CInstanceMonitor const&) noexcept { return *this; }
+    virtual ~CInstanceMonitor();
+
+    // A header and a line for each class in order of first creation: "    name = live/total", with
+    // "--> " in front in place of the blanks while instances are alive. No line feed at the end.
+    static std::string DumpState();
+
+    // Forgets all classes. To be called when no tracked object is in use; objects that end later are harmless.
+    static void Cleanup();
+
+protected:
+    // For objects whose owner settles their count in bulk by CountMany: takes the record, counts nothing.
+    // Such an object is never destroyed singly.
+    struct CountedByOwner {};
+    CInstanceMonitor(ClassType* record, CountedByOwner) noexcept : m_pct(record) {}
+
+    // Counts `created` new and `ended` ended instances at once.
+    static void CountMany(ClassType& record, std::int32_t created, std::int32_t ended) noexcept {
+        record.lInstanceCount.fetch_add(created - ended, std::memory_order_relaxed);
+        record.m_totalCreated.fetch_add(created, std::memory_order_relaxed);
+    }
+
+private:
+    static void Count(ClassType& record, std::int32_t created) noexcept { CountMany(record, created, 0); }
+    static std::uint32_t CurrentEpoch() noexcept;
+
+    ClassType* m_pct;
+};
+
+namespace ZvXmlLib16 {
+using ::CInstanceMonitor;
+}

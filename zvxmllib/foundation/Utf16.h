@@ -1,0 +1,28 @@
+// The library's own conversions between UTF-8 and UTF-16, and from the platform's wide characters.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+// Converts UTF-16 to UTF-8 and returns the count of octets. With a null `output` it only counts, and an
+// unpaired surrogate gives 0; with an output, an unpaired surrogate ends the conversion. Output stops
+// before a sequence that would not fit.
+std::size_t ConvertUtf16ToUtf8(char16_t const* input, std::size_t units, char* output, std::size_t capacity);
+
+// UTF-8 to UTF-16; each malformed sequence becomes one U+FFFD.
+std::u16string ConvertUtf8ToUtf16(std::string_view utf8);
+
+// True if every byte is below 128.
+bool IsAscii(std::string_view text) noexcept;
+
+// True if the text is well-formed UTF-8 (RFC 3629): no overlong forms, no surrogates.
+bool IsValidUtf8(std::string_view text) noexcept;
+
+// 32-bit wide characters as 16-bit units: above U+FFFF a surrogate pair, surrogate values pass as units,
+// above U+10FFFF U+FFFD.
+std::u16string UnitsFromWide(wchar_t const* text);
+
+} // namespace ZvXmlLib16

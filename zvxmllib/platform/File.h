@@ -1,0 +1,42 @@
+// A file handle that closes itself: open, size, read, write, and the system's error number.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace ZvXmlLib16::platform {
+
+// Operations answer false on failure and keep the system's error number in Error(). Short transfers and
+// interruptions by signals are gone on with. Not copyable.
+class File {
+public:
+    File() noexcept = default;
+    File(File const&) = delete;
+    File& operator=(File const&) = delete;
+    ~File(); // closes, without a report
+
+    // A null name is an empty one. A directory is a failure to open.
+    bool OpenForReading(char const* name) noexcept;
+    // Creates the file or empties an existing one.
+    bool Create(char const* name) noexcept;
+
+    // The size in bytes at this moment; 0 for pipes and files whose size the system does not know.
+    bool GetSize(std::uint64_t& size) noexcept;
+    // Reads until `length` bytes or the end of the file; `count` is what was read.
+    bool Read(void* data, std::size_t length, std::size_t& count) noexcept;
+    bool Write(void const* data, std::size_t length) noexcept;
+    // After writing, the outcome is that of all delayed writes, too.
+    bool Close() noexcept;
+
+    int Error() const noexcept { return m_error; }
+    // The error number for a file that is too large to be held.
+    static int TooLargeError() noexcept;
+
+private:
+    bool Fail() noexcept;
+
+    int m_handle = -1;
+    int m_error = 0;
+};
+
+} // namespace ZvXmlLib16::platform

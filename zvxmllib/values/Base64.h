@@ -1,0 +1,28 @@
+// CBase64, the base64 form of bytes (RFC 4648 section 4): one line out, lenient in.
+#pragma once
+
+#include "zvxmllib/platform/Api.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace ZvXmlLib16 {
+
+// One conversion at a time; belongs to one thread.
+class ZV_API CBase64 {
+public:
+    CBase64() noexcept = default;
+    virtual ~CBase64();
+
+    // The text with its padding, empty for null or no bytes.
+    std::string Encode(unsigned char const* bytes, std::uint32_t length);
+
+    // Decodes up to the NUL into `output`, which holds at least as many bytes as the text has characters,
+    // and returns the count. The low seven bits of each character count; blank, tab, line feed, carriage
+    // return and '=' are skipped; any other character outside the alphabet gives 0. Left-over bits are
+    // dropped.
+    std::uint32_t Decode(char const* text, unsigned char* output);
+};
+
+} // namespace ZvXmlLib16
