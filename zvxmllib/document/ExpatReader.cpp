@@ -1,0 +1,155 @@
+#include "zvxmllib/document/ExpatReader.h"
+
+#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/document/Failures.h"
+#include "zvxmllib/document/XmlDocument.h"
+#include "zvxmllib/document/XmlTree.h"
+#include "zvxmllib/foundation/Encoder.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <utility>
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+CInstanceMonitor::Registration s_registration("CExpatReader");
+
+constexpr XML_Char kNamespaceSeparator = '|';
+// The parser copies what it is given, so it gets the input in slices that stay in the cache.
+constexpr std::size_t kSliceSize = 256 * 1024;
+
+constexpr std::string_view kCdataStart = "<![CDATA[";
+constexpr std::string_view kCdataEnd = "]]>";
+
+} // namespace
+
+// Nothing may be thrown through the parser: the first exception is kept and thrown again behind it, and the
+// events in between are passed over.
+struct CExpatReader::Handlers {
+    template <class Action>
+    static void Run(void* userData, Action action) noexcept {
+        CExpatReader& reader = *static_cast<CExpatReader*>(userData);
+        if (reader.m_failure != nullptr)
+            return;
+        try {
+            action(reader);
+        } catch (...) {
+            reader.m_failure = std::current_exception();
+        }
+    }
+
+    static void XMLCALL StartElement(void* userData, XML_Char const* name, XML_Char const** attributes) {
+        Run(userData, [=](CExpatReader& reader) { reader.StartElement(name, attributes); });
+    }
+    static void XMLCALL EndElement(void* userData, XML_Char const*) {
+        Run(userData, [](CExpatReader& reader) { reader.EndElement(); });
+    }
+    static void XMLCALL StartNamespace(void* userData, XML_Char const* prefix, XML_Char const* uri) {
+        Run(userData, [=](CExpatReader& reader) { reader.DeclareNamespace(prefix, uri); });
+    }
+    static void XMLCALL EndNamespace(void*, XML_Char const*) {}
+    static void XMLCALL Text(void* userData, XML_Char const* text, int length) {
+        Run(userData, [=](CExpatReader& reader) { reader.Text(text, static_cast<std::size_t>(length)); });
+    }
+    static void XMLCALL StartCdata(void* userData) {
+        Run(userData, [](CExpatReader& reader) { reader.Mark(kCdataStart); });
+    }
+    static void XMLCALL EndCdata(void* userData) {
+        Run(userData, [](CExpatReader& reader) { reader.Mark(kCdataEnd); });
+    }
+};
+
+void CExpatReader::ParserDeleter::operator()(XML_ParserStruct* parser) const noexcept {
+    XML_ParserFree(parser);
+}
+
+CExpatReader::CExpatReader(CXmlDocument& document) : CInstanceMonitor(s_registration), m_doc(document) {}
+
+CExpatReader::~CExpatReader() = default;
+
+void CExpatReader::Init() {
+    m_tree = m_doc.m_tree.get();
+    m_isLocalUtf8 = IsLocalTextUtf8();
+    m_splitsNames = m_doc.m_schemaType != SchemaType_NoNamespaces;
+    m_parser.reset(m_splitsNames ? XML_ParserCreateNS(nullptr, kNamespaceSeparator)
+                                 : XML_ParserCreate(nullptr));
+    if (m_parser == nullptr)
+        throw std::bad_alloc();
+    XML_SetUserData(m_parser.get(), this);
+    XML_SetElementHandler(m_parser.get(), Handlers::StartElement, Handlers::EndElement);
+    XML_SetNamespaceDeclHandler(m_parser.get(), Handlers::StartNamespace, Handlers::EndNamespace);
+    XML_SetCharacterDataHandler(m_parser.get(), Handlers::Text);
+    if (!m_doc.m_pContext->GetStripCDATA())
+        XML_SetCdataSectionHandler(m_parser.get(), Handlers::StartCdata, Handlers::EndCdata);
+}
+
+void CExpatReader::Parse(bool final) {
+    char const* const data = reinterpret_cast<char const*>(m_doc.m_pBuffer);
+    std::size_t const length = m_doc.m_bufferLen;
+    std::size_t done = 0;
+    do {
+        std::size_t const slice = std::min(kSliceSize, length - done);
+        ParseSlice(data + done, slice, final && done + slice == length);
+        done += slice;
+    } while (done != length);
+    m_tree->SettleCounts();
+    if (final)
+        m_parser.reset();
+}
+
+void CExpatReader::ParseSlice(char const* data, std::size_t length, bool final) {
+    XML_Status const status = XML_Parse(m_parser.get(), data, static_cast<int>(length), final ? 1 : 0);
+    if (m_failure == nullptr && status != XML_STATUS_ERROR)
+        return;
+    m_tree->SettleCounts();
+    if (m_failure != nullptr) {
+        m_parser.reset();
+        std::rethrow_exception(std::exchange(m_failure, nullptr));
+    }
+    XML_Error const code = XML_GetErrorCode(m_parser.get());
+    unsigned long const line = XML_GetCurrentLineNumber(m_parser.get());
+    m_parser.reset();
+    if (code == XML_ERROR_NO_MEMORY)
+        throw std::bad_alloc();
+    FailParse(XML_ErrorString(code), line);
+}
+
+std::string_view CExpatReader::ToLocal(char const* utf8, std::size_t length) {
+    if (m_isLocalUtf8)
+        return {utf8, length};
+    m_local = Utf8ToLocal(utf8, length);
+    return m_local;
+}
+
+void CExpatReader::StartElement(char const* name, char const** attributes) {
+    NameTable& names = m_tree->GetNames();
+    m_tree->AddElement(names.FindElementName(name, m_splitsNames));
+    for (; *attributes != nullptr; attributes += 2) {
+        XmlName const* const attribute = names.Find(attributes[0], m_splitsNames);
+        m_tree->AddElementAttribute(attribute, ToLocal(attributes[1], std::strlen(attributes[1])));
+    }
+}
+
+void CExpatReader::EndElement() {
+    m_doc.EndElement();
+}
+
+void CExpatReader::DeclareNamespace(char const* prefix, char const* uri) {
+    std::string const localPrefix = prefix == nullptr ? std::string() : Utf8ToLocal(prefix);
+    m_doc.m_namespaces[localPrefix] = uri == nullptr ? std::string() : Utf8ToLocal(uri);
+}
+
+void CExpatReader::Text(char const* text, std::size_t length) {
+    m_tree->AppendTextExcludingCR(ToLocal(text, length));
+}
+
+void CExpatReader::Mark(std::string_view mark) {
+    m_tree->AppendTextExcludingCR(mark);
+}
+
+} // namespace ZvXmlLib16

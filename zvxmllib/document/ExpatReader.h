@@ -1,0 +1,61 @@
+// CExpatReader, the bridge from the events of the XML parser to the tree.
+#pragma once
+
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/MemoryLeakHelp.h"
+
+#include <cstddef>
+#include <exception>
+#include <memory>
+#include <string>
+#include <string_view>
+
+struct XML_ParserStruct;
+
+namespace ZvXmlLib16 {
+
+class XmlTree;
+
+// Parses one document. Grammar, well-formedness, entities, attribute and line end normalisation and input
+// encodings (UTF-8, UTF-16, ISO-8859-1, US-ASCII) are expat's. Comments, processing instructions, the
+// prolog and references to external entities leave no trace. Belongs to the thread of the load.
+class CExpatReader : public CInstanceMonitor {
+public:
+    // `document` is borrowed and outlives the reader.
+    explicit CExpatReader(CXmlDocument& document);
+    CExpatReader(CExpatReader const&) = delete;
+    CExpatReader& operator=(CExpatReader const&) = delete;
+    ~CExpatReader() override;
+
+    void Init();
+    // Parses the document's input as the next chunk; `final` for the last one. Throws CZvException with the
+    // parser's message and line, and what the document's callback threw.
+    void Parse(bool final);
+
+private:
+    struct Handlers; // what expat calls
+
+    struct ParserDeleter {
+        void operator()(XML_ParserStruct* parser) const noexcept;
+    };
+
+    void ParseSlice(char const* data, std::size_t length, bool final);
+    // The text as local text; the result is valid until the next call.
+    std::string_view ToLocal(char const* utf8, std::size_t length);
+
+    void StartElement(char const* name, char const** attributes);
+    void EndElement();
+    void DeclareNamespace(char const* prefix, char const* uri);
+    void Text(char const* text, std::size_t length);
+    void Mark(std::string_view mark);
+
+    CXmlDocument& m_doc;
+    XmlTree* m_tree = nullptr;
+    std::unique_ptr<XML_ParserStruct, ParserDeleter> m_parser;
+    std::exception_ptr m_failure; // the first that a handler met
+    std::string m_local;
+    bool m_splitsNames = true;
+    bool m_isLocalUtf8 = true; // texts pass without conversion; settled once for the document
+};
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,40 @@
+// The texts are a contract with callers.
+#include "zvxmllib/document/Failures.h"
+
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/Functions.h"
+
+namespace ZvXmlLib16 {
+
+void FailOpen(char const* fileName, int error) {
+    throw CZvException(FormatString("Failed to open the file [%s] Error [0x%08x]", fileName,
+                                    static_cast<unsigned int>(error)));
+}
+
+void FailSize(char const* fileName, int error) {
+    throw CZvException(FormatString("Failed to get the size of the file [%s] Error [0x%08x]", fileName,
+                                    static_cast<unsigned int>(error)));
+}
+
+void FailRead(char const* fileName, int error) {
+    throw CZvException(FormatString("Failed to read the contents of the file [%s] Error [0x%08x]", fileName,
+                                    static_cast<unsigned int>(error)));
+}
+
+void FailEmptyText() {
+    throw CZvException("XML String is empty!");
+}
+
+void FailEmptyStream() {
+    throw CZvException("XML Stream is empty!");
+}
+
+void FailParse(char const* message, unsigned long line) {
+    throw CZvException(FormatString("%s at line %lu", message, line));
+}
+
+void FailNullElement() {
+    throw CZvInvalidParamException("The element to read from may not be NULL");
+}
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,15 @@
+// Every message of the document subsystem.
+#pragma once
+
+namespace ZvXmlLib16 {
+
+// `error` is the system's error number.
+[[noreturn]] void FailOpen(char const* fileName, int error);
+[[noreturn]] void FailSize(char const* fileName, int error);
+[[noreturn]] void FailRead(char const* fileName, int error);
+[[noreturn]] void FailEmptyText();
+[[noreturn]] void FailEmptyStream();
+[[noreturn]] void FailParse(char const* message, unsigned long line);
+[[noreturn]] void FailNullElement();
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,64 @@
+// The XML reading entry points of the object base.
+#include "zvxmllib/binding/GeneratorVersion.h"
+#include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/document/Failures.h"
+#include "zvxmllib/document/XmlDocument.h"
+#include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/foundation/Utf16.h"
+
+namespace ZvXmlLib16 {
+
+void CXmlObjectBase::ReadDocument(CXmlDocument& document, CSerializationContext const& ctx) {
+    CXmlElement* const root = document.GetDocumentElement();
+    FromXml_Int(root, root->GetFirstElement(), ctx, false);
+}
+
+void CXmlObjectBase::FromXmlFile(char const* fileName, CSerializationContext const& ctx) {
+    detail::CheckGeneratorVersion();
+    CXmlDocument document(ctx);
+    document.Load(fileName);
+    ReadDocument(document, ctx);
+}
+
+void CXmlObjectBase::FromXml(wchar_t const* text, CSerializationContext const& ctx) {
+    detail::CheckGeneratorVersion();
+    CXmlDocument document(ctx);
+    document.LoadXml(text);
+    ReadDocument(document, ctx);
+}
+
+void CXmlObjectBase::FromXml(char16_t const* text, CSerializationContext const& ctx) {
+    detail::CheckGeneratorVersion();
+    CXmlDocument document(ctx);
+    document.LoadXml(text);
+    ReadDocument(document, ctx);
+}
+
+void CXmlObjectBase::FromXml(char const* text, CSerializationContext const& ctx) {
+    detail::CheckGeneratorVersion();
+    CXmlDocument document(ctx);
+    document.LoadXml(text, CXmlDocument::Borrowed());
+    ReadDocument(document, ctx);
+}
+
+void CXmlObjectBase::FromXmlStream(CBinaryData const& data, CSerializationContext const& ctx) {
+    // The slot takes a pointer to bytes that it does not change.
+    FromXmlStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(), ctx);
+}
+
+void CXmlObjectBase::FromXmlStream(unsigned char* const data, std::uint32_t length,
+                                   CSerializationContext const& ctx) {
+    detail::CheckGeneratorVersion();
+    CXmlDocument document(ctx);
+    document.LoadXmlStream(data, length, CXmlDocument::Borrowed());
+    ReadDocument(document, ctx);
+}
+
+void CXmlObjectBase::FromXmlElement(CXmlElement const* element, CSerializationContext const& ctx) {
+    detail::CheckGeneratorVersion();
+    if (element == nullptr)
+        FailNullElement();
+    FromXml_Int(const_cast<CXmlElement*>(element), element->GetFirstElement(), ctx, false);
+}
+
+} // namespace ZvXmlLib16

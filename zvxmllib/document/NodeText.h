@@ -1,0 +1,58 @@
+// NodeText, a text of the parsed tree: kept in the pieces in which it came, joined on request.
+#pragma once
+
+#include "zvxmllib/platform/Api.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+class CXmlElement;
+class XmlTree;
+
+// Text of an element or an attribute in one of three forms: one run of bytes in the tree's storage, a
+// chain of such runs, or a string that was asked for. Most texts are never more than one run. Filled by
+// XmlTree alone.
+class ZV_API NodeText {
+public:
+    // The whole text as a string, made at the first call and kept by `tree`. `element` is where it stands.
+    std::string const& AsString(XmlTree& tree, CXmlElement const& element) const;
+
+    // Appends the text to `target`, without keeping a joined copy.
+    void AppendTo(std::string& target) const;
+
+    bool IsEmpty() const noexcept { return m_length == 0; }
+
+    // Empty unless the text is one run of bytes or a string: ask IsContiguous first.
+    bool IsContiguous() const noexcept { return m_form != Form::kChain; }
+    std::string_view View() const noexcept {
+        if (m_form == Form::kRun)
+            return {m_run, m_length};
+        return m_form == Form::kString ? std::string_view(*m_string) : std::string_view();
+    }
+
+private:
+    friend class XmlTree;
+
+    enum class Form : std::uint8_t { kRun, kChain, kString };
+
+    // One run of a chain, which stands `repeat` times in a row: white space between children does.
+    struct Piece {
+        Piece* next;
+        char* chars;
+        std::uint32_t length;
+        std::uint32_t repeat;
+    };
+
+    union {
+        char* m_run = nullptr;
+        Piece* m_chain;
+        std::string* m_string;
+    };
+    std::uint32_t m_length = 0; // of the run; not 0 for the other forms
+    Form m_form = Form::kRun;
+};
+
+} // namespace ZvXmlLib16

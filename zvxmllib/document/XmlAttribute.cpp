@@ -1,0 +1,47 @@
+#include "zvxmllib/document/XmlAttribute.h"
+
+#include "zvxmllib/document/XmlTree.h"
+
+#include <algorithm>
+#include <array>
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+constexpr std::string_view kInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
+constexpr std::string_view kXmlnsNamespace = "http://www.w3.org/2000/xmlns/";
+constexpr std::array<std::string_view, 4> kNamespaceAttributes = {"xmlns", "type", "schemaLocation",
+                                                                  "noNamespaceSchemaLocation"};
+
+bool IsSchemaInstance(std::string_view uri) {
+    return uri == kInstanceNamespace || uri == kXmlnsNamespace;
+}
+
+} // namespace
+
+CXmlAttribute::~CXmlAttribute() = default;
+
+std::string const& CXmlAttribute::GetLocalName() const noexcept {
+    return m_name->localName;
+}
+
+std::string const& CXmlAttribute::GetNamespaceURI() const noexcept {
+    return *m_name->namespaceUri;
+}
+
+std::string const& CXmlAttribute::GetValue() const {
+    return m_value.AsString(*m_name->tree, *m_element);
+}
+
+bool CXmlAttribute::IsNamespaceAttribute() const noexcept {
+    return IsSchemaInstance(GetNamespaceURI()) &&
+           std::find(kNamespaceAttributes.begin(), kNamespaceAttributes.end(), GetLocalName()) !=
+               kNamespaceAttributes.end();
+}
+
+bool CXmlAttribute::IsNilAttribute() const noexcept {
+    return GetLocalName() == "nil" && IsSchemaInstance(GetNamespaceURI());
+}
+
+} // namespace ZvXmlLib16

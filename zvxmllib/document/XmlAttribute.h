@@ -1,0 +1,54 @@
+// CXmlAttribute, an attribute of the parsed tree.
+#pragma once
+
+#include "zvxmllib/document/NodeText.h"
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/MemoryLeakHelp.h"
+
+#include <string>
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+class XmlTree;
+struct XmlName;
+
+// Made, kept and ended by its document; read-only for everybody but the readers. Strings are in the local
+// encoding, references to them are valid as long as the document's content. Values are as the parser
+// normalised them.
+class ZV_API CXmlAttribute : public CInstanceMonitor {
+public:
+    CXmlAttribute(CXmlAttribute const&) = delete;
+    CXmlAttribute& operator=(CXmlAttribute const&) = delete;
+
+    std::string const& GetLocalName() const noexcept;
+    std::string const& GetValue() const;
+    // Empty for no namespace, and for an attribute without a prefix.
+    std::string const& GetNamespaceURI() const noexcept;
+    // For messages: the path of the element, "/", the prefix and ":" if there is one, "@" and the local name.
+    std::string GetXPath() const;
+
+    // One of xmlns, type, schemaLocation and noNamespaceSchemaLocation in the XML Schema instance namespace
+    // or the namespace of xmlns: no data of the schema.
+    bool IsNamespaceAttribute() const noexcept;
+    // nil in one of these namespaces.
+    bool IsNilAttribute() const noexcept;
+
+    // The value without keeping a string of it.
+    std::string_view GetValueView() const noexcept { return m_value.View(); }
+
+protected:
+    ~CXmlAttribute() override;
+
+private:
+    friend class XmlTree;
+
+    CXmlAttribute(ClassType* record, CXmlElement const* element, XmlName const* name) noexcept
+        : CInstanceMonitor(record, CountedByOwner()), m_element(element), m_name(name) {}
+
+    CXmlElement const* m_element;
+    XmlName const* m_name;
+    NodeText m_value; // one run or a string
+};
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,189 @@
+#include "zvxmllib/document/XmlDocument.h"
+
+#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/document/ExpatReader.h"
+#include "zvxmllib/document/Failures.h"
+#include "zvxmllib/document/XmlTree.h"
+#include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/platform/File.h"
+#include "zvxmllib/streams/ZvZip.h"
+#include "zvxmllib/values/BinaryData.h"
+
+#include <cstring>
+#include <limits>
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+CInstanceMonitor::Registration s_registration("CXmlDocument");
+
+std::unique_ptr<unsigned char[]> NewBuffer(std::size_t length) {
+    return std::unique_ptr<unsigned char[]>(new unsigned char[length]);
+}
+
+std::unique_ptr<unsigned char[]> ReadFile(char const* fileName, std::size_t& length) {
+    platform::File file;
+    if (!file.OpenForReading(fileName))
+        FailOpen(fileName, file.Error());
+    std::uint64_t size = 0;
+    if (!file.GetSize(size))
+        FailSize(fileName, file.Error());
+    if (size > std::numeric_limits<std::uint32_t>::max())
+        FailSize(fileName, platform::File::TooLargeError());
+    length = static_cast<std::size_t>(size);
+    std::unique_ptr<unsigned char[]> data = NewBuffer(length);
+    std::size_t count = 0;
+    if (!file.Read(data.get(), length, count) || count != length)
+        FailRead(fileName, file.Error());
+    return data;
+}
+
+} // namespace
+
+CXmlDocument::CXmlDocument() : CXmlDocument(nullptr, CSerializationContext::GetDefaultContext()) {}
+
+CXmlDocument::CXmlDocument(CSerializationContext const& context) : CXmlDocument(nullptr, context) {}
+
+CXmlDocument::CXmlDocument(ElementCallback callback)
+    : CXmlDocument(callback, CSerializationContext::GetDefaultContext()) {}
+
+CXmlDocument::CXmlDocument(ElementCallback callback, CSerializationContext const& context)
+    : CInstanceMonitor(s_registration), m_schemaType(context.GetSchemaType()), m_pfnElementCallback(callback),
+      m_pContext(&context) {}
+
+CXmlDocument::~CXmlDocument() {
+    CXmlDocument::Cleanup();
+}
+
+void CXmlDocument::Cleanup() {
+    m_tree.reset();
+    m_namespaces.clear();
+    m_ownBuffer.reset();
+    m_pBuffer = nullptr;
+    m_bufferLen = 0;
+}
+
+void CXmlDocument::Own(std::unique_ptr<unsigned char[]> data, std::size_t length) noexcept {
+    m_ownBuffer = std::move(data);
+    m_pBuffer = m_ownBuffer.get();
+    m_bufferLen = length;
+}
+
+void CXmlDocument::Load(char const* fileName) {
+    Cleanup();
+    char const* const name = fileName == nullptr ? "" : fileName;
+    std::size_t length = 0;
+    std::unique_ptr<unsigned char[]> data = ReadFile(name, length);
+    Own(std::move(data), length);
+    Parse();
+}
+
+void CXmlDocument::LoadXml(char const* text) {
+    Cleanup();
+    std::size_t const length = text == nullptr ? 0 : std::strlen(text);
+    if (length == 0)
+        FailEmptyText();
+    std::unique_ptr<unsigned char[]> data = NewBuffer(length);
+    std::memcpy(data.get(), text, length);
+    Own(std::move(data), length);
+    ParseText();
+}
+
+void CXmlDocument::LoadXml(char const* text, Borrowed) {
+    Cleanup();
+    m_bufferLen = text == nullptr ? 0 : std::strlen(text);
+    if (m_bufferLen == 0)
+        FailEmptyText();
+    m_pBuffer = reinterpret_cast<unsigned char const*>(text);
+    ParseText();
+}
+
+void CXmlDocument::LoadXml(wchar_t const* text) {
+    LoadXml(text == nullptr ? u"" : UnitsFromWide(text).c_str());
+}
+
+void CXmlDocument::LoadXml(char16_t const* text) {
+    Cleanup();
+    std::size_t const units = text == nullptr ? 0 : std::char_traits<char16_t>::length(text);
+    if (units == 0)
+        FailEmptyText();
+    // The byte order mark tells the parser that this is UTF-16, low byte first.
+    std::size_t const length = (units + 1) * 2;
+    std::unique_ptr<unsigned char[]> data = NewBuffer(length);
+    unsigned char* out = data.get();
+    *out++ = 0xFF;
+    *out++ = 0xFE;
+    for (std::size_t i = 0; i < units; ++i) {
+        *out++ = static_cast<unsigned char>(text[i] & 0xFF);
+        *out++ = static_cast<unsigned char>(text[i] >> 8);
+    }
+    Own(std::move(data), length);
+    ParseText();
+}
+
+void CXmlDocument::LoadXmlStream(unsigned char const* data, std::uint32_t length) {
+    Cleanup();
+    if (data == nullptr || length == 0)
+        FailEmptyStream();
+    std::unique_ptr<unsigned char[]> copy = NewBuffer(length);
+    std::memcpy(copy.get(), data, length);
+    Own(std::move(copy), length);
+    Parse();
+}
+
+void CXmlDocument::LoadXmlStream(unsigned char const* data, std::uint32_t length, Borrowed) {
+    Cleanup();
+    if (data == nullptr || length == 0)
+        FailEmptyStream();
+    m_pBuffer = data;
+    m_bufferLen = length;
+    Parse();
+}
+
+// What is not a complete compressed stream is no failure: it goes on as it is.
+void CXmlDocument::Parse() {
+    CBinaryData decompressed;
+    if (CZvZip::TryDecompress(m_pBuffer, static_cast<std::uint32_t>(m_bufferLen), decompressed)) {
+        std::size_t const length = decompressed.GetLength();
+        Own(std::unique_ptr<unsigned char[]>(decompressed.ReleaseData()), length);
+    }
+    ParseText();
+}
+
+void CXmlDocument::ParseText() {
+    m_tree = std::make_unique<XmlTree>(*this, m_pfnElementCallback != nullptr);
+    CExpatReader reader(*this);
+    reader.Init();
+    reader.Parse(true);
+}
+
+// The element arrives complete, as the last child of its parent; the callback says whether it may go.
+void CXmlDocument::EndElement() {
+    CXmlElement* const element = m_tree->EndElement();
+    if (m_pfnElementCallback == nullptr)
+        return;
+    m_tree->SettleCounts();
+    if (m_pfnElementCallback(element))
+        m_tree->RemoveLastChildElement();
+}
+
+CXmlElement* CXmlDocument::GetDocumentElement() const noexcept {
+    return m_tree == nullptr ? nullptr : m_tree->GetRoot();
+}
+
+std::string CXmlDocument::LookupAliasFromNamespace(char const* namespaceURI) const {
+    char const* const uri = namespaceURI == nullptr ? "" : namespaceURI;
+    for (auto const& [prefix, declared] : m_namespaces) {
+        if (declared == uri)
+            return prefix;
+    }
+    return std::string();
+}
+
+std::string CXmlDocument::LookupNamespaceFromAlias(char const* alias) const {
+    auto const found = m_namespaces.find(alias == nullptr ? "" : alias);
+    return found == m_namespaces.end() ? std::string() : found->second;
+}
+
+} // namespace ZvXmlLib16

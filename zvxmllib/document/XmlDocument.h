@@ -1,0 +1,85 @@
+// CXmlDocument, the owner of the parsed tree: loads, recognises what it is given, and builds.
+#pragma once
+
+#include "zvxmllib/foundation/Enumerations.h"
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/MemoryLeakHelp.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace ZvXmlLib16 {
+
+class XmlTree;
+
+// Takes a file, a text or bytes, and owns the tree made of it. May be loaded any number of times; each load
+// drops what was there. Every load throws CZvException for input that cannot be read or parsed; the document
+// then holds what was built so far and is good for another load only. Document and tree belong to one thread.
+//
+// With a callback, a document of any length is read in little memory: it is called at the end of each
+// element, children before parents, and what it answers true for is taken out of the tree and ends; the root
+// stays. What the callback throws reaches the caller of the load. Contexts are borrowed and must outlive the
+// document.
+class ZV_API CXmlDocument : public CInstanceMonitor {
+public:
+    using ElementCallback = bool (*)(CXmlElement* element);
+
+    CXmlDocument();
+    explicit CXmlDocument(CSerializationContext const& context);
+    explicit CXmlDocument(ElementCallback callback);
+    CXmlDocument(ElementCallback callback, CSerializationContext const& context);
+    CXmlDocument(CXmlDocument const&) = delete;
+    CXmlDocument& operator=(CXmlDocument const&) = delete;
+    ~CXmlDocument() override;
+
+    // XML text, in gzip or zlib form too. Files of 4 GiB and more are refused.
+    void Load(char const* fileName);
+    // XML text as it is: its declaration, or UTF-8, says what its bytes mean. Throws for an empty text.
+    void LoadXml(char const* text);
+    // UTF-16 text.
+    void LoadXml(wchar_t const* text);
+    void LoadXml(char16_t const* text);
+    // As Load. The bytes are copied. Throws for no bytes.
+    void LoadXmlStream(unsigned char const* data, std::uint32_t length);
+
+    // The root, null while the document is empty.
+    CXmlElement* GetDocumentElement() const noexcept;
+
+    // The smallest prefix of all those declared anywhere in the document for this namespace. Empty for the
+    // default namespace and for none.
+    std::string LookupAliasFromNamespace(char const* namespaceURI) const;
+    // What was last declared for this prefix, the empty one for the default namespace; empty for none.
+    std::string LookupNamespaceFromAlias(char const* alias) const;
+
+protected:
+    // Drops tree and input. Called at the start of each load and by the destructor.
+    virtual void Cleanup();
+
+private:
+    friend class CExpatReader;
+    friend class CXmlObjectBase; // reads from documents of its own, which need no copy of the input
+
+    struct Borrowed {}; // the caller's bytes outlive the load
+    void LoadXml(char const* text, Borrowed);
+    void LoadXmlStream(unsigned char const* data, std::uint32_t length, Borrowed);
+
+    void Own(std::unique_ptr<unsigned char[]> data, std::size_t length) noexcept;
+    void Parse();
+    void ParseText();
+    void EndElement();
+
+    std::unique_ptr<XmlTree> m_tree;
+    // Prefix to URI, without scopes: the last declaration of a prefix stays.
+    std::map<std::string, std::string, std::less<>> m_namespaces;
+    std::unique_ptr<unsigned char[]> m_ownBuffer; // null when the input is borrowed
+    unsigned char const* m_pBuffer = nullptr;
+    std::size_t m_bufferLen = 0;
+    SchemaType m_schemaType;
+    ElementCallback m_pfnElementCallback;
+    CSerializationContext const* m_pContext;
+};
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,48 @@
+#include "zvxmllib/document/XmlElement.h"
+
+#include "zvxmllib/document/XmlTree.h"
+
+namespace ZvXmlLib16 {
+
+namespace {
+std::string const kAbsentValue;
+std::vector<CXmlAttribute*> const kNoAttributes;
+} // namespace
+
+CXmlElement::~CXmlElement() = default;
+
+CXmlDocument const* CXmlElement::GetDocument() const noexcept {
+    return &m_name->tree->GetDocument();
+}
+
+std::string const& CXmlElement::GetLocalName() const noexcept {
+    return m_name->localName;
+}
+
+std::string const& CXmlElement::GetNamespaceURI() const noexcept {
+    return *m_name->namespaceUri;
+}
+
+std::string const& CXmlElement::GetText() const {
+    return m_text.AsString(*m_name->tree, *this);
+}
+
+CXmlAttribute* CXmlElement::GetAttributeAt(std::size_t index) const noexcept {
+    return reinterpret_cast<CXmlAttribute*>(m_attributes + 1) + index;
+}
+
+std::vector<CXmlAttribute*> const& CXmlElement::GetAttributes() const {
+    return m_attributes == nullptr ? kNoAttributes : m_name->tree->KeepAttributeFaces(*this);
+}
+
+std::string const& CXmlElement::GetAttribute(std::string const& localName,
+                                             std::string const& namespaceURI) const {
+    for (std::size_t i = 0; i < GetAttributeCount(); ++i) {
+        CXmlAttribute const& attribute = *GetAttributeAt(i);
+        if (attribute.GetLocalName() == localName && attribute.GetNamespaceURI() == namespaceURI)
+            return attribute.GetValue();
+    }
+    return kAbsentValue;
+}
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,81 @@
+// CXmlElement, an element of the parsed tree.
+#pragma once
+
+#include "zvxmllib/document/NodeText.h"
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/MemoryLeakHelp.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace ZvXmlLib16 {
+
+class XmlTree;
+struct XmlName;
+
+// A local name, a namespace URI, one text, attributes and child elements. Made, kept and ended by its
+// document; read-only for everybody but the readers. Pointers and references to its parts are valid as long
+// as the document's content, or, where a callback takes elements out, until that callback has returned true.
+// Strings are in the local encoding.
+class ZV_API CXmlElement : public CInstanceMonitor {
+public:
+    CXmlElement(CXmlElement const&) = delete;
+    CXmlElement& operator=(CXmlElement const&) = delete;
+
+    CXmlDocument const* GetDocument() const noexcept;
+    // Null for the root.
+    CXmlElement const* GetParentElm() const noexcept { return m_parent; }
+    // The first child, null if there is none; the walk goes on with GetNextSiblingElement until null.
+    CXmlElement* GetFirstElement() const noexcept { return m_firstChild; }
+    CXmlElement* GetNextSiblingElement() const noexcept { return m_nextSibling; }
+
+    // All character data directly inside this element, in document order, without carriage returns.
+    std::string const& GetText() const;
+    std::string const& GetLocalName() const noexcept;
+    // Empty for no namespace.
+    std::string const& GetNamespaceURI() const noexcept;
+
+    // In document order.
+    std::vector<CXmlAttribute*> const& GetAttributes() const;
+    // The value of the attribute with this name and namespace; an empty string if there is none.
+    std::string const& GetAttribute(std::string const& localName, std::string const& namespaceURI) const;
+
+    // For messages: /order/item[2]/price. A position stands where the parent has several children of a name.
+    std::string GetXPath() const;
+
+    // The attributes one by one, without making a vector of them.
+    std::size_t GetAttributeCount() const noexcept {
+        return m_attributes == nullptr ? 0 : m_attributes->count;
+    }
+    CXmlAttribute* GetAttributeAt(std::size_t index) const noexcept;
+    // The text where it is kept in one piece: empty if it is not, and then GetText gives it.
+    NodeText const& GetNodeText() const noexcept { return m_text; }
+
+protected:
+    ~CXmlElement() override;
+
+private:
+    friend class XmlTree;
+
+    // The attributes follow it in storage.
+    struct AttributeBlock {
+        std::size_t count;
+        std::vector<CXmlAttribute*>* faces; // what GetAttributes gives, null until it is asked for
+    };
+
+    CXmlElement(ClassType* record, CXmlElement const* parent, XmlName const* name) noexcept
+        : CInstanceMonitor(record, CountedByOwner()), m_name(name), m_parent(parent) {}
+
+    std::string GetQName() const;
+    std::string GetNameWithPredicate() const;
+
+    XmlName const* m_name;
+    CXmlElement const* m_parent;
+    CXmlElement* m_nextSibling = nullptr;
+    CXmlElement* m_firstChild = nullptr;
+    AttributeBlock* m_attributes = nullptr; // null for none
+    NodeText m_text;
+};
+
+} // namespace ZvXmlLib16

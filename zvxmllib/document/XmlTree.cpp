@@ -1,0 +1,241 @@
+#include "zvxmllib/document/XmlTree.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <new>
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+constexpr std::size_t kFirstChunk = 4 * 1024;
+constexpr std::size_t kLargestChunk = 1024 * 1024;
+
+CInstanceMonitor::Registration s_elementRegistration("CXmlElement");
+CInstanceMonitor::Registration s_attributeRegistration("CXmlAttribute");
+
+} // namespace
+
+XmlTree::XmlTree(CXmlDocument const& document, bool isStreaming)
+    : m_document(document), m_isStreaming(isStreaming), m_nodes(kFirstChunk, kLargestChunk),
+      m_texts(kFirstChunk, kLargestChunk), m_names(*this) {}
+
+XmlTree::~XmlTree() {
+    m_endedElements += m_liveElements;
+    m_endedAttributes += m_liveAttributes;
+    SettleCounts();
+}
+
+void XmlTree::SettleCounts() noexcept {
+    if (m_elementRecord != nullptr)
+        CXmlElement::CountMany(*m_elementRecord, m_createdElements, m_endedElements);
+    if (m_attributeRecord != nullptr)
+        CXmlAttribute::CountMany(*m_attributeRecord, m_createdAttributes, m_endedAttributes);
+    m_createdElements = m_endedElements = m_createdAttributes = m_endedAttributes = 0;
+}
+
+CXmlElement* XmlTree::AddElement(XmlName const* name) {
+    CXmlElement* parent = nullptr;
+    if (m_open.empty()) {
+        m_elementRecord = s_elementRegistration.Record();
+    } else {
+        FoldRepeatedTail(m_open.back());
+        parent = m_open.back().element;
+    }
+    if (m_isStreaming) {
+        m_marks.resize(m_open.size());
+        m_marks.push_back({m_nodes.GetMark(), m_texts.GetMark(), m_liveElements, m_liveAttributes,
+                           m_keptStrings.size(), m_keptFaces.size()});
+    }
+    void* const storage = m_nodes.Allocate(sizeof(CXmlElement), alignof(CXmlElement));
+    CXmlElement* const element = new (storage) CXmlElement(m_elementRecord, parent, name);
+    if (parent == nullptr) {
+        m_root = element;
+    } else {
+        OpenElement& open = m_open.back();
+        (open.lastChild == nullptr ? parent->m_firstChild : open.lastChild->m_nextSibling) = element;
+        open.beforeLastChild = open.lastChild;
+        open.lastChild = element;
+    }
+    m_open.push_back({element, nullptr, nullptr, nullptr, nullptr});
+    ++m_liveElements;
+    ++m_createdElements;
+    return element;
+}
+
+// The block is the last allocation among the nodes while its element is being started, so it grows in place
+// unless a chunk ends.
+void XmlTree::GrowAttributes(CXmlElement& element) {
+    using Block = CXmlElement::AttributeBlock;
+    static_assert(sizeof(Block) % alignof(CXmlAttribute) == 0);
+    Block* const block = element.m_attributes;
+    if (block == nullptr) {
+        void* const storage = m_nodes.Allocate(sizeof(Block) + sizeof(CXmlAttribute), alignof(CXmlAttribute));
+        element.m_attributes = new (storage) Block{0, nullptr};
+        return;
+    }
+    CXmlAttribute* const first = element.GetAttributeAt(0);
+    CXmlAttribute* const end = first + block->count;
+    if (m_nodes.TryExtend(reinterpret_cast<char*>(end), sizeof(CXmlAttribute)))
+        return;
+    char* const storage =
+        m_nodes.Allocate(sizeof(Block) + (block->count + 1) * sizeof(CXmlAttribute), alignof(CXmlAttribute));
+    element.m_attributes = new (storage) Block(*block);
+    for (CXmlAttribute const* old = first; old != end; ++old) {
+        CXmlAttribute* const moved = element.GetAttributeAt(static_cast<std::size_t>(old - first));
+        new (moved) CXmlAttribute(m_attributeRecord, &element, old->m_name);
+        moved->m_value = old->m_value;
+    }
+}
+
+void XmlTree::AddElementAttribute(XmlName const* name, std::string_view value) {
+    if (value.size() > std::numeric_limits<std::uint32_t>::max())
+        throw std::bad_alloc();
+    if (m_attributeRecord == nullptr)
+        m_attributeRecord = s_attributeRegistration.Record();
+    CXmlElement& element = *m_open.back().element;
+    char* const run = value.empty() ? nullptr : NewRun(value.data(), value.size());
+    GrowAttributes(element);
+    CXmlAttribute* const attribute = new (element.GetAttributeAt(element.m_attributes->count))
+        CXmlAttribute(m_attributeRecord, &element, name);
+    attribute->m_value.m_run = run;
+    attribute->m_value.m_length = static_cast<std::uint32_t>(value.size());
+    ++element.m_attributes->count;
+    ++m_liveAttributes;
+    ++m_createdAttributes;
+}
+
+void XmlTree::AppendTextExcludingCR(std::string_view text) {
+    OpenElement& open = m_open.back();
+    while (!text.empty()) {
+        std::size_t const run = std::min(text.find('\r'), text.size());
+        if (run != 0)
+            AppendText(open, text.data(), run);
+        text.remove_prefix(std::min(run + 1, text.size()));
+    }
+}
+
+char* XmlTree::NewRun(char const* text, std::size_t length) {
+    char* const chars = m_texts.Allocate(length, 1);
+    std::memcpy(chars, text, length);
+    return chars;
+}
+
+NodeText::Piece* XmlTree::NewPiece(char* chars, std::uint32_t length) {
+    void* const storage = m_nodes.Allocate(sizeof(NodeText::Piece), alignof(NodeText::Piece));
+    return new (storage) NodeText::Piece{nullptr, chars, length, 1};
+}
+
+void XmlTree::AppendText(OpenElement& open, char const* text, std::size_t length) {
+    NodeText& target = open.element->m_text;
+    if (target.m_form == NodeText::Form::kString) {
+        target.m_string->append(text, length);
+        return;
+    }
+    // The run that can grow: the only one, or the last of the chain unless it stands there several times.
+    NodeText::Piece* const tail = target.m_form == NodeText::Form::kChain ? open.tail : nullptr;
+    char* const run = tail == nullptr ? target.m_run : tail->chars;
+    std::uint32_t& runLength = tail == nullptr ? target.m_length : tail->length;
+    if (runLength == 0) {
+        target.m_run = NewRun(text, length);
+        target.m_length = static_cast<std::uint32_t>(length);
+        return;
+    }
+    std::size_t const room = std::numeric_limits<std::uint32_t>::max() - runLength;
+    if ((tail == nullptr || tail->repeat == 1) && length <= room &&
+        m_texts.TryExtend(run + runLength, length)) {
+        std::memcpy(run + runLength, text, length);
+        runLength += static_cast<std::uint32_t>(length);
+        return;
+    }
+    if (tail == nullptr) {
+        target.m_chain = open.tail = NewPiece(run, runLength);
+        target.m_form = NodeText::Form::kChain;
+    }
+    NodeText::Piece* const piece = NewPiece(NewRun(text, length), static_cast<std::uint32_t>(length));
+    open.tail->next = piece;
+    open.beforeTail = open.tail;
+    open.tail = piece;
+}
+
+// White space between children is mostly the same each time: a run equal to the one before it is counted, not
+// kept. Done when a child begins, since the run is complete then and still the last allocation.
+void XmlTree::FoldRepeatedTail(OpenElement& open) noexcept {
+    NodeText::Piece* const before = open.beforeTail;
+    NodeText::Piece* const tail = open.tail;
+    if (before == nullptr || open.element->m_text.m_form != NodeText::Form::kChain || tail->repeat != 1 ||
+        before->length != tail->length || std::memcmp(before->chars, tail->chars, tail->length) != 0)
+        return;
+    if (m_texts.IsTop(tail->chars + tail->length))
+        m_texts.RewindTo(tail->chars);
+    if (m_nodes.IsTop(reinterpret_cast<char*>(tail + 1)))
+        m_nodes.RewindTo(reinterpret_cast<char*>(tail));
+    before->next = nullptr;
+    ++before->repeat;
+    open.tail = before;
+    open.beforeTail = nullptr;
+}
+
+CXmlElement* XmlTree::EndElement() {
+    CXmlElement* const element = m_open.back().element;
+    m_open.pop_back();
+    return element;
+}
+
+template <class Part>
+void XmlTree::ForgetClosed(KeptList<Part>& kept, std::size_t sinceCount) noexcept {
+    // What belongs to an open element was asked for from inside the element that goes, and stays.
+    auto const isOpen = [this](CXmlElement const* element) {
+        return std::any_of(m_open.rbegin(), m_open.rend(),
+                           [element](OpenElement const& open) { return open.element == element; });
+    };
+    std::size_t newer = kept.size() - sinceCount;
+    for (auto it = kept.end(); newer != 0; --newer) {
+        --it;
+        if (!isOpen(it->element))
+            it = kept.erase(it);
+    }
+}
+
+bool XmlTree::RemoveLastChildElement() {
+    if (m_open.empty())
+        return false;
+    OpenElement& open = m_open.back();
+    (open.beforeLastChild == nullptr ? open.element->m_firstChild : open.beforeLastChild->m_nextSibling) =
+        nullptr;
+    open.lastChild = open.beforeLastChild;
+    open.beforeLastChild = nullptr;
+    StreamingMark const& mark = m_marks[m_open.size()];
+    ForgetClosed(m_keptStrings, mark.keptStrings);
+    ForgetClosed(m_keptFaces, mark.keptFaces);
+    m_nodes.Rewind(mark.nodes);
+    m_texts.Rewind(mark.texts);
+    m_endedElements += m_liveElements - mark.liveElements;
+    m_endedAttributes += m_liveAttributes - mark.liveAttributes;
+    m_liveElements = mark.liveElements;
+    m_liveAttributes = mark.liveAttributes;
+    return true;
+}
+
+std::string const& XmlTree::KeepAsString(NodeText& text, CXmlElement const& element) {
+    Kept<std::string>& kept = m_keptStrings.emplace_back(Kept<std::string>{std::string(), &element});
+    text.AppendTo(kept.part);
+    text.m_string = &kept.part;
+    text.m_form = NodeText::Form::kString;
+    return kept.part;
+}
+
+std::vector<CXmlAttribute*> const& XmlTree::KeepAttributeFaces(CXmlElement const& element) {
+    CXmlElement::AttributeBlock& block = *element.m_attributes;
+    if (block.faces == nullptr) {
+        auto& kept = m_keptFaces.emplace_back(
+            Kept<std::vector<CXmlAttribute*>>{std::vector<CXmlAttribute*>(block.count), &element});
+        for (std::size_t i = 0; i < block.count; ++i)
+            kept.part[i] = element.GetAttributeAt(i);
+        block.faces = &kept.part;
+    }
+    return *block.faces;
+}
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,113 @@
+// XmlTree, the storage of a parsed document and what builds it.
+#pragma once
+
+#include "zvxmllib/document/Arena.h"
+#include "zvxmllib/document/NameTable.h"
+#include "zvxmllib/document/XmlAttribute.h"
+#include "zvxmllib/document/XmlElement.h"
+
+#include <cstdint>
+#include <list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ZvXmlLib16 {
+
+// The readers see a document as a stack machine: add an element, its attributes and its text, end it.
+//
+// Elements and attributes lie in an arena and end together; their names are kept once for each document;
+// texts lie in an arena of their own and are joined when somebody asks for the whole. Live and total
+// instances are settled in bulk, before anybody outside can look. Nothing here recurses, so depth costs no
+// stack. An element that is taken out gives its storage back, so that the memory of a load whose callback
+// takes everything is bounded by what is open at a time.
+class XmlTree {
+public:
+    // With `isStreaming` elements can be taken out by RemoveLastChildElement.
+    XmlTree(CXmlDocument const& document, bool isStreaming);
+    XmlTree(XmlTree const&) = delete;
+    XmlTree& operator=(XmlTree const&) = delete;
+    ~XmlTree();
+
+    CXmlDocument const& GetDocument() const noexcept { return m_document; }
+    CXmlElement* GetRoot() const noexcept { return m_root; }
+    NameTable& GetNames() noexcept { return m_names; }
+
+    bool HasOpenElement() const noexcept { return !m_open.empty(); }
+
+    // Adds the root, or a child of the innermost open element, and opens it.
+    CXmlElement* AddElement(XmlName const* name);
+    // Adds an attribute to the innermost open element, which has no content yet. The value is local text.
+    void AddElementAttribute(XmlName const* name, std::string_view value);
+    // Appends local text to the innermost open element, without carriage returns.
+    void AppendTextExcludingCR(std::string_view text);
+    // Closes the innermost open element and returns it.
+    CXmlElement* EndElement();
+    // Takes the last child of the innermost open element out, with all that is in it: the element that was
+    // closed last, and only directly behind its EndElement. False for the root, which stays.
+    bool RemoveLastChildElement();
+
+    // Brings the counts of live and created instances up to date.
+    void SettleCounts() noexcept;
+
+    // The text, which belongs to `element`, as a string that the tree keeps.
+    std::string const& KeepAsString(NodeText& text, CXmlElement const& element);
+    std::vector<CXmlAttribute*> const& KeepAttributeFaces(CXmlElement const& element);
+
+private:
+    // What is known of an element while it is open.
+    struct OpenElement {
+        CXmlElement* element;
+        CXmlElement* lastChild;
+        CXmlElement* beforeLastChild; // null if there is none, or after lastChild was taken out
+        NodeText::Piece* tail;        // of a chained text
+        NodeText::Piece* beforeTail;  // null when not known
+    };
+    // Where the storage stood when an element was opened; kept in streaming mode only.
+    struct StreamingMark {
+        Arena::Mark nodes;
+        Arena::Mark texts;
+        std::int32_t liveElements;
+        std::int32_t liveAttributes;
+        std::size_t keptStrings;
+        std::size_t keptFaces;
+    };
+    // What was asked for as a string or a vector, with the element that it belongs to.
+    template <class Part>
+    struct Kept {
+        Part part;
+        CXmlElement const* element;
+    };
+    template <class Part>
+    using KeptList = std::list<Kept<Part>>; // what a list holds keeps its place
+
+    void AppendText(OpenElement& open, char const* text, std::size_t length);
+    NodeText::Piece* NewPiece(char* chars, std::uint32_t length);
+    char* NewRun(char const* text, std::size_t length);
+    void FoldRepeatedTail(OpenElement& open) noexcept;
+    void GrowAttributes(CXmlElement& element);
+    template <class Part>
+    void ForgetClosed(KeptList<Part>& kept, std::size_t sinceCount) noexcept;
+
+    CXmlDocument const& m_document;
+    bool const m_isStreaming;
+    Arena m_nodes;
+    Arena m_texts;
+    NameTable m_names;
+    CXmlElement* m_root = nullptr;
+    std::vector<OpenElement> m_open;
+    std::vector<StreamingMark> m_marks; // one for each open element, and one for the element closed last
+    KeptList<std::string> m_keptStrings;
+    KeptList<std::vector<CXmlAttribute*>> m_keptFaces;
+
+    CInstanceMonitor::ClassType* m_elementRecord = nullptr;
+    CInstanceMonitor::ClassType* m_attributeRecord = nullptr;
+    std::int32_t m_liveElements = 0;
+    std::int32_t m_liveAttributes = 0;
+    std::int32_t m_createdElements = 0; // since the counts were settled, as the next three
+    std::int32_t m_endedElements = 0;
+    std::int32_t m_createdAttributes = 0;
+    std::int32_t m_endedAttributes = 0;
+};
+
+} // namespace ZvXmlLib16
