@@ -23,6 +23,6 @@ ZV_API void FailAssertion(char const* condition, char const* file, int line);
 #ifdef NDEBUG
 #define ZV_ASSERT(condition) static_cast<void>(0)
 #else
-#define ZV_ASSERT(condition)                                                                                  \
+#define ZV_ASSERT(condition)                                                                                 \
     ((condition) ? static_cast<void>(0) : ::ZvXmlLib16::detail::FailAssertion(#condition, __FILE__, __LINE__))
 #endif

@@ -20,6 +20,8 @@ ZV_API void SetLocalCharEncoding(unsigned int codePage);
 // the library is used.
 ZV_API void ASCIIOnly(bool asciiOnly);
 
+ZV_API bool IsASCIIOnly() noexcept;
+
 // True if UTF-8 passes into local text and back unchanged: the ASCII-only switch, or a local encoding
 // that is UTF-8. Decide once for a document, not for each text.
 ZV_API bool IsLocalTextUtf8() noexcept;
@@ -28,8 +30,9 @@ ZV_API bool IsLocalTextUtf8() noexcept;
 ZV_API CBinaryData Utf16ToUtf8(char16_t const* text);
 
 // UTF-8 to local text. Malformed input becomes U+FFFD, what the local encoding cannot express '?'. Cut
-// at a NUL unless ASCII-only is set. The work buffers are used where they are large enough and may be
-// null: wideCapacity in 16-bit units, localCapacity in bytes.
+// at a NUL unless ASCII-only is set. The wide work buffer, which may be null, saves an allocation where a
+// code page has to be converted and the buffer holds one unit more than the text has bytes. The local
+// one is not used: the result is built in place.
 ZV_API std::string Utf8ToLocal(char const* utf8, std::size_t length, char16_t* wideBuffer,
                                std::size_t wideCapacity, char* localBuffer, std::size_t localCapacity);
 ZV_API std::string Utf8ToLocal(char const* utf8, std::size_t length);

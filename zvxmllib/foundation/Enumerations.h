@@ -8,9 +8,9 @@ namespace ZvXmlLib16 {
 
 // The byte form of text.
 enum XmlEncoding : std::int32_t {
-    XmlEncoding_None = 0,  // no encoding chosen: text stays in the local encoding
-    XmlEncoding_UTF8 = 1,  // no byte order mark
-    XmlEncoding_UTF16 = 2, // little-endian; files begin with FF FE
+    XmlEncoding_None = 0,               // no encoding chosen: text stays in the local encoding
+    XmlEncoding_UTF8 = 1,               // no byte order mark
+    XmlEncoding_UTF16 = 2,              // little-endian; files begin with FF FE
     XmlEncoding_UTF16NoDeclaration = 3, // as UTF-16, but the XML declaration names no encoding
 };
 

@@ -41,6 +41,9 @@ private:
     std::unique_ptr<CZvException> m_inner;
 };
 
+// The classes below add no state. Each can be made from a base object, whose message, path and cause it
+// takes over as they are.
+
 // The document or a value offends the schema.
 class ZV_API CZvValidationException : public CZvException {
 public:
@@ -48,8 +51,6 @@ public:
     CZvValidationException(std::string message, std::string path);
     CZvValidationException(std::string message, std::string path, CZvException const& inner);
     explicit CZvValidationException(CZvException const& other);
-    CZvValidationException(CZvValidationException const& other);
-    CZvValidationException& operator=(CZvValidationException const& other);
     ~CZvValidationException() override;
 
 protected:
@@ -63,8 +64,6 @@ public:
     explicit CZvInvalidValueException(std::string message);
     CZvInvalidValueException(std::string message, CZvException const& inner);
     explicit CZvInvalidValueException(CZvException const& other);
-    CZvInvalidValueException(CZvInvalidValueException const& other);
-    CZvInvalidValueException& operator=(CZvInvalidValueException const& other);
     ~CZvInvalidValueException() override;
 
 protected:
@@ -78,8 +77,6 @@ public:
     CZvInvalidNamespaceException(std::string message, std::string path);
     CZvInvalidNamespaceException(std::string message, std::string path, CZvException const& inner);
     explicit CZvInvalidNamespaceException(CZvException const& other);
-    CZvInvalidNamespaceException(CZvInvalidNamespaceException const& other);
-    CZvInvalidNamespaceException& operator=(CZvInvalidNamespaceException const& other);
     ~CZvInvalidNamespaceException() override;
 
 protected:
@@ -93,8 +90,6 @@ public:
     explicit CZvInvalidStateException(std::string message);
     CZvInvalidStateException(std::string message, CZvException const& inner);
     explicit CZvInvalidStateException(CZvException const& other);
-    CZvInvalidStateException(CZvInvalidStateException const& other);
-    CZvInvalidStateException& operator=(CZvInvalidStateException const& other);
     ~CZvInvalidStateException() override;
 
 protected:
@@ -108,8 +103,6 @@ public:
     explicit CZvInvalidParamException(std::string message);
     CZvInvalidParamException(std::string message, CZvException const& inner);
     explicit CZvInvalidParamException(CZvException const& other);
-    CZvInvalidParamException(CZvInvalidParamException const& other);
-    CZvInvalidParamException& operator=(CZvInvalidParamException const& other);
     ~CZvInvalidParamException() override;
 
 protected:
@@ -123,8 +116,6 @@ public:
     explicit CZvOverFlowException(std::string message);
     CZvOverFlowException(std::string message, CZvException const& inner);
     explicit CZvOverFlowException(CZvException const& other);
-    CZvOverFlowException(CZvOverFlowException const& other);
-    CZvOverFlowException& operator=(CZvOverFlowException const& other);
     ~CZvOverFlowException() override;
 
 protected:

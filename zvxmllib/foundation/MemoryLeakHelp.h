@@ -16,6 +16,7 @@ public:
         std::string m_className;
         std::atomic<std::int32_t> lInstanceCount{0}; // alive now
         std::atomic<std::int32_t> m_totalCreated{0};
+        std::atomic<bool> m_retired{false}; // taken out by Cleanup
     };
 
     // The record of one class, found at first use and again after Cleanup. One static object for each
@@ -27,7 +28,7 @@ public:
 
         ClassType* Record() {
             ClassType* const record = m_record.load(std::memory_order_acquire);
-            if (record != nullptr && m_epoch.load(std::memory_order_relaxed) == CurrentEpoch())
+            if (record != nullptr && !record->m_retired.load(std::memory_order_relaxed))
                 return record;
             return Find();
         }
@@ -37,15 +38,12 @@ public:
 
         char const* m_className;
         std::atomic<ClassType*> m_record{nullptr};
-        std::atomic<std::uint32_t> m_epoch{0};
     };
 
     // Counts one more instance of the class of this name. Looks the name up; the library's own classes
     // use a Registration.
     explicit CInstanceMonitor(char const* className);
-    explicit CInstanceMonitor(Registration& registration) noexcept(false) : m_pct(registration.Record()) {
-        Count(*m_pct, 1);
-    }
+    explicit CInstanceMonitor(Registration& registration) : m_pct(registration.Record()) { Count(*m_pct, 1); }
     // A copy is one more instance.
     CInstanceMonitor(CInstanceMonitor const& other) : m_pct(other.m_pct) { Count(*m_pct, 1); }
     // The target stays the instance that it is.
@@ -56,7 +54,8 @@ public:
     // "--> " in front in place of the blanks while instances are alive. No line feed at the end.
     static std::string DumpState();
 
-    // Forgets all classes. To be called when no tracked object is in use; objects that end later are harmless.
+    // Forgets all classes. To be called when no tracked object is in use; objects that end later are
+    // harmless.
     static void Cleanup();
 
 protected:
@@ -73,7 +72,6 @@ protected:
 
 private:
     static void Count(ClassType& record, std::int32_t created) noexcept { CountMany(record, created, 0); }
-    static std::uint32_t CurrentEpoch() noexcept;
 
     ClassType* m_pct;
 };

@@ -12,7 +12,7 @@
 
 namespace ZvXmlLib16 {
 
-// A list of blocks of text. Belongs to one thread.
+// A list of blocks of text. Belongs to one thread. More than 4 GiB of text is std::bad_alloc.
 class CStringBuffer : public CInstanceMonitor {
 public:
     CStringBuffer();
@@ -32,7 +32,7 @@ public:
     void Append(char const* text) { Append(text, std::strlen(text)); }
     // All `length` bytes.
     void Append(char const* text, std::size_t length) {
-        if (length > m_LastBlock_SizeOf - m_LastBlock_DataIn)
+        if (length - 1 >= m_LastBlock_SizeOf - m_LastBlock_DataIn) // a length of 0 wraps
             return AppendAcrossBlocks(text, length);
         std::memcpy(m_lastBlock + m_LastBlock_DataIn, text, length);
         m_LastBlock_DataIn += length;
@@ -58,15 +58,16 @@ public:
 
 private:
     struct Block {
-        std::unique_ptr<char[]> data; // size + 1 bytes
-        std::size_t size;
+        std::unique_ptr<char[]> data; // size + 1 bytes, the last one for the NUL of GetBuffer
+        std::size_t size = 0;
     };
 
     void AppendAcrossBlocks(char const* text, std::size_t length);
-    void AddBlock();
+    void AddBlock(std::size_t wanted);
 
     std::vector<Block> m_blocks; // all but the last are full
     std::size_t m_blockSize;
+    bool m_blocksGrow; // with the text, so that a large one has few blocks
     std::size_t m_LastBlock_DataIn = 0;
     std::size_t m_LastBlock_SizeOf = 0;
     char* m_lastBlock = nullptr;

@@ -12,8 +12,20 @@ namespace ZvXmlLib16 {
 // before a sequence that would not fit.
 std::size_t ConvertUtf16ToUtf8(char16_t const* input, std::size_t units, char* output, std::size_t capacity);
 
+// The same into a string, where each unpaired surrogate becomes U+FFFD.
+std::string ConvertUtf16ToUtf8(std::u16string_view text);
+
 // UTF-8 to UTF-16; each malformed sequence becomes one U+FFFD.
 std::u16string ConvertUtf8ToUtf16(std::string_view utf8);
+// The same into `output`, which holds at least as many units as the text has bytes. Returns the units.
+std::size_t ConvertUtf8ToUtf16(std::string_view utf8, char16_t* output) noexcept;
+// The same as bytes, the low one of each unit first; `output` has room for CountUtf16Units units.
+void ConvertUtf8ToUtf16Bytes(std::string_view utf8, unsigned char* output) noexcept;
+// The units that the conversion gives.
+std::size_t CountUtf16Units(std::string_view utf8) noexcept;
+
+// The text with each malformed sequence replaced by U+FFFD.
+std::string RepairUtf8(std::string_view utf8);
 
 // True if every byte is below 128.
 bool IsAscii(std::string_view text) noexcept;

@@ -9,20 +9,20 @@
 
 namespace ZvXmlLib16 {
 
-// One conversion at a time; belongs to one thread.
+// One conversion at a time; belongs to one thread. No pointer may be null.
 class ZV_API CBase64 {
 public:
     CBase64() noexcept = default;
     virtual ~CBase64();
 
-    // The text with its padding, empty for null or no bytes.
-    std::string Encode(unsigned char const* bytes, std::uint32_t length);
+    // The text with its padding, empty for no bytes.
+    std::string Encode(unsigned char const* lpEncoding, std::uint32_t length);
 
-    // Decodes up to the NUL into `output`, which holds at least as many bytes as the text has characters,
+    // Decodes up to the NUL into `lpOutput`, which holds at least as many bytes as the text has characters,
     // and returns the count. The low seven bits of each character count; blank, tab, line feed, carriage
     // return and '=' are skipped; any other character outside the alphabet gives 0. Left-over bits are
     // dropped.
-    std::uint32_t Decode(char const* text, unsigned char* output);
+    std::uint32_t Decode(char const* szDecoding, unsigned char* lpOutput);
 };
 
 } // namespace ZvXmlLib16

@@ -71,8 +71,9 @@ protected:
 
 private:
     void MakePrivate();
+    void Swap(CBinaryData& other) noexcept;
 
-    CBinaryDataBuffer* m_buffer = nullptr; // never of length zero
+    CBinaryDataBuffer* m_buffer = nullptr; // of length zero only between Reserve and the first Append
 };
 
 } // namespace ZvXmlLib16

@@ -1,0 +1,107 @@
+// A file handle that closes itself.
+#include "zvxmllib/platform/File.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace ZvXmlLib16::platform {
+
+namespace {
+
+constexpr std::size_t kGreatestTransfer = std::size_t{1}
+                                          << 30; // one call of the system takes no more than 2 GiB
+constexpr mode_t kPermissions = 0666;            // less the user's mask
+
+int Open(char const* name, int flags) noexcept {
+    for (;;) {
+        int const handle = ::open(name != nullptr ? name : "", flags | O_CLOEXEC | O_NOCTTY, kPermissions);
+        if (handle >= 0 || errno != EINTR)
+            return handle;
+    }
+}
+
+} // namespace
+
+File::~File() {
+    Close();
+}
+
+bool File::Fail() noexcept {
+    m_error = errno;
+    return false;
+}
+
+bool File::OpenForReading(char const* name) noexcept {
+    Close();
+    m_handle = Open(name, O_RDONLY);
+    if (m_handle < 0)
+        return Fail();
+    // The system opens a directory for reading and fails at the first read only.
+    struct stat status;
+    int const error = ::fstat(m_handle, &status) != 0 ? errno : S_ISDIR(status.st_mode) ? EISDIR : 0;
+    if (error == 0)
+        return true;
+    Close();
+    m_error = error;
+    return false;
+}
+
+bool File::Create(char const* name) noexcept {
+    Close();
+    m_handle = Open(name, O_WRONLY | O_CREAT | O_TRUNC);
+    return m_handle >= 0 || Fail();
+}
+
+bool File::GetSize(std::uint64_t& size) noexcept {
+    struct stat status;
+    if (::fstat(m_handle, &status) != 0)
+        return Fail();
+    size = S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
+    return true;
+}
+
+bool File::Read(void* data, std::size_t length, std::size_t& count) noexcept {
+    count = 0;
+    while (count < length) {
+        ssize_t const done =
+            ::read(m_handle, static_cast<char*>(data) + count, std::min(length - count, kGreatestTransfer));
+        if (done == 0)
+            break;
+        if (done > 0)
+            count += static_cast<std::size_t>(done);
+        else if (errno != EINTR)
+            return Fail();
+    }
+    return true;
+}
+
+bool File::Write(void const* data, std::size_t length) noexcept {
+    std::size_t written = 0;
+    while (written < length) {
+        ssize_t const done = ::write(m_handle, static_cast<char const*>(data) + written,
+                                     std::min(length - written, kGreatestTransfer));
+        if (done >= 0)
+            written += static_cast<std::size_t>(done);
+        else if (errno != EINTR)
+            return Fail();
+    }
+    return true;
+}
+
+// An interrupted close has closed the handle all the same.
+bool File::Close() noexcept {
+    if (m_handle < 0)
+        return true;
+    return ::close(std::exchange(m_handle, -1)) == 0 || errno == EINTR || Fail();
+}
+
+int File::TooLargeError() noexcept {
+    return EFBIG;
+}
+
+} // namespace ZvXmlLib16::platform

@@ -1,0 +1,116 @@
+// CBase64, the base64 form of bytes (RFC 4648 section 4).
+#include "zvxmllib/values/Base64.h"
+
+#include "zvxmllib/foundation/Assert.h"
+
+#include <array>
+#include <cstring>
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+
+constexpr std::uint8_t kSkipped = 0x40;
+constexpr std::uint8_t kInvalid = 0x80;
+
+// The value of each character. The top bit of the byte does not count, so both halves are the same.
+constexpr std::array<std::uint8_t, 256> MakeValues() {
+    std::array<std::uint8_t, 256> values{};
+    for (std::uint8_t& value : values)
+        value = kInvalid;
+    for (unsigned i = 0; i < 64; ++i)
+        values[static_cast<unsigned char>(kAlphabet[i])] = static_cast<std::uint8_t>(i);
+    for (char const c : {'=', ' ', '\t', '\n', '\r'})
+        values[static_cast<unsigned char>(c)] = kSkipped;
+    for (unsigned i = 0; i < 128; ++i)
+        values[i + 128] = values[i];
+    return values;
+}
+
+constexpr std::array<std::uint8_t, 256> kValues = MakeValues();
+
+// The two characters for each twelve bits.
+constexpr std::array<char, 2 * 4096> MakePairs() {
+    std::array<char, 2 * 4096> pairs{};
+    for (unsigned i = 0; i < 4096; ++i) {
+        pairs[2 * i] = kAlphabet[i >> 6];
+        pairs[2 * i + 1] = kAlphabet[i & 63];
+    }
+    return pairs;
+}
+
+constexpr std::array<char, 2 * 4096> kPairs = MakePairs();
+
+unsigned char LowByte(std::uint32_t bits) {
+    return static_cast<unsigned char>(bits & 0xFF);
+}
+
+} // namespace
+
+CBase64::~CBase64() = default;
+
+std::string CBase64::Encode(unsigned char const* lpEncoding, std::uint32_t length) {
+    ZV_ASSERT(lpEncoding != 0);
+    if (lpEncoding == nullptr || length == 0)
+        return std::string();
+    std::string text((std::size_t{length} + 2) / 3 * 4, '=');
+    char* out = text.data();
+    unsigned char const* in = lpEncoding;
+    std::uint32_t left = length;
+    for (; left >= 3; left -= 3, in += 3, out += 4) {
+        std::uint32_t const bits = std::uint32_t{in[0]} << 16 | std::uint32_t{in[1]} << 8 | in[2];
+        std::memcpy(out, &kPairs[2 * (bits >> 12)], 2);
+        std::memcpy(out + 2, &kPairs[2 * (bits & 0xFFF)], 2);
+    }
+    if (left > 0) {
+        std::uint32_t const bits = std::uint32_t{in[0]} << 16 | (left == 2 ? std::uint32_t{in[1]} << 8 : 0);
+        std::memcpy(out, &kPairs[2 * (bits >> 12)], 2);
+        if (left == 2)
+            out[2] = kAlphabet[bits >> 6 & 63];
+    }
+    return text;
+}
+
+std::uint32_t CBase64::Decode(char const* szDecoding, unsigned char* lpOutput) {
+    ZV_ASSERT(szDecoding != 0);
+    ZV_ASSERT(lpOutput != 0);
+    if (szDecoding == nullptr || lpOutput == nullptr)
+        return 0;
+    auto const value = [](char c) { return std::uint32_t{kValues[static_cast<unsigned char>(c)]}; };
+    char const* in = szDecoding;
+    char const* const end = in + std::strlen(in);
+    unsigned char* out = lpOutput;
+    std::uint32_t store = 0; // its low `bits` bits are still to be put out
+    unsigned bits = 0;
+    while (in != end) {
+        if (bits == 0) { // plain groups of four
+            for (; end - in >= 4; in += 4, out += 3) {
+                std::uint32_t const a = value(in[0]), b = value(in[1]), c = value(in[2]), d = value(in[3]);
+                if ((a | b | c | d) >= kSkipped)
+                    break;
+                std::uint32_t const group = a << 18 | b << 12 | c << 6 | d;
+                out[0] = LowByte(group >> 16);
+                out[1] = LowByte(group >> 8);
+                out[2] = LowByte(group);
+            }
+            if (in == end)
+                break;
+        }
+        std::uint32_t const next = value(*in++);
+        if (next == kInvalid)
+            return 0;
+        if (next == kSkipped)
+            continue;
+        store = store << 6 | next;
+        bits += 6;
+        if (bits >= 8) {
+            bits -= 8;
+            *out++ = LowByte(store >> bits);
+        }
+    }
+    return static_cast<std::uint32_t>(out - lpOutput);
+}
+
+} // namespace ZvXmlLib16
