@@ -1,0 +1,22 @@
+// Every failure of the streams. The texts are a contract with callers; do not correct their spelling.
+#include "zvxmllib/streams/Failures.h"
+
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/Functions.h"
+
+namespace ZvXmlLib16 {
+
+void FailUnknownEncoding() {
+    throw CZvException("Unknown Encoding, select UTF-8 (contact our support team)");
+}
+
+void FailWriteFile(char const* fileName, int error) {
+    throw CZvException(FormatString("Failed to write data to the file [%s] error [0x%08X]", fileName,
+                                    static_cast<unsigned int>(error)));
+}
+
+void FailCompress(int code) {
+    throw CZvException(FormatString("Failed to compress data. [Error Code: %d]", code));
+}
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,36 @@
+// CFileBinaryStream, finished bytes to a file.
+#include "zvxmllib/streams/FileBinaryStream.h"
+
+#include "zvxmllib/platform/File.h"
+#include "zvxmllib/streams/Failures.h"
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+constexpr unsigned char kByteOrderMark[] = {0xFF, 0xFE}; // U+FEFF, low byte first
+
+CInstanceMonitor::Registration fileBinaryStreamRegistration("CFileBinaryStream");
+
+} // namespace
+
+CFileBinaryStream::CFileBinaryStream(char const* fileName, XmlEncoding encoding)
+    : CFileBinaryStream(fileName, encoding, CBinaryData()) {}
+
+CFileBinaryStream::CFileBinaryStream(char const* fileName, XmlEncoding encoding, CBinaryData const& data)
+    : CBinaryStream(fileBinaryStreamRegistration, data), m_fileName(fileName != nullptr ? fileName : ""),
+      m_encoding(encoding) {}
+
+CFileBinaryStream::~CFileBinaryStream() = default;
+
+void CFileBinaryStream::WriteToFile() {
+    platform::File file;
+    bool const hasMark = m_encoding == XmlEncoding_UTF16 || m_encoding == XmlEncoding_UTF16NoDeclaration;
+    bool const written = file.Create(m_fileName.c_str()) &&
+                         (!hasMark || file.Write(kByteOrderMark, sizeof kByteOrderMark)) &&
+                         file.Write(m_data.GetData(), m_data.GetLength()) && file.Close();
+    if (!written)
+        FailWriteFile(m_fileName.c_str(), file.Error());
+}
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,34 @@
+// CZvZip, gzip and zlib on byte buffers.
+#pragma once
+
+#include "zvxmllib/foundation/Enumerations.h"
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/MemoryLeakHelp.h"
+
+#include <cstdint>
+
+namespace ZvXmlLib16 {
+
+// Static operations without state. A raw buffer is an array allocated by new unsigned char[], owned by
+// the caller; on success it is freed and replaced.
+class CZvZip : public CInstanceMonitor {
+public:
+    CZvZip();
+    ~CZvZip() override;
+
+    // At the fastest level. Throws CZvException if the result does not fit into the size of the input, and
+    // the buffer is unchanged then. Another type than the two compressed ones leaves the buffer alone.
+    static void Compress(unsigned char*& data, std::uint32_t& length, CompressionType type);
+    // The same; empty data stays empty, and after a failure the data is empty.
+    static void Compress(CBinaryData& data, CompressionType type);
+
+    // Replaces one complete gzip (RFC 1952) or zlib (RFC 1950) stream by its content; what follows it is
+    // ignored. Anything else is left as it is.
+    static void Decompress(unsigned char*& data, std::uint32_t& length);
+
+    // The same on borrowed bytes: true, with the content in `result`, if they are such a stream; otherwise
+    // `result` is unchanged. Cheap on data that is not compressed.
+    static bool TryDecompress(unsigned char const* data, std::uint32_t length, CBinaryData& result);
+};
+
+} // namespace ZvXmlLib16
