@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Builds the optimised library and runs the benchmarks; ends with the table of ratios. Arguments go to
+# Google Benchmark, for instance --benchmark_filter=Read.
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+need_build_packages
+need_header benchmark/benchmark.h libbenchmark-dev
+install_missing_packages
+
+configure release -DZVXMLLIB_BUILD_BENCHMARKS=ON -DZVXMLLIB_BUILD_TESTS=OFF
+cmake --build --preset release
+
+build/release/benchmarks/bench_zvxmllib "$@"
+build/release/benchmarks/bench_callback_memory
+build/release/benchmarks/bench_ratios

@@ -1,0 +1,57 @@
+# What the scripts share: strict mode, the root of the repository, and the packages they need.
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$root"
+export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
+
+missing_packages=()
+
+# need_program PROGRAM PACKAGE
+need_program() {
+    command -v "$1" >/dev/null || missing_packages+=("$2")
+}
+
+# need_header HEADER PACKAGE
+need_header() {
+    compgen -G "/usr/include/$1" >/dev/null || compgen -G "/usr/include/*/$1" >/dev/null ||
+        compgen -G "/usr/local/include/$1" >/dev/null || missing_packages+=("$2")
+}
+
+need_build_packages() {
+    need_program g++ g++
+    need_program cmake cmake
+    need_program ninja ninja-build
+    need_program pkg-config pkg-config
+    need_header expat.h libexpat1-dev
+    need_header zlib.h zlib1g-dev
+}
+
+install_missing_packages() {
+    if [ ${#missing_packages[@]} -eq 0 ]; then
+        return 0
+    fi
+    echo "Installing: ${missing_packages[*]}"
+    if ! command -v apt-get >/dev/null; then
+        echo "This system has no apt-get: please install what these packages hold by other means." >&2
+        return 1
+    fi
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        as_root=(sudo)
+    fi
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -q
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends \
+        "${missing_packages[@]}"
+}
+
+# configure PRESET [OPTION ...]: with ccache where it is installed.
+configure() {
+    local preset=$1
+    shift
+    local launcher=
+    if command -v ccache >/dev/null; then
+        launcher=ccache
+    fi
+    cmake --preset "$preset" -DCMAKE_CXX_COMPILER_LAUNCHER="$launcher" "$@"
+}

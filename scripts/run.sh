@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Installs what is needed, builds the optimised library and shows the tool on a real document.
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+need_build_packages
+install_missing_packages
+
+configure release -DZVXMLLIB_BUILD_BENCHMARKS=OFF -DZVXMLLIB_BUILD_TESTS=OFF >build-log.txt 2>&1 ||
+    { cat build-log.txt >&2; exit 1; }
+rm -f build-log.txt
+cmake --build --preset release
+
+zvxml=$root/build/release/tools/zvxml/zvxml
+document=examples/data/ubl-invoice.xml
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+# show COMMAND ...: prints the command, then runs it.
+show() {
+    echo
+    echo "\$ $*" | sed "s#$root/build/release/tools/zvxml/##; s#$scratch/##g"
+    "$@"
+}
+
+show "$zvxml" inspect "$document"
+show "$zvxml" convert --pretty --indent 2 "$document" "$scratch/invoice.xml"
+echo "The first lines of it:"
+sed -n '1,12p' "$scratch/invoice.xml"
+show "$zvxml" convert "$scratch/invoice.xml" "$scratch/invoice.xml.gz"
+show "$zvxml" convert --pretty --indent 2 "$scratch/invoice.xml.gz" "$scratch/again.xml"
+show cmp "$scratch/invoice.xml" "$scratch/again.xml"
+echo "The document that went through gzip is the same, byte for byte."

@@ -1,0 +1,147 @@
+// zvxml convert on small documents: what is kept, and what each option does.
+#include "tests/tool/ToolRun.h"
+
+#include <gmock/gmock.h>
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+struct Row {
+    char const* input;
+    char const* output;
+};
+
+TEST(ZvxmlConvert, GivesDocumentsTheirOwnPrefixesBack) {
+    ScratchDirectory const scratch;
+    for (Row const& row : {
+             Row{R"(<p:a xmlns:p="u"><p:b/><p:c/></p:a>)", R"(<p:a xmlns:p="u"><p:b/><p:c/></p:a>)"},
+             Row{R"(<a xmlns="u"><b/></a>)", R"(<a xmlns="u"><b/></a>)"},
+             Row{R"(<a xmlns="u"><p:b xmlns:p="v"/><p:b xmlns:p="v"/></a>)",
+                 R"(<a xmlns="u" xmlns:p="v"><p:b/><p:b/></a>)"},
+             // A name in no namespace cannot stand under a default namespace.
+             Row{R"(<a xmlns="u"><b xmlns=""/></a>)", R"(<ns1:a xmlns:ns1="u"><b/></ns1:a>)"},
+             Row{R"(<ns1:a xmlns:ns1="v" xmlns="u"><b/><c xmlns=""/></ns1:a>)",
+                 R"(<ns1:a xmlns:ns2="u" xmlns:ns1="v"><ns2:b/><c/></ns1:a>)"},
+             // Two default namespaces, one inside the other: the root's stays.
+             Row{R"(<a xmlns="u"><b xmlns="v"/></a>)", R"(<a xmlns="u" xmlns:ns1="v"><ns1:b/></a>)"},
+             // An attribute in the default namespace needs a prefix all the same.
+             Row{R"(<a xmlns="u" xmlns:p="u" p:x="1"/>)", R"(<a xmlns="u" xmlns:ns1="u" ns1:x="1"/>)"},
+             Row{R"(<a xml:lang="de"/>)", R"(<a xml:lang="de"/>)"},
+             // Values that refer to a prefix still find it.
+             Row{R"(<a xmlns:q="v" type="q:b"/>)", R"(<a xmlns:q="v" type="q:b"/>)"},
+             Row{R"(<a xmlns:q="v"><b>q:b</b></a>)", R"(<a xmlns:q="v"><b>q:b</b></a>)"},
+             Row{R"(<a xmlns:q="v" href="http://q" at="12:30"/>)", R"(<a href="http://q" at="12:30"/>)"},
+         }) {
+        ToolResult const result = scratch.Run("convert - -", row.input);
+        EXPECT_EQ(result.out, row.output) << row.input;
+        EXPECT_EQ(result.exitCode, 0) << row.input << '\n' << result.err;
+    }
+}
+
+TEST(ZvxmlConvert, KeepsTextsThatLookLikeMarkup) {
+    ScratchDirectory const scratch;
+    for (char const* text :
+         {"&lt;![CDATA[x]]&gt;y", "&lt;![CDATA[", "&lt;![CDATA[]]&gt;&lt;/a&gt;]]&gt;]]&gt;", "a]]&gt;b",
+          "&amp;amp;&lt;b/&gt;", "\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E", " \n\t "}) {
+        scratch.Write("in.xml", "<r><a>" + std::string(text) + "</a></r>");
+        for (char const* options : {"", "--encoding utf-16", "--pretty"}) {
+            ToolResult const result = scratch.Run("convert " + std::string(options) + " in.xml out.xml");
+            ASSERT_EQ(result.exitCode, 0) << text << '\n' << result.err;
+            EXPECT_EQ(DescribeDocument(scratch.Path("out.xml")), DescribeDocument(scratch.Path("in.xml")))
+                << text << ' ' << options;
+        }
+    }
+}
+
+TEST(ZvxmlConvert, WritesAsItsOptionsSay) {
+    ScratchDirectory const scratch;
+    struct OptionRow {
+        char const* options;
+        std::string output;
+    };
+    using namespace std::string_literals;
+    for (OptionRow const& row : {
+             OptionRow{"", "<a>\n <b>x\ny</b>\n <c/></a>"s},
+             OptionRow{"--pretty", "<a>\n\t<b>x\ny</b>\n\t<c/>\n</a>\n"s},
+             OptionRow{"--pretty --compact", "<a>\n <b>x\ny</b>\n <c/></a>"s},
+             OptionRow{"--indent 2", "<a>\n  <b>x\ny</b>\n  <c/>\n</a>\n"s},
+             OptionRow{"--indent=0", "<a>\n<b>x\ny</b>\n<c/>\n</a>\n"s},
+             OptionRow{"--indent 1 --indent tab", "<a>\n\t<b>x\ny</b>\n\t<c/>\n</a>\n"s},
+             OptionRow{"--pretty --eol=crlf", "<a>\r\n\t<b>x\r\ny</b>\r\n\t<c/>\r\n</a>\r\n"s},
+             OptionRow{"--indent 2 --declaration",
+                       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a>\n  <b>x\ny</b>\n  <c/>\n</a>\n"s},
+         }) {
+        // The text of <a> comes behind its children when it is kept.
+        std::string expected = row.output;
+        if (expected == "<a>\n <b>x\ny</b>\n <c/></a>")
+            expected = "<a><b>x\ny</b><c/>\n \n </a>";
+        ToolResult const result =
+            scratch.Run("convert " + std::string(row.options) + " - -", "<a>\n <b>x\ny</b>\n <c/></a>");
+        EXPECT_EQ(result.out, expected) << row.options;
+        EXPECT_EQ(result.exitCode, 0) << row.options << '\n' << result.err;
+    }
+}
+
+TEST(ZvxmlConvert, MarksUtf16Output) {
+    ScratchDirectory const scratch;
+    using namespace std::string_literals;
+    std::string const expected = "\xFF\xFE<\0a\0/\0>\0"s;
+    EXPECT_EQ(scratch.Run("convert --encoding utf-16 - -", "<a/>").out, expected);
+    ASSERT_EQ(scratch.Run("convert --encoding utf-16 - out.xml", "<a/>").exitCode, 0);
+    EXPECT_EQ(scratch.Read("out.xml"), expected);
+}
+
+TEST(ZvxmlConvert, CompressesByEndingAndByOption) {
+    ScratchDirectory const scratch;
+    scratch.Write("in.xml", "<r>" + std::string(500, 'x') + "</r>");
+    struct CompressionRow {
+        char const* arguments;
+        char const* output;
+        char const* start; // of the bytes
+    };
+    for (CompressionRow const& row : {
+             CompressionRow{"in.xml a.gz", "a.gz", "\x1F\x8B"},
+             CompressionRow{"in.xml a.xml.gz", "a.xml.gz", "\x1F\x8B"},
+             CompressionRow{"--gzip in.xml b.xml", "b.xml", "\x1F\x8B"},
+             CompressionRow{"in.xml a.zz", "a.zz", "\x78\x01"},
+             CompressionRow{"in.xml a.xml.zlib", "a.xml.zlib", "\x78\x01"},
+             CompressionRow{"--zlib in.xml a.gz", "a.gz", "\x78\x01"},
+             CompressionRow{"--zlib --to xml in.xml c.data", "c.data", "\x78\x01"},
+             CompressionRow{"in.xml gz", "gz", "<r>"},
+             CompressionRow{"--encoding utf-16 --gzip in.xml d.xml", "d.xml", "\x1F\x8B"},
+             CompressionRow{"--encoding utf-16 --zlib --declaration in.xml d.xml", "d.xml", "\x78\x01"},
+         }) {
+        ToolResult const result = scratch.Run("convert " + std::string(row.arguments));
+        ASSERT_EQ(result.exitCode, 0) << row.arguments << '\n' << result.err;
+        EXPECT_THAT(scratch.Read(row.output), StartsWith(row.start)) << row.arguments;
+        EXPECT_EQ(DescribeDocument(scratch.Path(row.output)), DescribeDocument(scratch.Path("in.xml")))
+            << row.arguments;
+    }
+}
+
+TEST(ZvxmlConvert, ReadsAndWritesTheSameFile) {
+    ScratchDirectory const scratch;
+    scratch.Write("a.xml", "<a> <b/> </a>");
+    ASSERT_EQ(scratch.Run("convert --pretty a.xml a.xml").exitCode, 0);
+    EXPECT_EQ(scratch.Read("a.xml"), "<a>\n\t<b/>\n</a>\n");
+}
+
+TEST(ZvxmlConvert, TakesAllBehindTwoDashesForFiles) {
+    ScratchDirectory const scratch;
+    scratch.Write("--pretty", "<a><b/></a>");
+    ToolResult const result = scratch.Run("convert -- --pretty --help");
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(scratch.Read("--help"), "<a><b/></a>");
+}
+
+TEST(ZvxmlConvert, LeavesTheOutputAloneWhenTheInputIsBad) {
+    ScratchDirectory const scratch;
+    scratch.Write("bad.xml", "<a><b></a>");
+    scratch.Write("out.xml", "before");
+    EXPECT_EQ(scratch.Run("convert bad.xml out.xml").exitCode, 1);
+    EXPECT_EQ(scratch.Read("out.xml"), "before");
+}
+
+} // namespace

@@ -1,0 +1,174 @@
+// zvxml convert: reads a document and writes it in another form.
+#include "CommandLine.h"
+#include "Commands.h"
+#include "DocumentObject.h"
+#include "Errors.h"
+#include "Input.h"
+#include "OutputFormats.h"
+#include "Prefixes.h"
+#include "Progress.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <optional>
+
+using namespace ZvXmlLib16;
+
+namespace zvxml {
+
+namespace {
+
+struct ConvertOptions {
+    OutputFormat const* format = nullptr; // null: by the output's name
+    std::optional<CompressionType> compression;
+    WriteOptions write;
+    std::string indent = "\t";
+};
+
+std::string ParseIndent(std::string const& value) {
+    if (value == "tab")
+        return "\t";
+    if (value.empty() || value.size() > 2 || value.find_first_not_of("0123456789") != std::string::npos)
+        throw UsageError("--indent takes a number of blanks from 0 to 99, or 'tab'");
+    return std::string(std::stoul(value), ' ');
+}
+
+template <class Value>
+struct Choice {
+    char const* text;
+    Value value;
+};
+
+template <class Value, std::size_t N>
+Value ParseChoice(char const* option, std::string const& text, Choice<Value> const (&choices)[N]) {
+    std::string known;
+    for (Choice<Value> const& choice : choices) {
+        if (text == choice.text)
+            return choice.value;
+        known += (known.empty() ? "" : " or ") + std::string(choice.text);
+    }
+    throw UsageError(std::string(option) + " takes " + known + ", not '" + text + "'");
+}
+
+constexpr Choice<EOLType> kLineEnds[] = {{"lf", EOLType_LF}, {"crlf", EOLType_CRLF}};
+constexpr Choice<XmlEncoding> kEncodings[] = {{"utf-8", XmlEncoding_UTF8}, {"utf-16", XmlEncoding_UTF16}};
+
+using Options = ConvertOptions;
+using Text = std::string;
+
+std::vector<Option<Options>> const& OptionTable() {
+    static std::vector<Option<Options>> const table = {
+        {"--to", "FORMAT",
+         "the format to write (xml); by default the ending of\nOUT decides, and XML text is the rest",
+         [](Options& o, Text const& v) {
+             o.format = FindFormatByName(v);
+             if (o.format == nullptr)
+                 throw UsageError("unknown format '" + v + "'; known: " + FormatNames());
+         }},
+        {"--compact", nullptr, "no white space between elements but the document's\nown (the default)",
+         [](Options& o, Text const&) { o.write.isPretty = false; }},
+        {"--pretty", nullptr, "each element on a line of its own, indented",
+         [](Options& o, Text const&) { o.write.isPretty = true; }},
+        {"--indent", "N|tab", "blanks for each level, or a tab (the default);\nimplies --pretty",
+         [](Options& o, Text const& v) {
+             o.indent = ParseIndent(v);
+             o.write.isPretty = true;
+         }},
+        {"--eol", "lf|crlf", "the end of a line (lf)",
+         [](Options& o, Text const& v) { o.write.eol = ParseChoice("--eol", v, kLineEnds); }},
+        {"--encoding", "utf-8|utf-16", "\nthe encoding to write (utf-8)",
+         [](Options& o, Text const& v) { o.write.encoding = ParseChoice("--encoding", v, kEncodings); }},
+        {"--gzip", nullptr, "in gzip form; the ending .gz says so, too",
+         [](Options& o, Text const&) { o.compression = CompressionType_GZip; }},
+        {"--zlib", nullptr, "in zlib form; the endings .zz and .zlib say so, too",
+         [](Options& o, Text const&) { o.compression = CompressionType_ZLib; }},
+        {"--declaration", nullptr, "begin with an XML declaration",
+         [](Options& o, Text const&) { o.write.hasDeclaration = true; }},
+    };
+    return table;
+}
+
+void WriteBytes(CBinaryData const& bytes, std::FILE* stream, std::string const& name) {
+    std::size_t const length = bytes.GetLength();
+    if (length != 0 && std::fwrite(bytes.GetData(), 1, length, stream) != length)
+        throw FileError(name, std::strerror(errno));
+    if (std::fflush(stream) != 0)
+        throw FileError(name, std::strerror(errno));
+}
+
+void WriteToStandardOutput(OutputFormat const& format, CDocumentObject& object, WriteOptions const& options,
+                           CSerializationContext const& ctx) {
+    WriteBytes(ToFileBytes(format, object, options, ctx), stdout, "standard output");
+}
+
+void WriteToFile(std::string const& file, OutputFormat const& format, CDocumentObject& object,
+                 WriteOptions const& options, CSerializationContext const& ctx) {
+    if (options.compression != CompressionType_ZLib) {
+        format.toFile(file.c_str(), object, options, ctx);
+        return;
+    }
+    CBinaryData const bytes = ToFileBytes(format, object, options, ctx); // ahead of the file: it may fail
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "wb"), &std::fclose);
+    if (stream == nullptr)
+        throw FileError(file, std::strerror(errno));
+    WriteBytes(bytes, stream.get(), file);
+    if (std::fclose(stream.release()) != 0)
+        throw FileError(file, std::strerror(errno));
+}
+
+void Write(std::string const& file, CDocumentObject& object, ConvertOptions const& options,
+           CSerializationContext const& ctx) {
+    FileForm const form = FormOfFileName(file);
+    OutputFormat const& format = options.format != nullptr ? *options.format : *form.format;
+    WriteOptions write = options.write;
+    write.compression = options.compression.value_or(form.compression);
+    try {
+        if (file == kStandardStream)
+            WriteToStandardOutput(format, object, write, ctx);
+        else
+            WriteToFile(file, format, object, write, ctx);
+    } catch (CZvException const& e) {
+        throw FileError(file == kStandardStream ? "standard output" : file, e.GetFullMessage());
+    }
+}
+
+} // namespace
+
+std::string ConvertHelp() {
+    return "Usage: zvxml convert [OPTION]... IN OUT\n"
+           "Reads IN, whatever form the library recognises in it (XML text; gzip or zlib\n"
+           "around it), and writes it to OUT. \"-\" is standard input or output.\n\n" +
+           OptionsHelp(OptionTable()) +
+           "\nOf options that exclude each other the last one holds. Elements, attributes, texts\n"
+           "and namespaces are kept; comments, processing instructions, the document type\n"
+           "and the places of texts between child elements are not.\n";
+}
+
+void Convert(std::vector<std::string> const& arguments, Progress& progress) {
+    ConvertOptions options;
+    std::vector<std::string> const operands = ReadArguments(arguments, OptionTable(), options);
+    if (operands.size() != 2)
+        throw UsageError("convert takes an input and an output");
+
+    CSerializationContext ctx;
+    ctx.SetIndentChars(options.indent.c_str());
+    CSmartPtr<CDocumentObject> const object = new CDocumentObject;
+    std::unique_ptr<CXmlDocument> document = ReadDocument(operands[0], ctx, progress);
+    try {
+        progress.StartStep("taking them over");
+        object->ReadRootOf(*document, ctx);
+        UsePrefixesOf(*document, ctx);
+    } catch (CZvException const& e) {
+        throw FileError(InputName(operands[0]), e.GetFullMessage());
+    }
+    document.reset(); // its memory is needed for writing
+    if (options.write.isPretty)
+        object->DropWhiteSpaceBetweenElements();
+
+    progress.StartStep("writing");
+    Write(operands[1], *object, options, ctx);
+}
+
+} // namespace zvxml

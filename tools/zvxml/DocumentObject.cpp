@@ -1,0 +1,80 @@
+// CDocumentObject, a whole document as an untyped object.
+#include "DocumentObject.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+using namespace ZvXmlLib16;
+
+namespace zvxml {
+
+namespace {
+
+constexpr std::string_view kCDataStart = "<![CDATA[";
+constexpr std::string_view kCDataEnd = "]]>";
+
+// Calls `visit` for `root` and all elements in it, without recursion.
+template <class Visitor>
+void ForEachElement(CElement* root, Visitor visit) {
+    std::vector<CElement*> pending{root}; // kept alive by the tree
+    while (!pending.empty()) {
+        CElement* const element = pending.back();
+        pending.pop_back();
+        CSmartPtr<CElementCol> const children = element->GetChildElements();
+        visit(element, children->begin() != children->end());
+        for (auto child = children->begin(); child != children->end(); ++child)
+            pending.push_back(&**child);
+    }
+}
+
+bool IsWhiteSpace(std::string_view text) {
+    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
+// The writer passes a text with the mark of a CDATA section on as it is. A text that only looks like one
+// goes into a section of its own, and a section's end in the text is split between two sections.
+std::string AsCDataSection(std::string text) {
+    for (std::size_t at = 0; (at = text.find(kCDataEnd, at)) != std::string::npos;) {
+        text.insert(at + 2, std::string(kCDataEnd) + std::string(kCDataStart));
+        at += 2 + kCDataEnd.size() + kCDataStart.size();
+    }
+    return std::string(kCDataStart) + text + std::string(kCDataEnd);
+}
+
+} // namespace
+
+CDocumentObject::CDocumentObject() : CElement("") {}
+
+CDocumentObject::~CDocumentObject() = default;
+
+void CDocumentObject::ReadRootOf(CXmlDocument const& document, CSerializationContext const& ctx) {
+    CXmlElement* const root = document.GetDocumentElement();
+    FromXml_Int(root, root, ctx, false);
+    ForEachElement(this, [](CElement* element, bool) {
+        if (std::string_view(element->GetText()).substr(0, kCDataStart.size()) == kCDataStart)
+            element->SetText(AsCDataSection(element->GetText()).c_str());
+    });
+}
+
+void CDocumentObject::DropWhiteSpaceBetweenElements() {
+    ForEachElement(this, [](CElement* element, bool hasChildren) {
+        if (hasChildren && IsWhiteSpace(element->GetText()))
+            element->SetText("");
+    });
+}
+
+void CDocumentObject::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns,
+                                CSerializationContext const& ctx, bool optionalChoice) const {
+    if (isRoot) {
+        for (std::string const& instruction : ctx.GetProcessingInstructions())
+            writer->WriteProcessingInstruction(instruction);
+        for (auto const& [uri, alias] : ctx.GetNamespaceAliases().GetEntries())
+            writer->AddNamespaceAlias(alias, uri);
+        if (std::string const uri = ctx.GetDefaultNamespaceURI(); !uri.empty())
+            writer->SetDefaultNamespace(uri);
+    }
+    CElement::ToXml_Int(writer, isRoot, ns, ctx, optionalChoice);
+}
+
+} // namespace zvxml

@@ -1,0 +1,86 @@
+// Reading a document from a file or from standard input.
+#include "Input.h"
+
+#include "Errors.h"
+#include "Progress.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <limits>
+#include <system_error>
+
+using namespace ZvXmlLib16;
+
+namespace zvxml {
+
+namespace {
+
+using FileHandle = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+std::unique_ptr<CXmlDocument> MakeDocument(std::string const& file, std::uintmax_t size,
+                                           CSerializationContext const& ctx, Progress& progress) {
+    if (!progress.IsShownFor(size))
+        return std::make_unique<CXmlDocument>(ctx);
+    progress.StartReading(InputName(file));
+    return std::make_unique<CXmlDocument>(&Progress::CountElement, ctx);
+}
+
+CBinaryData ReadAll(std::FILE* stream, std::string const& name) {
+    constexpr std::size_t kPiece = std::size_t{1} << 18U;
+    CBinaryData bytes;
+    auto const piece = std::make_unique<unsigned char[]>(kPiece);
+    std::size_t count = 0;
+    while ((count = std::fread(piece.get(), 1, kPiece, stream)) != 0) {
+        if (count > std::numeric_limits<std::uint32_t>::max() - bytes.GetLength())
+            throw FileError(name, "a document must be smaller than 4 GiB");
+        bytes.Append(piece.get(), static_cast<std::uint32_t>(count));
+    }
+    if (std::ferror(stream) != 0)
+        throw FileError(name, std::strerror(errno));
+    return bytes;
+}
+
+} // namespace
+
+std::string InputName(std::string const& file) {
+    return file == kStandardStream ? "standard input" : file;
+}
+
+CBinaryData ReadBytes(std::string const& file) {
+    if (file == kStandardStream)
+        return ReadAll(stdin, InputName(file));
+    FileHandle const stream(std::fopen(file.c_str(), "rb"), &std::fclose);
+    if (stream == nullptr)
+        throw FileError(file, std::strerror(errno));
+    return ReadAll(stream.get(), file);
+}
+
+std::unique_ptr<CXmlDocument> ReadDocument(std::string const& file, CSerializationContext const& ctx,
+                                           Progress& progress) {
+    if (file == kStandardStream)
+        return ReadDocument(file, ReadBytes(file), ctx, progress);
+    std::error_code unknown; // of pipes, for instance
+    std::uintmax_t const size = std::filesystem::file_size(file, unknown);
+    std::unique_ptr<CXmlDocument> document = MakeDocument(file, unknown ? 0 : size, ctx, progress);
+    try {
+        document->Load(file.c_str());
+    } catch (CZvException const& e) {
+        throw FileError(file, e.GetFullMessage());
+    }
+    return document;
+}
+
+std::unique_ptr<CXmlDocument> ReadDocument(std::string const& file, CBinaryData const& bytes,
+                                           CSerializationContext const& ctx, Progress& progress) {
+    std::unique_ptr<CXmlDocument> document = MakeDocument(file, bytes.GetLength(), ctx, progress);
+    try {
+        document->LoadXmlStream(bytes.GetData(), bytes.GetLength());
+    } catch (CZvException const& e) {
+        throw FileError(InputName(file), e.GetFullMessage());
+    }
+    return document;
+}
+
+} // namespace zvxml

@@ -1,0 +1,192 @@
+// zvxml inspect: what a document is and how large it is in each form that the library writes.
+#include "CommandLine.h"
+#include "Commands.h"
+#include "DocumentObject.h"
+#include "Errors.h"
+#include "Input.h"
+#include "OutputFormats.h"
+#include "Prefixes.h"
+#include "Progress.h"
+#include "TreeWalk.h"
+
+#include <zvxmllib/ZvXmlLibInternal.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+using namespace ZvXmlLib16;
+
+namespace zvxml {
+
+namespace {
+
+struct InspectOptions {}; // none yet
+
+std::string_view View(CBinaryData const& bytes) {
+    return {reinterpret_cast<char const*>(bytes.GetData()), bytes.GetLength()};
+}
+
+bool BeginsWith(std::string_view text, std::string_view start) {
+    return text.substr(0, start.size()) == start;
+}
+
+struct Unwrapped {
+    char const* wrapper;
+    CBinaryData content;
+};
+
+Unwrapped Unwrap(CBinaryData const& bytes) {
+    CBinaryData copy(bytes);
+    std::uint32_t length = bytes.GetLength();
+    std::unique_ptr<unsigned char[]> data(copy.ReleaseData());
+    unsigned char* raw = data.release();
+    CZvZip::Decompress(raw, length);
+    data.reset(raw);
+    CBinaryData const content(data.get(), length, false);
+    if (content == bytes)
+        return {"none", bytes};
+    return {BeginsWith(View(bytes), "\x1F\x8B") ? "gzip" : "zlib", content};
+}
+
+// The encoding that the first bytes of XML text tell (XML 1.0, appendix F).
+std::string EncodingOf(std::string_view text) {
+    using namespace std::string_view_literals;
+    if (BeginsWith(text, "\xFF\xFE"sv) || BeginsWith(text, "<\0"sv))
+        return "UTF-16, low byte first";
+    if (BeginsWith(text, "\xFE\xFF"sv) || BeginsWith(text, "\0<"sv))
+        return "UTF-16, high byte first";
+    if (BeginsWith(text, "\xEF\xBB\xBF"sv))
+        return "UTF-8 with a byte order mark";
+    std::string_view const declaration =
+        BeginsWith(text, "<?xml"sv) ? text.substr(0, text.find("?>"sv)) : std::string_view();
+    std::size_t const name = declaration.find("encoding"sv);
+    std::size_t const open = name == std::string_view::npos ? name : declaration.find_first_of("'\""sv, name);
+    if (open == std::string_view::npos)
+        return "UTF-8";
+    std::string_view const rest = declaration.substr(open + 1);
+    return std::string(rest.substr(0, rest.find(declaration[open])));
+}
+
+struct Counts {
+    std::uint64_t elements = 0;
+    std::uint64_t attributes = 0;
+    std::uint64_t textBytes = 0;
+    unsigned long depth = 0;
+};
+
+Counts CountTree(CXmlDocument const& document) {
+    Counts counts;
+    std::string text;
+    for (TreeWalk walk(document.GetDocumentElement()); walk.Current() != nullptr; walk.Advance()) {
+        ++counts.elements;
+        counts.attributes += walk.Current()->GetAttributeCount();
+        text.clear();
+        walk.Current()->GetNodeText().AppendTo(text);
+        counts.textBytes += text.size();
+        counts.depth = std::max(counts.depth, walk.Depth());
+    }
+    return counts;
+}
+
+// A form that the library writes. A format with more than one way of writing has a row for each.
+struct WrittenForm {
+    char const* title;
+    char const* format;
+    bool isPretty;
+    XmlEncoding encoding;
+    CompressionType compression;
+};
+constexpr WrittenForm kWrittenForms[] = {
+    {"compact", "xml", false, XmlEncoding_UTF8, CompressionType_None},
+    {"UTF-16", "xml", false, XmlEncoding_UTF16, CompressionType_None},
+    {"gzip", "xml", false, XmlEncoding_UTF8, CompressionType_GZip},
+    {"zlib", "xml", false, XmlEncoding_UTF8, CompressionType_ZLib},
+    {"pretty", "xml", true, XmlEncoding_UTF8, CompressionType_None}, // last: it drops white space
+};
+
+// The size of the file; none if the form has no room for this document.
+std::optional<std::uint32_t> SizeOf(WrittenForm const& form, CDocumentObject& object,
+                                    CSerializationContext const& ctx) {
+    WriteOptions options;
+    options.isPretty = form.isPretty;
+    options.encoding = form.encoding;
+    OutputFormat const& format = *FindFormatByName(form.format);
+    CBinaryData bytes = ToFileBytes(format, object, options, ctx);
+    if (form.compression == CompressionType_None)
+        return bytes.GetLength();
+    try {
+        CZvZip::Compress(bytes, form.compression);
+    } catch (CZvException const&) { // compression never makes a document larger
+        return std::nullopt;
+    }
+    return bytes.GetLength();
+}
+
+void PrintSizes(CXmlDocument const& document) {
+    CSerializationContext ctx;
+    UsePrefixesOf(document, ctx);
+    CSmartPtr<CDocumentObject> const object = new CDocumentObject;
+    object->ReadRootOf(document, ctx);
+    std::printf("written as\n");
+    for (WrittenForm const& form : kWrittenForms) {
+        if (form.isPretty)
+            object->DropWhiteSpaceBetweenElements();
+        std::optional<std::uint32_t> const size = SizeOf(form, *object, ctx);
+        if (size)
+            std::printf("  %-11s %10u bytes\n", form.title, static_cast<unsigned>(*size));
+        else
+            std::printf("  %-11s does not shrink\n", form.title);
+    }
+}
+
+void PrintReport(std::string const& file, CBinaryData const& bytes, Unwrapped const& unwrapped,
+                 CXmlDocument const& document) {
+    CXmlElement const& root = *document.GetDocumentElement();
+    Counts const counts = CountTree(document);
+    std::printf("file          %s\n", InputName(file).c_str());
+    std::printf("size          %u bytes\n", static_cast<unsigned>(bytes.GetLength()));
+    std::printf("wrapper       %s\n", unwrapped.wrapper);
+    std::printf("form          XML text, %s\n", EncodingOf(View(unwrapped.content)).c_str());
+    std::printf("root          %s\n", root.GetLocalName().c_str());
+    std::printf("namespace     %s\n",
+                root.GetNamespaceURI().empty() ? "none" : root.GetNamespaceURI().c_str());
+    std::printf("elements      %llu\n", static_cast<unsigned long long>(counts.elements));
+    std::printf("attributes    %llu\n", static_cast<unsigned long long>(counts.attributes));
+    std::printf("depth         %lu\n", counts.depth);
+    std::printf("text          %llu bytes\n", static_cast<unsigned long long>(counts.textBytes));
+}
+
+} // namespace
+
+std::string InspectHelp() {
+    return "Usage: zvxml inspect FILE\n"
+           "Tells what FILE is (\"-\" is standard input): the form and the wrapper that were\n"
+           "recognised, the root element, counts, and the size of the document in each form\n"
+           "that can be written.\n";
+}
+
+void Inspect(std::vector<std::string> const& arguments, Progress& progress) {
+    InspectOptions options;
+    std::vector<std::string> const operands = ReadArguments<InspectOptions>(arguments, {}, options);
+    if (operands.size() != 1)
+        throw UsageError("inspect takes one file");
+    std::string const& file = operands[0];
+
+    CSerializationContext const ctx;
+    CBinaryData const bytes = ReadBytes(file);
+    Unwrapped const unwrapped = Unwrap(bytes);
+    std::unique_ptr<CXmlDocument> const document = ReadDocument(file, unwrapped.content, ctx, progress);
+    progress.Finish();
+    PrintReport(file, bytes, unwrapped, *document);
+    try {
+        PrintSizes(*document);
+    } catch (CZvException const& e) {
+        throw FileError(InputName(file), e.GetFullMessage());
+    }
+}
+
+} // namespace zvxml

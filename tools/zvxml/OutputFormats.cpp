@@ -1,0 +1,91 @@
+// The formats that documents are written in, and how file names tell them.
+#include "OutputFormats.h"
+
+#include <sstream>
+#include <string_view>
+
+using namespace ZvXmlLib16;
+
+namespace zvxml {
+
+namespace {
+
+CBinaryData ToXmlBytes(CXmlObjectBase& object, WriteOptions const& options,
+                       CSerializationContext const& ctx) {
+    return object.ToXmlStream(options.hasDeclaration, options.isPretty, options.encoding, options.eol, ctx,
+                              options.compression);
+}
+
+void ToXmlFile(char const* fileName, CXmlObjectBase const& object, WriteOptions const& options,
+               CSerializationContext const& ctx) {
+    object.ToXmlFile(fileName, options.hasDeclaration, options.isPretty, options.encoding, options.eol, ctx,
+                     options.compression);
+}
+
+// The first one is what file names mean that say nothing else.
+constexpr OutputFormat kFormats[] = {
+    {"xml", ".xml", "XML text", &ToXmlBytes, &ToXmlFile},
+};
+
+struct CompressionEnding {
+    char const* ending;
+    CompressionType type;
+};
+constexpr CompressionEnding kCompressionEndings[] = {
+    {".gz", CompressionType_GZip},
+    {".zz", CompressionType_ZLib},
+    {".zlib", CompressionType_ZLib},
+};
+
+bool EndsWith(std::string_view text, std::string_view ending) {
+    return text.size() > ending.size() && text.substr(text.size() - ending.size()) == ending;
+}
+
+} // namespace
+
+OutputFormat const* FindFormatByName(std::string const& name) {
+    for (OutputFormat const& format : kFormats)
+        if (name == format.name)
+            return &format;
+    return nullptr;
+}
+
+std::string FormatNames() {
+    std::string names;
+    for (OutputFormat const& format : kFormats)
+        names += (names.empty() ? "" : ", ") + std::string(format.name);
+    return names;
+}
+
+FileForm FormOfFileName(std::string const& fileName) {
+    FileForm form{&kFormats[0], CompressionType_None};
+    std::string_view name = fileName;
+    for (CompressionEnding const& row : kCompressionEndings) {
+        if (EndsWith(name, row.ending)) {
+            form.compression = row.type;
+            name.remove_suffix(std::string_view(row.ending).size());
+            break;
+        }
+    }
+    for (OutputFormat const& format : kFormats) {
+        std::istringstream endings(format.endings);
+        for (std::string ending; endings >> ending;)
+            if (EndsWith(name, ending))
+                form.format = &format;
+    }
+    return form;
+}
+
+CBinaryData ToFileBytes(OutputFormat const& format, CXmlObjectBase& object, WriteOptions const& options,
+                        CSerializationContext const& ctx) {
+    CBinaryData const bytes = format.toBytes(object, options, ctx);
+    if (options.encoding != XmlEncoding_UTF16 || options.compression != CompressionType_None)
+        return bytes;
+    constexpr unsigned char kMark[] = {0xFF, 0xFE};
+    CBinaryData marked;
+    marked.Append(kMark, sizeof kMark);
+    marked.Append(bytes);
+    return marked;
+}
+
+} // namespace zvxml

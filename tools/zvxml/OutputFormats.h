@@ -1,0 +1,49 @@
+// The formats that documents are written in: one table, from which everything else follows.
+#pragma once
+
+#include <string>
+
+#include <zvxmllib/ZvXmlLib.h>
+
+namespace zvxml {
+
+// How a document is written.
+struct WriteOptions {
+    bool isPretty = false;
+    bool hasDeclaration = false;
+    ZvXmlLib16::XmlEncoding encoding = ZvXmlLib16::XmlEncoding_UTF8;
+    ZvXmlLib16::EOLType eol = ZvXmlLib16::EOLType_LF;
+    ZvXmlLib16::CompressionType compression = ZvXmlLib16::CompressionType_None;
+};
+
+struct OutputFormat {
+    char const* name;    // as --to takes it
+    char const* endings; // of file names, each with its point, separated by blanks
+    char const* title;
+    ZvXmlLib16::CBinaryData (*toBytes)(ZvXmlLib16::CXmlObjectBase& object, WriteOptions const& options,
+                                       ZvXmlLib16::CSerializationContext const& ctx);
+    // Any compression but zlib, which has no file form.
+    void (*toFile)(char const* fileName, ZvXmlLib16::CXmlObjectBase const& object,
+                   WriteOptions const& options, ZvXmlLib16::CSerializationContext const& ctx);
+};
+
+// Null if there is none of this name.
+OutputFormat const* FindFormatByName(std::string const& name);
+
+// The names of all formats, separated by ", ".
+std::string FormatNames();
+
+// What the endings of a file name say: "orders.xml.gz" is XML text in gzip form.
+struct FileForm {
+    OutputFormat const* format; // XML text for an ending that says nothing
+    ZvXmlLib16::CompressionType compression;
+};
+FileForm FormOfFileName(std::string const& fileName);
+
+// What the library writes behind the endings of file names and reads back: the bytes of a whole file, with
+// the byte order mark where one belongs.
+ZvXmlLib16::CBinaryData ToFileBytes(OutputFormat const& format, ZvXmlLib16::CXmlObjectBase& object,
+                                    WriteOptions const& options,
+                                    ZvXmlLib16::CSerializationContext const& ctx);
+
+} // namespace zvxml

@@ -1,0 +1,47 @@
+// How far the reading of a large document has come, on standard error.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+namespace ZvXmlLib16 {
+class CXmlElement;
+}
+
+namespace zvxml {
+
+// Silent for inputs that take no time, and when nobody is watching.
+class Progress {
+public:
+    // `isWatched`: standard error is a terminal.
+    explicit Progress(bool isWatched) noexcept : m_isWatched(isWatched) {}
+    Progress(Progress const&) = delete;
+    Progress& operator=(Progress const&) = delete;
+    ~Progress() { Finish(); }
+
+    // True if an input of this size is worth a report.
+    bool IsShownFor(std::uintmax_t bytes) const noexcept;
+
+    // From here on, CountElement counts for this object.
+    void StartReading(std::string const& file);
+    void StartStep(char const* step);
+    // Takes the line away.
+    void Finish() noexcept;
+
+    // For the document: called at the end of each element, which stays in the tree.
+    static bool CountElement(ZvXmlLib16::CXmlElement* element);
+
+private:
+    void Show(std::string const& state) const;
+
+    bool m_isWatched;
+    bool m_isShown = false;
+    std::string m_file;
+    std::uint64_t m_elements = 0;
+    std::chrono::steady_clock::time_point m_lastShown;
+
+    static Progress* s_reading; // the document calls a plain function
+};
+
+} // namespace zvxml

@@ -1,0 +1,14 @@
+// The internal classes beside the public interface, for tests and tools that link the static build. Not
+// installed.
+#pragma once
+
+#include "zvxmllib/ZvXmlLib.h"
+
+#include "zvxmllib/document/ExpatReader.h"
+#include "zvxmllib/foundation/StringBuffer.h"
+#include "zvxmllib/foundation/TextStream.h"
+#include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/streams/BinaryStream.h"
+#include "zvxmllib/streams/FileBinaryStream.h"
+#include "zvxmllib/streams/ZvZip.h"
+#include "zvxmllib/writers/XmlTextWriter.h"
