@@ -30,4 +30,60 @@ void FailWhitespaceRule() {
     throw CZvException("Unknown WhitespaceRule");
 }
 
+void FailNumberText(std::string const& text, char const* typeName) {
+    throw CZvInvalidValueException(
+        FormatString("The value [%s] can not be converted to a %s", text.c_str(), typeName));
+}
+
+void FailNumberTooLarge(std::string const& text, char const* typeName) {
+    throw CZvInvalidValueException(
+        FormatString("The value [%s] is to large to fit in a %s", text.c_str(), typeName));
+}
+
+void FailCharText(std::string const& text) {
+    throw CZvInvalidValueException(FormatString(
+        "The value [%s] can not be a char as it is either empty of greater than 1 char long", text.c_str()));
+}
+
+void FailBooleanText(std::string const& text) {
+    throw CZvInvalidValueException(FormatString("A Boolean Value read from an XML document was invalid [%s]. "
+                                                "Valid values are 'true', 'false', '1', or '0'",
+                                                text.c_str()));
+}
+
+void FailTypeName(ItemType type) {
+    throw CZvException(FormatString("Invalid Type %d", static_cast<int>(type)));
+}
+
+void FailTypeToString(ItemType type) {
+    throw CZvException(FormatString("Invalid Type %d to convert to string", static_cast<int>(type)));
+}
+
+void FailUnknownType() {
+    throw CZvException("Unknown Type");
+}
+
+void FailTypeNotCarried(ItemType type) {
+    throw CZvException(
+        FormatString("Values of Type %d are not supported by this version", static_cast<int>(type)));
+}
+
+void FailFacetOfInteger(char const* name, std::int32_t value) {
+    throw CZvException(
+        FormatString("Invalid Value for %s [%d]", name != nullptr ? name : "", static_cast<int>(value)));
+}
+
+void FailFacetOfReal(char const* name, double value) {
+    throw CZvException(FormatString("Invalid Value for %s [%f]", name != nullptr ? name : "", value));
+}
+
+void FailFacetOfText(char const* name, std::string const& value) {
+    throw CZvException(
+        FormatString("Invalid Value for %s [%s].", name != nullptr ? name : "", value.c_str()));
+}
+
+void FailFacetsOfType(std::string const& typeName) {
+    throw CZvInvalidValueException("Unknown type [" + typeName + "].");
+}
+
 } // namespace ZvXmlLib16

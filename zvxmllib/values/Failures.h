@@ -1,7 +1,10 @@
 // Every failure of the value types. The texts are a contract with callers.
 #pragma once
 
+#include "zvxmllib/foundation/Enumerations.h"
+
 #include <cstdint>
+#include <string>
 
 namespace ZvXmlLib16 {
 
@@ -11,5 +14,24 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailHexDigit(char digit);
 [[noreturn]] void FailDataIndex(std::uint32_t index);
 [[noreturn]] void FailWhitespaceRule();
+
+// Conversions. `typeName` is that of an integer or floating-point type.
+[[noreturn]] void FailNumberText(std::string const& text, char const* typeName);
+[[noreturn]] void FailNumberTooLarge(std::string const& text, char const* typeName);
+[[noreturn]] void FailCharText(std::string const& text);
+[[noreturn]] void FailBooleanText(std::string const& text);
+
+// The variant.
+[[noreturn]] void FailTypeName(ItemType type);
+[[noreturn]] void FailTypeToString(ItemType type); // and from a string
+[[noreturn]] void FailUnknownType();
+// A type that has a name, but no values in this version.
+[[noreturn]] void FailTypeNotCarried(ItemType type);
+
+// Facets. A null name counts as empty.
+[[noreturn]] void FailFacetOfInteger(char const* name, std::int32_t value);
+[[noreturn]] void FailFacetOfReal(char const* name, double value);
+[[noreturn]] void FailFacetOfText(char const* name, std::string const& value);
+[[noreturn]] void FailFacetsOfType(std::string const& typeName);
 
 } // namespace ZvXmlLib16

@@ -1,0 +1,78 @@
+// A value against the facets of its type.
+#pragma once
+
+#include "zvxmllib/foundation/Enumerations.h"
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/platform/Api.h"
+
+#include <cstdint>
+#include <string>
+#include <type_traits>
+
+namespace ZvXmlLib16 {
+
+class CPrimitiveRestrictions;
+
+// CheckPrimitive throws CZvException at the first facet that the value offends, with `name`, that of the
+// element or attribute, in the message; null counts as empty. A bound that is no value of the type throws
+// what its conversion throws. Facets that a type does not have are not looked at. The functions hold no
+// state.
+//
+// The pattern facet is not checked in this version: a string of any form passes it, and the debug trace says
+// so for each value. It is checked from the version on that brings the date, duration, decimal and integer
+// types.
+
+// hexBinary; in base64Binary only the text of the message differs.
+ZV_API void CheckPrimitive(char const* name, CBinaryData const& value,
+                           CPrimitiveRestrictions const& restrictions);
+// i1, a signed number.
+ZV_API void CheckPrimitive(char const* name, char value, CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, short value, CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, std::int32_t value, CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, long long value, CPrimitiveRestrictions const& restrictions);
+// ui1.
+ZV_API void CheckPrimitive(char const* name, unsigned char value, CPrimitiveRestrictions const& restrictions);
+// ui2.
+ZV_API void CheckPrimitive(char const* name, unsigned short value,
+                           CPrimitiveRestrictions const& restrictions);
+// A value above 2147483647 shows as a negative number in the message.
+ZV_API void CheckPrimitive(char const* name, std::uint32_t value, CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, unsigned long long value,
+                           CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, float value, CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, double value, CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, std::string const& value,
+                           CPrimitiveRestrictions const& restrictions);
+// Null counts as empty.
+ZV_API void CheckPrimitive(char const* name, char const* value, CPrimitiveRestrictions const& restrictions);
+// Always passes.
+ZV_API void CheckPrimitive(char const* name, bool value, CPrimitiveRestrictions const& restrictions);
+
+// The platform's own long, as the type of the interface that has its width.
+inline void CheckPrimitive(char const* name, long value, CPrimitiveRestrictions const& restrictions) {
+    using Same = std::conditional_t<sizeof(long) == sizeof(std::int32_t), std::int32_t, long long>;
+    CheckPrimitive(name, static_cast<Same>(value), restrictions);
+}
+inline void CheckPrimitive(char const* name, unsigned long value,
+                           CPrimitiveRestrictions const& restrictions) {
+    using Same = std::conditional_t<sizeof(long) == sizeof(std::int32_t), std::uint32_t, unsigned long long>;
+    CheckPrimitive(name, static_cast<Same>(value), restrictions);
+}
+
+// The same for a value of the given type, where several types share one in C++: binary data is hexBinary or
+// base64Binary.
+ZV_API void CheckPrimitive(char const* name, CBinaryData const& value, ItemType type,
+                           CPrimitiveRestrictions const& restrictions);
+template <class Value>
+void CheckPrimitive(char const* name, Value const& value, ItemType,
+                    CPrimitiveRestrictions const& restrictions) {
+    CheckPrimitive(name, value, restrictions);
+}
+
+// The value of a variant, which holds one of `type`; a nil one counts as empty. Throws
+// CZvInvalidValueException for a type without facets (char, objects, collections), and CZvException for an
+// invalid variant and for a type whose values this version does not carry.
+ZV_API void CheckPrimitiveVariant(char const* name, ZvVariant const& value, ItemType type,
+                                  CPrimitiveRestrictions const& restrictions);
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,186 @@
+// CConversions: integers and floating point.
+#include "zvxmllib/values/Conversions.h"
+
+#include "zvxmllib/values/Failures.h"
+#include "zvxmllib/values/NumberText.h"
+#include "zvxmllib/values/RuledText.h"
+
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+using Rule = CWhitespaceUtils::WhitespaceRule;
+
+bool IsKnownRule(Rule rule) {
+    return rule >= CWhitespaceUtils::WhitespaceRule_None && rule <= CWhitespaceUtils::WhitespaceRule_Collapse;
+}
+
+// True if only the end of the text, or a NUL, follows what was read.
+bool IsAtEnd(std::string const& text, std::size_t length) {
+    return text.c_str()[length] == '\0';
+}
+
+// The rules of strtol and its kin at the width of Integer: a magnitude that does not fit is reported before
+// anything that follows the digits.
+template <class Integer>
+Integer IntegerFromText(std::string const& value, Rule rule, char const* typeName) {
+    Integer number = 0;
+    if (IsKnownRule(rule) && detail::ReadPlainInteger(value, number)) // no rule changes such a text
+        return number;
+
+    detail::RuledText const ruled(rule, value);
+    std::string const& text = ruled.Get();
+    if (text.empty())
+        FailNumberText(text, typeName);
+    detail::IntegerText const read = detail::ScanInteger(text);
+    unsigned long long limit = static_cast<unsigned long long>(std::numeric_limits<Integer>::max());
+    if (std::is_signed_v<Integer> && read.isNegative)
+        ++limit;
+    if (read.isBeyond64Bits || read.magnitude > limit)
+        FailNumberTooLarge(text, typeName);
+    if (!IsAtEnd(text, read.length))
+        FailNumberText(text, typeName);
+    return static_cast<Integer>(read.isNegative ? 0 - read.magnitude : read.magnitude);
+}
+
+// The message shows the text as it came, before the rule.
+template <class Small, class Wide>
+Small NarrowInteger(Wide number, std::string const& value, char const* typeName) {
+    if (number < std::numeric_limits<Small>::min() || number > std::numeric_limits<Small>::max())
+        FailNumberTooLarge(value, typeName);
+    return static_cast<Small>(number);
+}
+
+double RealFromText(std::string const& value, Rule rule, char const* typeName) {
+    if (IsKnownRule(rule)) {
+        // No rule changes the number in a text that is one as a whole: they touch only what is skipped.
+        detail::RealText const read = detail::ScanReal(value);
+        if (read.length != 0 && read.length == value.size())
+            return read.value;
+    }
+
+    detail::RuledText const ruled(rule, value);
+    std::string const& text = ruled.Get();
+    if (text.empty())
+        FailNumberText(text, typeName);
+    if (text == "NaN" || text == "1.#QNAN" || text == "-NAN")
+        return std::numeric_limits<double>::quiet_NaN();
+    if (text == "-INF")
+        return -std::numeric_limits<double>::infinity();
+    if (text == "INF")
+        return std::numeric_limits<double>::infinity();
+    detail::RealText const read = detail::ScanReal(text);
+    if (!IsAtEnd(text, read.length))
+        FailNumberText(text, typeName);
+    return read.value;
+}
+
+std::string RealToText(double value, std::string const& format, int digits, std::size_t limit) {
+    if (std::isnan(value))
+        return "NaN";
+    if (std::isinf(value))
+        return value < 0 ? "-INF" : "INF";
+    return format.empty() ? detail::PrintReal(value, digits) : detail::PrintReal(value, format, limit);
+}
+
+constexpr int kDigitsR4 = 7;
+constexpr int kDigitsR8 = 16;
+constexpr std::size_t kLimitR4 = 31;
+constexpr std::size_t kLimitR8 = 47;
+
+} // namespace
+
+std::string CConversions::i1ToString(char value) {
+    return detail::PrintInteger(static_cast<int>(static_cast<signed char>(value)));
+}
+
+char CConversions::i1FromString(std::string const& value, WhitespaceRule rule) {
+    return static_cast<char>(NarrowInteger<signed char>(i4FromString(value, rule), value, "i1"));
+}
+
+std::string CConversions::i2ToString(short value) {
+    return detail::PrintInteger(value);
+}
+
+short CConversions::i2FromString(std::string const& value, WhitespaceRule rule) {
+    return NarrowInteger<short>(i4FromString(value, rule), value, "i2");
+}
+
+std::string CConversions::i4ToString(std::int32_t value) {
+    return detail::PrintInteger(value);
+}
+
+std::int32_t CConversions::i4FromString(std::string const& value, WhitespaceRule rule) {
+    return IntegerFromText<std::int32_t>(value, rule, "i4");
+}
+
+std::string CConversions::i8ToString(long long value) {
+    return detail::PrintInteger(value);
+}
+
+long long CConversions::i8FromString(std::string const& value, WhitespaceRule rule) {
+    return IntegerFromText<long long>(value, rule, "i8");
+}
+
+std::string CConversions::ui1ToString(unsigned char value) {
+    return detail::PrintInteger(static_cast<unsigned>(value));
+}
+
+unsigned char CConversions::ui1FromString(std::string const& value, WhitespaceRule rule) {
+    return NarrowInteger<unsigned char>(ui4FromString(value, rule), value, "ui1");
+}
+
+std::string CConversions::ui2ToString(unsigned short value) {
+    return detail::PrintInteger(value);
+}
+
+unsigned short CConversions::ui2FromString(std::string const& value, WhitespaceRule rule) {
+    return NarrowInteger<unsigned short>(ui4FromString(value, rule), value, "ui2");
+}
+
+std::string CConversions::ui4ToString(std::uint32_t value) {
+    return detail::PrintInteger(value);
+}
+
+std::uint32_t CConversions::ui4FromString(std::string const& value, WhitespaceRule rule) {
+    return IntegerFromText<std::uint32_t>(value, rule, "ui4");
+}
+
+std::string CConversions::ui8ToString(unsigned long long value) {
+    return detail::PrintInteger(value);
+}
+
+unsigned long long CConversions::ui8FromString(std::string const& value, WhitespaceRule rule) {
+    return IntegerFromText<unsigned long long>(value, rule, "ui8");
+}
+
+std::string CConversions::r4ToString(float value) {
+    return r4ToString(value, std::string());
+}
+
+std::string CConversions::r4ToString(float value, std::string const& format) {
+    return RealToText(static_cast<double>(value), format, kDigitsR4, kLimitR4);
+}
+
+float CConversions::r4FromString(std::string const& value, WhitespaceRule rule) {
+    static_assert(std::numeric_limits<float>::is_iec559); // a double beyond a float narrows to infinity
+    return static_cast<float>(RealFromText(value, rule, "r4"));
+}
+
+std::string CConversions::r8ToString(double value) {
+    return r8ToString(value, std::string());
+}
+
+std::string CConversions::r8ToString(double value, std::string const& format) {
+    return RealToText(value, format, kDigitsR8, kLimitR8);
+}
+
+double CConversions::r8FromString(std::string const& value, WhitespaceRule rule) {
+    return RealFromText(value, rule, "r8");
+}
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,92 @@
+// Numbers from and to text, whatever locale the process has set.
+#include "zvxmllib/values/NumberText.h"
+
+#include "zvxmllib/platform/NumericLocale.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+namespace ZvXmlLib16::detail {
+
+namespace {
+
+constexpr std::size_t kFormattedSize = 48;
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// isspace of the C locale, which takes two more characters than XML does.
+bool IsSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+// Passes white space and a sign; true if the sign is a minus.
+bool SkipToDigits(char const*& at) {
+    while (IsSpace(*at))
+        ++at;
+    bool const isNegative = *at == '-';
+    if (isNegative || *at == '+')
+        ++at;
+    return isNegative;
+}
+
+} // namespace
+
+IntegerText ScanInteger(std::string const& text) {
+    IntegerText result;
+    char const* const begin = text.c_str();
+    char const* at = begin;
+    result.isNegative = SkipToDigits(at);
+    if (!IsDigit(*at))
+        return result;
+    for (; IsDigit(*at); ++at) {
+        constexpr unsigned long long kMax = std::numeric_limits<unsigned long long>::max();
+        auto const digit = static_cast<unsigned>(*at - '0');
+        if (result.magnitude > (kMax - digit) / 10)
+            result.isBeyond64Bits = true;
+        else
+            result.magnitude = result.magnitude * 10 + digit;
+    }
+    result.length = static_cast<std::size_t>(at - begin);
+    return result;
+}
+
+RealText ScanReal(std::string const& text) {
+    RealText result;
+    char const* const begin = text.c_str();
+    char const* at = begin;
+    bool const isNegative = SkipToDigits(at);
+    if (!IsDigit(*at) && !(*at == '.' && IsDigit(at[1])))
+        return result;
+    std::from_chars_result const read = std::from_chars(at, begin + text.size(), result.value);
+    if (read.ec == std::errc::result_out_of_range) { // leaves the value open: too large or too small
+        platform::CNumericLocaleGuard const guard;
+        result.value = std::strtod(at, nullptr);
+    }
+    if (isNegative)
+        result.value = -result.value;
+    result.length = static_cast<std::size_t>(read.ptr - begin);
+    return result;
+}
+
+std::string PrintReal(double value, int digits) {
+    char buffer[kFormattedSize];
+    std::to_chars_result const printed =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, digits);
+    return std::string(buffer, printed.ptr);
+}
+
+std::string PrintReal(double value, std::string const& format, std::size_t limit) {
+    char buffer[kFormattedSize] = "";
+    platform::CNumericLocaleGuard const guard;
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral" // the format is the application's own
+    int const printed = std::snprintf(buffer, std::min(limit + 1, sizeof buffer), format.c_str(), value);
+#pragma GCC diagnostic pop
+    return printed > 0 ? std::string(buffer) : std::string();
+}
+
+} // namespace ZvXmlLib16::detail

@@ -1,0 +1,48 @@
+// A text after its whitespace rule, without a copy where the rule changes nothing.
+#pragma once
+
+#include "zvxmllib/values/Whitespace.h"
+
+#include <algorithm>
+#include <string>
+
+namespace ZvXmlLib16::detail {
+
+// Borrows the text that it is given where it can, so that text must live longer.
+class RuledText {
+public:
+    // Throws CZvException for a rule out of range.
+    RuledText(CWhitespaceUtils::WhitespaceRule rule, std::string const& text) : m_text(text) {
+        if (MayChange(rule, text)) {
+            m_changed = CWhitespaceUtils::ApplyRule(rule, text);
+            m_isChanged = true;
+        }
+    }
+    RuledText(RuledText const&) = delete;
+    RuledText& operator=(RuledText const&) = delete;
+
+    std::string const& Get() const noexcept { return m_isChanged ? m_changed : m_text; }
+    // The string that only this object holds, null where the text is the borrowed one.
+    std::string* Own() noexcept { return m_isChanged ? &m_changed : nullptr; }
+
+private:
+    // False only if the rule leaves the text as it is.
+    static bool MayChange(CWhitespaceUtils::WhitespaceRule rule, std::string const& text) {
+        switch (rule) {
+        case CWhitespaceUtils::WhitespaceRule_None:
+            return false;
+        case CWhitespaceUtils::WhitespaceRule_Preserve:
+            return text.find('\r') != std::string::npos;
+        case CWhitespaceUtils::WhitespaceRule_Replace:
+        case CWhitespaceUtils::WhitespaceRule_Collapse:
+            return std::any_of(text.begin(), text.end(), CWhitespaceUtils::IsWhiteSpace);
+        }
+        return true;
+    }
+
+    std::string const& m_text;
+    std::string m_changed;
+    bool m_isChanged = false;
+};
+
+} // namespace ZvXmlLib16::detail

@@ -1,0 +1,281 @@
+// ZvVariant, the value carrier between the properties of generated classes and the library.
+#include "zvxmllib/values/ZvVariant.h"
+
+#include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/values/Failures.h"
+
+#include <new>
+#include <utility>
+
+namespace ZvXmlLib16 {
+
+static_assert(sizeof(ZvVariant) <= 64, "a variant fills no more than a cache line");
+
+ZvVariant::ZvVariant() noexcept : m_ui8(0) {}
+
+ZvVariant::ZvVariant(ZvVariant const& other) : m_ui8(0) {
+    CopyValue(other);
+}
+
+ZvVariant::ZvVariant(ZvVariant&& other) noexcept : m_ui8(0) {
+    TakeValue(other);
+}
+
+ZvVariant::~ZvVariant() {
+    DropValue();
+}
+
+ZvVariant& ZvVariant::operator=(ZvVariant const& other) {
+    if (this == &other)
+        return *this;
+    CSmartPtr<CXmlObjectBase> const held(FindXmlObject()); // `other` may live in what this one holds
+    Clear();
+    CopyValue(other);
+    return *this;
+}
+
+ZvVariant& ZvVariant::operator=(ZvVariant&& other) noexcept {
+    if (this == &other)
+        return *this;
+    CSmartPtr<CXmlObjectBase> const held(FindXmlObject());
+    Clear();
+    TakeValue(other);
+    return *this;
+}
+
+void ZvVariant::Clear() {
+    if (m_type == ItemType_invalid)
+        return;
+    DropValue();
+    m_isNil = false;
+    m_type = ItemType_invalid;
+}
+
+void ZvVariant::SetInvalid() {
+    Clear();
+    m_isNil = false;
+}
+
+void ZvVariant::SetNil() {
+    SetNil(m_type);
+}
+
+void ZvVariant::SetNil(ItemType type) {
+    BeginValue(type);
+    m_isNil = true;
+}
+
+// Gives back what the slot holds and leaves it at 0; the type is the caller's to set.
+void ZvVariant::DropValue() noexcept {
+    if (!m_isNil) {
+        switch (m_type) {
+        case ItemType_hexBinary:
+        case ItemType_base64Binary:
+            m_binary.~CBinaryData();
+            break;
+        case ItemType_string:
+            m_text.clear();
+            break;
+        case ItemType_XmlObjectBase:
+            if (m_pXmlObj != nullptr)
+                m_pXmlObj->Release();
+            break;
+        case ItemType_XmlCollection:
+            if (m_pXmlCol != nullptr)
+                m_pXmlCol->Release();
+            break;
+        default: // in the slot itself
+            break;
+        }
+    }
+    m_ui8 = 0;
+}
+
+void ZvVariant::BeginValue(ItemType type) noexcept {
+    DropValue();
+    m_isNil = false;
+    m_type = type;
+}
+
+// This variant is in its initial state, or was cleared.
+void ZvVariant::CopyValue(ZvVariant const& other) {
+    if (!other.m_isNil) {
+        switch (other.m_type) {
+        case ItemType_hexBinary:
+        case ItemType_base64Binary:
+            ::new (&m_binary) CBinaryData(other.m_binary);
+            break;
+        case ItemType_string:
+            m_text = other.m_text;
+            m_pString = &m_text;
+            break;
+        case ItemType_XmlObjectBase:
+            m_pXmlObj = other.m_pXmlObj;
+            if (m_pXmlObj != nullptr)
+                m_pXmlObj->AddRef();
+            break;
+        case ItemType_XmlCollection:
+            m_pXmlCol = other.m_pXmlCol;
+            if (m_pXmlCol != nullptr)
+                m_pXmlCol->AddRef();
+            break;
+        default:
+            if (other.m_type > ItemType_XmlCollection)
+                FailUnknownType();
+            m_ui8 = other.m_ui8;
+            break;
+        }
+    }
+    m_type = other.m_type;
+    m_isNil = other.m_isNil;
+}
+
+// As CopyValue; the other variant becomes invalid.
+void ZvVariant::TakeValue(ZvVariant& other) noexcept {
+    if (!other.m_isNil) {
+        switch (other.m_type) {
+        case ItemType_hexBinary:
+        case ItemType_base64Binary:
+            ::new (&m_binary) CBinaryData(std::move(other.m_binary));
+            other.m_binary.~CBinaryData();
+            break;
+        case ItemType_string:
+            m_text.swap(other.m_text);
+            m_pString = &m_text;
+            break;
+        default: // a counted pointer changes hands with its count
+            m_ui8 = other.m_ui8;
+            break;
+        }
+    }
+    m_type = std::exchange(other.m_type, ItemType_invalid);
+    m_isNil = std::exchange(other.m_isNil, false);
+    other.m_ui8 = 0;
+}
+
+#define ZV_SCALAR(Name, type, Value, field)                                                                  \
+    Value ZvVariant::Get##Name() const {                                                                     \
+        ZV_ASSERT(m_type == ItemType_##type);                                                                \
+        return field;                                                                                        \
+    }                                                                                                        \
+    void ZvVariant::Set##Name(Value value) {                                                                 \
+        BeginValue(ItemType_##type);                                                                         \
+        field = value;                                                                                       \
+    }
+ZV_SCALAR(I1, i1, char, m_i1)
+ZV_SCALAR(I2, i2, short, m_i2)
+ZV_SCALAR(I4, i4, std::int32_t, m_i4)
+ZV_SCALAR(I8, i8, long long, m_i8)
+ZV_SCALAR(UI1, ui1, unsigned char, m_ui1)
+ZV_SCALAR(UI2, ui2, unsigned short, m_ui2)
+ZV_SCALAR(UI4, ui4, std::uint32_t, m_ui4)
+ZV_SCALAR(UI8, ui8, unsigned long long, m_ui8)
+ZV_SCALAR(R4, r4, float, m_r4)
+ZV_SCALAR(R8, r8, double, m_r8)
+ZV_SCALAR(Char, char, char, m_char)
+ZV_SCALAR(Boolean, boolean, bool, m_boolean)
+#undef ZV_SCALAR
+
+CBinaryData ZvVariant::GetHexBinary() const {
+    ZV_ASSERT(m_type == ItemType_hexBinary);
+    return GetBinary();
+}
+
+void ZvVariant::SetHexBinary(CBinaryData const& value) {
+    SetBinary(ItemType_hexBinary, value);
+}
+
+CBinaryData ZvVariant::GetBase64Binary() const {
+    ZV_ASSERT(m_type == ItemType_base64Binary);
+    return GetBinary();
+}
+
+void ZvVariant::SetBase64Binary(CBinaryData const& value) {
+    SetBinary(ItemType_base64Binary, value);
+}
+
+CBinaryData ZvVariant::GetBinary() const noexcept {
+    bool const isBinary = m_type == ItemType_hexBinary || m_type == ItemType_base64Binary;
+    return isBinary && !m_isNil ? m_binary : CBinaryData();
+}
+
+void ZvVariant::SetBinary(ItemType type, CBinaryData const& value) {
+    CBinaryData share(value); // the value may live in what this variant holds
+    BeginValue(type);
+    ::new (&m_binary) CBinaryData(std::move(share));
+}
+
+std::string ZvVariant::GetString() const {
+    ZV_ASSERT(m_type == ItemType_string && m_pString != 0);
+    return m_text;
+}
+
+std::string ZvVariant::TakeString() {
+    ZV_ASSERT(m_type == ItemType_string && m_pString != 0);
+    std::string text = std::move(m_text);
+    m_text.clear();
+    return text;
+}
+
+// The setters write the text before they drop the old value, in which `value` may live.
+void ZvVariant::SetString(std::string const& value) {
+    m_text = value;
+    TextBecomesValue();
+}
+
+void ZvVariant::SetString(std::string&& value) {
+    if (&value != &m_text)
+        m_text = std::move(value);
+    TextBecomesValue();
+}
+
+void ZvVariant::SetString(char const* value) {
+    m_text = value != nullptr ? value : "";
+    TextBecomesValue();
+}
+
+void ZvVariant::TextBecomesValue() noexcept {
+    if (m_type != ItemType_string)
+        BeginValue(ItemType_string);
+    m_isNil = false;
+    m_pString = &m_text;
+}
+
+CSmartPtr<CXmlObjectBase> ZvVariant::GetXmlObject() const {
+    if (m_type != ItemType_XmlCollection) // a collection is an object too
+        ZV_ASSERT(m_type == ItemType_XmlObjectBase);
+    return FindXmlObject();
+}
+
+// The new count is taken before the old one goes: the object may live by what this variant holds.
+void ZvVariant::SetXmlObject(CXmlObjectBase* value) {
+    if (value != nullptr)
+        value->AddRef();
+    BeginValue(ItemType_XmlObjectBase);
+    m_pXmlObj = value;
+}
+
+CSmartPtr<CXmlCollectionBase> ZvVariant::GetXmlCollection() const {
+    ZV_ASSERT(m_type == ItemType_XmlCollection && m_pXmlCol != 0);
+    return FindXmlCollection();
+}
+
+void ZvVariant::SetXmlCollection(CXmlCollectionBase* value) {
+    if (value != nullptr)
+        value->AddRef();
+    BeginValue(ItemType_XmlCollection);
+    m_pXmlCol = value;
+}
+
+CXmlObjectBase* ZvVariant::FindXmlObject() const noexcept {
+    if (m_type == ItemType_XmlObjectBase)
+        return m_pXmlObj;
+    return FindXmlCollection();
+}
+
+CXmlCollectionBase* ZvVariant::FindXmlCollection() const noexcept {
+    return m_type == ItemType_XmlCollection ? m_pXmlCol : nullptr;
+}
+
+} // namespace ZvXmlLib16

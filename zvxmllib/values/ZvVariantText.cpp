@@ -1,0 +1,127 @@
+// ZvVariant to and from text.
+#include "zvxmllib/values/Conversions.h"
+#include "zvxmllib/values/Failures.h"
+#include "zvxmllib/values/RuledText.h"
+#include "zvxmllib/values/ZvVariant.h"
+
+#include <iterator>
+#include <utility>
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+// By ItemType, from 1 on.
+constexpr char const* kTypeNames[] = {
+    "hexBinary", "base64Binary", "i1",   "i2",       "i4",        "i8",       "ui1",     "ui2",    "ui4",
+    "ui8",       "r4",           "r8",   "duration", "yearMonth", "monthDay", "year",    "month",  "day",
+    "date",      "datetime",     "time", "char",     "string",    "boolean",  "decimal", "integer"};
+static_assert(std::size(kTypeNames) == ItemType_integer);
+
+bool IsNamed(ItemType type) {
+    return type >= ItemType_hexBinary && type <= ItemType_integer;
+}
+
+// For what the conversions do not take: what is no text in any version, and the types that have a name but
+// no conversion.
+[[noreturn]] void FailConversion(ItemType type) {
+    if (IsNamed(type))
+        FailTypeNotCarried(type);
+    FailTypeToString(type);
+}
+
+} // namespace
+
+std::string ZvVariant::GetType() const {
+    if (!IsNamed(m_type))
+        FailTypeName(m_type);
+    return kTypeNames[m_type - 1];
+}
+
+std::string ZvVariant::ToString(char const* format) const {
+    std::string buffer;
+    std::string const& text = ToText(format, buffer);
+    return &text == &buffer ? std::move(buffer) : text;
+}
+
+std::string const& ZvVariant::ToText(char const* format, std::string& buffer) const {
+    auto const formatText = [format] { return std::string(format != nullptr ? format : ""); };
+    switch (m_type) {
+    case ItemType_hexBinary:
+        return buffer = CConversions::hexBinaryToString(GetBinary());
+    case ItemType_base64Binary:
+        return buffer = CConversions::base64BinaryToString(GetBinary());
+    case ItemType_i1:
+        return buffer = CConversions::i1ToString(m_i1);
+    case ItemType_i2:
+        return buffer = CConversions::i2ToString(m_i2);
+    case ItemType_i4:
+        return buffer = CConversions::i4ToString(m_i4);
+    case ItemType_i8:
+        return buffer = CConversions::i8ToString(m_i8);
+    case ItemType_ui1:
+        return buffer = CConversions::ui1ToString(m_ui1);
+    case ItemType_ui2:
+        return buffer = CConversions::ui2ToString(m_ui2);
+    case ItemType_ui4:
+        return buffer = CConversions::ui4ToString(m_ui4);
+    case ItemType_ui8:
+        return buffer = CConversions::ui8ToString(m_ui8);
+    case ItemType_r4:
+        return buffer = CConversions::r4ToString(m_r4, formatText());
+    case ItemType_r8:
+        return buffer = CConversions::r8ToString(m_r8, formatText());
+    case ItemType_char:
+        return buffer = CConversions::charToString(m_char);
+    case ItemType_string:
+        return m_text;
+    case ItemType_boolean:
+        return buffer = CConversions::booleanToString(m_boolean);
+    default:
+        FailConversion(m_type);
+    }
+}
+
+// Each value is parsed before its setter touches the variant.
+void ZvVariant::FromString(std::string const& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
+    switch (type) {
+    case ItemType_hexBinary:
+        return SetHexBinary(CConversions::hexBinaryFromString(text, rule));
+    case ItemType_base64Binary:
+        return SetBase64Binary(CConversions::base64BinaryFromString(text, rule));
+    case ItemType_i1:
+        return SetI1(CConversions::i1FromString(text, rule));
+    case ItemType_i2:
+        return SetI2(CConversions::i2FromString(text, rule));
+    case ItemType_i4:
+        return SetI4(CConversions::i4FromString(text, rule));
+    case ItemType_i8:
+        return SetI8(CConversions::i8FromString(text, rule));
+    case ItemType_ui1:
+        return SetUI1(CConversions::ui1FromString(text, rule));
+    case ItemType_ui2:
+        return SetUI2(CConversions::ui2FromString(text, rule));
+    case ItemType_ui4:
+        return SetUI4(CConversions::ui4FromString(text, rule));
+    case ItemType_ui8:
+        return SetUI8(CConversions::ui8FromString(text, rule));
+    case ItemType_r4:
+        return SetR4(CConversions::r4FromString(text, rule));
+    case ItemType_r8:
+        return SetR8(CConversions::r8FromString(text, rule));
+    case ItemType_char:
+        return SetChar(CConversions::charFromString(text, rule));
+    case ItemType_string: {
+        detail::RuledText ruled(rule, text); // into the room that the variant has
+        if (std::string* const own = ruled.Own())
+            return SetString(std::move(*own));
+        return SetString(ruled.Get());
+    }
+    case ItemType_boolean:
+        return SetBoolean(CConversions::booleanFromString(text, rule));
+    default:
+        FailConversion(type);
+    }
+}
+
+} // namespace ZvXmlLib16
