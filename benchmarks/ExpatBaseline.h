@@ -1,0 +1,10 @@
+// The least that reading XML text costs: the parser with namespaces and handlers that do nothing.
+#pragma once
+
+#include <string>
+
+namespace bench {
+
+void ParseOnly(std::string const& text);
+
+} // namespace bench

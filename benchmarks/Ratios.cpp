@@ -1,0 +1,101 @@
+// Ratios that do not depend on the machine, as medians over alternating runs, with the limits that hold.
+#include "benchmarks/AllocationCounter.h"
+#include "benchmarks/Documents.h"
+#include "benchmarks/ExpatBaseline.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+using namespace ZvXmlLib16;
+
+namespace {
+
+constexpr double kMostForTree = 1.6;  // times the parser alone
+constexpr double kMostForWriting = 1; // times building the tree of what is written
+constexpr double kMostMemory = 6;     // bytes for each byte of the document
+constexpr int kRounds = 15;
+constexpr double kSecondsOfRound = 0.03;
+
+template <class Work>
+double SecondsOf(int repetitions, Work work) {
+    auto const start = std::chrono::steady_clock::now();
+    for (int i = 0; i < repetitions; ++i)
+        work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+// The time of `work` by that of `base`: the median of rounds in which both take turns.
+template <class Work, class Base>
+double MedianRatio(Work work, Base base) {
+    double const once = SecondsOf(1, base) + SecondsOf(1, work); // warms up, too
+    int const repetitions = std::max(1, static_cast<int>(kSecondsOfRound / once));
+    int const rounds = repetitions == 1 ? kRounds / 3 : kRounds;
+    std::vector<double> ratios;
+    for (int round = 0; round < rounds; ++round) {
+        double const baseSeconds = SecondsOf(repetitions, base);
+        ratios.push_back(SecondsOf(repetitions, work) / baseSeconds);
+    }
+    std::nth_element(ratios.begin(), ratios.begin() + rounds / 2, ratios.end());
+    return ratios[static_cast<std::size_t>(rounds / 2)];
+}
+
+void LoadTree(std::string const& text) {
+    CXmlDocument document;
+    bench::Load(document, text);
+}
+
+// Without the copy of the input, which the document keeps besides.
+double MemoryOfTree(std::string const& text) {
+    std::size_t const before = bench::LiveBytes();
+    CXmlDocument document;
+    bench::Load(document, text);
+    return static_cast<double>(bench::LiveBytes() - before - text.size()) / static_cast<double>(text.size());
+}
+
+double MemoryOfObject(std::string const& text) {
+    std::size_t const before = bench::LiveBytes();
+    CSmartPtr<bench::CRootElement> const object = bench::ReadObject(text);
+    return static_cast<double>(bench::LiveBytes() - before) / static_cast<double>(text.size());
+}
+
+char Mark(double value, double limit) {
+    return value <= limit ? ' ' : '!';
+}
+
+void PrintRow(bench::Document const& document) {
+    std::string const& text = document.text;
+    CSmartPtr<bench::CRootElement> const object = bench::ReadObject(text);
+    CBinaryData const written = bench::WriteObject(*object);
+    std::string const compact(reinterpret_cast<char const*>(written.GetData()), written.GetLength());
+
+    double const tree = MedianRatio([&] { LoadTree(text); }, [&] { bench::ParseOnly(text); });
+    double const reading = MedianRatio([&] { bench::ReadObject(text); }, [&] { bench::ParseOnly(text); });
+    double const writing = MedianRatio([&] { bench::WriteObject(*object); }, [&] { LoadTree(compact); });
+    double const memory = MemoryOfTree(text);
+    std::printf("%-28s %10zu %8.2f%c %8.2f  %8.2f%c %8.2f%c %8.2f\n", document.name.c_str(), text.size(),
+                tree, Mark(tree, kMostForTree), reading, writing, Mark(writing, kMostForWriting), memory,
+                Mark(memory, kMostMemory), MemoryOfObject(text));
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main() {
+    SetGeneratorVersion(kLibraryMajorVersion, kLibraryMinorVersion);
+    SetLocalCharEncoding(65001);
+    std::printf(
+        "tree:    building the tree, by the time of the parser with empty handlers (limit %.1f)\n"
+        "object:  the same and an untyped object of it, by the time of the parser\n"
+        "write:   writing the object, by the time of building the tree of what is written (limit %.1f)\n"
+        "memory:  bytes of the tree for each byte of the document (limit %.1f)\n"
+        "untyped: bytes of the untyped object for each byte of the document\n"
+        "'!' is above the limit.\n\n",
+        kMostForTree, kMostForWriting, kMostMemory);
+    std::printf("%-28s %10s %8s  %8s  %8s  %8s  %8s\n", "document", "bytes", "tree", "object", "write",
+                "memory", "untyped");
+    for (bench::Document const& document : bench::AllDocuments())
+        PrintRow(document);
+    return 0;
+}
