@@ -1,0 +1,102 @@
+// The steps of writing that the members of the element family are made of.
+#include "zvxmllib/binding/NestingGuard.h"
+#include "zvxmllib/binding/XmlGeneratedClass.h"
+#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/binding/metadata/ElementInfoBase.h"
+#include "zvxmllib/binding/metadata/Failures.h"
+#include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/values/ZvVariant.h"
+#include "zvxmllib/writers/XmlWriter.h"
+
+namespace ZvXmlLib16Data {
+
+// A nil value is written also where the entry is not nillable. A value that equals the default is not tested
+// against the facets: whether its text stands in the output is the writer's to say.
+template <class ToText>
+bool CElementInfo::WriteProperty(Object const* object, CXmlWriter* writer, ToText toText) const {
+    ZvVariant value;
+    ReadProperty(object, value);
+    if (value.IsNil()) {
+        writer->WriteElementStart(m_name, m_namespace);
+        writer->WriteNilAttribute();
+        writer->WriteElementEnd();
+        return true;
+    }
+    if (!value.IsValid())
+        return false;
+    std::string const text = toText(value);
+    bool const isDefault = !m_defaultValue.empty() && text == m_defaultValue;
+    if (m_hasFacets && !isDefault)
+        CheckRestriction(value);
+    writer->WriteElementStart(m_name, m_namespace);
+    writer->WriteElementValue(text, m_hasRestrictions ? value.GetTypeAsEnum() : ZvXmlLib16::ItemType_string,
+                              isDefault);
+    writer->WriteElementEnd();
+    return true;
+}
+
+bool CElementInfo::ElementToXmlPrim(Ctx const&, Object const* object, CXmlWriter* writer) const {
+    return WriteProperty(object, writer,
+                         [this](ZvVariant const& value) { return value.ToString(m_formatOverride.c_str()); });
+}
+
+bool CElementInfo::ElementToXmlEnum(Ctx const&, Object const* object, CXmlWriter* writer,
+                                    EnumToString enumToString) const {
+    return WriteProperty(object, writer, [enumToString](ZvVariant const& value) {
+        char const* const text = enumToString(value.GetI4());
+        return std::string(text == nullptr ? "" : text);
+    });
+}
+
+// The tag comes from the child's own element name, so that a derived element keeps its name.
+bool CElementInfo::ElementToXmlCls(Ctx const& ctx, Object const* object, CXmlWriter* writer,
+                                   bool optionalChoice) const {
+    CSmartPtr<CXmlObjectBase> const child = GetObjectProperty(object);
+    if (child == nullptr)
+        return false;
+    ZvXmlLib16::NestingGuard const level;
+    CXmlObjectBase const& constChild = *child;
+    constChild.ToXml_Int(writer, false, m_namespace.c_str(), ctx, optionalChoice);
+    return true;
+}
+
+bool CElementInfo::ElementToXmlCol(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
+    CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
+    if (collection->GetCount() < 1)
+        return false;
+    writer->SetCollectionState(1);
+    CXmlObjectBase const& items = *collection->GetBase();
+    items.ToXml_Int(writer, false, m_namespace.c_str(), ctx, false);
+    writer->SetCollectionState(3);
+    return true;
+}
+
+bool CElementInfo::ElementToXmlColOfValidCount(Ctx const& ctx, Object const* object,
+                                               CXmlWriter* writer) const {
+    if (!ctx.GetIgnoreInvalidCollectionCounts())
+        GetCollectionProperty(object)->ValidateCount(ctx);
+    return ElementToXmlCol(ctx, object, writer);
+}
+
+bool CElementInfo::Mandatory(bool written) const {
+    if (!written)
+        FailMandatoryProperty(m_name);
+    return true;
+}
+
+void CElementInfo::ObjectAttributesToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer,
+                                         XmlElementType elementType) const {
+    if (elementType != XmlElementType_Pseudo)
+        return;
+    CSmartPtr<CXmlObjectBase> const child = GetObjectProperty(object);
+    if (child != nullptr)
+        AttributesToXml_Int(child, writer, ctx);
+}
+
+void CElementInfo::CollectionAttributesToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer,
+                                             XmlElementType elementType) const {
+    if (elementType == XmlElementType_Pseudo)
+        AttributesToXml_Int(GetCollectionProperty(object), writer, ctx);
+}
+
+} // namespace ZvXmlLib16Data

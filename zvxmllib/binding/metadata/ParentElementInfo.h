@@ -1,0 +1,68 @@
+// CParentElementInfo, what a generated class itself is.
+#pragma once
+
+#include "zvxmllib/foundation/Enumerations.h"
+#include "zvxmllib/platform/Api.h"
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+#include <typeinfo>
+
+namespace ZvXmlLib16 {
+class CXmlGeneratedClass;
+}
+
+namespace ZvXmlLib16Data {
+
+// One for each generated class, shared by its instances; immutable.
+class ZV_API CParentElementInfo {
+public:
+    // A null format override is an empty one. `primitiveValuePropertyIndex` is -1 and `primitiveDataType`
+    // ItemType_invalid for a class without simple content.
+    CParentElementInfo(ZvXmlLib16::XmlElementGroupType elementGroupType,
+                       ZvXmlLib16::XmlElementType elementType, char const* elementName,
+                       char const* elementNamespace, bool fromXmlFailIfAttributeUnknown, bool hasBaseClasses,
+                       std::int32_t primitiveValuePropertyIndex, ZvXmlLib16::ItemType primitiveDataType,
+                       char const* primitiveFormatOverride, bool outputPrimitiveClassAsTextProperty);
+    CParentElementInfo(CParentElementInfo const&) = delete;
+    CParentElementInfo& operator=(CParentElementInfo const&) = delete;
+    virtual ~CParentElementInfo();
+
+    // The content model.
+    ZvXmlLib16::XmlElementGroupType GetElementGroupType() const noexcept { return m_elementGroupType; }
+    // Own tag or group.
+    ZvXmlLib16::XmlElementType GetElementType() const noexcept { return m_elementType; }
+    // The name of the type's element, which xsi:type names too.
+    std::string const& GetElementName() const noexcept { return m_elementName; }
+    std::string const& GetElementNamespace() const noexcept { return m_elementNamespace; }
+    // Whether an attribute that fits no entry is an error.
+    bool GetFromXmlFailIfAttributeUnknown() const noexcept { return m_fromXmlFailIfAttributeUnknown; }
+    // Whether the type takes part in a derivation, so that xsi:type may be needed.
+    bool GetHasBaseClasses() const noexcept { return m_hasBaseClasses; }
+    std::int32_t GetPrimitiveValuePropertyIndex() const noexcept { return m_primitiveValuePropertyIndex; }
+    ZvXmlLib16::ItemType GetPrimitiveDataType() const noexcept { return m_primitiveDataType; }
+    std::string const& GetPrimitiveFormatOverride() const noexcept { return m_primitiveFormatOverride; }
+    // Whether the text of simple content goes to the property unparsed.
+    bool GetOutputPrimitiveClassAsTextProperty() const noexcept {
+        return m_outputPrimitiveClassAsTextProperty;
+    }
+
+private:
+    friend class ZvXmlLib16::CXmlGeneratedClass;
+
+    ZvXmlLib16::XmlElementGroupType m_elementGroupType;
+    ZvXmlLib16::XmlElementType m_elementType;
+    std::string m_elementName;
+    std::string m_elementNamespace;
+    bool m_fromXmlFailIfAttributeUnknown;
+    bool m_hasBaseClasses;
+    std::int32_t m_primitiveValuePropertyIndex;
+    ZvXmlLib16::ItemType m_primitiveDataType;
+    std::string m_primitiveFormatOverride;
+    bool m_outputPrimitiveClassAsTextProperty;
+    // The class last found to have no INillable: spares the driver a checked cast for each object.
+    mutable std::atomic<std::type_info const*> m_classWithoutNil{nullptr};
+};
+
+} // namespace ZvXmlLib16Data
