@@ -3,6 +3,7 @@
 
 #include "zvxmllib/platform/Api.h"
 
+#include <atomic>
 #include <cstdint>
 
 namespace ZvXmlLib16 {
@@ -15,10 +16,18 @@ inline constexpr std::int32_t kLibraryMinorVersion = 1;
 ZV_API void SetGeneratorVersion(std::int32_t major, std::int32_t minor);
 
 namespace detail {
+
 // Shows the error box and throws CZvException if the versions differ.
 void CheckGeneratorVersion();
-// Shows the error box at the first call in the process, if the versions differ.
-void WarnOfGeneratorVersionOnce();
+
+// Shows the error box if the versions differ; nothing after the first call in the process.
+void CompareGeneratorVersion() noexcept;
+extern std::atomic<bool> g_isGeneratorVersionCompared;
+inline void CompareGeneratorVersionOnce() noexcept {
+    if (!g_isGeneratorVersionCompared.load(std::memory_order_relaxed))
+        CompareGeneratorVersion();
+}
+
 } // namespace detail
 
 } // namespace ZvXmlLib16

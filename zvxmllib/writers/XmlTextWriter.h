@@ -4,8 +4,10 @@
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ZvXmlLib16 {
 
@@ -36,7 +38,7 @@ public:
     // EOLType_LF at first. Throws CZvException for a value out of range.
     EOLType GetEOLType() const noexcept { return m_eolType; }
     void SetEOLType(EOLType eol);
-    // One tab at first.
+    // One tab at first; null for none.
     std::string GetIndentChars() const { return m_indent; }
     void SetIndentChars(char const* indent);
     // False at first.
@@ -53,11 +55,25 @@ public:
     void WriteRawLine(std::string const& text);
 
 private:
-    void FlushIfLarge();
+    // The tags of the element that is open at one depth, or was the last one to be.
+    struct Tags {
+        std::string name;
+        std::string alias;     // empty for no prefix
+        std::string text;      // "<alias:name</alias:name>"
+        std::size_t start = 0; // length of the start tag
+    };
+
+    void RequireOpenStartTag() const;
+    void CloseStartTag();
+    void AppendEndOfLine();
     void AppendIndent(std::int32_t depth);
+    void AppendStartTag(std::int32_t depth, std::string const& name, std::string_view alias);
     void AppendEscapedText(std::string const& text);
     void AppendEscapedAttribute(std::string const& text);
-    void AppendDeclaration(std::string_view prefix, std::string const& ns);
+    // xmlns:alias="ns", for an empty alias xmlns="ns".
+    void AppendDeclaration(std::string_view alias, std::string const& ns);
+    void AppendRootDeclarations();
+    void FlushIfLarge();
 
     bool m_writeDefaultElementValues = false;
     std::string m_indent{"\t"};
@@ -65,6 +81,9 @@ private:
     EOLType m_eolType = EOLType_LF;
     bool m_formatted = true;
     CTextStream* m_sink;
+
+    std::vector<Tags> m_tags; // by depth: the next element at a depth often has the name of the last one
+    std::string m_indents;    // m_indent as many times as the greatest depth so far
 };
 
 } // namespace ZvXmlLib16

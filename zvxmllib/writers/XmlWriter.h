@@ -5,10 +5,13 @@
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/MemoryLeakHelp.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
+#include <vector>
 
 namespace ZvXmlLib16 {
 
@@ -21,6 +24,11 @@ public:
     // Namespace URI to alias, ordered by the URI.
     using NamespaceMap = std::map<std::string, std::string>;
 
+    // One open element and its scope of aliases.
+    class CXmlWriterContext;
+
+    CXmlWriter(CXmlWriter const&) = delete;
+    CXmlWriter& operator=(CXmlWriter const&) = delete;
     ~CXmlWriter() override;
 
     virtual void Open();
@@ -54,50 +62,56 @@ public:
     // 1 just before the items of a collection are written, 3 just after; nothing without an open element.
     void SetCollectionState(int state);
 
-    // Where a collection of the current element stands: what SetCollectionState stored.
-    class CXmlWriterContext;
-
 protected:
+    // Derived classes are counted under their own names.
     explicit CXmlWriter(char const* className);
     explicit CXmlWriter(Registration& registration);
 
-    // The first alias of AA, AB, ... ZZ, AAA, ... that the map does not hold.
-    static std::string GenerateAlias(NamespaceMap const& map);
+    // Gives `ns` the first alias of AA, AB, ... ZZ, AAA, AAB, ... that is free in the scope of the context.
+    // Valid until the context is used again.
+    static std::string const& GenerateAlias(CXmlWriterContext& context, std::string const& ns);
 
     // Opens an element inside the current one, or the root. Contexts that have been closed are used again.
     CXmlWriterContext& PushContext(std::string const& name, std::string const& ns);
     // Closes the innermost element; its context stays valid until the next PushContext.
-    void PopContext();
+    void PopContext() noexcept;
 
-    std::string m_defaultNamespace;        // of the root element's context
+    std::string m_defaultNamespace;          // of the root element's context
     CXmlWriterContext* m_pContext = nullptr; // innermost open element, null outside the root
-    NamespaceMap m_namespaceMap;           // known before the root element
+    NamespaceMap m_namespaceMap;             // known before the root element
 
 private:
-    std::unique_ptr<CXmlWriterContext> m_root;  // the outermost context; each owns the next inner one
-    std::int32_t m_contextsCreated = 0;
+    void SettleContextCounts(std::int32_t ended) noexcept;
+
+    std::vector<std::unique_ptr<CXmlWriterContext>> m_contexts; // from the root inwards, then closed ones
+    std::size_t m_openContexts = 0;
+    ClassType* m_contextRecord = nullptr;  // of the root that is open
+    std::int32_t m_contextsNotCounted = 0; // made inside that root
 };
 
-// One open element and its scope of aliases. A scope of its own is made only when it is needed; otherwise
-// default namespace and map are those of the parent.
+// A scope of its own is made only when it is needed, otherwise the parent's is in force; and it holds only
+// what is new in it. So neither a deep document nor one with many namespaces copies aliases about.
 class ZV_API CXmlWriter::CXmlWriterContext {
 public:
     CXmlWriterContext(CXmlWriterContext const&) = delete;
     CXmlWriterContext& operator=(CXmlWriterContext const&) = delete;
+    ~CXmlWriterContext();
 
     std::string const& GetDefaultNamespace() const noexcept { return m_scope->m_ownDefaultNamespace; }
-    NamespaceMap const& GetNamespaceMap() const noexcept { return m_scope->m_ownMap; }
-    // The alias of `ns` in this scope, null if there is none. An empty alias counts as none.
-    std::string const* FindAlias(std::string const& ns) const;
+    // The alias of `ns` in this scope, null if there is none. An empty alias counts as none. Valid until
+    // the scope changes.
+    std::string const* FindAlias(std::string const& ns) const {
+        NamespaceMap::value_type const* const last = m_scope->m_lastAlias;
+        return last != nullptr && last->first == ns ? &last->second : m_scope->LookUpAlias(ns);
+    }
     void SetNamespaceMapValue(std::string const& ns, std::string const& alias);
     void SetDefaultNamespace(std::string const& ns);
 
-    std::int32_t m_childCount = 0;   // elements written inside this one
-    bool m_startTagOpen = true;      // not yet closed by a ">"
-    std::int32_t m_depth = 0;        // 0 for the root
+    std::int32_t m_childCount = 0; // elements written inside this one
+    bool m_startTagOpen = true;    // not yet closed by a ">"
+    std::int32_t m_depth = 0;      // 0 for the root
     std::string m_namespace;
     std::string m_name;
-    std::string m_qualifiedName;     // as written at the start tag, repeated at the end tag
     CXmlWriterContext* m_parent = nullptr;
     bool m_doubleTerminator = false; // of the Fast Infoset writer
     bool m_arrayOpen = false;        // "[" written, "]" not yet
@@ -105,17 +119,30 @@ public:
 
 private:
     friend class CXmlWriter;
-    CXmlWriterContext() = default;
+    CXmlWriterContext();
 
+    // Begins the life of another element.
     void Reset(CXmlWriterContext* parent, std::string const& name, std::string const& ns);
     void MakeOwnScope();
+    void EnterGiven(std::string const& ns, std::string const& alias);
+    void Enter(std::string const& ns, std::string const& alias);
+    std::string const* LookUpAlias(std::string const& ns) const;
+    bool IsGivenAlias(std::uint64_t number) const;
 
     CXmlWriterContext* m_scope = this; // the context that holds the scope in force
+
+    // Of a context with a scope of its own:
+    CXmlWriterContext* m_outerScope = nullptr; // where a namespace not found here is looked up
     std::string m_ownDefaultNamespace;
     NamespaceMap m_ownMap;
-    std::unique_ptr<CXmlWriterContext> m_inner; // used again for the next element at this depth
-    // The last answer of FindAlias in this scope; points into m_ownMap, null when nothing is kept.
-    mutable NamespaceMap::value_type const* m_lastAlias = nullptr;
+    mutable NamespaceMap::value_type const* m_lastAlias = nullptr; // the last answer, null when not known
+    // Aliases are numbered in the order in which they are generated. All below the next one are taken; among
+    // those above it are some that were not generated but given to this scope. An alias stays taken when its
+    // namespace gets another one.
+    std::uint64_t m_nextAlias = 0;
+    std::set<std::uint64_t> m_givenAliases;
+
+    std::vector<NamespaceMap::node_type> m_spareEntries; // kept with the capacity of their strings
 };
 
 } // namespace ZvXmlLib16

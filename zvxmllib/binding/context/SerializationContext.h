@@ -7,8 +7,8 @@
 #include "zvxmllib/foundation/SmartPtr.h"
 #include "zvxmllib/platform/Api.h"
 
+#include <atomic>
 #include <list>
-#include <mutex>
 #include <string>
 
 namespace ZvXmlLib16 {
@@ -31,57 +31,63 @@ public:
     void SetDefaultNamespaceURI(char const* uri);
 
     // Whether xsi:type names the class of an object under another element name than its own. True.
-    bool GetWriteTypeAttribute() const noexcept;
-    void SetWriteTypeAttribute(bool write) noexcept;
+    bool GetWriteTypeAttribute() const noexcept { return m_writeTypeAttribute; }
+    void SetWriteTypeAttribute(bool write) noexcept { m_writeTypeAttribute = write; }
 
     // The prefixes declared at the root.
-    CNamespaceAliasMap const& GetNamespaceAliases() const noexcept;
-    CNamespaceAliasMap& GetNamespaceAliases() noexcept;
+    CNamespaceAliasMap const& GetNamespaceAliases() const noexcept { return m_namespaceAliases; }
+    CNamespaceAliasMap& GetNamespaceAliases() noexcept { return m_namespaceAliases; }
 
     // Attributes written on the root element, ahead of the object's own. Made at first use.
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
 
     // Whole instructions, written in order ahead of the root element.
-    std::list<std::string> const& GetProcessingInstructions() const noexcept;
-    std::list<std::string>& GetProcessingInstructions() noexcept;
+    std::list<std::string> const& GetProcessingInstructions() const noexcept {
+        return m_processingInstructions;
+    }
+    std::list<std::string>& GetProcessingInstructions() noexcept { return m_processingInstructions; }
 
     // Written as it is inside the root's start tag, behind its attributes.
     std::string GetInLineSchema() const;
     void SetInLineSchema(char const* schema);
 
-    bool GetIgnoreInvalidCollectionCounts() const noexcept;
-    void SetIgnoreInvalidCollectionCounts(bool ignore) noexcept;
+    bool GetIgnoreInvalidCollectionCounts() const noexcept { return m_ignoreInvalidCollectionCounts; }
+    void SetIgnoreInvalidCollectionCounts(bool ignore) noexcept { m_ignoreInvalidCollectionCounts = ignore; }
 
-    bool GetIgnoreMissingChoice() const noexcept;
-    void SetIgnoreMissingChoice(bool ignore) noexcept;
+    bool GetIgnoreMissingChoice() const noexcept { return m_ignoreMissingChoice; }
+    void SetIgnoreMissingChoice(bool ignore) noexcept { m_ignoreMissingChoice = ignore; }
 
     // The next two exclude each other; setting both throws CZvInvalidStateException.
-    bool GetIgnoreMissingMandatoryElements() const noexcept;
+    bool GetIgnoreMissingMandatoryElements() const noexcept { return m_ignoreMissingMandatoryElements; }
     void SetIgnoreMissingMandatoryElements(bool ignore);
-    bool GetIgnoreUnknownElements() const noexcept;
+    bool GetIgnoreUnknownElements() const noexcept { return m_ignoreUnknownElements; }
     void SetIgnoreUnknownElements(bool ignore);
 
-    bool GetIgnoreUnknownAttributes() const noexcept;
-    void SetIgnoreUnknownAttributes(bool ignore) noexcept;
+    bool GetIgnoreUnknownAttributes() const noexcept { return m_ignoreUnknownAttributes; }
+    void SetIgnoreUnknownAttributes(bool ignore) noexcept { m_ignoreUnknownAttributes = ignore; }
 
     // Match by local names alone; always true for SchemaType_NoNamespaces.
-    bool GetIgnoreNamespaces() const noexcept;
-    void SetIgnoreNamespaces(bool ignore) noexcept;
+    bool GetIgnoreNamespaces() const noexcept {
+        return m_ignoreNamespaces || m_schemaType == SchemaType_NoNamespaces;
+    }
+    void SetIgnoreNamespaces(bool ignore) noexcept { m_ignoreNamespaces = ignore; }
 
-    SchemaType GetSchemaType() const noexcept;
-    void SetSchemaType(SchemaType type) noexcept;
+    SchemaType GetSchemaType() const noexcept { return m_schemaType; }
+    void SetSchemaType(SchemaType type) noexcept { m_schemaType = type; }
 
     // An optional attribute that equals its default is not written.
-    bool GetNoOptionalAttributeDefaultOutput() const noexcept;
-    void SetNoOptionalAttributeDefaultOutput(bool noOutput) noexcept;
+    bool GetNoOptionalAttributeDefaultOutput() const noexcept { return m_noOptionalAttributeDefaultOutput; }
+    void SetNoOptionalAttributeDefaultOutput(bool noOutput) noexcept {
+        m_noOptionalAttributeDefaultOutput = noOutput;
+    }
 
     // An element that equals its default is written with its text; otherwise it is written empty.
-    bool GetWriteDefaultElementValues() const noexcept;
-    void SetWriteDefaultElementValues(bool write) noexcept;
+    bool GetWriteDefaultElementValues() const noexcept { return m_writeDefaultElementValues; }
+    void SetWriteDefaultElementValues(bool write) noexcept { m_writeDefaultElementValues = write; }
 
     // False keeps the marks of CDATA sections in the texts read. True.
-    bool GetStripCDATA() const noexcept;
-    void SetStripCDATA(bool strip) noexcept;
+    bool GetStripCDATA() const noexcept { return m_stripCDATA; }
+    void SetStripCDATA(bool strip) noexcept { m_stripCDATA = strip; }
 
     // One unit of indent: blanks and tabs, one tab at first; null for none. Other characters throw
     // CZvInvalidParamException.
@@ -91,7 +97,8 @@ public:
 private:
     std::string m_defaultNamespaceUri;
     CNamespaceAliasMap m_namespaceAliases;
-    mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes; // guarded by s_partsMutex
+    // Holds one reference. Atomic, since threads that read the default context may make it at once.
+    mutable std::atomic<CAttributeCol*> m_additionalRootAttributes{nullptr};
     std::list<std::string> m_processingInstructions;
     std::string m_inLineSchema;
     std::string m_indentChars{"\t"};

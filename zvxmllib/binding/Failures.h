@@ -1,0 +1,25 @@
+// Every failure of the binding core.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace ZvXmlLib16 {
+
+[[noreturn]] void FailWrongVersion(std::int32_t generatorMajor, std::int32_t generatorMinor);
+[[noreturn]] void FailFormatNotSupported(char const* format);
+[[noreturn]] void FailNestingTooDeep(int limit);
+
+[[noreturn]] void FailPropertyIsNull(std::string const& name);
+[[noreturn]] void FailElementNameDiffers(std::string const& required, std::string const& actual);
+[[noreturn]] void FailChoiceAlreadySelected(std::string const& selected);
+[[noreturn]] void FailChoiceAlreadyValid(std::string const& selected);
+[[noreturn]] void FailNamespaceNotAllowed(std::string const& ns, std::string const& allowed,
+                                          std::string const& target);
+
+[[noreturn]] void FailAliasNotFound(std::string const& alias);
+[[noreturn]] void FailIndentCharacter();
+[[noreturn]] void FailIgnoreUnknownExcluded();
+[[noreturn]] void FailIgnoreMissingExcluded();
+
+} // namespace ZvXmlLib16

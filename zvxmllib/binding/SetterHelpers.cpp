@@ -1,0 +1,96 @@
+// What generated setters call: null, name and choice tests, and the tests of namespaces.
+#include "zvxmllib/binding/Failures.h"
+#include "zvxmllib/binding/NamespaceRules.h"
+#include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/document/XmlElement.h"
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+char const* TextOf(char const* text) noexcept {
+    return text == nullptr ? "" : text;
+}
+
+} // namespace
+
+void CXmlObjectBase::Throw_IfPropertyIsNull(CXmlObjectBase* value, char const* name) {
+    if (value == nullptr)
+        FailPropertyIsNull(TextOf(name));
+}
+
+void CXmlObjectBase::Throw_IfElementNameDiffers(CXmlObjectBase* value, char const* name) {
+    if (value == nullptr)
+        return;
+    std::string const& actual = value->GetBase()->GetElementName();
+    if (actual != TextOf(name))
+        FailElementNameDiffers(TextOf(name), actual);
+}
+
+// An empty choice takes the name also when no value comes with it.
+void CXmlObjectBase::Choice_SelectElement(char const* name, CXmlObjectBase* value, std::string& selected) {
+    if (selected == TextOf(name)) {
+        if (value == nullptr)
+            selected.clear();
+    } else if (selected.empty()) {
+        selected = TextOf(name);
+    } else if (value != nullptr) {
+        FailChoiceAlreadySelected(selected);
+    }
+}
+
+void CXmlObjectBase::Choice_SetElementValid(bool valid, char const* name, std::string& selected) {
+    if (!valid) {
+        selected.clear();
+        return;
+    }
+    if (!selected.empty() && selected != TextOf(name))
+        FailChoiceAlreadyValid(selected);
+    selected = TextOf(name);
+}
+
+void CXmlObjectBase::Choice_CollectionChanged(char const* name, std::int32_t count, std::string& selected) {
+    if (selected == TextOf(name)) {
+        if (count == 0)
+            selected.clear();
+    } else if (selected.empty()) {
+        if (count > 0)
+            selected = TextOf(name);
+    } else if (count != 0) {
+        FailChoiceAlreadySelected(selected);
+    }
+}
+
+void CXmlObjectBase::Choice_Read_Collection(CXmlCollectionBase* collection, CXmlElement* element,
+                                            CXmlElement*& current, std::int32_t& count,
+                                            CSerializationContext const& ctx) {
+    if (count > 0)
+        return;
+    CXmlElement* const next =
+        static_cast<CXmlObjectBase*>(collection)->FromXml_Int(element, current, ctx, false);
+    if (next == current)
+        return;
+    current = next;
+    collection->ValidateCount(ctx);
+    ++count;
+}
+
+void CXmlObjectBase::TestNamespace(char const* ns, char const* allowed, char const* target) const {
+    if (!IsNamespaceValid(ns, allowed, target))
+        FailNamespaceNotAllowed(TextOf(ns), TextOf(allowed), TextOf(target));
+}
+
+bool CXmlObjectBase::IsNamespaceValid(char const* ns, char const* allowed, char const* target) const {
+    return IsNamespaceAllowed(TextOf(ns), TextOf(allowed), TextOf(target));
+}
+
+bool CXmlObjectBase::DoesElementNameMatch(CSerializationContext const& ctx, CXmlElement const* element,
+                                          char const* name, char const* ns) const {
+    if (element->GetLocalName() != TextOf(name))
+        return false;
+    return ctx.GetIgnoreNamespaces() || element->GetNamespaceURI() == TextOf(ns);
+}
+
+} // namespace ZvXmlLib16
