@@ -66,8 +66,10 @@ protected:
 
     // Counts `created` new and `ended` ended instances at once.
     static void CountMany(ClassType& record, std::int32_t created, std::int32_t ended) noexcept {
-        record.lInstanceCount.fetch_add(created - ended, std::memory_order_relaxed);
-        record.m_totalCreated.fetch_add(created, std::memory_order_relaxed);
+        if (created != ended)
+            record.lInstanceCount.fetch_add(created - ended, std::memory_order_relaxed);
+        if (created != 0)
+            record.m_totalCreated.fetch_add(created, std::memory_order_relaxed);
     }
 
 private:

@@ -1,0 +1,69 @@
+// CAttribute, an attribute that no schema describes.
+#include "zvxmllib/collections/Attribute.h"
+
+#include "zvxmllib/collections/Failures.h"
+#include "zvxmllib/writers/XmlWriter.h"
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+CInstanceMonitor::Registration s_registration("CAttribute");
+
+std::string_view TextOf(char const* text) noexcept {
+    return text == nullptr ? "" : text;
+}
+
+} // namespace
+
+CAttribute::CAttribute(char const* name, char const* value, char const* namespaceURI)
+    : CAttribute(TextOf(name), TextOf(value), TextOf(namespaceURI)) {}
+
+CAttribute::CAttribute(std::string_view name, std::string_view value, std::string_view ns)
+    : CInstanceMonitor(s_registration), m_name(name), m_value(value), m_namespace(ns) {}
+
+CAttribute::~CAttribute() = default;
+
+CXmlObjectBase* CAttribute::GetBase() {
+    return this;
+}
+
+std::string CAttribute::GetNamespace() {
+    return m_namespace;
+}
+
+std::string CAttribute::GetTargetNamespace() {
+    return m_namespace;
+}
+
+void CAttribute::SetName(char const* name) {
+    FireOnChangeName(name);
+    m_name = TextOf(name);
+}
+
+void CAttribute::SetValue(char const* value) {
+    m_value = TextOf(value);
+}
+
+void CAttribute::SetNamespace(char const* ns) {
+    FireOnChangeNamespace(ns);
+    m_namespace = TextOf(ns);
+}
+
+CSmartPtr<CAttribute> CAttribute::Clone() const {
+    return new CAttribute(m_name, m_value, m_namespace);
+}
+
+void CAttribute::ToXml_Int(CXmlWriter* writer, bool, char const*, CSerializationContext const&, bool) const {
+    writer->WriteAttribute(m_name, m_namespace, m_value, ItemType_string);
+}
+
+CXmlElement* CAttribute::FromXml_Int(CXmlElement*, CXmlElement*, CSerializationContext const&, bool) {
+    FailAttributeReadAlone();
+}
+
+void CAttribute::FireOnChangeName(char const*) {}
+
+void CAttribute::FireOnChangeNamespace(char const*) {}
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,101 @@
+// CAttribute and CAttributeCol, attributes that no schema describes.
+#pragma once
+
+#include "zvxmllib/collections/ZvIterator.h"
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/MemoryLeakHelp.h"
+
+#include <string>
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+// Made by a CAttributeCol, held by CSmartPtr. References to its strings are valid until they are set.
+class ZV_API CAttribute : public CXmlObjectBase, public CInstanceMonitor {
+public:
+    using CXmlObjectBase::GetBase;
+    CXmlObjectBase* GetBase() override;
+    std::string GetNamespace() override;
+
+    std::string const& GetName() const noexcept { return m_name; }
+    std::string const& GetValue() const noexcept { return m_value; }
+    // No restriction of a collection is tested.
+    void SetName(char const* name);
+    void SetValue(char const* value);
+    void SetNamespace(char const* ns);
+
+    CSmartPtr<CAttribute> Clone() const;
+
+protected:
+    CAttribute(char const* name, char const* value, char const* namespaceURI);
+    ~CAttribute() override;
+
+    std::string GetTargetNamespace() override;
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
+                   bool optionalChoice) const override;
+    // Throws: it is the collection that reads.
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
+                             bool optionalChoice) override;
+
+    // Called ahead of a change, with the text to come.
+    virtual void FireOnChangeName(char const* name);
+    virtual void FireOnChangeNamespace(char const* ns);
+
+private:
+    friend class CAttributeCol;
+    friend class CElement;
+    CAttribute(std::string_view name, std::string_view value, std::string_view ns);
+
+    std::string m_name;
+    std::string m_value;
+    std::string m_namespace;
+};
+
+// The attributes of an element, or those that a wildcard takes. `allowedNamespaces` is the list of an XML
+// Schema wildcard: "##any", "##other", "##local", "##targetNamespace" or URIs, separated by blanks. What is
+// added by strings and what is read must fit it, or CZvInvalidNamespaceException is thrown.
+class ZV_API CAttributeCol : public CXmlCollection, public CInstanceMonitor {
+public:
+    // The namespace is that of attributes added without one; where it is empty and the list begins with a
+    // URI, it is that URI.
+    CAttributeCol(char const* namespaceURI, char const* allowedNamespaces, char const* targetNamespace);
+
+    using CXmlObjectBase::GetBase;
+    CXmlObjectBase* GetBase() override;
+
+    CSmartPtr<CAttribute> Add(char const* name);
+    CSmartPtr<CAttribute> Add(char const* name, char const* value);
+    CSmartPtr<CAttribute> Add(char const* name, char const* value, char const* namespaceURI);
+    // As it is, without a test.
+    CSmartPtr<CAttribute> Add(CAttribute* attribute);
+    // Without a test; null `after` puts it first, null `before` last.
+    void AddAfter(CAttribute const* after, CAttribute* attribute);
+    void AddBefore(CAttribute const* before, CAttribute* attribute);
+    // Throws CZvInvalidParamException for an index out of range.
+    CSmartPtr<CAttribute> Item(int index) const;
+
+    CZvIterator<CAttribute> begin() const { return CZvIterator<CAttribute>(m_pHead); }
+    CZvIterator<CAttribute> end() const { return CZvIterator<CAttribute>(nullptr); }
+
+    // A collection of its own, with clones of the items.
+    CSmartPtr<CAttributeCol> Clone() const;
+
+protected:
+    ~CAttributeCol() override;
+
+    std::string GetTargetNamespace() override;
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
+                   bool optionalChoice) const override;
+    // Reads all attributes of `element` and returns `current`.
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
+                             bool optionalChoice) override;
+
+private:
+    friend class CElement;
+    static Registration s_registration;
+
+    std::string m_allowedNamespaces;
+    std::string m_targetNamespace;
+};
+
+} // namespace ZvXmlLib16

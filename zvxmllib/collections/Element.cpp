@@ -1,0 +1,343 @@
+// CElement, an element that no schema describes.
+#include "zvxmllib/collections/Element.h"
+
+#include "zvxmllib/binding/NamespaceRules.h"
+#include "zvxmllib/binding/NestingGuard.h"
+#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/collections/Failures.h"
+#include "zvxmllib/document/Failures.h"
+#include "zvxmllib/document/XmlAttribute.h"
+#include "zvxmllib/document/XmlDocument.h"
+#include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/TextStream.h"
+#include "zvxmllib/writers/XmlTextWriter.h"
+
+#include <utility>
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+CInstanceMonitor::Registration s_registration("CElement");
+
+constexpr char kNamespaceDeclaration[] = "xmlns"; // as an attribute, where namespaces are not processed
+
+char const* TextOf(char const* text) noexcept {
+    return text == nullptr ? "" : text;
+}
+
+bool IsNamespaceToken(std::string_view ns) noexcept {
+    return ns == kAnyNamespace || ns == "##other" || ns == "##local" || ns == "##targetNamespace";
+}
+
+} // namespace
+
+CElement::CElement(char const* name) : CElement(name, "", kAnyNamespace, "") {}
+
+CElement::CElement(char const* name, char const* namespaceURI) : CInstanceMonitor(s_registration) {
+    if (IsNamespaceToken(TextOf(namespaceURI)))
+        FailReservedNamespace(namespaceURI);
+    Init(name, namespaceURI, namespaceURI, "");
+}
+
+CElement::CElement(char const* name, char const* namespaceURI, char const* allowedNamespaces,
+                   char const* targetNamespace)
+    : CInstanceMonitor(s_registration) {
+    Init(name, namespaceURI, allowedNamespaces, targetNamespace);
+}
+
+CElement::CElement(CXmlObjectBase* object, char const* defaultNamespace) : CInstanceMonitor(s_registration) {
+    if (object == nullptr)
+        FailNullElement();
+    Init("", "", kAnyNamespace, "");
+    m_defaultNamespace = TextOf(defaultNamespace);
+    CSerializationContext ctx;
+    ctx.SetDefaultNamespaceURI(m_defaultNamespace.c_str());
+    CBinaryData const xml =
+        object->ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
+    CXmlDocument document(ctx);
+    document.LoadXmlStream(xml.GetData(), xml.GetLength());
+    CopyXmlElement(document.GetDocumentElement());
+}
+
+CElement::CElement(NamespaceIsTested, std::string const& name, std::string const& ns,
+                   std::string const& allowed, std::string const& target)
+    : CInstanceMonitor(s_registration), m_name(name), m_namespace(ns), m_allowedNamespaces(allowed),
+      m_targetNamespace(target) {
+    PromiseCollections();
+}
+
+CElement::CElement(CElement const& other)
+    : CElement(NamespaceIsTested(), other.m_name, other.m_namespace, other.m_allowedNamespaces,
+               other.m_targetNamespace) {
+    CopyContent(other);
+}
+
+CElement& CElement::operator=(CElement const& other) {
+    if (this == &other)
+        return *this;
+    CopyContent(other);
+    m_name = other.m_name;
+    m_namespace = other.m_namespace;
+    m_allowedNamespaces = other.m_allowedNamespaces;
+    m_targetNamespace = other.m_targetNamespace;
+    m_defaultNamespace.clear();
+    return *this;
+}
+
+CElement::~CElement() {
+    if (m_attributesPromised != nullptr)
+        CountMany(*m_attributesPromised, 0, 1);
+    if (m_elementsPromised != nullptr)
+        CountMany(*m_elementsPromised, 0, 1);
+}
+
+void CElement::Init(char const* name, char const* namespaceURI, char const* allowedNamespaces,
+                    char const* targetNamespace) {
+    if (name == nullptr)
+        FailNullElementName();
+    if (namespaceURI == nullptr)
+        FailNullElementNamespace();
+    if (allowedNamespaces == nullptr)
+        FailNullNamespaceRestriction();
+    if (targetNamespace == nullptr)
+        FailNullTargetNamespace();
+    TestNamespace(namespaceURI, allowedNamespaces, targetNamespace);
+    m_name = name;
+    m_namespace = namespaceURI;
+    m_allowedNamespaces = allowedNamespaces;
+    m_targetNamespace = targetNamespace;
+    m_collectionsHaveNoNamespace = false;
+    AdoptCollections(nullptr, nullptr);
+}
+
+void CElement::PromiseCollections() {
+    if (m_attributes == nullptr && m_attributesPromised == nullptr) {
+        m_attributesPromised = CAttributeCol::s_registration.Record();
+        CountMany(*m_attributesPromised, 1, 0);
+    }
+    if (m_elements == nullptr && m_elementsPromised == nullptr) {
+        m_elementsPromised = CElementCol::s_registration.Record();
+        CountMany(*m_elementsPromised, 1, 0);
+    }
+}
+
+// Takes them in place of those that are there; null stands for one that is to be made.
+void CElement::AdoptCollections(CSmartPtr<CAttributeCol> attributes, CSmartPtr<CElementCol> elements) {
+    // What was promised will not be made: it is taken back, as if it had not been counted.
+    if (attributes != nullptr && m_attributesPromised != nullptr)
+        CountMany(*std::exchange(m_attributesPromised, nullptr), -1, 0);
+    if (elements != nullptr && m_elementsPromised != nullptr)
+        CountMany(*std::exchange(m_elementsPromised, nullptr), -1, 0);
+    m_attributes = std::move(attributes);
+    m_elements = std::move(elements);
+    PromiseCollections();
+}
+
+CSmartPtr<CAttributeCol> CElement::GetAttributes() const {
+    if (m_attributes == nullptr) {
+        m_attributes = new CAttributeCol(CollectionNamespace(), kAnyNamespace, m_targetNamespace.c_str());
+        // It has counted itself.
+        CountMany(*std::exchange(m_attributesPromised, nullptr), -1, 0);
+    }
+    return m_attributes;
+}
+
+CSmartPtr<CElementCol> CElement::GetChildElements() const {
+    if (m_elements == nullptr) {
+        m_elements = new CElementCol(CollectionNamespace(), kAnyNamespace, m_targetNamespace.c_str(), 0, -1);
+        CountMany(*std::exchange(m_elementsPromised, nullptr), -1, 0);
+    }
+    return m_elements;
+}
+
+bool CElement::HasAttributes() const noexcept {
+    return m_attributes != nullptr && m_attributes->m_count != 0;
+}
+
+bool CElement::HasChildElements() const noexcept {
+    return m_elements != nullptr && m_elements->m_count != 0;
+}
+
+CXmlObjectBase* CElement::GetBase() {
+    return this;
+}
+
+std::string CElement::GetNamespace() {
+    return m_namespace;
+}
+
+std::string CElement::GetTargetNamespace() {
+    return m_namespace;
+}
+
+void CElement::SetName(char const* name) {
+    FireOnChangeName(name);
+    m_name = TextOf(name);
+}
+
+void CElement::SetText(char const* text) {
+    FireOnChangeText(text);
+    m_text = TextOf(text);
+}
+
+void CElement::SetNamespace(char const* ns) {
+    FireOnChangeNamespace(ns);
+    ChangeNamespace(TextOf(ns));
+}
+
+void CElement::ChangeNamespace(std::string const& ns) {
+    if (ns == m_namespace)
+        return;
+    if (m_namespace.empty()) {
+        m_collectionsHaveNoNamespace = true;
+    } else if (!m_collectionsHaveNoNamespace) {
+        // The collections keep the namespace that the element was made with.
+        GetAttributes();
+        GetChildElements();
+    }
+    m_namespace = ns;
+}
+
+void CElement::SetNamespaceRestrictions(char const* allowedNamespaces, char const* targetNamespace) {
+    NestingGuard const level;
+    try {
+        TestNamespace(m_namespace.c_str(), allowedNamespaces, targetNamespace);
+        if (HasAttributes()) {
+            for (CAttribute const* const attribute : *m_attributes)
+                TestNamespace(attribute->m_namespace.c_str(), allowedNamespaces, targetNamespace);
+        }
+        if (HasChildElements()) {
+            for (CElement* const child : *m_elements)
+                child->SetNamespaceRestrictions(allowedNamespaces, targetNamespace);
+        }
+    } catch (CZvException const& cause) {
+        FailNamespaceRestriction(m_namespace, m_name, TextOf(allowedNamespaces), cause);
+    }
+}
+
+CSmartPtr<CElement> CElement::Clone() const {
+    CSmartPtr<CElement> clone(new CElement(m_name.c_str(), m_namespace.c_str(), m_allowedNamespaces.c_str(),
+                                           m_targetNamespace.c_str()));
+    clone->CopyContent(*this);
+    return clone;
+}
+
+// Text, attributes and children.
+void CElement::CopyContent(CElement const& other) {
+    NestingGuard const level;
+    CSmartPtr<CAttributeCol> attributes;
+    CSmartPtr<CElementCol> elements;
+    if (other.m_attributes != nullptr)
+        attributes = other.m_attributes->Clone();
+    if (other.m_elements != nullptr)
+        elements = other.m_elements->Clone();
+    m_text = other.m_text;
+    m_collectionsHaveNoNamespace = other.m_collectionsHaveNoNamespace;
+    AdoptCollections(std::move(attributes), std::move(elements));
+}
+
+void CElement::CopyXmlElement(CXmlElement* element) {
+    NestingGuard const level;
+    m_name = element->GetLocalName();
+    ChangeNamespace(element->GetNamespaceURI());
+    m_text.clear();
+    element->GetNodeText().AppendTo(m_text);
+    if (HasAttributes())
+        m_attributes->Clear();
+    if (HasChildElements())
+        m_elements->Clear();
+    for (std::size_t i = 0; i < element->GetAttributeCount(); ++i) {
+        CXmlAttribute const& attribute = *element->GetAttributeAt(i);
+        GetAttributes()->Add(attribute.GetLocalName().c_str(), attribute.GetValue().c_str(),
+                             attribute.GetNamespaceURI().c_str());
+        if (attribute.GetLocalName() == kNamespaceDeclaration)
+            m_defaultNamespace = attribute.GetValue();
+    }
+    for (CXmlElement* child = element->GetFirstElement(); child != nullptr;
+         child = child->GetNextSiblingElement()) {
+        CSmartPtr<CElement> const copy(new CElement(child->GetLocalName().c_str()));
+        copy->CopyXmlElement(child);
+        GetChildElements()->Add(copy);
+    }
+}
+
+void CElement::FromXml(char const* xml) {
+    CSerializationContext const& ctx = CSerializationContext::GetDefaultContext();
+    CXmlDocument document(ctx);
+    document.LoadXml(xml);
+    CXmlElement* const root = document.GetDocumentElement();
+    FromXml_Int(root, root, ctx, false);
+}
+
+CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* current, CSerializationContext const& ctx,
+                                   bool) {
+    if (current == nullptr)
+        return nullptr;
+    if (!IsNamespaceAllowed(current->GetNamespaceURI(), m_allowedNamespaces, m_targetNamespace))
+        return current;
+    if (current->GetAttributeCount() != 0)
+        GetAttributes()->FromXml_Int(current, nullptr, ctx, false);
+    if (CXmlElement* const first = current->GetFirstElement()) {
+        if (GetChildElements()->FromXml_Int(current, first, ctx, false) != nullptr)
+            FailInvalidElement(current->GetLocalName(), current->GetXPath());
+    }
+    m_text.clear();
+    current->GetNodeText().AppendTo(m_text);
+    m_name = current->GetLocalName();
+    ChangeNamespace(current->GetNamespaceURI());
+    return current->GetNextSiblingElement();
+}
+
+void CElement::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSerializationContext const& ctx,
+                         bool optionalChoice) const {
+    if (!m_defaultNamespace.empty()) {
+        // Only text can be spliced in; in another format the element is written like any other.
+        if (CXmlTextWriter* const textWriter = dynamic_cast<CXmlTextWriter*>(writer)) {
+            WriteFragment(*textWriter, ctx, optionalChoice);
+            return;
+        }
+    }
+    writer->WriteElementStart(m_name, m_namespace);
+    if (m_attributes != nullptr)
+        m_attributes->ToXml_Int(writer, false, ns, ctx, false);
+    if (m_elements != nullptr)
+        m_elements->ToXml_Int(writer, false, ns, ctx, optionalChoice);
+    writer->WriteElementValue(m_text, ItemType_string, false);
+    writer->WriteElementEnd();
+}
+
+// A document of its own inside the other one: it declares its default namespace and all prefixes that it
+// uses.
+void CElement::WriteFragment(CXmlTextWriter& writer, CSerializationContext const& ctx,
+                             bool optionalChoice) const {
+    CTextStream text(XmlEncoding_None);
+    CXmlTextWriter fragment(&text);
+    fragment.SetEOLType(writer.GetEOLType());
+    fragment.SetFormatted(writer.GetFormatted());
+    fragment.SetDefaultNamespace(m_defaultNamespace);
+    fragment.WriteElementStart(m_name, m_namespace);
+    if (HasAttributes()) {
+        for (CAttribute const* const attribute : *m_attributes) {
+            if (attribute->m_name != kNamespaceDeclaration)
+                attribute->ToXml_Int(&fragment, false, m_namespace.c_str(), ctx, false);
+        }
+    }
+    CSerializationContext fragmentCtx;
+    fragmentCtx.SetDefaultNamespaceURI(m_defaultNamespace.c_str());
+    if (m_elements != nullptr)
+        m_elements->ToXml_Int(&fragment, false, m_namespace.c_str(), fragmentCtx, optionalChoice);
+    fragment.WriteElementValue(m_text, ItemType_string, false);
+    fragment.WriteElementEnd();
+    writer.BeginChild();
+    writer.WriteRawLine(text.GetText());
+}
+
+void CElement::FireOnChangeName(char const*) {}
+
+void CElement::FireOnChangeNamespace(char const*) {}
+
+void CElement::FireOnChangeText(char const*) {}
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,170 @@
+// CElement and CElementCol, elements that no schema describes.
+#pragma once
+
+#include "zvxmllib/collections/Attribute.h"
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/MemoryLeakHelp.h"
+
+#include <string>
+
+namespace ZvXmlLib16 {
+
+// A node of an editable tree of names, texts and namespaces: attributes, child elements, and one text, which
+// is written behind the children. Held by CSmartPtr; belongs to one thread at a time. References to its
+// strings are valid until they are set. Restrictions are lists as in CAttributeCol.
+//
+// Reading, writing and cloning throw CZvException for trees that are nested too deep; see kMaxNestingDepth.
+class ZV_API CElement : public CXmlObjectBase, public CInstanceMonitor {
+public:
+    // Null arguments, and a namespace that does not fit the list, throw CZvInvalidNamespaceException.
+    explicit CElement(char const* name);
+    // The namespace is also the list of what is allowed; it is not a token such as "##any".
+    CElement(char const* name, char const* namespaceURI);
+    CElement(char const* name, char const* namespaceURI, char const* allowedNamespaces,
+             char const* targetNamespace);
+    // The object's XML as a tree. With a default namespace that is not empty, the element is later written
+    // as a fragment of its own with that default namespace.
+    CElement(CXmlObjectBase* object, char const* defaultNamespace);
+    // A copy is a clone.
+    CElement(CElement const& other);
+    CElement& operator=(CElement const& other);
+
+    using CXmlObjectBase::GetBase;
+    CXmlObjectBase* GetBase() override;
+    std::string GetNamespace() override;
+
+    std::string const& GetName() const noexcept { return m_name; }
+    std::string const& GetText() const noexcept { return m_text; }
+    // No restriction is tested.
+    void SetName(char const* name);
+    void SetText(char const* text);
+    void SetNamespace(char const* ns);
+
+    // Never null. They are made when they are first asked for, so ask the two below first where most
+    // elements have none.
+    CSmartPtr<CAttributeCol> GetAttributes() const;
+    CSmartPtr<CElementCol> GetChildElements() const;
+    bool HasAttributes() const noexcept;
+    bool HasChildElements() const noexcept;
+
+    // Only tests: this element, its attributes and all below. Throws CZvInvalidNamespaceException.
+    void SetNamespaceRestrictions(char const* allowedNamespaces, char const* targetNamespace);
+
+    // Shares nothing with this element. The default namespace of a fragment is not taken over. Throws
+    // CZvInvalidNamespaceException if the namespace has been set to one that is not allowed.
+    CSmartPtr<CElement> Clone() const;
+
+    // The other forms read the first child of a document's root, as a member of a bound object would.
+    using CXmlObjectBase::FromXml;
+    // Reads the root of a document, with the default context.
+    void FromXml(char const* xml);
+
+protected:
+    ~CElement() override;
+
+    void Init(char const* name, char const* namespaceURI, char const* allowedNamespaces,
+              char const* targetNamespace);
+    // Replaces names, text, attributes and children by those of `element`.
+    void CopyXmlElement(CXmlElement* element);
+
+    std::string GetTargetNamespace() override;
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
+                   bool optionalChoice) const override;
+    // Reads `current` into this object and returns its next sibling; returns `current` if its namespace is
+    // not allowed.
+    CXmlElement* FromXml_Int(CXmlElement* parent, CXmlElement* current, CSerializationContext const& ctx,
+                             bool optionalChoice) override;
+
+    // Called ahead of a change, with the text to come.
+    virtual void FireOnChangeName(char const* name);
+    virtual void FireOnChangeNamespace(char const* ns);
+    virtual void FireOnChangeText(char const* text);
+
+private:
+    friend class CElementCol;
+    struct NamespaceIsTested {};
+    CElement(NamespaceIsTested, std::string const& name, std::string const& ns, std::string const& allowed,
+             std::string const& target);
+
+    void PromiseCollections();
+    void AdoptCollections(CSmartPtr<CAttributeCol> attributes, CSmartPtr<CElementCol> elements);
+    void CopyContent(CElement const& other);
+    void ChangeNamespace(std::string const& ns);
+    void WriteFragment(CXmlTextWriter& writer, CSerializationContext const& ctx, bool optionalChoice) const;
+    char const* CollectionNamespace() const noexcept {
+        return m_collectionsHaveNoNamespace ? "" : m_namespace.c_str();
+    }
+
+    std::string m_name;
+    std::string m_text;
+    std::string m_namespace;
+    std::string m_allowedNamespaces;
+    std::string m_targetNamespace;
+    std::string m_defaultNamespace; // of a fragment; normally empty
+
+    // Most elements of a document have no attributes or no children. A collection is made when it is asked
+    // for, and counted from the start in its class's record, which stands here as long as it is not made.
+    mutable CSmartPtr<CAttributeCol> m_attributes;
+    mutable CSmartPtr<CElementCol> m_elements;
+    mutable ClassType* m_attributesPromised = nullptr;
+    mutable ClassType* m_elementsPromised = nullptr;
+    // The collections have the namespace that this element was made with: m_namespace, or none.
+    bool m_collectionsHaveNoNamespace = false;
+};
+
+// The children of an element, or what a wildcard takes. Whatever is added or read may be in any namespace;
+// the list given to the constructor is for its own namespace only. There are no bounds.
+class ZV_API CElementCol : public CXmlCollection, public CInstanceMonitor {
+public:
+    // The namespace is that of elements added by name alone; where it is empty and the list is a token such
+    // as "##any", it is that token. The two counts have no effect.
+    CElementCol(char const* namespaceURI, char const* allowedNamespaces, char const* targetNamespace,
+                int minOccurs, int maxOccurs);
+
+    using CXmlObjectBase::GetBase;
+    CXmlObjectBase* GetBase() override;
+    std::string GetNamespace() override;
+
+    // Throws CZvInvalidStateException if the collection has no namespace.
+    CSmartPtr<CElement> Add(char const* name);
+    CSmartPtr<CElement> Add(char const* name, char const* namespaceURI);
+    CSmartPtr<CElement> Add(CElement* element);
+    // Without a test; null `after` puts it first, null `before` last.
+    void AddAfter(CElement const* after, CElement* element);
+    void AddBefore(CElement const* before, CElement* element);
+    // Throws CZvInvalidParamException for an index out of range.
+    CSmartPtr<CElement> Item(int index) const;
+
+    CZvIterator<CElement> begin() const { return CZvIterator<CElement>(m_pHead); }
+    CZvIterator<CElement> end() const { return CZvIterator<CElement>(nullptr); }
+
+    // A collection of its own, with clones of the items.
+    CSmartPtr<CElementCol> Clone() const;
+
+protected:
+    ~CElementCol() override;
+
+    std::string GetTargetNamespace() override;
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
+                   bool optionalChoice) const override;
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
+                             bool optionalChoice) override;
+    // Reads as long as elements have this name and namespace.
+    virtual CXmlElement* FromXmlLockElementName_Int(std::string localName, std::string namespaceURI,
+                                                    CXmlElement* element, CXmlElement* current,
+                                                    CSerializationContext const& ctx);
+
+private:
+    friend class CElement;
+    friend class ZvXmlLib16Data::CElementInfo;
+    static Registration s_registration;
+
+    bool ReadOne(std::string const& allowed, CXmlElement* element, CXmlElement*& current,
+                 CSerializationContext const& ctx);
+
+    std::string m_allowedNamespaces;
+    std::string m_itemNamespace;
+    std::string m_targetNamespace;
+};
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,93 @@
+// Every failure of the collections and of untyped content. The texts are a contract with callers; do not
+// correct their spelling.
+#include "zvxmllib/collections/Failures.h"
+
+#include "zvxmllib/collections/ZvIterator.h"
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/Functions.h"
+
+namespace ZvXmlLib16 {
+
+void FailTargetNamespaceOfCollection() {
+    throw CZvException("CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection "
+                       "(program logic error)");
+}
+
+void FailTooManyItems(std::string const& elementName, int maxOccurs) {
+    throw CZvValidationException(
+        FormatString("The Maximum number of [%s] elements allowed in this collection is %d",
+                     elementName.c_str(), maxOccurs),
+        "");
+}
+
+void FailTooFewItems(std::string const& elementName, int minOccurs) {
+    throw CZvValidationException(
+        FormatString("The Minimum number of [%s] elements allowed in this collection is %d",
+                     elementName.c_str(), minOccurs),
+        "");
+}
+
+void FailIndexOutOfRange() {
+    throw CZvInvalidParamException("Index out of range");
+}
+
+// The second number is the count, not the last valid index: callers compare the text.
+void FailIndexOutOfRange(int index, int count) {
+    throw CZvInvalidParamException(FormatString("Index %d is out of range, use 0 - %d", index, count));
+}
+
+void FailItemNotFound() {
+    throw CZvInvalidParamException("The object was not found in the collection");
+}
+
+void detail::FailIteratorAtEnd() {
+    throw CZvException("No More Elements in the Collection");
+}
+
+void FailAttributeReadAlone() {
+    throw CZvException("This should be done by the collection");
+}
+
+void FailAttributeNamespace(std::string const& localName, std::string const& path) {
+    throw CZvInvalidNamespaceException(
+        FormatString("Invalid Attribute [%s]. The attributes namespace is Inappropriate.", localName.c_str()),
+        path);
+}
+
+void FailNullElementName() {
+    throw CZvInvalidNamespaceException("Element Name must have a value", "");
+}
+
+void FailNullElementNamespace() {
+    throw CZvInvalidNamespaceException("Element Namespace must have a value", "");
+}
+
+void FailNullNamespaceRestriction() {
+    throw CZvInvalidNamespaceException("Namespace Restriction must have a value", "");
+}
+
+void FailNullTargetNamespace() {
+    throw CZvInvalidNamespaceException("Target Namespace must have a value", "");
+}
+
+void FailReservedNamespace(std::string const& ns) {
+    throw CZvInvalidNamespaceException(FormatString("Invalid Namespace [%s].", ns.c_str()), "");
+}
+
+void FailNoItemNamespace() {
+    throw CZvInvalidStateException("A Namespace has not been set for this Collection");
+}
+
+void FailInvalidElement(std::string const& localName, std::string const& path) {
+    throw CZvValidationException(FormatString("Invalid Element [%s] found.", localName.c_str()), path);
+}
+
+void FailNamespaceRestriction(std::string const& ns, std::string const& name, std::string const& allowed,
+                              CZvException const& cause) {
+    throw CZvInvalidNamespaceException(
+        FormatString("The namespace %s in the class %s is invalid against restriction %s", ns.c_str(),
+                     name.c_str(), allowed.c_str()),
+        "", cause);
+}
+
+} // namespace ZvXmlLib16

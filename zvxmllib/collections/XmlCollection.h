@@ -1,0 +1,66 @@
+// CXmlCollection, bound objects in a list of counted references.
+#pragma once
+
+#include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/foundation/SmartPtr.h"
+
+#include <cstdint>
+
+namespace ZvXmlLib16 {
+
+// The base of collections of one class; a derived class offers Add, Item and the like with its own item
+// type. Items are shared with everybody else who holds them, and one item may stand in it several times.
+// Adding at the end takes constant time, access by position does not. The end of a collection tells
+// listeners about each item, too, and never throws.
+class ZV_API CXmlCollection : public CXmlCollectionBase {
+public:
+    struct CNode {
+        CSmartPtr<CXmlObjectBase> m_item;
+        CNode* m_pNext = nullptr; // toward the tail
+        CNode* m_pPrev = nullptr; // toward the head
+    };
+
+protected:
+    ~CXmlCollection() override;
+    void AttributesToXml_Int(CXmlWriter* writer, CSerializationContext const& ctx) const override;
+    using CXmlObjectBase::AttributesToXml_Int;
+
+public:
+    int GetCount() const override;
+    void Clear() override;
+    // Throws CZvInvalidParamException for an index out of range, ahead of any event.
+    void Remove(int index) override;
+
+protected:
+    CXmlCollection();
+    CXmlCollection(char const* elementName, char const* namespaceURI, int minOccurs, int maxOccurs);
+
+    void AppendItem(CXmlObjectBase* item);
+    void PrependItem(CXmlObjectBase* item);
+    // The item gets this index. Throws CZvInvalidParamException for an index above the count.
+    void AddItemAt(int index, CXmlObjectBase* item);
+    // Behind `after`, for null at the front. Throws CZvInvalidParamException, after the first event, if it
+    // is not in the collection.
+    void AddAfterItem(CXmlObjectBase const* after, CXmlObjectBase* item);
+    // In front of `before`, for null at the end. Throws as AddAfterItem.
+    void AddBeforeItem(CXmlObjectBase const* before, CXmlObjectBase* item);
+
+    // Throws CZvInvalidParamException for an index out of range.
+    CNode* GetNodeAtIndex(int index) const;
+    // The first node with this very object. Throws CZvInvalidParamException if there is none.
+    CNode* GetNodeForItem(CXmlObjectBase const* item) const;
+    // The node ends with it. Listeners do not learn the index: the list does not know it.
+    void RemoveNode(CNode* node);
+
+    // Head and tail are both null or both set.
+    CNode* m_pHead = nullptr; // owned, with all that follow
+    CNode* m_pTail = nullptr;
+    std::int32_t m_count = 0;
+
+private:
+    // Links a new node in front of `next`, at the end for null, and tells that it is there.
+    void InsertBefore(CNode* next, CXmlObjectBase* item);
+    void Unlink(CNode* node) noexcept;
+};
+
+} // namespace ZvXmlLib16
