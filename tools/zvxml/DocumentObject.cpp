@@ -21,10 +21,12 @@ void ForEachElement(CElement* root, Visitor visit) {
     while (!pending.empty()) {
         CElement* const element = pending.back();
         pending.pop_back();
+        visit(*element);
+        if (!element->HasChildElements()) // asking for the collection would make one
+            continue;
         CSmartPtr<CElementCol> const children = element->GetChildElements();
-        visit(element, children->begin() != children->end());
         for (auto child = children->begin(); child != children->end(); ++child)
-            pending.push_back(&**child);
+            pending.push_back(*child);
     }
 }
 
@@ -51,16 +53,16 @@ CDocumentObject::~CDocumentObject() = default;
 void CDocumentObject::ReadRootOf(CXmlDocument const& document, CSerializationContext const& ctx) {
     CXmlElement* const root = document.GetDocumentElement();
     FromXml_Int(root, root, ctx, false);
-    ForEachElement(this, [](CElement* element, bool) {
-        if (std::string_view(element->GetText()).substr(0, kCDataStart.size()) == kCDataStart)
-            element->SetText(AsCDataSection(element->GetText()).c_str());
+    ForEachElement(this, [](CElement& element) {
+        if (std::string_view(element.GetText()).substr(0, kCDataStart.size()) == kCDataStart)
+            element.SetText(AsCDataSection(element.GetText()).c_str());
     });
 }
 
 void CDocumentObject::DropWhiteSpaceBetweenElements() {
-    ForEachElement(this, [](CElement* element, bool hasChildren) {
-        if (hasChildren && IsWhiteSpace(element->GetText()))
-            element->SetText("");
+    ForEachElement(this, [](CElement& element) {
+        if (element.HasChildElements() && IsWhiteSpace(element.GetText()))
+            element.SetText("");
     });
 }
 
