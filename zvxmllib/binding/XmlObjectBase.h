@@ -119,9 +119,11 @@ protected:
     // Deliver one event to `sink`; an index of -1 is passed on as null.
     static void FireOnCollectionChangeEvent(IEventSink* sink, CXmlCollectionBase* collection);
     static void FireOnCollectionAddEvent(IEventSink* sink, CXmlCollectionBase* collection, void* item);
-    static void FireOnCollectionAddCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection, void* item);
+    static void FireOnCollectionAddCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                                 void* item);
     static void FireOnCollectionRemoveEvent(IEventSink* sink, CXmlCollectionBase* collection, int index);
-    static void FireOnCollectionRemoveCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection, int index);
+    static void FireOnCollectionRemoveCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                                    int index);
 
     // For generated setters. Throws CZvInvalidParamException.
     static void Throw_IfPropertyIsNull(CXmlObjectBase* value, char const* name);
@@ -143,6 +145,10 @@ protected:
                               char const* ns) const;
 
 private:
+    // The entries of the tables of generated classes work with the objects that they describe.
+    friend class ZvXmlLib16Data::CAttributeInfo;
+    friend class ZvXmlLib16Data::CElementInfo;
+
     // Deletes this object. Deep trees are taken apart in a loop, so that they need no deep stack.
     void DeleteUnreferenced() noexcept;
     void WriteXmlText(CTextStream& sink, bool includeDocHeader, bool formatted, EOLType eol,

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 
 namespace ZvXmlLib16::detail {
 
@@ -25,14 +26,13 @@ public:
     // The string that only this object holds, null where the text is the borrowed one.
     std::string* Own() noexcept { return m_isChanged ? &m_changed : nullptr; }
 
-private:
     // False only if the rule leaves the text as it is.
-    static bool MayChange(CWhitespaceUtils::WhitespaceRule rule, std::string const& text) {
+    static bool MayChange(CWhitespaceUtils::WhitespaceRule rule, std::string_view text) {
         switch (rule) {
         case CWhitespaceUtils::WhitespaceRule_None:
             return false;
         case CWhitespaceUtils::WhitespaceRule_Preserve:
-            return text.find('\r') != std::string::npos;
+            return text.find('\r') != std::string_view::npos;
         case CWhitespaceUtils::WhitespaceRule_Replace:
         case CWhitespaceUtils::WhitespaceRule_Collapse:
             return std::any_of(text.begin(), text.end(), CWhitespaceUtils::IsWhiteSpace);
@@ -40,6 +40,7 @@ private:
         return true;
     }
 
+private:
     std::string const& m_text;
     std::string m_changed;
     bool m_isChanged = false;

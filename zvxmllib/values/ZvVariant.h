@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace ZvXmlLib16 {
 
@@ -54,6 +55,9 @@ public:
     // Parses a value of the type, after the whitespace rule. Throws what the conversion of the type throws,
     // and CZvException for the types that ToString refuses; the variant stays as it was then.
     void FromString(std::string const& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
+
+    // The same for text that is not a string of its own: a string value is copied once.
+    void FromText(std::string_view text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 
     // Getters need a variant of their type, which is asserted. A nil variant gives the empty value.
     CBinaryData GetHexBinary() const;

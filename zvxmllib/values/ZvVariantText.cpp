@@ -124,4 +124,11 @@ void ZvVariant::FromString(std::string const& text, ItemType type, CWhitespaceUt
     }
 }
 
+void ZvVariant::FromText(std::string_view text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
+    if (type != ItemType_string || detail::RuledText::MayChange(rule, text))
+        return FromString(std::string(text), type, rule);
+    m_text.assign(text);
+    TextBecomesValue();
+}
+
 } // namespace ZvXmlLib16

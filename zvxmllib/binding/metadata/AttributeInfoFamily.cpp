@@ -59,7 +59,7 @@ bool CAttributeInfoPrimitive::AttributeFromXml(CSerializationContext const&, CXm
     if (!HasExactName(*attribute))
         return false;
     ZvVariant value;
-    value.FromString(attribute->GetValueView(), m_type, m_rule);
+    value.FromText(attribute->GetValueView(), m_type, m_rule);
     InvokePropertySet(object, value, *attribute);
     return true;
 }

@@ -22,10 +22,6 @@ char const* TextOrEmpty(char const* text) {
     return text == nullptr ? "" : text;
 }
 
-bool HasFacets(CPrimitiveRestrictions const& restrictions) {
-    return restrictions.HasFacets();
-}
-
 } // namespace
 
 CElementInfo::CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex)

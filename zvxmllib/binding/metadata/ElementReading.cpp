@@ -15,7 +15,7 @@ namespace ZvXmlLib16Data {
 bool CElementInfo::ReadNilAttribute(Ctx const& ctx, CXmlElement& element) const {
     bool isNil = false;
     for (std::size_t i = 0; i < element.GetAttributeCount(); ++i) {
-        CXmlAttribute const& attribute = *element.GetAttributeAt(i);
+        ZvXmlLib16::CXmlAttribute const& attribute = *element.GetAttributeAt(i);
         if (!attribute.IsNilAttribute()) {
             if (!ctx.GetIgnoreUnknownAttributes())
                 FailUnexpectedAttribute(attribute.GetXPath());
@@ -54,7 +54,7 @@ void CElementInfo::ReadValue(Ctx const& ctx, Object* object, CXmlElement** curre
 
 void CElementInfo::ElementFromXmlPrim(Ctx const& ctx, Object* object, CXmlElement** current) const {
     ReadValue(ctx, object, current, m_itemType, [this](ZvVariant& value, std::string_view text) {
-        value.FromString(text, m_itemType, m_whitespaceRule);
+        value.FromText(text, m_itemType, m_whitespaceRule);
     });
 }
 

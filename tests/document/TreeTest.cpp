@@ -1,0 +1,190 @@
+// What the tree holds of an XML text.
+#include "Documents.h"
+
+#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/foundation/Encoder.h"
+
+namespace ZvXmlLib16 {
+namespace {
+
+TEST(ParsedTree, JoinsTheCharacterDataOfAnElementInDocumentOrder) {
+    struct Row {
+        char const* xml;
+        char const* text;
+    };
+    for (Row const& row : {
+             Row{"<a/>", ""},
+             Row{"<a>x<b/>y</a>", "xy"},
+             Row{"<a> <b/> </a>", "  "},
+             Row{"<a>x<!-- c -->y<?pi z?></a>", "xy"},
+             Row{"<a>x&#13;y&#13;&#13;</a>", "xy"},
+             Row{"<a>1\r\n2\r3\n4</a>", "1\n2\n3\n4"},
+             Row{"<a>&lt;&amp;&#x20AC;</a>", "<&\xE2\x82\xAC"},
+             Row{"<a><![CDATA[1<2]]>3</a>", "1<23"},
+             Row{"<!DOCTYPE a [<!ENTITY e 'v<b/>w'>]><a>&e;</a>", "vw"},
+             Row{"<a>\n <b/>\n <b/>\n <b/>\n</a>", "\n \n \n \n"},
+             Row{"<a>\n <b>1</b>\n <b>2</b>\n <b>3</b>\n  <b>4</b>\n <b>5</b>\n <b>6</b>x</a>",
+                 "\n \n \n \n  \n \n x"},
+             Row{"<a>p<b>1</b>p<b>2</b>pp<b>3</b>p</a>", "pppp"
+                                                         "p"},
+         }) {
+        CXmlDocument document;
+        document.LoadXml(row.xml);
+        EXPECT_EQ(document.GetDocumentElement()->GetText(), row.text) << row.xml;
+    }
+}
+
+TEST(ParsedTree, KeepsTextsOfAnySizeAndInAnyNumberOfPieces) {
+    std::string xml = "<r>";
+    std::string between;
+    std::string const large(3'000'000, 'x');
+    for (int i = 0; i < 2000; ++i) {
+        std::string const gap = i % 3 == 0 ? "\n" : "\n    ";
+        xml +=
+            gap + "<e a='" + std::to_string(i) + "'>" + (i == 1000 ? large : std::to_string(i * 7)) + "</e>";
+        between += gap;
+    }
+    xml += "</r>";
+    CXmlDocument document;
+    document.LoadXml(xml.c_str());
+    EXPECT_EQ(document.GetDocumentElement()->GetText(), between);
+    int i = 0;
+    for (CXmlElement* e = At(document, {}).GetFirstElement(); e != nullptr;
+         e = e->GetNextSiblingElement(), ++i) {
+        ASSERT_EQ(e->GetText(), i == 1000 ? large : std::to_string(i * 7));
+        ASSERT_EQ(e->GetAttribute("a", ""), std::to_string(i));
+    }
+    EXPECT_EQ(i, 2000);
+}
+
+TEST(ParsedTree, ResolvesNamespacesByScope) {
+    CXmlDocument document;
+    document.LoadXml("<a xmlns='u' xmlns:p='v' p:x='1' x='2' xml:lang='en'>"
+                     "<p:b xmlns:p='w' p:y=''/><c xmlns=''/><p:d/></a>");
+    CXmlElement& a = At(document, {});
+    EXPECT_EQ(a.GetNamespaceURI(), "u");
+    ASSERT_EQ(a.GetAttributes().size(), 3u);
+    EXPECT_EQ(a.GetAttributes()[0]->GetNamespaceURI(), "v");
+    EXPECT_EQ(a.GetAttributes()[1]->GetNamespaceURI(), "");
+    EXPECT_EQ(a.GetAttributes()[2]->GetNamespaceURI(), "http://www.w3.org/XML/1998/namespace");
+    EXPECT_EQ(a.GetAttributes()[2]->GetLocalName(), "lang");
+    EXPECT_EQ(a.GetAttribute("x", "v"), "1");
+    EXPECT_EQ(a.GetAttribute("x", ""), "2");
+    EXPECT_EQ(a.GetAttribute("x", "w"), "");
+    EXPECT_EQ(At(document, {0}).GetNamespaceURI(), "w");
+    EXPECT_EQ(At(document, {1}).GetNamespaceURI(), "");
+    EXPECT_EQ(At(document, {2}).GetNamespaceURI(), "v");
+    // The flat table knows the last declaration only.
+    EXPECT_EQ(document.LookupNamespaceFromAlias("p"), "w");
+    EXPECT_EQ(document.LookupNamespaceFromAlias(""), "");
+    EXPECT_EQ(document.LookupNamespaceFromAlias("q"), "");
+    EXPECT_EQ(document.LookupAliasFromNamespace("w"), "p");
+}
+
+TEST(ParsedTree, KeepsQualifiedNamesAndDeclarationsWithoutNamespaceProcessing) {
+    CSerializationContext context;
+    context.SetSchemaType(SchemaType_NoNamespaces);
+    CXmlDocument document(context);
+    document.LoadXml("<p:a xmlns:p='u' p:x='1'/>");
+    CXmlElement& a = At(document, {});
+    EXPECT_EQ(a.GetLocalName(), "p:a");
+    EXPECT_EQ(a.GetNamespaceURI(), "");
+    ASSERT_EQ(a.GetAttributes().size(), 2u);
+    EXPECT_EQ(a.GetAttributes()[0]->GetLocalName(), "xmlns:p");
+    EXPECT_EQ(a.GetAttributes()[1]->GetLocalName(), "p:x");
+    EXPECT_EQ(document.LookupNamespaceFromAlias("p"), "");
+}
+
+TEST(ParsedTree, KeepsTheMarksOfCdataSectionsWhenAsked) {
+    CSerializationContext context;
+    context.SetStripCDATA(false);
+    CXmlDocument document(context);
+    document.LoadXml("<a><![CDATA[1<2]]> &lt; <![CDATA[]]><b><![CDATA[x]]></b></a>");
+    EXPECT_EQ(At(document, {}).GetText(), "<![CDATA[1<2]]> < <![CDATA[]]>");
+    EXPECT_EQ(At(document, {0}).GetText(), "<![CDATA[x]]>");
+}
+
+TEST(ParsedTree, DropsReferencesToExternalEntities) {
+    CXmlDocument document;
+    document.LoadXml("<!DOCTYPE a [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><a>x&e;y</a>");
+    EXPECT_EQ(At(document, {}).GetText(), "xy");
+}
+
+TEST(ParsedTree, TellsAttributesThatAreNoDataOfTheSchema) {
+    CXmlDocument document;
+    document.LoadXml("<a xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:type='t' i:nil='true' "
+                     "i:schemaLocation='s' i:noNamespaceSchemaLocation='n' i:other='' type='' nil=''/>");
+    std::string kinds;
+    for (CXmlAttribute const* attribute : At(document, {}).GetAttributes()) {
+        kinds += attribute->IsNamespaceAttribute() ? 'N' : '-';
+        kinds += attribute->IsNilAttribute() ? 'n' : '-';
+    }
+    EXPECT_EQ(kinds, "N--nN-N-------");
+}
+
+TEST(ParsedTree, GivesEveryRequestTheSameString) {
+    CXmlDocument document;
+    document.LoadXml("<a b='v'>x<c/>y<c/>z</a>");
+    CXmlElement const& a = At(document, {});
+    EXPECT_EQ(&a.GetText(), &a.GetText());
+    EXPECT_EQ(&a.GetAttributes(), &a.GetAttributes());
+    EXPECT_EQ(&a.GetAttributes()[0]->GetValue(), &a.GetAttribute("b", ""));
+    EXPECT_EQ(a.GetNodeText().View(), "xyz");
+}
+
+TEST(ParsedTree, HoldsLocalTextOfTheChosenCodePage) {
+    struct Restore {
+        ~Restore() { SetLocalCharEncoding(3); }
+    } restore;
+    SetLocalCharEncoding(28591);
+    CXmlDocument document;
+    std::string const many(600, 'n');
+    document.LoadXml(
+        ("<\xC3\xA9 xmlns='u\xC3\xA8' a='\xC3\xBC\xE2\x82\xAC'>\xC3\xA4<" + many + "/></\xC3\xA9>").c_str());
+    CXmlElement& root = At(document, {});
+    EXPECT_EQ(root.GetLocalName(), "\xE9");
+    EXPECT_EQ(root.GetNamespaceURI(), "u\xE8");
+    EXPECT_EQ(root.GetAttribute("a", ""), "\xFC?");
+    EXPECT_EQ(root.GetText(), "\xE4");
+    EXPECT_EQ(At(document, {0}).GetLocalName(), many);
+    EXPECT_EQ(document.LookupAliasFromNamespace("u\xE8"), "");
+}
+
+TEST(ParsedTree, CountsItsNodesInBulk) {
+    auto const line = [](char const* name) {
+        std::string const state = CInstanceMonitor::DumpState();
+        std::size_t const at = state.find(std::string(" ") + name + " = ");
+        return at == std::string::npos ? std::string() : state.substr(at, state.find('\n', at) - at);
+    };
+    CInstanceMonitor::Cleanup();
+    {
+        CXmlDocument document;
+        document.LoadXml("<a x='1' y='2'><b/><b z=''/></a>");
+        EXPECT_EQ(line("CXmlElement"), " CXmlElement = 3/3");
+        EXPECT_EQ(line("CXmlAttribute"), " CXmlAttribute = 3/3");
+        document.LoadXml("<a/>");
+        EXPECT_EQ(line("CXmlElement"), " CXmlElement = 1/4");
+    }
+    EXPECT_EQ(line("CXmlElement"), " CXmlElement = 0/4");
+    EXPECT_EQ(line("CXmlAttribute"), " CXmlAttribute = 0/3");
+}
+
+TEST(ParsedTree, NeedsNoStackForDepth) {
+    constexpr int kDepth = 100'000;
+    std::string xml;
+    for (int i = 0; i < kDepth; ++i)
+        xml += "<e>";
+    for (int i = 0; i < kDepth; ++i)
+        xml += "</e>";
+    CXmlDocument document;
+    document.LoadXml(xml.c_str());
+    CXmlElement const* element = document.GetDocumentElement();
+    int depth = 0;
+    for (; element->GetFirstElement() != nullptr; ++depth)
+        element = element->GetFirstElement();
+    EXPECT_EQ(depth, kDepth - 1);
+    EXPECT_EQ(element->GetXPath().size(), 2u * kDepth);
+}
+
+} // namespace
+} // namespace ZvXmlLib16
