@@ -1,4 +1,5 @@
 // The main of all test programs: runs the tests, then looks for tracked objects that are still alive.
+#include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/foundation/MemoryLeakHelp.h"
 
 #include <gmock/gmock.h>
@@ -28,6 +29,7 @@ bool ReportSurvivors() {
 
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
+    ZvXmlLib16::SetGeneratorVersion(16, 1); // as generated code does at its start
     int const failed = RUN_ALL_TESTS();
     return ReportSurvivors() ? failed : 1;
 }

@@ -1,0 +1,171 @@
+// The entry points that write XML: their frame, encodings, compression and files.
+#include "tests/support/LocalEncoding.h"
+#include "tests/support/MessageOf.h"
+#include "tests/support/WrittenObject.h"
+#include "zvxmllib/streams/ZvZip.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+
+using namespace ZvXmlLib16;
+
+namespace {
+
+CSmartPtr<WrittenObject> Order(std::string const& text) {
+    return new WrittenObject([text](CXmlWriter& w) {
+        w.WriteElementStart("a", "");
+        w.WriteElementValue(text, ItemType_string, false);
+        w.WriteElementEnd();
+    });
+}
+
+std::string TextOf(CBinaryData const& data) {
+    return std::string(data.GetData(), data.GetData() + data.GetLength());
+}
+
+std::string Utf16(std::string const& ascii) {
+    std::string bytes;
+    for (char const c : ascii)
+        bytes.append(1, c).append(1, '\0');
+    return bytes;
+}
+
+// A file name of this test's own; the file goes with it.
+class ScratchFile {
+public:
+    ScratchFile() : m_name(testing::TempDir() + "zvxmllib_to_xml_test.xml") { std::remove(m_name.c_str()); }
+    ~ScratchFile() { std::remove(m_name.c_str()); }
+    char const* Name() const { return m_name.c_str(); }
+    bool Exists() const { return std::ifstream(m_name).good(); }
+    std::string Content() const {
+        std::ifstream file(m_name, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+
+private:
+    std::string m_name;
+};
+
+TEST(ToXml, GivesTheContextsOptionsToTheWriter) {
+    CSerializationContext ctx;
+    ctx.SetIndentChars(" ");
+    ctx.SetWriteDefaultElementValues(true);
+    CSmartPtr<WrittenObject> const object(new WrittenObject([](CXmlWriter& w) {
+        w.WriteElementStart("a", "");
+        w.WriteElementStart("b", "");
+        w.WriteElementValue("x", ItemType_string, true);
+        w.WriteElementEnd();
+        w.WriteElementEnd();
+    }));
+    EXPECT_EQ(object->ToXml(true, true, EOLType_CRLF, ctx),
+              "<?xml version=\"1.0\"?>\r\n<a>\r\n <b>x</b>\r\n</a>\r\n");
+    ctx.SetIndentChars(nullptr);
+    EXPECT_EQ(object->ToXml(false, true, EOLType_LF, ctx), "<a>\n<b>x</b>\n</a>\n");
+}
+
+TEST(ToXml, GivesTheDeclarationAloneForAnObjectThatWritesNothing) {
+    CSmartPtr<WrittenObject> const object(new WrittenObject);
+    CSerializationContext const ctx;
+    EXPECT_EQ(object->ToXml(false, true, EOLType_LF, ctx), "");
+    EXPECT_EQ(object->ToXml(true, false, EOLType_LF, ctx), "<?xml version=\"1.0\"?>\n");
+}
+
+TEST(ToXml, JoinsALongDocument) {
+    std::string const text(300000, 'x');
+    EXPECT_EQ(Order(text)->ToXml(false, false, EOLType_LF, CSerializationContext()), "<a>" + text + "</a>");
+}
+
+TEST(ToXml, ReportsAnObjectThatLeavesAnElementOpen) {
+    EXPECT_EQ(MessageOf<CZvException>([] { XmlOf([](CXmlWriter& w) { w.WriteElementStart("a", ""); }); }),
+              "An Element has not been closed.");
+    EXPECT_EQ(MessageOf<CZvException>([] { XmlOf({}, false, static_cast<EOLType>(7)); }),
+              "Invalid EOL type.");
+}
+
+TEST(ToXmlStream, GivesBytesOfTheEncodingWithoutAMark) {
+    LocalEncoding const local(65001);
+    CSerializationContext const ctx;
+    CSmartPtr<WrittenObject> const object = Order("\xC3\xA4");
+    auto const bytes = [&](XmlEncoding encoding) {
+        return TextOf(object->ToXmlStream(true, false, encoding, EOLType_LF, ctx, CompressionType_None));
+    };
+    EXPECT_EQ(bytes(XmlEncoding_UTF8), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a>\xC3\xA4</a>");
+    std::string const text = Utf16("<a>") + std::string("\xE4\0", 2) + Utf16("</a>");
+    EXPECT_EQ(bytes(XmlEncoding_UTF16), Utf16("<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n") + text);
+    EXPECT_EQ(bytes(XmlEncoding_UTF16NoDeclaration), Utf16("<?xml version=\"1.0\"?>\n") + text);
+    EXPECT_EQ(MessageOf<CZvException>([&] { bytes(XmlEncoding_None); }),
+              "Unknown Encoding, select UTF-8 (contact our support team)");
+}
+
+TEST(ToXmlStream, Compresses) {
+    CSerializationContext const ctx;
+    std::string const text(1000, 'x');
+    for (CompressionType const type : {CompressionType_GZip, CompressionType_ZLib}) {
+        CBinaryData data = Order(text)->ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, ctx, type);
+        EXPECT_LT(data.GetLength(), 100u);
+        std::uint32_t length = data.GetLength();
+        unsigned char* bytes = data.ReleaseData();
+        CZvZip::Decompress(bytes, length);
+        EXPECT_EQ(TextOf(CBinaryData(bytes, length, true)), "<a>" + text + "</a>");
+    }
+}
+
+TEST(ToXmlFile, MarksSixteenBitTextButNotCompressedBytes) {
+    CSerializationContext const ctx;
+    ScratchFile const file;
+    CSmartPtr<WrittenObject> const object = Order(std::string(1000, 'x'));
+    struct Row {
+        XmlEncoding encoding;
+        CompressionType compression;
+        std::string start;
+    };
+    Row const rows[] = {
+        {XmlEncoding_UTF8, CompressionType_None, "<a>x"},
+        {XmlEncoding_UTF16, CompressionType_None, "\xFF\xFE" + Utf16("<a>x")},
+        {XmlEncoding_UTF16NoDeclaration, CompressionType_None, "\xFF\xFE" + Utf16("<a>x")},
+        {XmlEncoding_UTF8, CompressionType_GZip, "\x1F\x8B"},
+        {XmlEncoding_UTF16, CompressionType_GZip, "\x1F\x8B"},
+    };
+    for (Row const& row : rows) {
+        object->ToXmlFile(file.Name(), false, false, row.encoding, EOLType_LF, ctx, row.compression);
+        EXPECT_THAT(file.Content(), testing::StartsWith(row.start)) << row.encoding << row.compression;
+    }
+}
+
+TEST(ToXmlFile, ReportsWhatItCannotWrite) {
+    CSerializationContext const ctx;
+    EXPECT_EQ(MessageOf<CZvException>([&] {
+                  Order("x")->ToXmlFile("/nowhere/at all", false, false, XmlEncoding_UTF8, EOLType_LF, ctx,
+                                        CompressionType_None);
+              }),
+              "Failed to write data to the file [/nowhere/at all] error [0x00000002]");
+    ScratchFile const file;
+    EXPECT_EQ(MessageOf<CZvException>([&] {
+                  Order("x")->ToXmlFile(file.Name(), false, false, XmlEncoding_UTF8, EOLType_LF, ctx,
+                                        CompressionType_ZLib);
+              }),
+              "ZLIB Compression only available for To Stream methods.");
+    EXPECT_FALSE(file.Exists());
+}
+
+// An object that gives its bytes itself.
+class PreparedObject : public WrittenObject {
+public:
+    CBinaryData ToXmlStream(bool, bool, XmlEncoding, EOLType, CSerializationContext const&,
+                            CompressionType) override {
+        return CBinaryData("prepared");
+    }
+};
+
+TEST(ToXmlFile, TakesTheBytesOfAnObjectThatReplacesTheStreamForm) {
+    ScratchFile const file;
+    CSmartPtr<PreparedObject> const object(new PreparedObject);
+    object->ToXmlFile(file.Name(), false, false, XmlEncoding_UTF8, EOLType_LF, CSerializationContext(),
+                      CompressionType_None);
+    EXPECT_EQ(file.Content(), "prepared");
+}
+
+} // namespace
