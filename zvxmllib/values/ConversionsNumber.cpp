@@ -4,6 +4,7 @@
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/NumberText.h"
 #include "zvxmllib/values/RuledText.h"
+#include "zvxmllib/values/TextValues.h"
 
 #include <cmath>
 #include <limits>
@@ -20,20 +21,20 @@ bool IsKnownRule(Rule rule) {
 }
 
 // True if only the end of the text, or a NUL, follows what was read.
-bool IsAtEnd(std::string const& text, std::size_t length) {
-    return text.c_str()[length] == '\0';
+bool IsAtEnd(std::string_view text, std::size_t length) {
+    return length == text.size() || text[length] == '\0';
 }
 
 // The rules of strtol and its kin at the width of Integer: a magnitude that does not fit is reported before
 // anything that follows the digits.
 template <class Integer>
-Integer IntegerFromText(std::string const& value, Rule rule, char const* typeName) {
+Integer IntegerFromText(std::string_view value, Rule rule, char const* typeName) {
     Integer number = 0;
     if (IsKnownRule(rule) && detail::ReadPlainInteger(value, number)) // no rule changes such a text
         return number;
 
     detail::RuledText const ruled(rule, value);
-    std::string const& text = ruled.Get();
+    std::string_view const text = ruled.Get();
     if (text.empty())
         FailNumberText(text, typeName);
     detail::IntegerText const read = detail::ScanInteger(text);
@@ -49,13 +50,13 @@ Integer IntegerFromText(std::string const& value, Rule rule, char const* typeNam
 
 // The message shows the text as it came, before the rule.
 template <class Small, class Wide>
-Small NarrowInteger(Wide number, std::string const& value, char const* typeName) {
+Small NarrowInteger(Wide number, std::string_view value, char const* typeName) {
     if (number < std::numeric_limits<Small>::min() || number > std::numeric_limits<Small>::max())
         FailNumberTooLarge(value, typeName);
     return static_cast<Small>(number);
 }
 
-double RealFromText(std::string const& value, Rule rule, char const* typeName) {
+double RealFromText(std::string_view value, Rule rule, char const* typeName) {
     if (IsKnownRule(rule)) {
         // No rule changes the number in a text that is one as a whole: they touch only what is skipped.
         detail::RealText const read = detail::ScanReal(value);
@@ -64,7 +65,7 @@ double RealFromText(std::string const& value, Rule rule, char const* typeName) {
     }
 
     detail::RuledText const ruled(rule, value);
-    std::string const& text = ruled.Get();
+    std::string_view const text = ruled.Get();
     if (text.empty())
         FailNumberText(text, typeName);
     if (text == "NaN" || text == "1.#QNAN" || text == "-NAN")
@@ -94,12 +95,57 @@ constexpr std::size_t kLimitR8 = 47;
 
 } // namespace
 
+namespace detail {
+
+char i1FromText(std::string_view text, TextRule rule) {
+    return static_cast<char>(NarrowInteger<signed char>(i4FromText(text, rule), text, "i1"));
+}
+
+short i2FromText(std::string_view text, TextRule rule) {
+    return NarrowInteger<short>(i4FromText(text, rule), text, "i2");
+}
+
+std::int32_t i4FromText(std::string_view text, TextRule rule) {
+    return IntegerFromText<std::int32_t>(text, rule, "i4");
+}
+
+long long i8FromText(std::string_view text, TextRule rule) {
+    return IntegerFromText<long long>(text, rule, "i8");
+}
+
+unsigned char ui1FromText(std::string_view text, TextRule rule) {
+    return NarrowInteger<unsigned char>(ui4FromText(text, rule), text, "ui1");
+}
+
+unsigned short ui2FromText(std::string_view text, TextRule rule) {
+    return NarrowInteger<unsigned short>(ui4FromText(text, rule), text, "ui2");
+}
+
+std::uint32_t ui4FromText(std::string_view text, TextRule rule) {
+    return IntegerFromText<std::uint32_t>(text, rule, "ui4");
+}
+
+unsigned long long ui8FromText(std::string_view text, TextRule rule) {
+    return IntegerFromText<unsigned long long>(text, rule, "ui8");
+}
+
+float r4FromText(std::string_view text, TextRule rule) {
+    static_assert(std::numeric_limits<float>::is_iec559); // a double beyond a float narrows to infinity
+    return static_cast<float>(RealFromText(text, rule, "r4"));
+}
+
+double r8FromText(std::string_view text, TextRule rule) {
+    return RealFromText(text, rule, "r8");
+}
+
+} // namespace detail
+
 std::string CConversions::i1ToString(char value) {
     return detail::PrintInteger(static_cast<int>(static_cast<signed char>(value)));
 }
 
 char CConversions::i1FromString(std::string const& value, WhitespaceRule rule) {
-    return static_cast<char>(NarrowInteger<signed char>(i4FromString(value, rule), value, "i1"));
+    return detail::i1FromText(value, rule);
 }
 
 std::string CConversions::i2ToString(short value) {
@@ -107,7 +153,7 @@ std::string CConversions::i2ToString(short value) {
 }
 
 short CConversions::i2FromString(std::string const& value, WhitespaceRule rule) {
-    return NarrowInteger<short>(i4FromString(value, rule), value, "i2");
+    return detail::i2FromText(value, rule);
 }
 
 std::string CConversions::i4ToString(std::int32_t value) {
@@ -115,7 +161,7 @@ std::string CConversions::i4ToString(std::int32_t value) {
 }
 
 std::int32_t CConversions::i4FromString(std::string const& value, WhitespaceRule rule) {
-    return IntegerFromText<std::int32_t>(value, rule, "i4");
+    return detail::i4FromText(value, rule);
 }
 
 std::string CConversions::i8ToString(long long value) {
@@ -123,7 +169,7 @@ std::string CConversions::i8ToString(long long value) {
 }
 
 long long CConversions::i8FromString(std::string const& value, WhitespaceRule rule) {
-    return IntegerFromText<long long>(value, rule, "i8");
+    return detail::i8FromText(value, rule);
 }
 
 std::string CConversions::ui1ToString(unsigned char value) {
@@ -131,7 +177,7 @@ std::string CConversions::ui1ToString(unsigned char value) {
 }
 
 unsigned char CConversions::ui1FromString(std::string const& value, WhitespaceRule rule) {
-    return NarrowInteger<unsigned char>(ui4FromString(value, rule), value, "ui1");
+    return detail::ui1FromText(value, rule);
 }
 
 std::string CConversions::ui2ToString(unsigned short value) {
@@ -139,7 +185,7 @@ std::string CConversions::ui2ToString(unsigned short value) {
 }
 
 unsigned short CConversions::ui2FromString(std::string const& value, WhitespaceRule rule) {
-    return NarrowInteger<unsigned short>(ui4FromString(value, rule), value, "ui2");
+    return detail::ui2FromText(value, rule);
 }
 
 std::string CConversions::ui4ToString(std::uint32_t value) {
@@ -147,7 +193,7 @@ std::string CConversions::ui4ToString(std::uint32_t value) {
 }
 
 std::uint32_t CConversions::ui4FromString(std::string const& value, WhitespaceRule rule) {
-    return IntegerFromText<std::uint32_t>(value, rule, "ui4");
+    return detail::ui4FromText(value, rule);
 }
 
 std::string CConversions::ui8ToString(unsigned long long value) {
@@ -155,7 +201,7 @@ std::string CConversions::ui8ToString(unsigned long long value) {
 }
 
 unsigned long long CConversions::ui8FromString(std::string const& value, WhitespaceRule rule) {
-    return IntegerFromText<unsigned long long>(value, rule, "ui8");
+    return detail::ui8FromText(value, rule);
 }
 
 std::string CConversions::r4ToString(float value) {
@@ -167,8 +213,7 @@ std::string CConversions::r4ToString(float value, std::string const& format) {
 }
 
 float CConversions::r4FromString(std::string const& value, WhitespaceRule rule) {
-    static_assert(std::numeric_limits<float>::is_iec559); // a double beyond a float narrows to infinity
-    return static_cast<float>(RealFromText(value, rule, "r4"));
+    return detail::r4FromText(value, rule);
 }
 
 std::string CConversions::r8ToString(double value) {
@@ -180,7 +225,7 @@ std::string CConversions::r8ToString(double value, std::string const& format) {
 }
 
 double CConversions::r8FromString(std::string const& value, WhitespaceRule rule) {
-    return RealFromText(value, rule, "r8");
+    return detail::r8FromText(value, rule);
 }
 
 } // namespace ZvXmlLib16

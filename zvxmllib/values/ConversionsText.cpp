@@ -3,6 +3,7 @@
 #include "zvxmllib/values/Conversions.h"
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/RuledText.h"
+#include "zvxmllib/values/TextValues.h"
 
 #include <algorithm>
 #include <string_view>
@@ -20,14 +21,45 @@ bool EqualsWithoutCase(std::string_view text, std::string_view word) {
 
 } // namespace
 
+namespace detail {
+
+CBinaryData hexBinaryFromText(std::string_view text, TextRule rule) {
+    CBinaryData data;
+    data.SetAsHexString(std::string(RuledText(rule, text).Get()).c_str());
+    return data;
+}
+
+CBinaryData base64BinaryFromText(std::string_view text, TextRule rule) {
+    CBinaryData data;
+    data.SetAsBase64(std::string(RuledText(rule, text).Get()).c_str());
+    return data;
+}
+
+char charFromText(std::string_view text, TextRule rule) {
+    RuledText const ruled(rule, text);
+    if (ruled.Get().size() != 1)
+        FailCharText(ruled.Get());
+    return ruled.Get()[0];
+}
+
+bool booleanFromText(std::string_view text, TextRule rule) {
+    RuledText const ruled(rule, text);
+    std::string_view const word = ruled.Get();
+    if (EqualsWithoutCase(word, "true") || word == "1")
+        return true;
+    if (EqualsWithoutCase(word, "false") || word == "0")
+        return false;
+    FailBooleanText(text);
+}
+
+} // namespace detail
+
 std::string CConversions::hexBinaryToString(CBinaryData const& value) {
     return value.GetAsHexString();
 }
 
 CBinaryData CConversions::hexBinaryFromString(std::string const& value, WhitespaceRule rule) {
-    CBinaryData data;
-    data.SetAsHexString(detail::RuledText(rule, value).Get().c_str());
-    return data;
+    return detail::hexBinaryFromText(value, rule);
 }
 
 std::string CConversions::base64BinaryToString(CBinaryData const& value) {
@@ -35,9 +67,7 @@ std::string CConversions::base64BinaryToString(CBinaryData const& value) {
 }
 
 CBinaryData CConversions::base64BinaryFromString(std::string const& value, WhitespaceRule rule) {
-    CBinaryData data;
-    data.SetAsBase64(detail::RuledText(rule, value).Get().c_str());
-    return data;
+    return detail::base64BinaryFromText(value, rule);
 }
 
 std::string CConversions::charToString(char value) {
@@ -45,11 +75,7 @@ std::string CConversions::charToString(char value) {
 }
 
 char CConversions::charFromString(std::string const& value, WhitespaceRule rule) {
-    detail::RuledText const ruled(rule, value);
-    std::string const& text = ruled.Get();
-    if (text.size() != 1)
-        FailCharText(text);
-    return text[0];
+    return detail::charFromText(value, rule);
 }
 
 std::string CConversions::stringToString(std::string const& value) {
@@ -65,13 +91,7 @@ std::string CConversions::booleanToString(bool value) {
 }
 
 bool CConversions::booleanFromString(std::string const& value, WhitespaceRule rule) {
-    detail::RuledText const ruled(rule, value);
-    std::string const& text = ruled.Get();
-    if (EqualsWithoutCase(text, "true") || text == "1")
-        return true;
-    if (EqualsWithoutCase(text, "false") || text == "0")
-        return false;
-    FailBooleanText(value);
+    return detail::booleanFromText(value, rule);
 }
 
 } // namespace ZvXmlLib16

@@ -30,25 +30,26 @@ void FailWhitespaceRule() {
     throw CZvException("Unknown WhitespaceRule");
 }
 
-void FailNumberText(std::string const& text, char const* typeName) {
+void FailNumberText(std::string_view text, char const* typeName) {
     throw CZvInvalidValueException(
-        FormatString("The value [%s] can not be converted to a %s", text.c_str(), typeName));
+        FormatString("The value [%s] can not be converted to a %s", std::string(text).c_str(), typeName));
 }
 
-void FailNumberTooLarge(std::string const& text, char const* typeName) {
+void FailNumberTooLarge(std::string_view text, char const* typeName) {
     throw CZvInvalidValueException(
-        FormatString("The value [%s] is to large to fit in a %s", text.c_str(), typeName));
+        FormatString("The value [%s] is to large to fit in a %s", std::string(text).c_str(), typeName));
 }
 
-void FailCharText(std::string const& text) {
-    throw CZvInvalidValueException(FormatString(
-        "The value [%s] can not be a char as it is either empty of greater than 1 char long", text.c_str()));
+void FailCharText(std::string_view text) {
+    throw CZvInvalidValueException(
+        FormatString("The value [%s] can not be a char as it is either empty of greater than 1 char long",
+                     std::string(text).c_str()));
 }
 
-void FailBooleanText(std::string const& text) {
+void FailBooleanText(std::string_view text) {
     throw CZvInvalidValueException(FormatString("A Boolean Value read from an XML document was invalid [%s]. "
                                                 "Valid values are 'true', 'false', '1', or '0'",
-                                                text.c_str()));
+                                                std::string(text).c_str()));
 }
 
 void FailTypeName(ItemType type) {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace ZvXmlLib16 {
 
@@ -16,10 +17,10 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailWhitespaceRule();
 
 // Conversions. `typeName` is that of an integer or floating-point type.
-[[noreturn]] void FailNumberText(std::string const& text, char const* typeName);
-[[noreturn]] void FailNumberTooLarge(std::string const& text, char const* typeName);
-[[noreturn]] void FailCharText(std::string const& text);
-[[noreturn]] void FailBooleanText(std::string const& text);
+[[noreturn]] void FailNumberText(std::string_view text, char const* typeName);
+[[noreturn]] void FailNumberTooLarge(std::string_view text, char const* typeName);
+[[noreturn]] void FailCharText(std::string_view text);
+[[noreturn]] void FailBooleanText(std::string_view text);
 
 // The variant.
 [[noreturn]] void FailTypeName(ItemType type);

@@ -24,25 +24,24 @@ bool IsSpace(char c) {
 }
 
 // Passes white space and a sign; true if the sign is a minus.
-bool SkipToDigits(char const*& at) {
-    while (IsSpace(*at))
+bool SkipToDigits(char const*& at, char const* end) {
+    while (at != end && IsSpace(*at))
         ++at;
-    bool const isNegative = *at == '-';
-    if (isNegative || *at == '+')
-        ++at;
-    return isNegative;
+    if (at == end || (*at != '-' && *at != '+'))
+        return false;
+    return *at++ == '-';
 }
 
 } // namespace
 
-IntegerText ScanInteger(std::string const& text) {
+IntegerText ScanInteger(std::string_view text) {
     IntegerText result;
-    char const* const begin = text.c_str();
-    char const* at = begin;
-    result.isNegative = SkipToDigits(at);
-    if (!IsDigit(*at))
+    char const* at = text.data();
+    char const* const end = at + text.size();
+    result.isNegative = SkipToDigits(at, end);
+    if (at == end || !IsDigit(*at))
         return result;
-    for (; IsDigit(*at); ++at) {
+    for (; at != end && IsDigit(*at); ++at) {
         constexpr unsigned long long kMax = std::numeric_limits<unsigned long long>::max();
         auto const digit = static_cast<unsigned>(*at - '0');
         if (result.magnitude > (kMax - digit) / 10)
@@ -50,25 +49,25 @@ IntegerText ScanInteger(std::string const& text) {
         else
             result.magnitude = result.magnitude * 10 + digit;
     }
-    result.length = static_cast<std::size_t>(at - begin);
+    result.length = static_cast<std::size_t>(at - text.data());
     return result;
 }
 
-RealText ScanReal(std::string const& text) {
+RealText ScanReal(std::string_view text) {
     RealText result;
-    char const* const begin = text.c_str();
-    char const* at = begin;
-    bool const isNegative = SkipToDigits(at);
-    if (!IsDigit(*at) && !(*at == '.' && IsDigit(at[1])))
+    char const* at = text.data();
+    char const* const end = at + text.size();
+    bool const isNegative = SkipToDigits(at, end);
+    if (at == end || !(IsDigit(*at) || (*at == '.' && at + 1 != end && IsDigit(at[1]))))
         return result;
-    std::from_chars_result const read = std::from_chars(at, begin + text.size(), result.value);
+    std::from_chars_result const read = std::from_chars(at, end, result.value);
     if (read.ec == std::errc::result_out_of_range) { // leaves the value open: too large or too small
         platform::CNumericLocaleGuard const guard;
-        result.value = std::strtod(at, nullptr);
+        result.value = std::strtod(std::string(at, read.ptr).c_str(), nullptr);
     }
     if (isNegative)
         result.value = -result.value;
-    result.length = static_cast<std::size_t>(read.ptr - begin);
+    result.length = static_cast<std::size_t>(read.ptr - text.data());
     return result;
 }
 

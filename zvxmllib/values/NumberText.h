@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace ZvXmlLib16::detail {
@@ -11,7 +12,7 @@ namespace ZvXmlLib16::detail {
 // The ordinary case: digits with at most a minus sign in front, nothing else, in range. False for all other
 // texts, which say nothing about the text being wrong.
 template <class Integer>
-bool ReadPlainInteger(std::string const& text, Integer& value) {
+bool ReadPlainInteger(std::string_view text, Integer& value) {
     char const* const end = text.data() + text.size();
     std::from_chars_result const read = std::from_chars(text.data(), end, value);
     return read.ec == std::errc() && read.ptr == end;
@@ -24,7 +25,7 @@ struct IntegerText {
     bool isBeyond64Bits = false;
     std::size_t length = 0; // of all that was read; 0 if there is no digit
 };
-IntegerText ScanInteger(std::string const& text);
+IntegerText ScanInteger(std::string_view text);
 
 // What stands at the head of a text: white space by the list of C, a sign, digits with a point, an exponent.
 // No words and no hexadecimal form. Beyond the range the value is infinity or 0.
@@ -32,7 +33,7 @@ struct RealText {
     double value = 0;
     std::size_t length = 0;
 };
-RealText ScanReal(std::string const& text);
+RealText ScanReal(std::string_view text);
 
 template <class Integer>
 std::string PrintInteger(Integer value) {

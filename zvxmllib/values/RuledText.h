@@ -13,19 +13,21 @@ namespace ZvXmlLib16::detail {
 class RuledText {
 public:
     // Throws CZvException for a rule out of range.
-    RuledText(CWhitespaceUtils::WhitespaceRule rule, std::string const& text) : m_text(text) {
+    RuledText(CWhitespaceUtils::WhitespaceRule rule, std::string_view text) : m_text(text) {
         if (MayChange(rule, text)) {
-            m_changed = CWhitespaceUtils::ApplyRule(rule, text);
+            m_changed = CWhitespaceUtils::ApplyRule(rule, std::string(text));
+            m_text = m_changed;
             m_isChanged = true;
         }
     }
     RuledText(RuledText const&) = delete;
     RuledText& operator=(RuledText const&) = delete;
 
-    std::string const& Get() const noexcept { return m_isChanged ? m_changed : m_text; }
+    std::string_view Get() const noexcept { return m_text; }
     // The string that only this object holds, null where the text is the borrowed one.
     std::string* Own() noexcept { return m_isChanged ? &m_changed : nullptr; }
 
+private:
     // False only if the rule leaves the text as it is.
     static bool MayChange(CWhitespaceUtils::WhitespaceRule rule, std::string_view text) {
         switch (rule) {
@@ -40,8 +42,7 @@ public:
         return true;
     }
 
-private:
-    std::string const& m_text;
+    std::string_view m_text;
     std::string m_changed;
     bool m_isChanged = false;
 };

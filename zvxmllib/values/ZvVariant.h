@@ -56,7 +56,7 @@ public:
     // and CZvException for the types that ToString refuses; the variant stays as it was then.
     void FromString(std::string const& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 
-    // The same for text that is not a string of its own: a string value is copied once.
+    // The same for text that is no string of its own; a string value is copied once, into the room there is.
     void FromText(std::string_view text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 
     // Getters need a variant of their type, which is asserted. A nil variant gives the empty value.

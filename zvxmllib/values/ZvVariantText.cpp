@@ -2,6 +2,7 @@
 #include "zvxmllib/values/Conversions.h"
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/RuledText.h"
+#include "zvxmllib/values/TextValues.h"
 #include "zvxmllib/values/ZvVariant.h"
 
 #include <iterator>
@@ -82,53 +83,51 @@ std::string const& ZvVariant::ToText(char const* format, std::string& buffer) co
     }
 }
 
-// Each value is parsed before its setter touches the variant.
 void ZvVariant::FromString(std::string const& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
+    FromText(text, type, rule);
+}
+
+// Each value is parsed before its setter touches the variant.
+void ZvVariant::FromText(std::string_view text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
     switch (type) {
     case ItemType_hexBinary:
-        return SetHexBinary(CConversions::hexBinaryFromString(text, rule));
+        return SetHexBinary(detail::hexBinaryFromText(text, rule));
     case ItemType_base64Binary:
-        return SetBase64Binary(CConversions::base64BinaryFromString(text, rule));
+        return SetBase64Binary(detail::base64BinaryFromText(text, rule));
     case ItemType_i1:
-        return SetI1(CConversions::i1FromString(text, rule));
+        return SetI1(detail::i1FromText(text, rule));
     case ItemType_i2:
-        return SetI2(CConversions::i2FromString(text, rule));
+        return SetI2(detail::i2FromText(text, rule));
     case ItemType_i4:
-        return SetI4(CConversions::i4FromString(text, rule));
+        return SetI4(detail::i4FromText(text, rule));
     case ItemType_i8:
-        return SetI8(CConversions::i8FromString(text, rule));
+        return SetI8(detail::i8FromText(text, rule));
     case ItemType_ui1:
-        return SetUI1(CConversions::ui1FromString(text, rule));
+        return SetUI1(detail::ui1FromText(text, rule));
     case ItemType_ui2:
-        return SetUI2(CConversions::ui2FromString(text, rule));
+        return SetUI2(detail::ui2FromText(text, rule));
     case ItemType_ui4:
-        return SetUI4(CConversions::ui4FromString(text, rule));
+        return SetUI4(detail::ui4FromText(text, rule));
     case ItemType_ui8:
-        return SetUI8(CConversions::ui8FromString(text, rule));
+        return SetUI8(detail::ui8FromText(text, rule));
     case ItemType_r4:
-        return SetR4(CConversions::r4FromString(text, rule));
+        return SetR4(detail::r4FromText(text, rule));
     case ItemType_r8:
-        return SetR8(CConversions::r8FromString(text, rule));
+        return SetR8(detail::r8FromText(text, rule));
     case ItemType_char:
-        return SetChar(CConversions::charFromString(text, rule));
+        return SetChar(detail::charFromText(text, rule));
     case ItemType_string: {
-        detail::RuledText ruled(rule, text); // into the room that the variant has
+        detail::RuledText ruled(rule, text);
         if (std::string* const own = ruled.Own())
             return SetString(std::move(*own));
-        return SetString(ruled.Get());
+        m_text.assign(text); // before anything is dropped: the text may live in what the variant holds
+        return TextBecomesValue();
     }
     case ItemType_boolean:
-        return SetBoolean(CConversions::booleanFromString(text, rule));
+        return SetBoolean(detail::booleanFromText(text, rule));
     default:
         FailConversion(type);
     }
-}
-
-void ZvVariant::FromText(std::string_view text, ItemType type, CWhitespaceUtils::WhitespaceRule rule) {
-    if (type != ItemType_string || detail::RuledText::MayChange(rule, text))
-        return FromString(std::string(text), type, rule);
-    m_text.assign(text);
-    TextBecomesValue();
 }
 
 } // namespace ZvXmlLib16

@@ -1,0 +1,224 @@
+// Values against the facets of their types.
+#include "zvxmllib/values/CheckPrimitive.h"
+
+#include "tests/values/ReadText.h"
+#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/values/PrimitiveRestrictions.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+using namespace ZvXmlLib16;
+using zvtest::Failure;
+
+namespace {
+
+using Facets = CPrimitiveRestrictions;
+
+template <class Field, class Value>
+Facets With(Field Facets::*facet, Value value) {
+    Facets facets;
+    facets.*facet = value;
+    return facets;
+}
+
+// What checking the value named "n" gives: empty if it passes.
+std::string Check(ItemType type, ZvVariant const& value, Facets const& facets) {
+    try {
+        CheckPrimitiveVariant("n", value, type, facets);
+        return "";
+    } catch (CZvException const& failure) {
+        return Failure(failure);
+    }
+}
+
+std::string Check(ItemType type, char const* text, Facets const& facets) {
+    ZvVariant value;
+    value.FromString(text, type, CWhitespaceUtils::WhitespaceRule_None);
+    return Check(type, value, facets);
+}
+
+template <class Value>
+std::string CheckValue(Value value, Facets const& facets) {
+    try {
+        CheckPrimitive("n", value, facets);
+        return "";
+    } catch (CZvException const& failure) {
+        return Failure(failure);
+    }
+}
+
+} // namespace
+
+TEST(CheckPrimitive, EachBoundHoldsForEachNumber) {
+    struct Type {
+        ItemType type;
+        char const* below;
+        char const* equal;
+        char const* above;
+    };
+    for (Type const& type : {
+             Type{ItemType_i1, "[4]", "[5]", "[6]"},
+             Type{ItemType_i2, "[4]", "[5]", "[6]"},
+             Type{ItemType_i4, "[4]", "[5]", "[6]"},
+             Type{ItemType_i8, "[4].", "[5].", "[6]."},
+             Type{ItemType_ui1, "[4]", "[5]", "[6]"},
+             Type{ItemType_ui2, "[4]", "[5]", "[6]"},
+             Type{ItemType_ui4, "[4]", "[5]", "[6]"},
+             Type{ItemType_ui8, "[4].", "[5].", "[6]."},
+             Type{ItemType_r4, "[4.000000]", "[5.000000]", "[6.000000]"},
+             Type{ItemType_r8, "[4.000000]", "[5.000000]", "[6.000000]"},
+         }) {
+        auto const expect = [&](std::string Facets::*bound, bool below, bool equal, bool above) {
+            Facets const facets = With(bound, " 5\n"); // bounds are collapsed
+            auto const message = [](bool passes, char const* value) {
+                return passes ? "" : std::string("plain: Invalid Value for n ") + value;
+            };
+            EXPECT_EQ(Check(type.type, "4", facets), message(below, type.below)) << type.type;
+            EXPECT_EQ(Check(type.type, "5", facets), message(equal, type.equal)) << type.type;
+            EXPECT_EQ(Check(type.type, "6", facets), message(above, type.above)) << type.type;
+        };
+        expect(&Facets::minInclusive, false, true, true);
+        expect(&Facets::maxInclusive, true, true, false);
+        expect(&Facets::minExclusive, false, false, true);
+        expect(&Facets::maxExclusive, true, false, false);
+    }
+}
+
+TEST(CheckPrimitive, EveryFacetOfAType) {
+    struct Row {
+        ItemType type;
+        char const* text;
+        Facets facets;
+        char const* result;
+    };
+    for (Row const& row : std::vector<Row>{
+             {ItemType_i4, "100", With(&Facets::totalDigits, 3), ""},
+             {ItemType_i4, "-100", With(&Facets::totalDigits, 3), "plain: Invalid Value for n [-100]"},
+             {ItemType_i1, "-12", With(&Facets::totalDigits, 2), "plain: Invalid Value for n [-12]"},
+             {ItemType_i1, "-12", With(&Facets::minInclusive, "-11"), "plain: Invalid Value for n [-12]"},
+             {ItemType_i1, "-12", With(&Facets::maxInclusive, "0"), ""},
+             {ItemType_i2, "123", With(&Facets::totalDigits, 2), "plain: Invalid Value for n [123]"},
+             {ItemType_i8, "-123", With(&Facets::totalDigits, 3), "plain: Invalid Value for n [-123]."},
+             {ItemType_ui1, "200", With(&Facets::totalDigits, 2), "plain: Invalid Value for n [200]"},
+             {ItemType_ui2, "60000", With(&Facets::totalDigits, 4), "plain: Invalid Value for n [60000]"},
+             {ItemType_ui4, "4294967295", With(&Facets::totalDigits, 10), ""},
+             {ItemType_ui4, "4294967295", With(&Facets::totalDigits, 9), "plain: Invalid Value for n [-1]"},
+             {ItemType_ui8, "18446744073709551615", With(&Facets::totalDigits, 19),
+              "plain: Invalid Value for n [18446744073709551615]."},
+             {ItemType_r8, "1234.5", With(&Facets::totalDigits, 1), ""},
+             {ItemType_r4, "-INF", With(&Facets::minInclusive, "0"), "plain: Invalid Value for n [-inf]"},
+             {ItemType_i4, "5", With(&Facets::fractionDigits, 0), ""},
+             {ItemType_i4, "5", With(&Facets::maxLength, 0), ""},
+             {ItemType_string, "abc", With(&Facets::minLength, 3), ""},
+             {ItemType_string, "abc", With(&Facets::minLength, 4), "plain: Invalid Value for n [abc]."},
+             {ItemType_string, "abc", With(&Facets::maxLength, 3), ""},
+             {ItemType_string, "abc", With(&Facets::maxLength, 2), "plain: Invalid Value for n [abc]."},
+             {ItemType_string, "abc", With(&Facets::length, 3), ""},
+             {ItemType_string, "abc", With(&Facets::length, 0), "plain: Invalid Value for n [abc]."},
+             {ItemType_string, "\xc3\xa9", With(&Facets::maxLength, 1),
+              "plain: Invalid Value for n [\xc3\xa9]."},
+             {ItemType_string, "abc", With(&Facets::minInclusive, "b"), ""},
+             {ItemType_hexBinary, "0AfF", With(&Facets::length, 2), ""},
+             {ItemType_hexBinary, "0AfF", With(&Facets::length, 4), "plain: Invalid Value for n [0AFF]."},
+             {ItemType_hexBinary, "0AfF", With(&Facets::minLength, 3), "plain: Invalid Value for n [0AFF]."},
+             {ItemType_base64Binary, "TWFu", With(&Facets::maxLength, 3), ""},
+             {ItemType_base64Binary, "TWFu", With(&Facets::maxLength, 2),
+              "plain: Invalid Value for n [TWFu]."},
+             {ItemType_boolean, "true", Facets("x", 9, 0, "z", "z", "z", "z", 9, 0, 0), ""},
+         })
+        EXPECT_EQ(Check(row.type, row.text, row.facets), row.result) << row.type << " [" << row.text << "]";
+}
+
+TEST(CheckPrimitive, TheFirstFacetThatFailsDecides) {
+    Facets facets("", -1, -1, "5", "no number", "no number", nullptr, -1, -1, -1);
+    EXPECT_EQ(Check(ItemType_i4, "4", facets), "plain: Invalid Value for n [4]");
+    EXPECT_EQ(Check(ItemType_i4, "5", facets), "invalid: The value [no number] can not be converted to a i4");
+    EXPECT_EQ(Check(ItemType_i1, "5", With(&Facets::maxExclusive, "300")),
+              "invalid: The value [300] is to large to fit in a i1");
+    facets = Facets(nullptr, 4, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1);
+    EXPECT_EQ(Check(ItemType_string, "abc", facets), "plain: Invalid Value for n [abc].");
+}
+
+TEST(CheckPrimitive, NoNumberIsWithinNoBound) {
+    double const nan = std::numeric_limits<double>::quiet_NaN();
+    for (auto const bound :
+         {&Facets::minInclusive, &Facets::maxInclusive, &Facets::minExclusive, &Facets::maxExclusive})
+        EXPECT_THAT(CheckValue(nan, With(bound, "0")), testing::StartsWith("plain: Invalid Value for n ["));
+    EXPECT_EQ(CheckValue(nan, Facets()), "");
+}
+
+TEST(CheckPrimitive, ACallersOwnTypeReachesTheRightCheck) {
+    Facets const atMostTen = With(&Facets::maxInclusive, "10");
+    EXPECT_EQ(CheckValue(5000000000L, atMostTen), "plain: Invalid Value for n [5000000000].");
+    EXPECT_EQ(CheckValue(5000000000UL, atMostTen), "plain: Invalid Value for n [5000000000].");
+    EXPECT_EQ(CheckValue(11, atMostTen), "plain: Invalid Value for n [11]");
+    EXPECT_EQ(CheckValue(static_cast<char>(-56), With(&Facets::minInclusive, "0")),
+              "plain: Invalid Value for n [-56]");
+    char const* const noText = nullptr;
+    EXPECT_EQ(CheckValue("abc", With(&Facets::length, 2)), "plain: Invalid Value for n [abc].");
+    EXPECT_EQ(CheckValue(noText, With(&Facets::length, 2)), "plain: Invalid Value for n [].");
+    EXPECT_EQ(CheckValue(CBinaryData("M"), With(&Facets::length, 2)), "plain: Invalid Value for n [4D].");
+    EXPECT_THROW(CheckPrimitive("n", CBinaryData("M"), ItemType_base64Binary, With(&Facets::length, 2)),
+                 CZvException);
+    try {
+        CheckPrimitive(nullptr, 11, ItemType_i4, atMostTen);
+        FAIL();
+    } catch (CZvException const& failure) {
+        EXPECT_EQ(failure.GetMessage(), "Invalid Value for  [11]");
+    }
+}
+
+TEST(CheckPrimitive, TypesWithoutFacetsAreRefused) {
+    ZvVariant value;
+    value.SetChar('x');
+    EXPECT_EQ(Check(ItemType_char, value, Facets()), "invalid: Unknown type [char].");
+    EXPECT_EQ(Check(ItemType_invalid, value, Facets()), "invalid: Unknown type [char].");
+    EXPECT_EQ(Check(static_cast<ItemType>(29), value, Facets()), "invalid: Unknown type [char].");
+    value.SetXmlObject(nullptr);
+    EXPECT_EQ(Check(ItemType_XmlObjectBase, value, Facets()), "plain: Invalid Type 27");
+    EXPECT_EQ(Check(ItemType_i4, ZvVariant(), Facets()), "plain: Invalid Type 0");
+    value.SetNil(ItemType_date);
+    EXPECT_EQ(Check(ItemType_date, value, Facets()),
+              "plain: Values of Type 19 are not supported by this version");
+}
+
+TEST(CheckPrimitive, ANilValueCountsAsEmpty) {
+    ZvVariant value;
+    value.SetNil(ItemType_string);
+    EXPECT_EQ(Check(ItemType_string, value, With(&Facets::minLength, 1)), "plain: Invalid Value for n [].");
+    value.SetNil(ItemType_hexBinary);
+    EXPECT_EQ(Check(ItemType_hexBinary, value, With(&Facets::length, 0)), "");
+}
+
+namespace {
+
+std::string traced;
+
+} // namespace
+
+TEST(CheckPrimitive, APatternThatIsNotCheckedIsTraced) {
+    traced.clear();
+    DebugTraceSink const before = SetDebugTraceSink([](char const* text) { traced += text; });
+    std::string const result = Check(ItemType_string, "abc", With(&Facets::pattern, "\\d+"));
+    std::string const without = Check(ItemType_string, "abc", Facets());
+    SetDebugTraceSink(before);
+    EXPECT_EQ(result, "");
+    EXPECT_EQ(without, "");
+    EXPECT_EQ(traced, "The pattern of n is not checked [\\d+].\n");
+}
+
+TEST(PrimitiveRestrictions, KnowIfAnyFacetIsSet) {
+    EXPECT_FALSE(Facets().HasFacets());
+    EXPECT_FALSE(Facets(nullptr, -1, -1, nullptr, "", nullptr, "", -1, -1, -1).HasFacets());
+    for (auto const text : {&Facets::pattern, &Facets::minInclusive, &Facets::maxInclusive,
+                            &Facets::minExclusive, &Facets::maxExclusive})
+        EXPECT_TRUE(With(text, "0").HasFacets());
+    for (auto const number : {&Facets::minLength, &Facets::maxLength, &Facets::length, &Facets::totalDigits,
+                              &Facets::fractionDigits})
+        EXPECT_TRUE(With(number, 0).HasFacets());
+}

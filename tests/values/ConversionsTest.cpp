@@ -1,0 +1,307 @@
+// The lexical forms of the primitive types, their bounds and their messages.
+#include "zvxmllib/values/Conversions.h"
+
+#include "tests/values/ReadText.h"
+#include "zvxmllib/values/BinaryData.h"
+
+#include <gmock/gmock.h>
+
+#include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
+using namespace ZvXmlLib16;
+using zvtest::ReadText;
+
+namespace {
+
+using Rule = CWhitespaceUtils::WhitespaceRule;
+constexpr Rule kNone = CWhitespaceUtils::WhitespaceRule_None;
+constexpr Rule kPreserve = CWhitespaceUtils::WhitespaceRule_Preserve;
+constexpr Rule kReplace = CWhitespaceUtils::WhitespaceRule_Replace;
+constexpr Rule kCollapse = CWhitespaceUtils::WhitespaceRule_Collapse;
+
+struct Row {
+    ItemType type;
+    Rule rule;
+    std::string text;
+    std::string result;
+};
+
+void ExpectRows(std::vector<Row> const& rows) {
+    for (Row const& row : rows)
+        EXPECT_EQ(ReadText(row.type, row.text, row.rule), row.result)
+            << "type " << row.type << ", rule " << row.rule << ", text [" << row.text << "]";
+}
+
+std::string NoNumber(std::string const& text, char const* type) {
+    return "invalid: The value [" + text + "] can not be converted to a " + type;
+}
+
+std::string TooLarge(std::string const& text, char const* type) {
+    return "invalid: The value [" + text + "] is to large to fit in a " + type;
+}
+
+} // namespace
+
+TEST(Conversions, IntegersTakeSignAndLeadingWhiteSpaceAndNothingBehind) {
+    ExpectRows({
+        {ItemType_i4, kCollapse, "12", "12"},
+        {ItemType_i4, kNone, "+12", "12"},
+        {ItemType_i4, kNone, " \t\n\v\f\r12", "12"},
+        {ItemType_i4, kNone, "-0012", "-12"},
+        {ItemType_i4, kNone, "-0", "0"},
+        {ItemType_i4, kCollapse, " \r\n12\t", "12"},
+        {ItemType_i4, kNone, "12 ", NoNumber("12 ", "i4")},
+        {ItemType_i4, kReplace, "12\t", NoNumber("12 ", "i4")},
+        {ItemType_i4, kPreserve, "12\r\n", NoNumber("12\n", "i4")},
+        {ItemType_i4, kCollapse, "1  2", NoNumber("1 2", "i4")},
+        {ItemType_i4, kCollapse, " \t ", NoNumber("", "i4")},
+        {ItemType_i8, kNone, "", NoNumber("", "i8")},
+        {ItemType_ui4, kNone, " ", NoNumber(" ", "ui4")},
+        {ItemType_ui8, kNone, "+", NoNumber("+", "ui8")},
+        {ItemType_i8, kNone, "--1", NoNumber("--1", "i8")},
+        {ItemType_i4, kNone, "- 1", NoNumber("- 1", "i4")},
+        {ItemType_i4, kNone, "0x10", NoNumber("0x10", "i4")},
+        {ItemType_i4, kNone, "1.0", NoNumber("1.0", "i4")},
+        {ItemType_i4, kNone, "1,000", NoNumber("1,000", "i4")},
+        {ItemType_ui4, kNone, "abc", NoNumber("abc", "ui4")},
+        {ItemType_i1, kNone, "abc", NoNumber("abc", "i4")},
+        {ItemType_ui2, kNone, "", NoNumber("", "ui4")},
+        {ItemType_i4, kNone, std::string("12\0x", 4), "12"},
+    });
+}
+
+TEST(Conversions, IntegersOutOfRangeNameTheTypeThatRefuses) {
+    ExpectRows({
+        {ItemType_i1, kNone, "128", TooLarge("128", "i1")},
+        {ItemType_i1, kNone, "-129", TooLarge("-129", "i1")},
+        {ItemType_i1, kCollapse, " 200 ", TooLarge(" 200 ", "i1")},
+        {ItemType_i1, kCollapse, " 99999999999 ", TooLarge("99999999999", "i4")},
+        {ItemType_i2, kNone, "32768", TooLarge("32768", "i2")},
+        {ItemType_i2, kNone, "-32769", TooLarge("-32769", "i2")},
+        {ItemType_i4, kNone, "2147483648", TooLarge("2147483648", "i4")},
+        {ItemType_i4, kNone, "-2147483649", TooLarge("-2147483649", "i4")},
+        {ItemType_i4, kNone, "99999999999x", TooLarge("99999999999x", "i4")}, // the magnitude comes first
+        {ItemType_i8, kNone, "9223372036854775808", TooLarge("9223372036854775808", "i8")},
+        {ItemType_i8, kNone, "-9223372036854775809", TooLarge("-9223372036854775809", "i8")},
+        {ItemType_ui1, kNone, "256", TooLarge("256", "ui1")},
+        {ItemType_ui1, kNone, "-1", TooLarge("-1", "ui1")},
+        {ItemType_ui1, kNone, "-4294967295", "1"}, // negated modulo 32 bits, then in range
+        {ItemType_ui2, kNone, "65536", TooLarge("65536", "ui2")},
+        {ItemType_ui4, kNone, "-1", "4294967295"},
+        {ItemType_ui4, kNone, "4294967296", TooLarge("4294967296", "ui4")},
+        {ItemType_ui4, kNone, "-4294967296", TooLarge("-4294967296", "ui4")},
+        {ItemType_ui8, kNone, "-1", "18446744073709551615"},
+        {ItemType_ui8, kNone, "18446744073709551616", TooLarge("18446744073709551616", "ui8")},
+        {ItemType_ui8, kNone, "99999999999999999999999", TooLarge("99999999999999999999999", "ui8")},
+    });
+    std::string const digits(1000000, '9');
+    EXPECT_EQ(ReadText(ItemType_i8, digits, kNone), TooLarge(digits, "i8"));
+}
+
+namespace {
+
+// Around zero and both bounds, by each of the two ways in: plain digits, and what they refuse.
+template <class Integer>
+void ExpectSameTextBack(ItemType type) {
+    using Limits = std::numeric_limits<Integer>;
+    for (Integer const start : {Limits::min(), Integer(0), Integer(Limits::max() - 2)}) {
+        for (int step = 0; step < 3; ++step) {
+            std::string const text = std::to_string(start + static_cast<Integer>(step));
+            EXPECT_EQ(ReadText(type, text, kCollapse), text) << "type " << type;
+            EXPECT_EQ(ReadText(type, "\f" + text, kCollapse), text) << "type " << type;
+            EXPECT_EQ(ReadText(type, " 00" + text + "\n", kCollapse),
+                      text[0] == '-' ? NoNumber("00" + text, sizeof(Integer) > 4 ? "i8" : "i4") : text)
+                << "type " << type;
+        }
+    }
+}
+
+} // namespace
+
+TEST(Conversions, IntegersPrintTheTextThatTheyWereReadFrom) {
+    ExpectSameTextBack<signed char>(ItemType_i1);
+    ExpectSameTextBack<short>(ItemType_i2);
+    ExpectSameTextBack<std::int32_t>(ItemType_i4);
+    ExpectSameTextBack<long long>(ItemType_i8);
+    ExpectSameTextBack<unsigned char>(ItemType_ui1);
+    ExpectSameTextBack<unsigned short>(ItemType_ui2);
+    ExpectSameTextBack<std::uint32_t>(ItemType_ui4);
+    ExpectSameTextBack<unsigned long long>(ItemType_ui8);
+}
+
+TEST(Conversions, FloatingPointTakesDecimalFormsAndTheNamedWordsOnly) {
+    std::vector<Row> rows;
+    for (auto const& [text, result] : std::vector<std::pair<char const*, char const*>>{
+             {"0", "0"},
+             {"-0", "-0"},
+             {"+1.5", "1.5"},
+             {"1.", "1"},
+             {".5", "0.5"},
+             {"-.25e1", "-2.5"},
+             {"1E+05", "100000"},
+             {"1e-05", "1e-05"},
+             {"0.1", "0.1"},
+             {" 2", "2"},
+             {"1e999", "INF"},
+             {"-1e999", "-INF"},
+             {"1e-999", "0"},
+             {"INF", "INF"},
+             {"-INF", "-INF"},
+             {"NaN", "NaN"},
+             {"1.#QNAN", "NaN"},
+             {"-NAN", "NaN"},
+             {"0000000000000000000000000000000000000000000001", "1"}}) {
+        rows.push_back({ItemType_r4, kNone, text, result});
+        rows.push_back({ItemType_r8, kNone, text, result});
+    }
+    for (char const* const text :
+         {"inf", "nan", "+INF", "NAN", "infinity", "nan(1)", "0x10", "0x1p999", " INF", "1e",
+          "1e+", "e5",  ".",    "-",   "- 1",      "--1",    "1,5",  "1.5.",    "1 ",   "abc"}) {
+        rows.push_back({ItemType_r4, kNone, text, NoNumber(text, "r4")});
+        rows.push_back({ItemType_r8, kNone, text, NoNumber(text, "r8")});
+    }
+    rows.push_back({ItemType_r4, kCollapse, "\n", NoNumber("", "r4")});
+    rows.push_back({ItemType_r8, kCollapse, " INF\n", "INF"});
+    rows.push_back({ItemType_r8, kCollapse, "\t-2.5\n", "-2.5"});
+    rows.push_back({ItemType_r8, kNone, std::string("12\0x", 4), "12"});
+    rows.push_back({ItemType_r4, kNone, "3.5e38", "INF"}); // within a double only
+    rows.push_back({ItemType_r4, kNone, "1e-46", "0"});
+    rows.push_back({ItemType_r8, kNone, "4.9e-324", "4.940656458412465e-324"});
+    rows.push_back({ItemType_r8, kNone, std::string(1000000, '9'), "INF"});
+    ExpectRows(rows);
+}
+
+TEST(Conversions, FloatingPointReadsAndPrintsAsTheRuntimeDoesInTheCLocale) {
+    std::mt19937_64 random(20260101); // any seed will do
+    for (int i = 0; i < 20000; ++i) {
+        std::uint64_t const bits = random();
+        double value;
+        std::memcpy(&value, &bits, sizeof value);
+        if (!std::isfinite(value))
+            continue;
+        char text[64];
+        std::snprintf(text, sizeof text, "%.16g", value);
+        ASSERT_EQ(CConversions::r8ToString(value), text);
+        ASSERT_EQ(CConversions::r8FromString(text, kCollapse), std::strtod(text, nullptr)) << text;
+        float const narrow = static_cast<float>(value);
+        if (std::isfinite(narrow)) {
+            std::snprintf(text, sizeof text, "%.7g", static_cast<double>(narrow));
+            ASSERT_EQ(CConversions::r4ToString(narrow), text);
+        }
+        ASSERT_EQ(CConversions::r4FromString(text, kCollapse),
+                  static_cast<float>(std::strtod(text, nullptr)));
+    }
+}
+
+TEST(Conversions, FloatingPointObeysTheFormatOfTheCallerUpToALimit) {
+    EXPECT_EQ(CConversions::r4ToString(0.1F), "0.1");
+    EXPECT_EQ(CConversions::r8ToString(0.1F), "0.1000000014901161");
+    EXPECT_EQ(CConversions::r8ToString(1.0 / 3), "0.3333333333333333");
+    EXPECT_EQ(CConversions::r4ToString(1.5F, "%08.3f"), "0001.500");
+    EXPECT_EQ(CConversions::r8ToString(1e15, "%.2e"), "1.00e+15");
+    EXPECT_EQ(CConversions::r4ToString(2.0F, "%.40f"), "2." + std::string(29, '0'));
+    EXPECT_EQ(CConversions::r8ToString(2.0, "%.60f"), "2." + std::string(45, '0'));
+    double const infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(CConversions::r8ToString(-infinity, "%.2f"), "-INF");
+    EXPECT_EQ(CConversions::r8ToString(-std::numeric_limits<double>::quiet_NaN(), "%.2f"), "NaN");
+
+    ZvVariant value;
+    value.SetR8(2.5);
+    EXPECT_EQ(value.ToString("%.2f"), "2.50");
+    EXPECT_EQ(value.ToString(nullptr), "2.5");
+    value.SetI4(7);
+    EXPECT_EQ(value.ToString("%.2f"), "7");
+}
+
+TEST(Conversions, NumbersAreTheSameInALocaleWithADecimalComma) {
+    ASSERT_EQ(setenv("LOCPATH", ZV_TEST_LOCALE_DIR, 1), 0);
+    char const* const locale = std::setlocale(LC_NUMERIC, "comma");
+    unsetenv("LOCPATH");
+    ASSERT_NE(locale, nullptr);
+    char probe[16];
+    std::snprintf(probe, sizeof probe, "%.1f", 0.5);
+    std::string const printed = CConversions::r8ToString(1234.5);
+    std::string const formatted = CConversions::r8ToString(1234.5, "%.2f");
+    std::string const read = ReadText(ItemType_r8, "1234.5", kCollapse);
+    std::string const denormal = ReadText(ItemType_r8, "2.5e-320", kCollapse);
+    std::string const overflow =
+        ReadText(ItemType_r8, "1.5e999", kCollapse); // by way of the runtime's parser
+    std::string const comma = ReadText(ItemType_r8, "1234,5", kCollapse);
+    std::string const integer = CConversions::i4ToString(1234567);
+    std::setlocale(LC_NUMERIC, "C");
+
+    ASSERT_STREQ(probe, "0,5");
+    EXPECT_EQ(printed, "1234.5");
+    EXPECT_EQ(formatted, "1234.50");
+    EXPECT_EQ(read, "1234.5");
+    EXPECT_EQ(denormal, "2.499972167956708e-320");
+    EXPECT_EQ(overflow, "INF");
+    EXPECT_EQ(comma, NoNumber("1234,5", "r8"));
+    EXPECT_EQ(integer, "1234567");
+}
+
+TEST(Conversions, BooleansTakeFourWordsInAnyCase) {
+    auto const refused = [](std::string const& text) {
+        return "invalid: A Boolean Value read from an XML document was invalid [" + text +
+               "]. Valid values are 'true', 'false', '1', or '0'";
+    };
+    ExpectRows({
+        {ItemType_boolean, kNone, "true", "true"},
+        {ItemType_boolean, kNone, "TrUe", "true"},
+        {ItemType_boolean, kNone, "1", "true"},
+        {ItemType_boolean, kNone, "False", "false"},
+        {ItemType_boolean, kNone, "0", "false"},
+        {ItemType_boolean, kCollapse, " true ", "true"},
+        {ItemType_boolean, kNone, " true ", refused(" true ")},
+        {ItemType_boolean, kCollapse, " yes\t", refused(" yes\t")}, // as it came
+        {ItemType_boolean, kNone, "", refused("")},
+        {ItemType_boolean, kNone, "truer", refused("truer")},
+        {ItemType_boolean, kNone, "tru", refused("tru")},
+        {ItemType_boolean, kNone, "01", refused("01")},
+    });
+}
+
+TEST(Conversions, TextAndBytesFollowTheirRule) {
+    auto const noChar = [](std::string const& text) {
+        return "invalid: The value [" + text +
+               "] can not be a char as it is either empty of greater than 1 char long";
+    };
+    ExpectRows({
+        {ItemType_char, kNone, "x", "x"},
+        {ItemType_char, kNone, " ", " "},
+        {ItemType_char, kCollapse, " x ", "x"},
+        {ItemType_char, kCollapse, " ", noChar("")},
+        {ItemType_char, kReplace, "\tx", noChar(" x")},
+        {ItemType_char, kNone, "\xc3\xa9", noChar("\xc3\xa9")},
+        {ItemType_string, kNone, " a\r\n\tb ", " a\r\n\tb "},
+        {ItemType_string, kPreserve, " a\r\n\tb ", " a\n\tb "},
+        {ItemType_string, kReplace, " a\r\n\tb ", " a  b "},
+        {ItemType_string, kCollapse, " a\r\n\tb ", "a b"},
+        {ItemType_string, kCollapse, "a b", "a b"},
+        {ItemType_string, kCollapse, "", ""},
+        {ItemType_hexBinary, kCollapse, " 00fF\n", "00FF"},
+        {ItemType_hexBinary, kCollapse, "", ""},
+        {ItemType_hexBinary, kNone, "0", "plain: Invalid length in hex string"},
+        {ItemType_hexBinary, kNone, "0g", "plain: Invalid char in hex string [g]"},
+        {ItemType_base64Binary, kCollapse, " TWFu\nTQ== ", "TWFuTQ=="},
+    });
+    EXPECT_EQ(CConversions::stringFromString(" a ", kCollapse), "a");
+}
+
+TEST(Conversions, ARuleOutOfRangeIsRefusedByEveryType) {
+    auto const rule = static_cast<Rule>(4);
+    for (ItemType const type :
+         {ItemType_hexBinary, ItemType_base64Binary, ItemType_i1, ItemType_i2, ItemType_i4, ItemType_i8,
+          ItemType_ui1, ItemType_ui2, ItemType_ui4, ItemType_ui8, ItemType_r4, ItemType_r8, ItemType_char,
+          ItemType_string, ItemType_boolean})
+        for (char const* const text : {"1", "INF"})
+            EXPECT_EQ(ReadText(type, text, rule), "plain: Unknown WhitespaceRule") << type;
+}

@@ -1,0 +1,34 @@
+// What becomes of a text that is read as a value of some type.
+#pragma once
+
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/values/ZvVariant.h"
+
+#include <string>
+#include <string_view>
+#include <typeinfo>
+
+namespace zvtest {
+
+// The failure with its class: "invalid: ..." for CZvInvalidValueException, "plain: ..." for CZvException.
+inline std::string Failure(ZvXmlLib16::CZvException const& failure) {
+    char const* const kind = typeid(failure) == typeid(ZvXmlLib16::CZvInvalidValueException) ? "invalid: "
+                             : typeid(failure) == typeid(ZvXmlLib16::CZvException)           ? "plain: "
+                                                                                             : "other: ";
+    return kind + failure.GetFullMessage() + failure.GetPath();
+}
+
+// The value printed again, or the failure. The text stands among digits, which must not be looked at.
+inline std::string ReadText(ZvXmlLib16::ItemType type, std::string const& text,
+                            ZvXmlLib16::CWhitespaceUtils::WhitespaceRule rule) {
+    std::string const among = "9" + text + "9";
+    try {
+        ZvXmlLib16::ZvVariant value;
+        value.FromText(std::string_view(among).substr(1, text.size()), type, rule);
+        return value.ToString(nullptr);
+    } catch (ZvXmlLib16::CZvException const& failure) {
+        return Failure(failure);
+    }
+}
+
+} // namespace zvtest

@@ -1,0 +1,384 @@
+// The states of the value carrier, what it owns and what it shares.
+#include "zvxmllib/values/ZvVariant.h"
+
+#include "tests/values/ReadText.h"
+#include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/foundation/Assert.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+using namespace ZvXmlLib16;
+using zvtest::Failure;
+
+namespace {
+
+int probesAlive = 0;
+
+// A bound object that does nothing but hold a variant and be counted.
+class Probe : public CXmlObjectBase {
+public:
+    Probe() { ++probesAlive; }
+
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetNamespace() override { return {}; }
+
+    ZvVariant m_value;
+
+protected:
+    ~Probe() override { --probesAlive; }
+    std::string GetTargetNamespace() override { return {}; }
+    void ToXml_Int(CXmlWriter*, bool, char const*, CSerializationContext const&, bool) const override {}
+    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* current, CSerializationContext const&,
+                             bool) override {
+        return current;
+    }
+};
+
+class ProbeCollection : public CXmlCollectionBase {
+public:
+    ProbeCollection() { ++probesAlive; }
+
+    int GetCount() const override { return 0; }
+    void Clear() override {}
+    void Remove(int) override {}
+
+protected:
+    ~ProbeCollection() override { --probesAlive; }
+    void ToXml_Int(CXmlWriter*, bool, char const*, CSerializationContext const&, bool) const override {}
+    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* current, CSerializationContext const&,
+                             bool) override {
+        return current;
+    }
+};
+
+// One value of each kind that the variant carries.
+std::vector<std::pair<ItemType, char const*>> const kValues = {
+    {ItemType_hexBinary, "00FF"}, {ItemType_base64Binary, "TWFu"},
+    {ItemType_i1, "-128"},        {ItemType_i2, "-32768"},
+    {ItemType_i4, "-2147483648"}, {ItemType_i8, "-9223372036854775808"},
+    {ItemType_ui1, "255"},        {ItemType_ui2, "65535"},
+    {ItemType_ui4, "4294967295"}, {ItemType_ui8, "18446744073709551615"},
+    {ItemType_r4, "1.5"},         {ItemType_r8, "-2.5e+100"},
+    {ItemType_char, "x"},         {ItemType_string, "a string that is too long to stand in the object"},
+    {ItemType_boolean, "true"}};
+
+ZvVariant Make(ItemType type, std::string const& text) {
+    ZvVariant value;
+    value.FromString(text, type, CWhitespaceUtils::WhitespaceRule_None);
+    return value;
+}
+
+std::string FailureOf(std::function<void()> const& action) {
+    try {
+        action();
+        return "no failure";
+    } catch (CZvException const& failure) {
+        return Failure(failure);
+    }
+}
+
+std::vector<std::string> assertions;
+
+// Collects the texts of failed assertions, and lets the program go on.
+class AssertionLog {
+public:
+    AssertionLog()
+        : m_before(SetAssertionHandler(
+              [](char const* condition, char const*, int) { assertions.emplace_back(condition); })) {
+        assertions.clear();
+    }
+    ~AssertionLog() { SetAssertionHandler(m_before); }
+
+private:
+    AssertionHandler m_before;
+};
+
+} // namespace
+
+TEST(ZvVariant, CopiesAndMovesEachKindOfValue) {
+    for (auto const& [type, text] : kValues) {
+        for (auto const& [oldType, oldText] : kValues) {
+            ZvVariant const source = Make(type, text);
+            ZvVariant copy = Make(oldType, oldText);
+            copy = source;
+            EXPECT_EQ(copy.GetTypeAsEnum(), type);
+            EXPECT_EQ(copy.ToString(nullptr), text);
+            ZvVariant moved = Make(oldType, oldText);
+            moved = std::move(copy);
+            EXPECT_EQ(moved.GetTypeAsEnum(), type);
+            EXPECT_EQ(moved.ToString(nullptr), text);
+            EXPECT_EQ(source.ToString(nullptr), text);
+        }
+        ZvVariant value = Make(type, text);
+        ZvVariant const& same = value;
+        value = same;
+        EXPECT_EQ(value.ToString(nullptr), text) << "assigned to itself";
+        ZvVariant constructed(value);
+        value.SetI4(1);
+        EXPECT_EQ(constructed.ToString(nullptr), text);
+        ZvVariant const taken(std::move(constructed));
+        EXPECT_EQ(taken.ToString(nullptr), text);
+        EXPECT_FALSE(constructed.IsValid()); // NOLINT(bugprone-use-after-move)
+        constructed.SetString("usable");
+        EXPECT_EQ(constructed.GetString(), "usable");
+    }
+}
+
+TEST(ZvVariant, NilKeepsTheTypeAndNothingElse) {
+    for (auto const& [type, text] : kValues) {
+        ZvVariant value = Make(type, text);
+        value.SetNil();
+        ZvVariant const copy(value);
+        for (ZvVariant const* const nil : {&std::as_const(value), &copy}) {
+            EXPECT_EQ(nil->GetTypeAsEnum(), type);
+            EXPECT_TRUE(nil->IsNil());
+            EXPECT_TRUE(nil->IsValid());
+            EXPECT_EQ(nil->GetText(), "");
+        }
+        value.FromString(text, type, CWhitespaceUtils::WhitespaceRule_None);
+        EXPECT_FALSE(value.IsNil());
+        EXPECT_EQ(value.ToString(nullptr), text);
+        value = copy;
+        EXPECT_TRUE(value.IsNil());
+        ZvVariant const moved(std::move(value));
+        EXPECT_TRUE(moved.IsNil());
+        EXPECT_EQ(moved.GetTypeAsEnum(), type);
+        EXPECT_FALSE(value.IsValid()); // NOLINT(bugprone-use-after-move)
+    }
+}
+
+TEST(ZvVariant, TextOfANilValueIsThatOfTheEmptyOne) {
+    for (auto const& [type, text] :
+         std::vector<std::pair<ItemType, std::string>>{{ItemType_hexBinary, ""},
+                                                       {ItemType_i4, "0"},
+                                                       {ItemType_r8, "0"},
+                                                       {ItemType_char, std::string(1, '\0')},
+                                                       {ItemType_string, ""},
+                                                       {ItemType_boolean, "false"}}) {
+        ZvVariant value;
+        value.SetNil(type);
+        EXPECT_EQ(value.ToString(nullptr), text) << type;
+    }
+}
+
+TEST(ZvVariant, ANilFlagOfNoTypeStaysUntilAValueOrSetInvalid) {
+    ZvVariant nil;
+    nil.SetNil();
+    EXPECT_TRUE(nil.IsValid());
+    nil.Clear();
+    EXPECT_TRUE(nil.IsNil());
+
+    ZvVariant value(nil);
+    value.SetInvalid();
+    EXPECT_FALSE(value.IsValid());
+    std::vector<std::function<void(ZvVariant&)>> const setters = {
+        [](ZvVariant& v) { v.SetI4(1); },
+        [](ZvVariant& v) { v.SetString("a"); },
+        [](ZvVariant& v) { v.SetString(std::string("a")); },
+        [](ZvVariant& v) { v.SetBase64Binary(CBinaryData("a")); },
+        [](ZvVariant& v) { v.SetXmlObject(nullptr); },
+        [](ZvVariant& v) { v.SetXmlCollection(nullptr); },
+        [](ZvVariant& v) { v.FromString("1", ItemType_ui1, CWhitespaceUtils::WhitespaceRule_None); },
+        [](ZvVariant& v) { v = ZvVariant(); },
+    };
+    for (auto const& set : setters) {
+        for (ItemType const type : {ItemType_invalid, ItemType_string, ItemType_hexBinary}) {
+            value.SetNil(type);
+            set(value);
+            EXPECT_FALSE(value.IsNil());
+        }
+    }
+}
+
+TEST(ZvVariant, AFailedReadingLeavesTheValue) {
+    for (auto const& [type, text] : kValues) {
+        ZvVariant value = Make(type, text);
+        EXPECT_THROW(value.FromString("no number", ItemType_i4, CWhitespaceUtils::WhitespaceRule_None),
+                     CZvInvalidValueException);
+        EXPECT_EQ(value.GetTypeAsEnum(), type);
+        EXPECT_EQ(value.ToString(nullptr), text);
+    }
+    ZvVariant nil;
+    nil.SetNil(ItemType_i4);
+    EXPECT_THROW(nil.FromString("x", ItemType_boolean, CWhitespaceUtils::WhitespaceRule_None), CZvException);
+    EXPECT_TRUE(nil.IsNil());
+    EXPECT_EQ(nil.GetTypeAsEnum(), ItemType_i4);
+}
+
+TEST(ZvVariant, NamesItsType) {
+    char const* const names[] = {
+        "hexBinary", "base64Binary", "i1",   "i2",       "i4",        "i8",       "ui1",     "ui2",    "ui4",
+        "ui8",       "r4",           "r8",   "duration", "yearMonth", "monthDay", "year",    "month",  "day",
+        "date",      "datetime",     "time", "char",     "string",    "boolean",  "decimal", "integer"};
+    std::uint32_t type = 0;
+    ZvVariant value;
+    for (char const* const name : names) {
+        value.SetNil(static_cast<ItemType>(++type));
+        EXPECT_EQ(value.GetType(), name);
+    }
+    for (std::uint32_t const unnamed : {0U, 27U, 28U, 29U}) {
+        value.SetNil(static_cast<ItemType>(unnamed));
+        EXPECT_EQ(FailureOf([&] { value.GetType(); }), "plain: Invalid Type " + std::to_string(unnamed));
+    }
+}
+
+TEST(ZvVariant, TypesWithoutATextAreRefusedBothWays) {
+    for (auto const& [number, message] : std::vector<std::pair<std::uint32_t, std::string>>{
+             {0, "plain: Invalid Type 0 to convert to string"},
+             {27, "plain: Invalid Type 27 to convert to string"},
+             {28, "plain: Invalid Type 28 to convert to string"},
+             {29, "plain: Invalid Type 29 to convert to string"},
+             {13, "plain: Values of Type 13 are not supported by this version"},
+             {18, "plain: Values of Type 18 are not supported by this version"},
+             {20, "plain: Values of Type 20 are not supported by this version"},
+             {26, "plain: Values of Type 26 are not supported by this version"}}) {
+        auto const type = static_cast<ItemType>(number);
+        ZvVariant value;
+        value.SetNil(type);
+        EXPECT_EQ(FailureOf([&] { value.ToString(nullptr); }), message);
+        EXPECT_EQ(FailureOf([&] { value.FromString("1", type, CWhitespaceUtils::WhitespaceRule_None); }),
+                  message);
+    }
+    ZvVariant object;
+    object.SetXmlObject(nullptr);
+    EXPECT_EQ(FailureOf([&] { object.ToString(nullptr); }), "plain: Invalid Type 27 to convert to string");
+}
+
+TEST(ZvVariant, KeepsTheRoomOfItsStringAndGivesItAway) {
+    std::string const text(100, 'a');
+    ZvVariant value;
+    value.SetString(text);
+    char const* const room = value.GetText().data();
+    value.SetI4(1);
+    value.SetString(std::string(90, 'b').c_str());
+    EXPECT_EQ(value.GetText().data(), room);
+    value.FromString(text, ItemType_string, CWhitespaceUtils::WhitespaceRule_Collapse);
+    EXPECT_EQ(value.GetText().data(), room);
+    std::string buffer;
+    EXPECT_EQ(value.ToText(nullptr, buffer).data(), room);
+
+    std::string const taken = value.TakeString();
+    EXPECT_EQ(taken.data(), room);
+    EXPECT_EQ(taken, text);
+    EXPECT_EQ(value.GetString(), "");
+
+    std::string given(100, 'c');
+    char const* const givenRoom = given.data();
+    value.SetString(std::move(given));
+    EXPECT_EQ(value.GetText().data(), givenRoom);
+    char const* const noText = nullptr;
+    value.SetString(noText);
+    EXPECT_EQ(value.GetString(), "");
+}
+
+TEST(ZvVariant, TakesAValueFromWhatItHolds) {
+    ZvVariant value;
+    value.SetString("a string that is too long to stand in the object");
+    value.SetString(value.GetText());
+    EXPECT_EQ(value.GetString(), "a string that is too long to stand in the object");
+    value.SetString(value.GetText().c_str() + 2);
+    EXPECT_EQ(value.GetString(), "string that is too long to stand in the object");
+    value.FromString(value.GetText(), ItemType_string, CWhitespaceUtils::WhitespaceRule_Preserve);
+    EXPECT_EQ(value.GetString(), "string that is too long to stand in the object");
+
+    // The variant is the only holder of the object in which the source lives.
+    auto const inner = [&]() -> ZvVariant& {
+        auto* const probe = new Probe;
+        value.SetXmlObject(probe);
+        return probe->m_value;
+    };
+    ZvVariant& copied = inner();
+    copied.SetString("inside");
+    value = copied;
+    EXPECT_EQ(value.GetString(), "inside");
+    ZvVariant& moved = inner();
+    moved.SetHexBinary(CBinaryData("M"));
+    value = std::move(moved);
+    EXPECT_EQ(value.ToString(nullptr), "4D");
+    ZvVariant& object = inner();
+    object.SetXmlObject(new Probe);
+    value.SetXmlObject(object.FindXmlObject());
+    EXPECT_EQ(probesAlive, 1);
+    value.Clear();
+    EXPECT_EQ(probesAlive, 0);
+}
+
+TEST(ZvVariant, SharesObjectsAndCollectionsByTheirCount) {
+    CSmartPtr<CXmlObjectBase> const object(new Probe);
+    CSmartPtr<CXmlCollectionBase> const collection(new ProbeCollection);
+    auto const countOf = [](CXmlObjectBase* counted) {
+        std::int32_t const count = counted->AddRef() - 1;
+        counted->Release();
+        return count;
+    };
+    ZvVariant value;
+    value.SetXmlObject(object);
+    EXPECT_EQ(countOf(object), 2);
+    {
+        ZvVariant copy(value);
+        EXPECT_EQ(countOf(object), 3);
+        ZvVariant const moved(std::move(copy));
+        EXPECT_EQ(countOf(object), 3);
+        EXPECT_EQ(moved.GetXmlObject(), object);
+    }
+    EXPECT_EQ(countOf(object), 2);
+    value.SetXmlObject(object);
+    EXPECT_EQ(countOf(object), 2);
+    value.SetXmlCollection(collection);
+    EXPECT_EQ(countOf(object), 1);
+    EXPECT_EQ(countOf(collection), 2);
+    EXPECT_EQ(value.GetXmlCollection(), collection);
+    EXPECT_EQ(value.GetXmlObject(), static_cast<CXmlObjectBase*>(collection)); // a collection is an object
+    ZvVariant copy;
+    copy = value;
+    EXPECT_EQ(countOf(collection), 3);
+    value.SetNil();
+    copy.SetInvalid();
+    EXPECT_EQ(countOf(collection), 1);
+    EXPECT_EQ(value.FindXmlObject(), nullptr);
+}
+
+TEST(ZvVariant, ANullObjectIsAValue) {
+    ZvVariant value;
+    value.SetXmlObject(nullptr);
+    ZvVariant const copy(value);
+    EXPECT_TRUE(copy.IsValid());
+    EXPECT_EQ(copy.GetTypeAsEnum(), ItemType_XmlObjectBase);
+    EXPECT_EQ(copy.GetXmlObject(), nullptr);
+    value.SetXmlCollection(nullptr);
+    EXPECT_EQ(value.GetXmlObject(), nullptr);
+    value.SetI8(-1);
+    EXPECT_EQ(value.FindXmlObject(), nullptr);
+    EXPECT_EQ(value.FindXmlCollection(), nullptr);
+}
+
+TEST(ZvVariant, AGetterOfAnotherTypeIsAssertedAndStaysHarmless) {
+    AssertionLog const log;
+    ZvVariant value;
+    value.SetI8(-1);
+    EXPECT_EQ(value.GetI4(), -1);
+    EXPECT_EQ(value.GetString(), "");
+    EXPECT_EQ(value.GetHexBinary().GetLength(), 0U);
+    EXPECT_EQ(value.GetXmlObject(), nullptr);
+    EXPECT_EQ(value.GetXmlCollection(), nullptr);
+    value.SetNil(ItemType_string);
+    EXPECT_EQ(value.GetString(), "");
+    EXPECT_EQ(value.TakeString(), "");
+    value.SetXmlCollection(nullptr);
+    EXPECT_EQ(value.GetXmlCollection(), nullptr);
+#ifndef NDEBUG
+    EXPECT_THAT(assertions,
+                testing::ElementsAre("m_type == ItemType_i4", "m_type == ItemType_string && m_pString != 0",
+                                     "m_type == ItemType_hexBinary", "m_type == ItemType_XmlObjectBase",
+                                     "m_type == ItemType_XmlCollection && m_pXmlCol != 0",
+                                     "m_type == ItemType_string && m_pString != 0",
+                                     "m_type == ItemType_string && m_pString != 0",
+                                     "m_type == ItemType_XmlCollection && m_pXmlCol != 0"));
+#endif
+}
