@@ -34,7 +34,6 @@ TEST(ZvxmlMessages, ReportsFilesThatCannotBeConverted) {
              Row{"convert good.xml none/out.zz", "none/out.zz: "},
              Row{"convert good.xml /dev/full",
                  "/dev/full: Failed to write data to the file [/dev/full] error [0x0000001C]\n"},
-             Row{"convert good.xml - >/dev/full", "standard output: No space left on device\n"},
              Row{"convert good.xml out.gz", "out.gz: Failed to compress data. [Error Code: 0]\n"},
              Row{"convert uri.xml out.xml", "uri.xml: The namespace [u?a&b] holds characters"},
              Row{"inspect none.xml", "none.xml: No such file or directory\n"},
@@ -45,6 +44,16 @@ TEST(ZvxmlMessages, ReportsFilesThatCannotBeConverted) {
         EXPECT_EQ(result.exitCode, 1) << row.arguments;
         EXPECT_THAT(result.err, StartsWith(row.message)) << row.arguments;
         EXPECT_EQ(result.out, "") << row.arguments;
+    }
+}
+
+TEST(ZvxmlMessages, ReportsOutputThatFindsNoSpace) {
+    ScratchDirectory const scratch;
+    scratch.Write("good.xml", "<a/>");
+    for (char const* arguments : {"convert good.xml -", "inspect good.xml", "--help", "convert --help"}) {
+        ToolResult const result = scratch.RunInto("/dev/full", arguments);
+        EXPECT_EQ(result.exitCode, 1) << arguments;
+        EXPECT_EQ(result.err, "standard output: No space left on device\n") << arguments;
     }
 }
 

@@ -52,13 +52,24 @@ std::string ScratchDirectory::Read(std::string const& name) const {
     return ReadWhole(m_path / name);
 }
 
-ToolResult ScratchDirectory::Run(std::string const& arguments, std::string const& input) const {
-    Write(".in", input);
+int ScratchDirectory::RunShell(std::string const& arguments, std::string const& output) const {
     std::string const command =
-        "cd '" + m_path.string() + "' && '" ZV_TOOL "' " + arguments + " <.in >.out 2>.err";
+        "cd '" + m_path.string() + "' && '" ZV_TOOL "' " + arguments + " <.in >" + output + " 2>.err";
     int const status = std::system(command.c_str());
     EXPECT_TRUE(WIFEXITED(status)) << command;
-    return {WEXITSTATUS(status), Read(".out"), Read(".err")};
+    return WEXITSTATUS(status);
+}
+
+ToolResult ScratchDirectory::Run(std::string const& arguments, std::string const& input) const {
+    Write(".in", input);
+    int const exitCode = RunShell(arguments, ".out");
+    return {exitCode, Read(".out"), Read(".err")};
+}
+
+ToolResult ScratchDirectory::RunInto(std::string const& file, std::string const& arguments) const {
+    Write(".in", "");
+    int const exitCode = RunShell(arguments, file);
+    return {exitCode, "", Read(".err")};
 }
 
 std::vector<std::string> DescribeDocument(std::string const& file, Texts texts) {

@@ -25,8 +25,12 @@ public:
 
     // Runs the tool here. `arguments` are separated by blanks, as in a shell; `input` is standard input.
     ToolResult Run(std::string const& arguments, std::string const& input = "") const;
+    // The same with standard output in this file; the result holds none.
+    ToolResult RunInto(std::string const& file, std::string const& arguments) const;
 
 private:
+    int RunShell(std::string const& arguments, std::string const& output) const;
+
     std::filesystem::path m_path;
 };
 
