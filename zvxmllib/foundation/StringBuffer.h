@@ -38,7 +38,12 @@ public:
         m_LastBlock_DataIn += length;
         m_dwTotalBufferLen += length;
     }
-    void Append(char c) { Append(&c, 1); }
+    void Append(char c) {
+        if (m_LastBlock_DataIn == m_LastBlock_SizeOf)
+            return AppendAcrossBlocks(&c, 1);
+        m_lastBlock[m_LastBlock_DataIn++] = c;
+        ++m_dwTotalBufferLen;
+    }
     void Assign(char const* text);
 
     // The whole text as one NUL-terminated array, owned by the buffer and valid until the next change.

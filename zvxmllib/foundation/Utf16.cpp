@@ -1,6 +1,7 @@
 // The library's own conversions between UTF-8 and UTF-16.
 #include "zvxmllib/foundation/Utf16.h"
 
+#include <array>
 #include <cstdint>
 #include <cstring>
 
@@ -85,27 +86,91 @@ unsigned char const* Octets(std::string_view text) noexcept {
     return reinterpret_cast<unsigned char const*>(text.data());
 }
 
+bool AreEightAscii(unsigned char const* p) noexcept {
+    std::uint64_t word;
+    std::memcpy(&word, p, 8);
+    return (word & 0x8080808080808080U) == 0;
+}
+
 // Octets below 128 at the start, eight at a time; up to seven more may follow.
 std::size_t AsciiRun(unsigned char const* p, std::size_t length) noexcept {
     std::size_t i = 0;
-    for (; i + 8 <= length; i += 8) {
-        std::uint64_t word;
-        std::memcpy(&word, p + i, 8);
-        if ((word & 0x8080808080808080U) != 0)
-            break;
-    }
+    while (i + 8 <= length && AreEightAscii(p + i))
+        i += 8;
     return i;
 }
+
+// What a validator of UTF-8 expects next. A state is the place, in bits, of its successor within the entry
+// of an octet, so that a step is one shift.
+enum Utf8State : std::uint64_t {
+    kStart = 0,     // a sequence may begin or the text end
+    kMalformed = 6, // for good
+    kOneMore = 12,  // octets 80 to BF
+    kTwoMore = 18,
+    kThreeMore = 24,
+    kAfterE0 = 30, // A0 to BF: nothing overlong
+    kAfterED = 36, // 80 to 9F: no surrogate
+    kAfterF0 = 42, // 90 to BF: nothing overlong
+    kAfterF4 = 48, // 80 to 8F: nothing above U+10FFFF
+};
+constexpr std::uint64_t kStateMask = 63;
+
+constexpr std::uint64_t NextState(Utf8State state, unsigned octet) {
+    auto const expect = [octet](unsigned low, unsigned high, Utf8State next) {
+        return octet >= low && octet <= high ? next : kMalformed;
+    };
+    switch (state) {
+    case kStart:
+        return octet < 0x80    ? kStart
+               : octet == 0xE0 ? kAfterE0
+               : octet == 0xED ? kAfterED
+               : octet == 0xF0 ? kAfterF0
+               : octet == 0xF4 ? kAfterF4
+               : octet < 0xC2  ? kMalformed
+               : octet < 0xE0  ? kOneMore
+               : octet < 0xF0  ? kTwoMore
+                               : expect(0xF1, 0xF3, kThreeMore);
+    case kOneMore:
+        return expect(0x80, 0xBF, kStart);
+    case kTwoMore:
+        return expect(0x80, 0xBF, kOneMore);
+    case kThreeMore:
+        return expect(0x80, 0xBF, kTwoMore);
+    case kAfterE0:
+        return expect(0xA0, 0xBF, kOneMore);
+    case kAfterED:
+        return expect(0x80, 0x9F, kOneMore);
+    case kAfterF0:
+        return expect(0x90, 0xBF, kTwoMore);
+    case kAfterF4:
+        return expect(0x80, 0x8F, kTwoMore);
+    case kMalformed:
+        break;
+    }
+    return kMalformed;
+}
+
+constexpr std::array<std::uint64_t, 256> MakeTransitions() {
+    std::array<std::uint64_t, 256> transitions{};
+    for (unsigned octet = 0; octet < 256; ++octet) {
+        for (Utf8State const state :
+             {kStart, kMalformed, kOneMore, kTwoMore, kThreeMore, kAfterE0, kAfterED, kAfterF0, kAfterF4})
+            transitions[octet] |= NextState(state, octet) << state;
+    }
+    return transitions;
+}
+
+constexpr std::array<std::uint64_t, 256> kTransitions = MakeTransitions();
 
 // Calls `put(char16_t)` for each unit of the text as UTF-16.
 template <class Put>
 void ForEachUnit(std::string_view utf8, Put put) noexcept {
     unsigned char const* const p = Octets(utf8);
     for (std::size_t i = 0; i < utf8.size();) {
-        if (p[i] < 0x80) {
-            put(p[i++]);
-            continue;
-        }
+        for (std::size_t const end = i + AsciiRun(p + i, utf8.size() - i); i < end; ++i)
+            put(p[i]);
+        if (i == utf8.size())
+            return;
         Decoded const next = DecodeUtf8(p + i, utf8.size() - i);
         i += next.size;
         if (next.codePoint < 0x10000) {
@@ -182,6 +247,11 @@ void ConvertUtf8ToUtf16Bytes(std::string_view utf8, unsigned char* output) noexc
 std::size_t CountUtf16Units(std::string_view utf8) noexcept {
     unsigned char const* const p = Octets(utf8);
     std::size_t units = 0;
+    if (IsValidUtf8(utf8)) { // a unit for each lead, a second one for each sequence of four
+        for (std::size_t i = 0; i < utf8.size(); ++i)
+            units += ((p[i] & 0xC0U) != 0x80U ? 1U : 0U) + (p[i] >= 0xF0U ? 1U : 0U);
+        return units;
+    }
     for (std::size_t i = 0; i < utf8.size();) {
         std::size_t const plain = AsciiRun(p + i, utf8.size() - i);
         units += plain;
@@ -219,18 +289,19 @@ bool IsAscii(std::string_view text) noexcept {
 
 bool IsValidUtf8(std::string_view text) noexcept {
     unsigned char const* const p = Octets(text);
-    for (std::size_t i = 0; i < text.size();) {
-        i += AsciiRun(p + i, text.size() - i);
-        // Text that is not ASCII rarely comes singly, so stay here until eight plain octets are at hand.
-        for (unsigned plain = 0; i < text.size() && plain < 8;) {
-            Decoded const next = DecodeUtf8(p + i, text.size() - i);
-            if (!next.valid)
-                return false;
-            i += next.size;
-            plain = next.size == 1 ? plain + 1 : 0;
-        }
+    std::uint64_t state = kStart;
+    std::size_t i = 0;
+    for (; i + 8 <= text.size(); i += 8) {
+        if ((state & kStateMask) == kStart && AreEightAscii(p + i))
+            continue;
+        for (std::size_t j = 0; j < 8; ++j)
+            state = kTransitions[p[i + j]] >> (state & kStateMask);
+        if ((state & kStateMask) == kMalformed)
+            return false;
     }
-    return true;
+    for (; i < text.size(); ++i)
+        state = kTransitions[p[i]] >> (state & kStateMask);
+    return (state & kStateMask) == kStart;
 }
 
 std::u16string UnitsFromWide(wchar_t const* text) {

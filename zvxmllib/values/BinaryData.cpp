@@ -104,6 +104,14 @@ public:
         m_dwLen = newLength;
     }
 
+    // False if the block is shared or full.
+    bool AppendInPlace(unsigned char byte) noexcept {
+        if (m_dwLen == m_dwBufferLen || IsShared())
+            return false;
+        m_lpData[m_dwLen++] = byte;
+        return true;
+    }
+
     void Reserve(std::uint32_t room) {
         if (room > m_dwBufferLen)
             MoveTo(room);
@@ -269,9 +277,10 @@ std::string CBinaryData::GetAsHexString(unsigned char const* bytes, std::uint32_
     if (bytes == nullptr)
         return std::string();
     std::string text(std::size_t{length} * 2, '\0');
-    for (std::size_t i = 0; i < length; ++i) {
-        text[2 * i] = kHexDigits[bytes[i] >> 4];
-        text[2 * i + 1] = kHexDigits[bytes[i] & 0xF];
+    char* out = text.data();
+    for (std::uint32_t i = 0; i < length; ++i) {
+        *out++ = kHexDigits[bytes[i] >> 4];
+        *out++ = kHexDigits[bytes[i] & 0xF];
     }
     return text;
 }
