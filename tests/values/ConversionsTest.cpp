@@ -109,12 +109,14 @@ TEST(Conversions, IntegersOutOfRangeNameTheTypeThatRefuses) {
 namespace {
 
 // Around zero and both bounds, by each of the two ways in: plain digits, and what they refuse.
-template <class Integer>
-void ExpectSameTextBack(ItemType type) {
+template <class Integer, class Argument>
+void ExpectSameTextBack(ItemType type, std::string (*toText)(Argument)) {
     using Limits = std::numeric_limits<Integer>;
     for (Integer const start : {Limits::min(), Integer(0), Integer(Limits::max() - 2)}) {
         for (int step = 0; step < 3; ++step) {
-            std::string const text = std::to_string(start + static_cast<Integer>(step));
+            auto const value = static_cast<Integer>(start + static_cast<Integer>(step));
+            std::string const text = std::to_string(value);
+            EXPECT_EQ(toText(static_cast<Argument>(value)), text) << "type " << type;
             EXPECT_EQ(ReadText(type, text, kCollapse), text) << "type " << type;
             EXPECT_EQ(ReadText(type, "\f" + text, kCollapse), text) << "type " << type;
             EXPECT_EQ(ReadText(type, " 00" + text + "\n", kCollapse),
@@ -127,14 +129,14 @@ void ExpectSameTextBack(ItemType type) {
 } // namespace
 
 TEST(Conversions, IntegersPrintTheTextThatTheyWereReadFrom) {
-    ExpectSameTextBack<signed char>(ItemType_i1);
-    ExpectSameTextBack<short>(ItemType_i2);
-    ExpectSameTextBack<std::int32_t>(ItemType_i4);
-    ExpectSameTextBack<long long>(ItemType_i8);
-    ExpectSameTextBack<unsigned char>(ItemType_ui1);
-    ExpectSameTextBack<unsigned short>(ItemType_ui2);
-    ExpectSameTextBack<std::uint32_t>(ItemType_ui4);
-    ExpectSameTextBack<unsigned long long>(ItemType_ui8);
+    ExpectSameTextBack<signed char>(ItemType_i1, CConversions::i1ToString);
+    ExpectSameTextBack<short>(ItemType_i2, CConversions::i2ToString);
+    ExpectSameTextBack<std::int32_t>(ItemType_i4, CConversions::i4ToString);
+    ExpectSameTextBack<long long>(ItemType_i8, CConversions::i8ToString);
+    ExpectSameTextBack<unsigned char>(ItemType_ui1, CConversions::ui1ToString);
+    ExpectSameTextBack<unsigned short>(ItemType_ui2, CConversions::ui2ToString);
+    ExpectSameTextBack<std::uint32_t>(ItemType_ui4, CConversions::ui4ToString);
+    ExpectSameTextBack<unsigned long long>(ItemType_ui8, CConversions::ui8ToString);
 }
 
 TEST(Conversions, FloatingPointTakesDecimalFormsAndTheNamedWordsOnly) {

@@ -35,10 +35,19 @@ struct RealText {
 };
 RealText ScanReal(std::string_view text);
 
+// Replaces the content of `text`, in the room that it has.
+template <class Integer>
+std::string& PrintInteger(Integer value, std::string& text) {
+    char buffer[24]; // 64 bits are twenty characters with the sign
+    char const* const end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
+    return text.assign(buffer, static_cast<std::size_t>(end - buffer));
+}
+
 template <class Integer>
 std::string PrintInteger(Integer value) {
-    char buffer[24]; // 64 bits are twenty characters with the sign
-    return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+    std::string text;
+    PrintInteger(value, text);
+    return text;
 }
 
 // As "%.<digits>g", at most 17 digits. The value is finite.

@@ -1,6 +1,7 @@
 // ZvVariant to and from text.
 #include "zvxmllib/values/Conversions.h"
 #include "zvxmllib/values/Failures.h"
+#include "zvxmllib/values/NumberText.h"
 #include "zvxmllib/values/RuledText.h"
 #include "zvxmllib/values/TextValues.h"
 #include "zvxmllib/values/ZvVariant.h"
@@ -53,21 +54,21 @@ std::string const& ZvVariant::ToText(char const* format, std::string& buffer) co
     case ItemType_base64Binary:
         return buffer = CConversions::base64BinaryToString(GetBinary());
     case ItemType_i1:
-        return buffer = CConversions::i1ToString(m_i1);
+        return detail::PrintInteger(static_cast<int>(static_cast<signed char>(m_i1)), buffer);
     case ItemType_i2:
-        return buffer = CConversions::i2ToString(m_i2);
+        return detail::PrintInteger(m_i2, buffer);
     case ItemType_i4:
-        return buffer = CConversions::i4ToString(m_i4);
+        return detail::PrintInteger(m_i4, buffer);
     case ItemType_i8:
-        return buffer = CConversions::i8ToString(m_i8);
+        return detail::PrintInteger(m_i8, buffer);
     case ItemType_ui1:
-        return buffer = CConversions::ui1ToString(m_ui1);
+        return detail::PrintInteger(static_cast<unsigned>(m_ui1), buffer);
     case ItemType_ui2:
-        return buffer = CConversions::ui2ToString(m_ui2);
+        return detail::PrintInteger(m_ui2, buffer);
     case ItemType_ui4:
-        return buffer = CConversions::ui4ToString(m_ui4);
+        return detail::PrintInteger(m_ui4, buffer);
     case ItemType_ui8:
-        return buffer = CConversions::ui8ToString(m_ui8);
+        return detail::PrintInteger(m_ui8, buffer);
     case ItemType_r4:
         return buffer = CConversions::r4ToString(m_r4, formatText());
     case ItemType_r8:
