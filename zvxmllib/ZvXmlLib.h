@@ -1,8 +1,12 @@
 // The whole public interface in one include: what generated code and applications need.
 #pragma once
 
+#include "zvxmllib/binding/ClassFactoryBase.h"
+#include "zvxmllib/binding/ElementInfo.h"
 #include "zvxmllib/binding/EventSink.h"
 #include "zvxmllib/binding/GeneratorVersion.h"
+#include "zvxmllib/binding/Nillable.h"
+#include "zvxmllib/binding/XmlGeneratedClass.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
 #include "zvxmllib/binding/context/NamespaceAliasMap.h"
 #include "zvxmllib/binding/context/SerializationContext.h"
@@ -25,5 +29,9 @@
 #include "zvxmllib/foundation/SmartPtr.h"
 #include "zvxmllib/values/Base64.h"
 #include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/values/CheckPrimitive.h"
+#include "zvxmllib/values/Conversions.h"
+#include "zvxmllib/values/PrimitiveRestrictions.h"
 #include "zvxmllib/values/Whitespace.h"
+#include "zvxmllib/values/ZvVariant.h"
 #include "zvxmllib/writers/XmlWriter.h"

@@ -1,8 +1,8 @@
 // What members of the element family hold beyond the base.
 #pragma once
 
+#include "zvxmllib/binding/XmlObjectBase.h" // its smart pointers release one
 #include "zvxmllib/binding/metadata/ElementInfoBase.h"
-#include "zvxmllib/foundation/SmartPtr.h"
 
 #include <string>
 
