@@ -17,9 +17,10 @@ char* Arena::AllocateInNextChunk(std::size_t size) {
     while (next < m_chunks.size() && m_chunks[next].size < size)
         ++next;
     if (next == m_chunks.size()) {
-        std::size_t const chunkSize = std::max(size, m_nextChunk);
-        m_chunks.push_back({std::unique_ptr<char[]>(new char[chunkSize]), chunkSize});
-        m_nextChunk = std::min(m_nextChunk * 2, m_largestChunk);
+        std::size_t const chunkSize =
+            std::max(size, std::clamp(m_capacity / 4, m_smallestChunk, m_largestChunk));
+        m_chunks.push_back({platform::AllocateBlock(chunkSize), chunkSize});
+        m_capacity += chunkSize;
     }
     Enter(next);
     char* const result = m_top; // the start of a chunk is aligned for every type

@@ -1,8 +1,9 @@
 // Storage for many small objects that end together: a bump allocator with marks.
 #pragma once
 
+#include "zvxmllib/platform/MemoryBlock.h"
+
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 namespace ZvXmlLib16 {
@@ -18,9 +19,9 @@ public:
         char* top;
     };
 
-    // The first chunk has `firstChunk` bytes, each further one twice as many up to `largestChunk`.
-    Arena(std::size_t firstChunk, std::size_t largestChunk) noexcept
-        : m_nextChunk(firstChunk), m_largestChunk(largestChunk) {}
+    // A chunk has a quarter of the bytes of all before it, and from `smallestChunk` to `largestChunk`.
+    Arena(std::size_t smallestChunk, std::size_t largestChunk) noexcept
+        : m_smallestChunk(smallestChunk), m_largestChunk(largestChunk) {}
     Arena(Arena const&) = delete;
     Arena& operator=(Arena const&) = delete;
 
@@ -37,7 +38,7 @@ public:
     // Lengthens the allocation that ends at `end` by `size` bytes in place, if it is the last one and there
     // is room. True if it did.
     bool TryExtend(char const* end, std::size_t size) noexcept {
-        if (end != m_top || size > static_cast<std::size_t>(m_end - m_top))
+        if (end == nullptr || end != m_top || size > static_cast<std::size_t>(m_end - m_top))
             return false;
         m_top += size;
         return true;
@@ -54,7 +55,7 @@ public:
 
 private:
     struct Chunk {
-        std::unique_ptr<char[]> data;
+        platform::MemoryBlock data;
         std::size_t size;
     };
 
@@ -68,8 +69,9 @@ private:
     std::size_t m_current = 0; // the chunk in use, once there is one
     char* m_top = nullptr;
     char* m_end = nullptr;
-    std::size_t m_nextChunk;
-    std::size_t m_largestChunk;
+    std::size_t m_capacity = 0; // of all chunks
+    std::size_t const m_smallestChunk;
+    std::size_t const m_largestChunk;
 };
 
 } // namespace ZvXmlLib16

@@ -37,7 +37,7 @@ void CXmlObjectBase::FromXml(char16_t const* text, CSerializationContext const& 
 void CXmlObjectBase::FromXml(char const* text, CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
     CXmlDocument document(ctx);
-    document.LoadXml(text, CXmlDocument::Borrowed());
+    document.LoadXml(text);
     ReadDocument(document, ctx);
 }
 
@@ -50,7 +50,7 @@ void CXmlObjectBase::FromXmlStream(unsigned char* const data, std::uint32_t leng
                                    CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
     CXmlDocument document(ctx);
-    document.LoadXmlStream(data, length, CXmlDocument::Borrowed());
+    document.LoadXmlStream(data, length);
     ReadDocument(document, ctx);
 }
 

@@ -7,17 +7,21 @@
 namespace ZvXmlLib16 {
 
 namespace {
-constexpr std::size_t kFirstBuckets = 128;
+constexpr std::size_t kFirstBuckets = 64;
 constexpr char kNamespaceSeparator = '|';
 } // namespace
 
 NameTable::NameTable(XmlTree& tree) : m_tree(tree), m_buckets(kFirstBuckets) {}
 
-void NameTable::Clear() {
-    m_names.clear();
-    m_buckets.assign(kFirstBuckets, nullptr);
-    m_namespaceUris.clear();
-    m_lastElementName = nullptr;
+bool XmlName::IsCalled(char const* parserName) const noexcept {
+    std::size_t const uriLength = parserUri->size();
+    if (uriLength != 0) {
+        if (std::strncmp(parserName, parserUri->c_str(), uriLength) != 0 ||
+            parserName[uriLength] != kNamespaceSeparator)
+            return false;
+        parserName += uriLength + 1;
+    }
+    return std::strcmp(parserName, parserLocalName->c_str()) == 0;
 }
 
 // Eight bytes at a time: names with a namespace are long and share their beginning.
@@ -41,16 +45,32 @@ std::uint64_t NameTable::Hash(std::string_view text) noexcept {
     return hash ^ (hash >> 29);
 }
 
+XmlName* NameTable::Find(char const* parserName, bool splitNamespace) {
+    std::string_view const text(parserName);
+    std::uint64_t const hash = Hash(text);
+    for (XmlName* name = m_buckets[hash & (m_buckets.size() - 1)]; name != nullptr;
+         name = name->nextInBucket) {
+        if (name->hash == hash && name->IsCalled(parserName))
+            return name;
+    }
+    return Add(text, hash, splitNamespace);
+}
+
 XmlName* NameTable::FindElementName(char const* parserName, bool splitNamespace) {
     if (m_lastElementName != nullptr) {
         XmlName* const likely = m_lastElementName->likelyNext;
-        if (likely != nullptr && std::strcmp(likely->parserName.c_str(), parserName) == 0)
+        if (likely != nullptr && likely->IsCalled(parserName))
             return m_lastElementName = likely;
     }
     XmlName* const name = Find(parserName, splitNamespace);
     if (m_lastElementName != nullptr)
         m_lastElementName->likelyNext = name;
     return m_lastElementName = name;
+}
+
+// `local` where it is the same text.
+std::string const* NameTable::KeepParserString(std::string_view text, std::string const& local) {
+    return text == local ? &local : &*m_parserStrings.emplace(text).first;
 }
 
 XmlName* NameTable::Add(std::string_view parserName, std::uint64_t hash, bool splitNamespace) {
@@ -66,8 +86,15 @@ XmlName* NameTable::Add(std::string_view parserName, std::uint64_t hash, bool sp
     }
     std::string const* const sharedUri = &*m_namespaceUris.insert(std::move(uri)).first;
     XmlName*& bucket = m_buckets[hash & (m_buckets.size() - 1)];
-    m_names.push_back({&m_tree, std::move(local), sharedUri, std::string(parserName), hash, bucket, nullptr});
-    return bucket = &m_names.back();
+    XmlName& name = m_names.emplace_back(
+        XmlName{&m_tree, std::move(local), sharedUri, nullptr, nullptr, hash, bucket, nullptr});
+    std::size_t const parserSplit =
+        splitNamespace ? parserName.find(kNamespaceSeparator) : std::string_view::npos;
+    bool const isSplit = parserSplit != std::string_view::npos;
+    name.parserUri = KeepParserString(isSplit ? parserName.substr(0, parserSplit) : "", *sharedUri);
+    name.parserLocalName =
+        KeepParserString(isSplit ? parserName.substr(parserSplit + 1) : parserName, name.localName);
+    return bucket = &name;
 }
 
 void NameTable::Grow() {

@@ -59,24 +59,13 @@ CXmlDocument::~CXmlDocument() {
 void CXmlDocument::Cleanup() {
     m_tree.reset();
     m_namespaces.clear();
-    m_ownBuffer.reset();
-    m_pBuffer = nullptr;
-    m_bufferLen = 0;
-}
-
-void CXmlDocument::Own(std::unique_ptr<unsigned char[]> data, std::size_t length) noexcept {
-    m_ownBuffer = std::move(data);
-    m_pBuffer = m_ownBuffer.get();
-    m_bufferLen = length;
 }
 
 void CXmlDocument::Load(char const* fileName) {
     Cleanup();
-    char const* const name = fileName == nullptr ? "" : fileName;
     std::size_t length = 0;
-    std::unique_ptr<unsigned char[]> data = ReadFile(name, length);
-    Own(std::move(data), length);
-    Parse();
+    std::unique_ptr<unsigned char[]> const data = ReadFile(fileName == nullptr ? "" : fileName, length);
+    Parse(data.get(), length);
 }
 
 void CXmlDocument::LoadXml(char const* text) {
@@ -84,19 +73,7 @@ void CXmlDocument::LoadXml(char const* text) {
     std::size_t const length = text == nullptr ? 0 : std::strlen(text);
     if (length == 0)
         FailEmptyText();
-    std::unique_ptr<unsigned char[]> data = NewBuffer(length);
-    std::memcpy(data.get(), text, length);
-    Own(std::move(data), length);
-    ParseText();
-}
-
-void CXmlDocument::LoadXml(char const* text, Borrowed) {
-    Cleanup();
-    m_bufferLen = text == nullptr ? 0 : std::strlen(text);
-    if (m_bufferLen == 0)
-        FailEmptyText();
-    m_pBuffer = reinterpret_cast<unsigned char const*>(text);
-    ParseText();
+    ParseText(reinterpret_cast<unsigned char const*>(text), length);
 }
 
 void CXmlDocument::LoadXml(wchar_t const* text) {
@@ -110,7 +87,7 @@ void CXmlDocument::LoadXml(char16_t const* text) {
         FailEmptyText();
     // The byte order mark tells the parser that this is UTF-16, low byte first.
     std::size_t const length = (units + 1) * 2;
-    std::unique_ptr<unsigned char[]> data = NewBuffer(length);
+    std::unique_ptr<unsigned char[]> const data = NewBuffer(length);
     unsigned char* out = data.get();
     *out++ = 0xFF;
     *out++ = 0xFE;
@@ -118,44 +95,34 @@ void CXmlDocument::LoadXml(char16_t const* text) {
         *out++ = static_cast<unsigned char>(text[i] & 0xFF);
         *out++ = static_cast<unsigned char>(text[i] >> 8);
     }
-    Own(std::move(data), length);
-    ParseText();
+    ParseText(data.get(), length);
 }
 
 void CXmlDocument::LoadXmlStream(unsigned char const* data, std::uint32_t length) {
     Cleanup();
     if (data == nullptr || length == 0)
         FailEmptyStream();
-    std::unique_ptr<unsigned char[]> copy = NewBuffer(length);
-    std::memcpy(copy.get(), data, length);
-    Own(std::move(copy), length);
-    Parse();
-}
-
-void CXmlDocument::LoadXmlStream(unsigned char const* data, std::uint32_t length, Borrowed) {
-    Cleanup();
-    if (data == nullptr || length == 0)
-        FailEmptyStream();
-    m_pBuffer = data;
-    m_bufferLen = length;
-    Parse();
+    Parse(data, length);
 }
 
 // What is not a complete compressed stream is no failure: it goes on as it is.
-void CXmlDocument::Parse() {
+void CXmlDocument::Parse(unsigned char const* data, std::size_t length) {
     CBinaryData decompressed;
-    if (CZvZip::TryDecompress(m_pBuffer, static_cast<std::uint32_t>(m_bufferLen), decompressed)) {
-        std::size_t const length = decompressed.GetLength();
-        Own(std::unique_ptr<unsigned char[]>(decompressed.ReleaseData()), length);
-    }
-    ParseText();
+    if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), decompressed))
+        ParseText(decompressed.GetData(), decompressed.GetLength());
+    else
+        ParseText(data, length);
 }
 
-void CXmlDocument::ParseText() {
+void CXmlDocument::ParseText(unsigned char const* data, std::size_t length) {
     m_tree = std::make_unique<XmlTree>(*this, m_pfnElementCallback != nullptr);
+    m_pBuffer = data;
+    m_bufferLen = length;
     CExpatReader reader(*this);
     reader.Init();
     reader.Parse(true);
+    m_pBuffer = nullptr;
+    m_bufferLen = 0;
 }
 
 // The element arrives complete, as the last child of its parent; the callback says whether it may go.

@@ -42,7 +42,7 @@ public:
     // UTF-16 text.
     void LoadXml(wchar_t const* text);
     void LoadXml(char16_t const* text);
-    // As Load. The bytes are copied. Throws for no bytes.
+    // As Load. Throws for no bytes.
     void LoadXmlStream(unsigned char const* data, std::uint32_t length);
 
     // The root, null while the document is empty.
@@ -55,26 +55,20 @@ public:
     std::string LookupNamespaceFromAlias(char const* alias) const;
 
 protected:
-    // Drops tree and input. Called at the start of each load and by the destructor.
+    // Drops the tree. Called at the start of each load and by the destructor.
     virtual void Cleanup();
 
 private:
     friend class CExpatReader;
-    friend class CXmlObjectBase; // reads from documents of its own, which need no copy of the input
 
-    struct Borrowed {}; // the caller's bytes outlive the load
-    void LoadXml(char const* text, Borrowed);
-    void LoadXmlStream(unsigned char const* data, std::uint32_t length, Borrowed);
-
-    void Own(std::unique_ptr<unsigned char[]> data, std::size_t length) noexcept;
-    void Parse();
-    void ParseText();
+    void Parse(unsigned char const* data, std::size_t length);
+    void ParseText(unsigned char const* data, std::size_t length);
     void EndElement();
 
     std::unique_ptr<XmlTree> m_tree;
     // Prefix to URI, without scopes: the last declaration of a prefix stays.
     std::map<std::string, std::string, std::less<>> m_namespaces;
-    std::unique_ptr<unsigned char[]> m_ownBuffer; // null when the input is borrowed
+    // The input, null outside a load: it is the caller's, or that of the load.
     unsigned char const* m_pBuffer = nullptr;
     std::size_t m_bufferLen = 0;
     SchemaType m_schemaType;

@@ -9,8 +9,8 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-constexpr std::size_t kFirstChunk = 4 * 1024;
-constexpr std::size_t kLargestChunk = 1024 * 1024;
+constexpr std::size_t kSmallestChunk = 2 * 1024;
+constexpr std::size_t kLargestChunk = platform::kLargePage;
 
 CInstanceMonitor::Registration s_elementRegistration("CXmlElement");
 CInstanceMonitor::Registration s_attributeRegistration("CXmlAttribute");
@@ -18,8 +18,8 @@ CInstanceMonitor::Registration s_attributeRegistration("CXmlAttribute");
 } // namespace
 
 XmlTree::XmlTree(CXmlDocument const& document, bool isStreaming)
-    : m_document(document), m_isStreaming(isStreaming), m_nodes(kFirstChunk, kLargestChunk),
-      m_texts(kFirstChunk, kLargestChunk), m_names(*this) {}
+    : m_document(document), m_isStreaming(isStreaming), m_nodes(kSmallestChunk, kLargestChunk),
+      m_texts(kSmallestChunk, kLargestChunk), m_names(*this) {}
 
 XmlTree::~XmlTree() {
     m_endedElements += m_liveElements;
@@ -58,7 +58,7 @@ CXmlElement* XmlTree::AddElement(XmlName const* name) {
         open.beforeLastChild = open.lastChild;
         open.lastChild = element;
     }
-    m_open.push_back({element, nullptr, nullptr, nullptr, nullptr});
+    m_open.push_back({element, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr});
     ++m_liveElements;
     ++m_createdElements;
     return element;
@@ -95,7 +95,7 @@ void XmlTree::AddElementAttribute(XmlName const* name, std::string_view value) {
     if (m_attributeRecord == nullptr)
         m_attributeRecord = s_attributeRegistration.Record();
     CXmlElement& element = *m_open.back().element;
-    char* const run = value.empty() ? nullptr : NewRun(value.data(), value.size());
+    char* const run = value.empty() ? nullptr : NewRun(value);
     GrowAttributes(element);
     CXmlAttribute* const attribute = new (element.GetAttributeAt(element.m_attributes->count))
         CXmlAttribute(m_attributeRecord, &element, name);
@@ -106,19 +106,18 @@ void XmlTree::AddElementAttribute(XmlName const* name, std::string_view value) {
     ++m_createdAttributes;
 }
 
-void XmlTree::AppendTextExcludingCR(std::string_view text) {
-    OpenElement& open = m_open.back();
+void XmlTree::AppendRuns(OpenElement& open, std::string_view text) {
     while (!text.empty()) {
-        std::size_t const run = std::min(text.find('\r'), text.size());
-        if (run != 0)
-            AppendText(open, text.data(), run);
-        text.remove_prefix(std::min(run + 1, text.size()));
+        std::size_t const length = std::min(text.find('\r'), text.size());
+        if (length != 0)
+            AppendRun(open, text.substr(0, length));
+        text.remove_prefix(std::min(length + 1, text.size()));
     }
 }
 
-char* XmlTree::NewRun(char const* text, std::size_t length) {
-    char* const chars = m_texts.Allocate(length, 1);
-    std::memcpy(chars, text, length);
+char* XmlTree::NewRun(std::string_view text) {
+    char* const chars = m_texts.Allocate(text.size(), 1);
+    std::memcpy(chars, text.data(), text.size());
     return chars;
 }
 
@@ -127,36 +126,36 @@ NodeText::Piece* XmlTree::NewPiece(char* chars, std::uint32_t length) {
     return new (storage) NodeText::Piece{nullptr, chars, length, 1};
 }
 
-void XmlTree::AppendText(OpenElement& open, char const* text, std::size_t length) {
+void XmlTree::AppendRun(OpenElement& open, std::string_view text) {
     NodeText& target = open.element->m_text;
+    std::uint32_t const length = static_cast<std::uint32_t>(text.size());
     if (target.m_form == NodeText::Form::kString) {
-        target.m_string->append(text, length);
+        target.m_string->append(text);
         return;
     }
-    // The run that can grow: the only one, or the last of the chain unless it stands there several times.
-    NodeText::Piece* const tail = target.m_form == NodeText::Form::kChain ? open.tail : nullptr;
-    char* const run = tail == nullptr ? target.m_run : tail->chars;
-    std::uint32_t& runLength = tail == nullptr ? target.m_length : tail->length;
-    if (runLength == 0) {
-        target.m_run = NewRun(text, length);
-        target.m_length = static_cast<std::uint32_t>(length);
+    if (open.runEnd != nullptr && m_texts.TryExtend(open.runEnd, length)) {
+        std::memcpy(open.runEnd, text.data(), length);
+        open.runEnd += length;
+        *open.runLength += length;
         return;
     }
-    std::size_t const room = std::numeric_limits<std::uint32_t>::max() - runLength;
-    if ((tail == nullptr || tail->repeat == 1) && length <= room &&
-        m_texts.TryExtend(run + runLength, length)) {
-        std::memcpy(run + runLength, text, length);
-        runLength += static_cast<std::uint32_t>(length);
+    if (target.m_length == 0) {
+        target.m_run = NewRun(text);
+        target.m_length = length;
+        open.runEnd = target.m_run + length;
+        open.runLength = &target.m_length;
         return;
     }
-    if (tail == nullptr) {
-        target.m_chain = open.tail = NewPiece(run, runLength);
+    if (target.m_form == NodeText::Form::kRun) {
+        target.m_chain = open.tail = NewPiece(target.m_run, target.m_length);
         target.m_form = NodeText::Form::kChain;
     }
-    NodeText::Piece* const piece = NewPiece(NewRun(text, length), static_cast<std::uint32_t>(length));
+    NodeText::Piece* const piece = NewPiece(NewRun(text), length);
     open.tail->next = piece;
     open.beforeTail = open.tail;
     open.tail = piece;
+    open.runEnd = piece->chars + length;
+    open.runLength = &piece->length;
 }
 
 // White space between children is mostly the same each time: a run equal to the one before it is counted, not
@@ -175,6 +174,7 @@ void XmlTree::FoldRepeatedTail(OpenElement& open) noexcept {
     ++before->repeat;
     open.tail = before;
     open.beforeTail = nullptr;
+    open.runEnd = nullptr; // it stands there several times
 }
 
 CXmlElement* XmlTree::EndElement() {
@@ -223,6 +223,10 @@ std::string const& XmlTree::KeepAsString(NodeText& text, CXmlElement const& elem
     text.AppendTo(kept.part);
     text.m_string = &kept.part;
     text.m_form = NodeText::Form::kString;
+    for (OpenElement& open : m_open) {
+        if (open.element == &element)
+            open.runEnd = nullptr; // what follows goes to the string
+    }
     return kept.part;
 }
 

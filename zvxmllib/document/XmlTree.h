@@ -6,6 +6,7 @@
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <list>
 #include <string>
@@ -40,7 +41,15 @@ public:
     // Adds an attribute to the innermost open element, which has no content yet. The value is local text.
     void AddElementAttribute(XmlName const* name, std::string_view value);
     // Appends local text to the innermost open element, without carriage returns.
-    void AppendTextExcludingCR(std::string_view text);
+    void AppendTextExcludingCR(std::string_view text) {
+        OpenElement& open = m_open.back();
+        if (text.find('\r') == std::string_view::npos && m_texts.TryExtend(open.runEnd, text.size())) {
+            open.runEnd = std::copy(text.begin(), text.end(), open.runEnd);
+            *open.runLength += static_cast<std::uint32_t>(text.size());
+        } else {
+            AppendRuns(open, text);
+        }
+    }
     // Closes the innermost open element and returns it.
     CXmlElement* EndElement();
     // Takes the last child of the innermost open element out, with all that is in it: the element that was
@@ -62,6 +71,10 @@ private:
         CXmlElement* beforeLastChild; // null if there is none, or after lastChild was taken out
         NodeText::Piece* tail;        // of a chained text
         NodeText::Piece* beforeTail;  // null when not known
+        // The run that can grow as long as nothing is allocated behind it: its end, and where its length
+        // stands. A run lies in one chunk, so its length cannot overflow.
+        char* runEnd;
+        std::uint32_t* runLength;
     };
     // Where the storage stood when an element was opened; kept in streaming mode only.
     struct StreamingMark {
@@ -81,9 +94,10 @@ private:
     template <class Part>
     using KeptList = std::list<Kept<Part>>; // what a list holds keeps its place
 
-    void AppendText(OpenElement& open, char const* text, std::size_t length);
+    void AppendRuns(OpenElement& open, std::string_view text);
+    void AppendRun(OpenElement& open, std::string_view text);
     NodeText::Piece* NewPiece(char* chars, std::uint32_t length);
-    char* NewRun(char const* text, std::size_t length);
+    char* NewRun(std::string_view text);
     void FoldRepeatedTail(OpenElement& open) noexcept;
     void GrowAttributes(CXmlElement& element);
     template <class Part>
