@@ -201,7 +201,6 @@ void CElement::ChangeNamespace(std::string const& ns) {
 }
 
 void CElement::SetNamespaceRestrictions(char const* allowedNamespaces, char const* targetNamespace) {
-    NestingGuard const level;
     try {
         TestNamespace(m_namespace.c_str(), allowedNamespaces, targetNamespace);
         if (HasAttributes()) {
@@ -209,6 +208,7 @@ void CElement::SetNamespaceRestrictions(char const* allowedNamespaces, char cons
                 TestNamespace(attribute->m_namespace.c_str(), allowedNamespaces, targetNamespace);
         }
         if (HasChildElements()) {
+            NestingGuard const level;
             for (CElement* const child : *m_elements)
                 child->SetNamespaceRestrictions(allowedNamespaces, targetNamespace);
         }
@@ -226,7 +226,6 @@ CSmartPtr<CElement> CElement::Clone() const {
 
 // Text, attributes and children.
 void CElement::CopyContent(CElement const& other) {
-    NestingGuard const level;
     CSmartPtr<CAttributeCol> attributes;
     CSmartPtr<CElementCol> elements;
     if (other.m_attributes != nullptr)
@@ -239,7 +238,6 @@ void CElement::CopyContent(CElement const& other) {
 }
 
 void CElement::CopyXmlElement(CXmlElement* element) {
-    NestingGuard const level;
     m_name = element->GetLocalName();
     ChangeNamespace(element->GetNamespaceURI());
     m_text.clear();
@@ -257,6 +255,7 @@ void CElement::CopyXmlElement(CXmlElement* element) {
     }
     for (CXmlElement* child = element->GetFirstElement(); child != nullptr;
          child = child->GetNextSiblingElement()) {
+        NestingGuard const level;
         CSmartPtr<CElement> const copy(new CElement(child->GetLocalName().c_str()));
         copy->CopyXmlElement(child);
         GetChildElements()->Add(copy);

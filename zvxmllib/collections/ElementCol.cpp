@@ -1,5 +1,6 @@
 // CElementCol, elements that no schema describes.
 #include "zvxmllib/binding/NamespaceRules.h"
+#include "zvxmllib/binding/NestingGuard.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/collections/Failures.h"
 #include "zvxmllib/document/XmlElement.h"
@@ -78,8 +79,10 @@ CSmartPtr<CElementCol> CElementCol::Clone() const {
     CSmartPtr<CElementCol> clone(
         new CElementCol("", kAnyNamespace, m_targetNamespace.c_str(), GetMinOccurs(), GetMaxOccurs()));
     clone->m_itemNamespace = m_itemNamespace;
-    for (CElement* const element : *this)
+    for (CElement* const element : *this) {
+        NestingGuard const level;
         clone->Add(element->Clone());
+    }
     return clone;
 }
 
