@@ -101,7 +101,7 @@ CRootElement::~CRootElement() = default;
 CSmartPtr<CRootElement> ReadObject(std::string const& text) {
     CXmlDocument document;
     Load(document, text);
-    CSmartPtr<CRootElement> const object = new CRootElement;
+    CSmartPtr<CRootElement> object = new CRootElement;
     object->ReadRootOf(document);
     return object;
 }

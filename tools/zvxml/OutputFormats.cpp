@@ -78,7 +78,7 @@ FileForm FormOfFileName(std::string const& fileName) {
 
 CBinaryData ToFileBytes(OutputFormat const& format, CXmlObjectBase& object, WriteOptions const& options,
                         CSerializationContext const& ctx) {
-    CBinaryData const bytes = format.toBytes(object, options, ctx);
+    CBinaryData bytes = format.toBytes(object, options, ctx);
     if (options.encoding != XmlEncoding_UTF16 || options.compression != CompressionType_None)
         return bytes;
     constexpr unsigned char kMark[] = {0xFF, 0xFE};

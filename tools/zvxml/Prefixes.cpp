@@ -110,7 +110,7 @@ std::string DefaultNamespaceOf(CXmlDocument const& document, UsedNamespaces cons
 
 std::string MakeUpPrefix(CXmlDocument const& document, CNamespaceAliasMap const& aliases) {
     for (int number = 1;; ++number) {
-        std::string const prefix = "ns" + std::to_string(number);
+        std::string prefix = "ns" + std::to_string(number);
         if (document.LookupNamespaceFromAlias(prefix.c_str()).empty() &&
             !aliases.DoesAliasExist(prefix.c_str()))
             return prefix;

@@ -44,11 +44,11 @@ public:
     }
 
     T* operator->() const {
-        ZV_ASSERT(p != 0);
+        ZV_ASSERT(p != 0); // NOLINT(modernize-use-nullptr): the assertion's text
         return p;
     }
     T& operator*() const {
-        ZV_ASSERT(p != 0);
+        ZV_ASSERT(p != 0); // NOLINT(modernize-use-nullptr): the assertion's text
         return *p;
     }
     // The target, null included.
