@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# fuzz.sh TARGET [SECONDS]: builds the fuzzer TARGET (xml, inflate) with clang and runs it, 60 seconds by
+# default. Found inputs stay in build/fuzz/found.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+target=${1:?usage: fuzz.sh TARGET [SECONDS]}
+seconds=${2:-60}
+
+cmake --preset fuzz >/dev/null
+cmake --build --preset fuzz --target "fuzz_$target"
+mkdir -p "build/fuzz/found" "build/fuzz/corpus_$target"
+"build/fuzz/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=20000 -artifact_prefix=build/fuzz/found/ \
+    "build/fuzz/corpus_$target" examples/data
