@@ -51,9 +51,10 @@ CElement::CElement(CXmlObjectBase* object, char const* defaultNamespace) : CInst
     if (object == nullptr)
         FailNullElement();
     Init("", "", kAnyNamespace, "");
-    m_defaultNamespace = TextOf(defaultNamespace);
     CSerializationContext ctx;
-    ctx.SetDefaultNamespaceURI(m_defaultNamespace.c_str());
+    ctx.SetDefaultNamespaceURI(defaultNamespace);
+    if (*TextOf(defaultNamespace) != '\0')
+        OwnRules().defaultNamespace = defaultNamespace;
     CBinaryData const xml =
         object->ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
     CXmlDocument document(ctx);
@@ -61,28 +62,30 @@ CElement::CElement(CXmlObjectBase* object, char const* defaultNamespace) : CInst
     CopyXmlElement(document.GetDocumentElement());
 }
 
-CElement::CElement(NamespaceIsTested, std::string const& name, std::string const& ns,
-                   std::string const& allowed, std::string const& target)
-    : CInstanceMonitor(s_registration), m_name(name), m_namespace(ns), m_allowedNamespaces(allowed),
-      m_targetNamespace(target) {
+CElement::CElement(NamespaceIsTested, std::string const& name, std::string const& ns, char const* allowed,
+                   char const* target)
+    : CInstanceMonitor(s_registration), m_name(name), m_namespace(ns) {
+    SetRestrictions(allowed, target);
     PromiseCollections();
 }
 
 CElement::CElement(CElement const& other)
-    : CElement(NamespaceIsTested(), other.m_name, other.m_namespace, other.m_allowedNamespaces,
-               other.m_targetNamespace) {
+    : CElement(NamespaceIsTested(), other.m_name, other.m_namespace, other.AllowedNamespaces(),
+               other.TargetNamespace()) {
     CopyContent(other);
 }
 
 CElement& CElement::operator=(CElement const& other) {
     if (this == &other)
         return *this;
-    CopyContent(other);
-    m_name = other.m_name;
-    m_namespace = other.m_namespace;
-    m_allowedNamespaces = other.m_allowedNamespaces;
-    m_targetNamespace = other.m_targetNamespace;
-    m_defaultNamespace.clear();
+    // By way of a clone, since `other` may be a part of this element.
+    CSmartPtr<CElement> const clone(new CElement(other));
+    m_name = std::move(clone->m_name);
+    m_text = std::move(clone->m_text);
+    m_namespace = std::move(clone->m_namespace);
+    m_rules = std::move(clone->m_rules);
+    m_collectionsHaveNoNamespace = clone->m_collectionsHaveNoNamespace;
+    AdoptCollections(std::move(clone->m_attributes), std::move(clone->m_elements));
     return *this;
 }
 
@@ -106,10 +109,31 @@ void CElement::Init(char const* name, char const* namespaceURI, char const* allo
     TestNamespace(namespaceURI, allowedNamespaces, targetNamespace);
     m_name = name;
     m_namespace = namespaceURI;
-    m_allowedNamespaces = allowedNamespaces;
-    m_targetNamespace = targetNamespace;
+    SetRestrictions(allowedNamespaces, targetNamespace);
     m_collectionsHaveNoNamespace = false;
     AdoptCollections(nullptr, nullptr);
+}
+
+void CElement::SetRestrictions(char const* allowed, char const* target) {
+    if (m_rules == nullptr && *target == '\0' && std::string_view(allowed) == kAnyNamespace)
+        return;
+    Rules& rules = OwnRules();
+    rules.allowedNamespaces = allowed;
+    rules.targetNamespace = target;
+}
+
+CElement::Rules& CElement::OwnRules() {
+    if (m_rules == nullptr)
+        m_rules = std::make_unique<Rules>();
+    return *m_rules;
+}
+
+char const* CElement::AllowedNamespaces() const noexcept {
+    return m_rules == nullptr ? kAnyNamespace : m_rules->allowedNamespaces.c_str();
+}
+
+char const* CElement::TargetNamespace() const noexcept {
+    return m_rules == nullptr ? "" : m_rules->targetNamespace.c_str();
 }
 
 void CElement::PromiseCollections() {
@@ -137,7 +161,7 @@ void CElement::AdoptCollections(CSmartPtr<CAttributeCol> attributes, CSmartPtr<C
 
 CSmartPtr<CAttributeCol> CElement::GetAttributes() const {
     if (m_attributes == nullptr) {
-        m_attributes = new CAttributeCol(CollectionNamespace(), kAnyNamespace, m_targetNamespace.c_str());
+        m_attributes = new CAttributeCol(CollectionNamespace(), kAnyNamespace, TargetNamespace());
         // It has counted itself.
         CountMany(*std::exchange(m_attributesPromised, nullptr), -1, 0);
     }
@@ -146,7 +170,7 @@ CSmartPtr<CAttributeCol> CElement::GetAttributes() const {
 
 CSmartPtr<CElementCol> CElement::GetChildElements() const {
     if (m_elements == nullptr) {
-        m_elements = new CElementCol(CollectionNamespace(), kAnyNamespace, m_targetNamespace.c_str(), 0, -1);
+        m_elements = new CElementCol(CollectionNamespace(), kAnyNamespace, TargetNamespace(), 0, -1);
         CountMany(*std::exchange(m_elementsPromised, nullptr), -1, 0);
     }
     return m_elements;
@@ -218,8 +242,8 @@ void CElement::SetNamespaceRestrictions(char const* allowedNamespaces, char cons
 }
 
 CSmartPtr<CElement> CElement::Clone() const {
-    CSmartPtr<CElement> clone(new CElement(m_name.c_str(), m_namespace.c_str(), m_allowedNamespaces.c_str(),
-                                           m_targetNamespace.c_str()));
+    CSmartPtr<CElement> clone(
+        new CElement(m_name.c_str(), m_namespace.c_str(), AllowedNamespaces(), TargetNamespace()));
     clone->CopyContent(*this);
     return clone;
 }
@@ -251,7 +275,7 @@ void CElement::CopyXmlElement(CXmlElement* element) {
         GetAttributes()->Add(attribute.GetLocalName().c_str(), attribute.GetValue().c_str(),
                              attribute.GetNamespaceURI().c_str());
         if (attribute.GetLocalName() == kNamespaceDeclaration)
-            m_defaultNamespace = attribute.GetValue();
+            OwnRules().defaultNamespace = attribute.GetValue();
     }
     for (CXmlElement* child = element->GetFirstElement(); child != nullptr;
          child = child->GetNextSiblingElement()) {
@@ -274,7 +298,8 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* current, CSerializ
                                    bool) {
     if (current == nullptr)
         return nullptr;
-    if (!IsNamespaceAllowed(current->GetNamespaceURI(), m_allowedNamespaces, m_targetNamespace))
+    if (m_rules != nullptr &&
+        !IsNamespaceAllowed(current->GetNamespaceURI(), m_rules->allowedNamespaces, m_rules->targetNamespace))
         return current;
     if (current->GetAttributeCount() != 0)
         GetAttributes()->FromXml_Int(current, nullptr, ctx, false);
@@ -291,7 +316,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* current, CSerializ
 
 void CElement::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSerializationContext const& ctx,
                          bool optionalChoice) const {
-    if (!m_defaultNamespace.empty()) {
+    if (m_rules != nullptr && !m_rules->defaultNamespace.empty()) {
         // Only text can be spliced in; in another format the element is written like any other.
         if (CXmlTextWriter* const textWriter = dynamic_cast<CXmlTextWriter*>(writer)) {
             WriteFragment(*textWriter, ctx, optionalChoice);
@@ -315,7 +340,7 @@ void CElement::WriteFragment(CXmlTextWriter& writer, CSerializationContext const
     CXmlTextWriter fragment(&text);
     fragment.SetEOLType(writer.GetEOLType());
     fragment.SetFormatted(writer.GetFormatted());
-    fragment.SetDefaultNamespace(m_defaultNamespace);
+    fragment.SetDefaultNamespace(m_rules->defaultNamespace);
     fragment.WriteElementStart(m_name, m_namespace);
     if (HasAttributes()) {
         for (CAttribute const* const attribute : *m_attributes) {
@@ -324,7 +349,7 @@ void CElement::WriteFragment(CXmlTextWriter& writer, CSerializationContext const
         }
     }
     CSerializationContext fragmentCtx;
-    fragmentCtx.SetDefaultNamespaceURI(m_defaultNamespace.c_str());
+    fragmentCtx.SetDefaultNamespaceURI(m_rules->defaultNamespace.c_str());
     if (m_elements != nullptr)
         m_elements->ToXml_Int(&fragment, false, m_namespace.c_str(), fragmentCtx, optionalChoice);
     fragment.WriteElementValue(m_text, ItemType_string, false);

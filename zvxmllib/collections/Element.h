@@ -5,6 +5,7 @@
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/MemoryLeakHelp.h"
 
+#include <memory>
 #include <string>
 
 namespace ZvXmlLib16 {
@@ -83,9 +84,10 @@ protected:
 private:
     friend class CElementCol;
     struct NamespaceIsTested {};
-    CElement(NamespaceIsTested, std::string const& name, std::string const& ns, std::string const& allowed,
-             std::string const& target);
+    CElement(NamespaceIsTested, std::string const& name, std::string const& ns, char const* allowed,
+             char const* target);
 
+    void SetRestrictions(char const* allowed, char const* target);
     void PromiseCollections();
     void AdoptCollections(CSmartPtr<CAttributeCol> attributes, CSmartPtr<CElementCol> elements);
     void CopyContent(CElement const& other);
@@ -95,12 +97,20 @@ private:
         return m_collectionsHaveNoNamespace ? "" : m_namespace.c_str();
     }
 
+    // What most elements do not have: a restriction, a target namespace, the default namespace of a fragment.
+    struct Rules {
+        std::string allowedNamespaces{"##any"};
+        std::string targetNamespace;
+        std::string defaultNamespace;
+    };
+    Rules& OwnRules();
+    char const* AllowedNamespaces() const noexcept;
+    char const* TargetNamespace() const noexcept;
+
     std::string m_name;
     std::string m_text;
     std::string m_namespace;
-    std::string m_allowedNamespaces;
-    std::string m_targetNamespace;
-    std::string m_defaultNamespace; // of a fragment; normally empty
+    std::unique_ptr<Rules> m_rules; // null for the defaults
 
     // Most elements of a document have no attributes or no children. A collection is made when it is asked
     // for, and counted from the start in its class's record, which stands here as long as it is not made.
@@ -159,10 +169,8 @@ private:
     friend class ZvXmlLib16Data::CElementInfo;
     static Registration s_registration;
 
-    bool ReadOne(std::string const& allowed, CXmlElement* element, CXmlElement*& current,
-                 CSerializationContext const& ctx);
+    bool ReadOne(CXmlElement* element, CXmlElement*& current, CSerializationContext const& ctx);
 
-    std::string m_allowedNamespaces;
     std::string m_itemNamespace;
     std::string m_targetNamespace;
 };

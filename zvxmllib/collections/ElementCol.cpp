@@ -19,8 +19,7 @@ CInstanceMonitor::Registration CElementCol::s_registration("CElementCol");
 
 CElementCol::CElementCol(char const* namespaceURI, char const* allowedNamespaces, char const* targetNamespace,
                          int, int)
-    : CInstanceMonitor(s_registration), m_allowedNamespaces(kAnyNamespace),
-      m_targetNamespace(TextOf(targetNamespace)) {
+    : CInstanceMonitor(s_registration), m_targetNamespace(TextOf(targetNamespace)) {
     TestNamespace(namespaceURI, allowedNamespaces, targetNamespace);
     std::string_view const allowed = TextOf(allowedNamespaces);
     m_itemNamespace = TextOf(namespaceURI);
@@ -49,16 +48,13 @@ CSmartPtr<CElement> CElementCol::Add(char const* name) {
 }
 
 CSmartPtr<CElement> CElementCol::Add(char const* name, char const* namespaceURI) {
-    TestNamespace(namespaceURI, m_allowedNamespaces.c_str(), m_targetNamespace.c_str());
-    CSmartPtr<CElement> element(
-        new CElement(name, namespaceURI, m_allowedNamespaces.c_str(), m_targetNamespace.c_str()));
+    CSmartPtr<CElement> element(new CElement(name, namespaceURI, kAnyNamespace, m_targetNamespace.c_str()));
     AppendItem(element);
     return element;
 }
 
 CSmartPtr<CElement> CElementCol::Add(CElement* element) {
     CSmartPtr<CElement> result(element);
-    TestNamespace(element->GetNamespace().c_str(), m_allowedNamespaces.c_str(), m_targetNamespace.c_str());
     AppendItem(element);
     return result;
 }
@@ -95,10 +91,7 @@ void CElementCol::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSerializa
 
 CXmlElement* CElementCol::FromXml_Int(CXmlElement* element, CXmlElement* current,
                                       CSerializationContext const& ctx, bool) {
-    while (current != nullptr &&
-           IsNamespaceAllowed(current->GetNamespaceURI(), m_allowedNamespaces, m_targetNamespace)) {
-        if (!ReadOne(m_allowedNamespaces, element, current, ctx))
-            break;
+    while (current != nullptr && ReadOne(element, current, ctx)) {
     }
     return current;
 }
@@ -107,18 +100,16 @@ CXmlElement* CElementCol::FromXmlLockElementName_Int(std::string localName, std:
                                                      CXmlElement* element, CXmlElement* current,
                                                      CSerializationContext const& ctx) {
     while (current != nullptr && current->GetLocalName() == localName &&
-           current->GetNamespaceURI() == namespaceURI) {
-        if (!ReadOne(kAnyNamespace, element, current, ctx))
-            break;
+           current->GetNamespaceURI() == namespaceURI && ReadOne(element, current, ctx)) {
     }
     return current;
 }
 
-// Reads `current`, whose namespace is allowed, and moves on. False if the new element did not take it.
-bool CElementCol::ReadOne(std::string const& allowed, CXmlElement* element, CXmlElement*& current,
-                          CSerializationContext const& ctx) {
+// Reads `current` and moves on. False if the new element did not take it.
+bool CElementCol::ReadOne(CXmlElement* element, CXmlElement*& current, CSerializationContext const& ctx) {
     CSmartPtr<CElement> const item(new CElement(CElement::NamespaceIsTested(), current->GetLocalName(),
-                                                current->GetNamespaceURI(), allowed, m_targetNamespace));
+                                                current->GetNamespaceURI(), kAnyNamespace,
+                                                m_targetNamespace.c_str()));
     CXmlElement* const next = CXmlObjectBase::FromXml_Int(item, element, current, ctx);
     if (next == current)
         return false;

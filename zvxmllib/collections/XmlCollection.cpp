@@ -20,9 +20,8 @@ CXmlCollection::~CXmlCollection() {
     } catch (...) {
         // What a listener throws ends the telling, not the clearing.
     }
-    while (m_pHead != nullptr) {
-        CNode* const node = m_pHead;
-        Unlink(node);
+    while (CNode* const node = m_pHead) {
+        m_pHead = node->m_pNext;
         delete node;
     }
 }
