@@ -100,7 +100,8 @@ TEST(SerializationContext, BeginsWithTheDefaultsAndCopiesEveryOption) {
     EXPECT_EQ(copy.GetProcessingInstructions(), ctx.GetProcessingInstructions());
     EXPECT_EQ(copy.GetAdditionalRootAttributes(), ctx.GetAdditionalRootAttributes()) << "shared";
 
-    copy = copy;
+    CSerializationContext const& same = copy;
+    copy = same;
     EXPECT_EQ(copy.GetAdditionalRootAttributes()->GetCount(), 1);
     copy = fresh;
     EXPECT_EQ(copy.GetAdditionalRootAttributes()->GetCount(), 0);

@@ -148,7 +148,8 @@ TEST(UntypedElement, ClonesAndCopiesWithoutSharing) {
     assigned->GetAttributes()->Add("gone");
     *assigned = *root;
     assigned->GetAttributes();
-    *assigned = *assigned;
+    CElement const& same = *assigned;
+    *assigned = same;
     ElementPtr const part(root->Clone());
     *part = *part->GetChildElements()->Item(0);
     EXPECT_EQ(XmlOf(*part), R"(<AA:c xmlns:AA="u"><AA:d/></AA:c>)") << "also from a part of itself";
