@@ -1,0 +1,11 @@
+// The memory that the program and its libraries have taken from the allocator.
+#pragma once
+
+#include <cstddef>
+
+namespace bench {
+
+// In bytes, with what the allocator adds to each block.
+std::size_t MemoryInUse() noexcept;
+
+} // namespace bench
