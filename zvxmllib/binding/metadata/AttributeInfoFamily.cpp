@@ -46,7 +46,8 @@ void CAttributeInfoPrimitive::AttributeToXml(CSerializationContext const& ctx,
     ReadProperty(object, value);
     if (m_optional && !value.IsValid())
         return;
-    std::string const text = value.ToString(m_formatOverride.c_str());
+    std::string buffer;
+    std::string const& text = value.ToText(m_formatOverride.c_str(), buffer);
     if (IsSuppressedDefault(ctx, text))
         return;
     if (m_restrictions.HasFacets())

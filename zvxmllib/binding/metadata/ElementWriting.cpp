@@ -24,7 +24,8 @@ bool CElementInfo::WriteProperty(Object const* object, CXmlWriter* writer, ToTex
     }
     if (!value.IsValid())
         return false;
-    std::string const text = toText(value);
+    std::string buffer;
+    std::string const& text = toText(value, buffer);
     bool const isDefault = !m_defaultValue.empty() && text == m_defaultValue;
     if (m_hasFacets && !isDefault)
         CheckRestriction(value);
@@ -36,16 +37,19 @@ bool CElementInfo::WriteProperty(Object const* object, CXmlWriter* writer, ToTex
 }
 
 bool CElementInfo::ElementToXmlPrim(Ctx const&, Object const* object, CXmlWriter* writer) const {
-    return WriteProperty(object, writer,
-                         [this](ZvVariant const& value) { return value.ToString(m_formatOverride.c_str()); });
+    return WriteProperty(
+        object, writer, [this](ZvVariant const& value, std::string& buffer) -> auto& {
+            return value.ToText(m_formatOverride.c_str(), buffer);
+        });
 }
 
 bool CElementInfo::ElementToXmlEnum(Ctx const&, Object const* object, CXmlWriter* writer,
                                     EnumToString enumToString) const {
-    return WriteProperty(object, writer, [enumToString](ZvVariant const& value) {
-        char const* const text = enumToString(value.GetI4());
-        return std::string(text == nullptr ? "" : text);
-    });
+    return WriteProperty(
+        object, writer, [enumToString](ZvVariant const& value, std::string& buffer) -> auto& {
+            char const* const text = enumToString(value.GetI4());
+            return buffer = text == nullptr ? "" : text;
+        });
 }
 
 // The tag comes from the child's own element name, so that a derived element keeps its name.
