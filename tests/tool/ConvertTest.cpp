@@ -3,7 +3,6 @@
 
 #include <gmock/gmock.h>
 
-using testing::HasSubstr;
 using testing::StartsWith;
 
 namespace {
