@@ -1,0 +1,173 @@
+// Failures with their classes, paths and chains.
+#include "tests/generated/Reading.h"
+#include "tests/support/MessageOf.h"
+
+using namespace entries;
+
+namespace {
+
+CSerializationContext const ctx;
+
+// order, with items of one mandatory number each.
+struct Items : Model {
+    Items() {
+        item.name = "item";
+        item.elements = {Prim<CElementInfoSeqPrimMnd>("price", 0)};
+        item.Finish();
+        elements = {new CElementInfoSeqClsCol("item", "", 0, XmlElementType_Element)};
+        init = [this](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(item, 0, -1)); };
+        Finish();
+    }
+    Model item;
+};
+
+TEST(ReadingFailure, CarriesThePathOfTheInnermostElement) {
+    Items model;
+    CSmartPtr<Probe> const probe(new Probe(model));
+    // What has no path gets that of the object's element, and is a plain exception from there on.
+    EXPECT_EQ(
+        MessageOf<CZvException>([&] {
+            probe->FromXml("<order><item><price>1</price></item><item><price>x</price></item></order>", ctx);
+        }),
+        "Failed to process the element.\nPath: /order/item[2]\nThe value [x] can not be converted to a i4");
+    EXPECT_EQ(MessageOf<CZvException>([&] { probe->FromXml("<order><item/></order>", ctx); }),
+              "Failed to find the required child element [price].\nPath: /order/item");
+    // The outermost level wraps by itself.
+    Model single;
+    single.elements = {Prim<CElementInfoSeqPrimMnd>("price", 0)};
+    single.Finish();
+    CSmartPtr<Probe> const outer(new Probe(single));
+    EXPECT_EQ(
+        MessageOf<CZvValidationException>([&] { outer->FromXml("<order><price>x</price></order>", ctx); }),
+        "Failed to process the element.\nPath: /order\nThe value [x] can not be converted to a i4");
+}
+
+TEST(ReadingFailure, OfAPropertyIsWrapped) {
+    Model model;
+    model.elements = {Prim<CElementInfoSeqPrimMnd>("price", 0)};
+    model.attributes = {Attribute("a", 1, true)};
+    model.Finish();
+    CSmartPtr<Probe> const probe(new Probe(model));
+    probe->refused = 0;
+    EXPECT_EQ(MessageOf<CZvException>([&] { probe->FromXml("<order><price>1</price></order>", ctx); }),
+              "Failed to set the property value.\nPath: /order/price\nThe property refuses");
+    probe->refused = 1;
+    EXPECT_EQ(MessageOf<CZvException>([&] { probe->FromXml("<order a='5'><price>1</price></order>", ctx); }),
+              "Failed to set the property value [5].\nPath: /order/@a\nThe property refuses");
+}
+
+TEST(WritingFailure, AddsALinkForEachLevel) {
+    Items model;
+    CSmartPtr<Probe> const probe(new Probe(model));
+    static_cast<ProbeCol*>(static_cast<CXmlCollectionBase*>(probe->properties[0].GetXmlCollection()))->Add();
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
+              "Failed to convert the element [order] to XML\nFailed to convert the element [item] to XML\n"
+              "The Property [price] is mandatory, it may not be NULL");
+}
+
+TEST(WritingFailure, OfAPropertyOrAttributeIsWrapped) {
+    Model model;
+    model.elements = {Prim<CElementInfoSeqPrimOpt>("price", 0)};
+    model.attributes = {Attribute("a", 1, false)};
+    model.Finish();
+    CSmartPtr<Probe> const probe(new Probe(model));
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
+              "Failed to convert the element [order] to XML\nFailed to convert attributes to XML\n"
+              "Invalid Type 0 to convert to string");
+    probe->properties[1].SetI4(1);
+    probe->refused = 0;
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
+              "Failed to convert the element [order] to XML\nFailed to get the property value for [price].\n"
+              "The property refuses");
+    probe->refused = 1;
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
+              "Failed to convert the element [order] to XML\nFailed to convert attributes to XML\n"
+              "Failed to get the property value for [a].\nThe property refuses");
+}
+
+TEST(WritingFailure, OfAnEmptyChoiceSaysSo) {
+    Model none;
+    none.name = "none";
+    none.Finish();
+    Model model;
+    model.group = XmlElementGroupType_Choice;
+    model.elements = {new CElementInfoChoiceClsCol("none", "", 0, XmlElementType_Element)};
+    model.init = [&none](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(none, 1, -1)); };
+    model.Finish();
+    CSmartPtr<Probe> const probe(new Probe(model));
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
+              "Failed to convert the element [order] to XML\nThis element is a choice, and as such must have "
+              "at one "
+              "(and only one) valid item, currently there are none set");
+    EXPECT_FALSE(probe->DoesElementContainOptionalElements());
+}
+
+TEST(Failure, OfAGroupTypeOutOfRange) {
+    Model model;
+    model.group = static_cast<XmlElementGroupType>(7);
+    model.Finish();
+    CSmartPtr<Probe> const probe(new Probe(model));
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
+              "Failed to convert the element [order] to XML\nUnknown XML Group Type");
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { probe->FromXml("<order/>", ctx); }),
+              "Failed to process the element.\nPath: /order\nUnknown Group Type");
+}
+
+TEST(Failure, OfAFacetComesOnWritingOnly) {
+    Model model;
+    CPrimitiveRestrictions small;
+    small.maxInclusive = "5";
+    model.elements = {new CElementInfoSeqPrimMnd("a", "", 0, false, ItemType_i4, nullptr,
+                                                 CWhitespaceUtils::WhitespaceRule_Collapse, small, "9")};
+    model.Finish();
+    CSmartPtr<Probe> const probe(new Probe(model));
+    EXPECT_NO_THROW(probe->FromXml("<order><a>6</a></order>", ctx));
+    EXPECT_THAT(MessageOf<CZvValidationException>([&] { Write(*probe); }),
+                testing::StartsWith("Failed to convert the element [order] to XML\n"));
+    // The default is not tested.
+    probe->properties[0].SetI4(9);
+    EXPECT_EQ(Write(*probe), "<order><a/></order>");
+}
+
+// An element that may hold itself, through a factory.
+Model* s_recursive = nullptr;
+CSmartPtr<CXmlObjectBase> MakeRecursive(int, char const*) {
+    return new Probe(*s_recursive);
+}
+
+TEST(Failure, OfNestingBeyondTheLimit) {
+    Model model;
+    model.name = "e";
+    model.elements = {new CElementInfoSeqClsOpt("e", "", 0, XmlElementType_Element, MakeRecursive, 0)};
+    model.Finish();
+    s_recursive = &model;
+    auto const nested = [](int levels) {
+        std::string xml;
+        for (int i = 0; i < levels; ++i)
+            xml += "<e>";
+        for (int i = 0; i < levels; ++i)
+            xml += "</e>";
+        return xml;
+    };
+    EXPECT_EQ(Rewrite(model, nested(900).c_str()).size(), 899u * 7 + 4);
+    for (int levels : {1100, 50'000}) {
+        CSmartPtr<Probe> const probe(new Probe(model));
+        try {
+            probe->FromXml(nested(levels).c_str(), ctx);
+            ADD_FAILURE() << levels;
+        } catch (CZvException const& failure) {
+            EXPECT_THAT(failure.GetFullMessage(),
+                        testing::EndsWith("The nesting of elements exceeds the limit of 1000 levels."));
+        }
+    }
+    CSmartPtr<Probe> const root(new Probe(model));
+    Probe* last = root;
+    for (int i = 0; i < 5000; ++i) {
+        CSmartPtr<Probe> const next(new Probe(model));
+        last->properties[0].SetXmlObject(next);
+        last = next;
+    }
+    EXPECT_THROW(Write(*root), CZvException);
+}
+
+} // namespace
