@@ -1,10 +1,10 @@
 // Ratios that do not depend on the machine, as medians over alternating runs, with the limits that hold.
 #include "benchmarks/Documents.h"
 #include "benchmarks/ExpatBaseline.h"
+#include "benchmarks/MedianRatio.h"
 #include "benchmarks/MemoryInUse.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -17,32 +17,7 @@ namespace {
 constexpr double kMostForTree = 1.6;  // times the parser alone
 constexpr double kMostForWriting = 1; // times building the tree of what is written
 constexpr double kMostMemory = 6;     // bytes for each byte of the document
-constexpr int kRounds = 15;
-constexpr double kSecondsOfRound = 0.03;
 constexpr std::size_t kBytesOfMemoryRun = 4U << 20U;
-
-template <class Work>
-double SecondsOf(int repetitions, Work work) {
-    auto const start = std::chrono::steady_clock::now();
-    for (int i = 0; i < repetitions; ++i)
-        work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-// The time of `work` by that of `base`: the median of rounds in which both take turns.
-template <class Work, class Base>
-double MedianRatio(Work work, Base base) {
-    double const once = SecondsOf(1, base) + SecondsOf(1, work); // warms up, too
-    int const repetitions = std::max(1, static_cast<int>(kSecondsOfRound / once));
-    int const rounds = repetitions == 1 ? kRounds / 3 : kRounds;
-    std::vector<double> ratios;
-    for (int round = 0; round < rounds; ++round) {
-        double const baseSeconds = SecondsOf(repetitions, base);
-        ratios.push_back(SecondsOf(repetitions, work) / baseSeconds);
-    }
-    std::nth_element(ratios.begin(), ratios.begin() + rounds / 2, ratios.end());
-    return ratios[static_cast<std::size_t>(rounds / 2)];
-}
 
 void LoadTree(std::string const& text) {
     CXmlDocument document;
@@ -83,9 +58,11 @@ void PrintRow(bench::Document const& document) {
     CBinaryData const written = bench::WriteObject(*object);
     std::string const compact(reinterpret_cast<char const*>(written.GetData()), written.GetLength());
 
-    double const tree = MedianRatio([&] { LoadTree(text); }, [&] { bench::ParseOnly(text); });
-    double const reading = MedianRatio([&] { bench::ReadObject(text); }, [&] { bench::ParseOnly(text); });
-    double const writing = MedianRatio([&] { bench::WriteObject(*object); }, [&] { LoadTree(compact); });
+    double const tree = bench::MedianRatio([&] { LoadTree(text); }, [&] { bench::ParseOnly(text); });
+    double const reading =
+        bench::MedianRatio([&] { bench::ReadObject(text); }, [&] { bench::ParseOnly(text); });
+    double const writing =
+        bench::MedianRatio([&] { bench::WriteObject(*object); }, [&] { LoadTree(compact); });
     double const memory = MemoryOfTree(text);
     std::printf("%-28s %10zu %8.2f%c %8.2f  %8.2f%c %8.2f%c %8.2f\n", document.name.c_str(), text.size(),
                 tree, Mark(tree, kMostForTree), reading, writing, Mark(writing, kMostForWriting), memory,

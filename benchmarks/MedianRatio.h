@@ -1,0 +1,36 @@
+// The time of one piece of work by that of another, in a way that a noisy machine does not spoil.
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <vector>
+
+namespace bench {
+
+template <class Work>
+double SecondsOf(int repetitions, Work work) {
+    auto const start = std::chrono::steady_clock::now();
+    for (int i = 0; i < repetitions; ++i)
+        work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+// The median of rounds in which both take turns.
+template <class Work, class Base>
+double MedianRatio(Work work, Base base) {
+    constexpr int kRounds = 15;
+    constexpr double kSecondsOfRound = 0.03;
+    double const once = SecondsOf(1, base) + SecondsOf(1, work); // warms up, too
+    int const repetitions = std::max(1, static_cast<int>(kSecondsOfRound / once));
+    int const rounds = repetitions == 1 ? kRounds / 3 : kRounds;
+    std::vector<double> ratios;
+    for (int round = 0; round < rounds; ++round) {
+        double const baseSeconds = SecondsOf(repetitions, base);
+        ratios.push_back(SecondsOf(repetitions, work) / baseSeconds);
+    }
+    std::nth_element(ratios.begin(), ratios.begin() + rounds / 2, ratios.end());
+    return ratios[static_cast<std::size_t>(rounds / 2)];
+}
+
+} // namespace bench
