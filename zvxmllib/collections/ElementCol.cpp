@@ -96,6 +96,7 @@ CXmlElement* CElementCol::FromXml_Int(CXmlElement* element, CXmlElement* current
     return current;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature of the slot
 CXmlElement* CElementCol::FromXmlLockElementName_Int(std::string localName, std::string namespaceURI,
                                                      CXmlElement* element, CXmlElement* current,
                                                      CSerializationContext const& ctx) {

@@ -114,7 +114,7 @@ void CXmlCollection::InsertBefore(CNode* next, CXmlObjectBase* item) {
     std::unique_ptr<CNode> node(new CNode{item, next, next == nullptr ? m_pTail : next->m_pPrev});
     (node->m_pPrev == nullptr ? m_pHead : node->m_pPrev->m_pNext) = node.get();
     (next == nullptr ? m_pTail : next->m_pPrev) = node.get();
-    node.release();
+    static_cast<void>(node.release()); // the list has it
     ++m_count;
     FireOnCollectionAddComplete(item);
     FireOnCollectionChange();

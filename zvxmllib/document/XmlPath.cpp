@@ -29,7 +29,7 @@ std::string CXmlElement::GetQName() const {
 }
 
 std::string CXmlElement::GetNameWithPredicate() const {
-    std::string const name = GetQName();
+    std::string name = GetQName();
     if (m_parent == nullptr)
         return name;
     // Siblings of the same interned name are equal; of the others, names are compared as they are shown.

@@ -97,6 +97,7 @@ public:
     iconv_t Get() const noexcept { return m_handle; }
 
 private:
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): POSIX says so
     static iconv_t Invalid() noexcept { return reinterpret_cast<iconv_t>(-1); }
 
     iconv_t m_handle;

@@ -52,7 +52,7 @@ unsigned char LowByte(std::uint32_t bits) {
 CBase64::~CBase64() = default;
 
 std::string CBase64::Encode(unsigned char const* lpEncoding, std::uint32_t length) {
-    ZV_ASSERT(lpEncoding != 0);
+    ZV_ASSERT(lpEncoding != 0); // NOLINT(modernize-use-nullptr): the assertion's text
     if (lpEncoding == nullptr || length == 0)
         return std::string();
     std::string text((std::size_t{length} + 2) / 3 * 4, '=');
@@ -74,8 +74,8 @@ std::string CBase64::Encode(unsigned char const* lpEncoding, std::uint32_t lengt
 }
 
 std::uint32_t CBase64::Decode(char const* szDecoding, unsigned char* lpOutput) {
-    ZV_ASSERT(szDecoding != 0);
-    ZV_ASSERT(lpOutput != 0);
+    ZV_ASSERT(szDecoding != 0); // NOLINT(modernize-use-nullptr): the assertion's text
+    ZV_ASSERT(lpOutput != 0);   // NOLINT(modernize-use-nullptr): the assertion's text
     if (szDecoding == nullptr || lpOutput == nullptr)
         return 0;
     auto const value = [](char c) { return std::uint32_t{kValues[static_cast<unsigned char>(c)]}; };

@@ -207,11 +207,13 @@ void ZvVariant::SetBinary(ItemType type, CBinaryData const& value) {
 }
 
 std::string ZvVariant::GetString() const {
+    // NOLINTNEXTLINE(modernize-use-nullptr): the assertion's text
     ZV_ASSERT(m_type == ItemType_string && m_pString != 0);
     return m_text;
 }
 
 std::string ZvVariant::TakeString() {
+    // NOLINTNEXTLINE(modernize-use-nullptr): the assertion's text
     ZV_ASSERT(m_type == ItemType_string && m_pString != 0);
     std::string text = std::move(m_text);
     m_text.clear();
@@ -257,6 +259,7 @@ void ZvVariant::SetXmlObject(CXmlObjectBase* value) {
 }
 
 CSmartPtr<CXmlCollectionBase> ZvVariant::GetXmlCollection() const {
+    // NOLINTNEXTLINE(modernize-use-nullptr): the assertion's text
     ZV_ASSERT(m_type == ItemType_XmlCollection && m_pXmlCol != 0);
     return FindXmlCollection();
 }

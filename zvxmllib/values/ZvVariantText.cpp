@@ -43,7 +43,9 @@ std::string ZvVariant::GetType() const {
 std::string ZvVariant::ToString(char const* format) const {
     std::string buffer;
     std::string const& text = ToText(format, buffer);
-    return &text == &buffer ? std::move(buffer) : text;
+    if (&text == &buffer)
+        return buffer;
+    return text;
 }
 
 std::string const& ZvVariant::ToText(char const* format, std::string& buffer) const {
