@@ -214,8 +214,8 @@ void CXmlTextWriter::WriteElementEnd() {
         if (m_pContext->m_childCount != 0)
             AppendIndent(m_pContext->m_depth);
         // As written at the start, whatever has become of the scope since.
-        Tags const& tags = m_tags[static_cast<std::size_t>(m_pContext->m_depth)];
-        m_sink->Append(tags.text.data() + tags.start, tags.text.size() - tags.start);
+        std::string const& endTag = m_endTags[static_cast<std::size_t>(m_pContext->m_depth)];
+        m_sink->Append(endTag.data(), endTag.size());
     }
     if (m_formatted)
         AppendEndOfLine();
@@ -290,22 +290,18 @@ void CXmlTextWriter::AppendIndent(std::int32_t depth) {
     m_sink->Append(m_indents.data(), length);
 }
 
+// The end tag is made here, and the start tag taken from it.
 void CXmlTextWriter::AppendStartTag(std::int32_t depth, std::string const& name, std::string_view alias) {
     std::size_t const index = static_cast<std::size_t>(depth);
-    if (m_tags.size() <= index)
-        m_tags.resize(index + 1);
-    Tags& tags = m_tags[index];
-    if (tags.start == 0 || tags.name != name || tags.alias != alias) {
-        tags.name = name;
-        tags.alias = alias;
-        tags.text = '<';
-        if (!alias.empty())
-            tags.text.append(alias).append(1, ':');
-        tags.text.append(name.c_str());
-        tags.start = tags.text.size();
-        tags.text.append("</").append(tags.text, 1, tags.start - 1).append(1, '>');
-    }
-    m_sink->Append(tags.text.data(), tags.start);
+    if (m_endTags.size() <= index)
+        m_endTags.resize(index + 1);
+    std::string& endTag = m_endTags[index];
+    endTag.assign("</", 2);
+    if (!alias.empty())
+        endTag.append(alias).push_back(':');
+    endTag.append(name.c_str()).push_back('>');
+    m_sink->Append('<');
+    m_sink->Append(endTag.data() + 2, endTag.size() - 3);
 }
 
 void CXmlTextWriter::AppendEscapedText(std::string const& text) {

@@ -55,14 +55,6 @@ public:
     void WriteRawLine(std::string const& text);
 
 private:
-    // The tags of the element that is open at one depth, or was the last one to be.
-    struct Tags {
-        std::string name;
-        std::string alias;     // empty for no prefix
-        std::string text;      // "<alias:name</alias:name>"
-        std::size_t start = 0; // length of the start tag
-    };
-
     void RequireOpenStartTag() const;
     void CloseStartTag();
     void AppendEndOfLine();
@@ -82,8 +74,8 @@ private:
     bool m_formatted = true;
     CTextStream* m_sink;
 
-    std::vector<Tags> m_tags; // by depth: the next element at a depth often has the name of the last one
-    std::string m_indents;    // m_indent as many times as the greatest depth so far
+    std::vector<std::string> m_endTags; // by depth, of the open elements and those closed last there
+    std::string m_indents;              // m_indent as many times as the greatest depth so far
 };
 
 } // namespace ZvXmlLib16

@@ -4,6 +4,7 @@
 
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/MemoryLeakHelp.h"
+#include "zvxmllib/values/ZvVariant.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -59,6 +60,14 @@ protected:
     virtual void CloseOpenArray();
 
 public:
+    // Room for a value on its way from a property to the output, used again for each so that its strings
+    // keep their memory. Nobody's across the writing of another element.
+    struct ValueRoom {
+        ZvVariant value;
+        std::string text;
+    };
+    ValueRoom& GetValueRoom() noexcept { return m_valueRoom; }
+
     // 1 just before the items of a collection are written, 3 just after; nothing without an open element.
     void SetCollectionState(int state);
 
@@ -83,6 +92,7 @@ protected:
 private:
     void SettleContextCounts(std::int32_t ended) noexcept;
 
+    ValueRoom m_valueRoom;
     std::vector<std::unique_ptr<CXmlWriterContext>> m_contexts; // from the root inwards, then closed ones
     std::size_t m_openContexts = 0;
     ClassType* m_contextRecord = nullptr;  // of the root that is open

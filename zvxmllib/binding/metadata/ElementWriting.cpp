@@ -14,7 +14,8 @@ namespace ZvXmlLib16Data {
 // against the facets: whether its text stands in the output is the writer's to say.
 template <class ToText>
 bool CElementInfo::WriteProperty(Object const* object, CXmlWriter* writer, ToText toText) const {
-    ZvVariant value;
+    auto& [value, buffer] = writer->GetValueRoom();
+    value.SetInvalid();
     ReadProperty(object, value);
     if (value.IsNil()) {
         writer->WriteElementStart(m_name, m_namespace);
@@ -24,7 +25,6 @@ bool CElementInfo::WriteProperty(Object const* object, CXmlWriter* writer, ToTex
     }
     if (!value.IsValid())
         return false;
-    std::string buffer;
     std::string const& text = toText(value, buffer);
     bool const isDefault = !m_defaultValue.empty() && text == m_defaultValue;
     if (m_hasFacets && !isDefault)
