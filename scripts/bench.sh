@@ -13,3 +13,4 @@ cmake --build --preset release
 build/release/benchmarks/bench_zvxmllib "$@"
 build/release/benchmarks/bench_callback_memory
 build/release/benchmarks/bench_ratios
+build/release/benchmarks/bench_typed_ratios

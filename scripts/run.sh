@@ -28,3 +28,8 @@ show "$zvxml" convert "$scratch/invoice.xml" "$scratch/invoice.xml.gz"
 show "$zvxml" convert --pretty --indent 2 "$scratch/invoice.xml.gz" "$scratch/again.xml"
 show cmp "$scratch/invoice.xml" "$scratch/again.xml"
 echo "The document that went through gzip is the same, byte for byte."
+
+alert=$root/build/release/examples/example_cap_alert
+echo
+echo "\$ example_cap_alert examples/data/cap-australia.xml    # the same in typed objects"
+"$alert" examples/data/cap-australia.xml
