@@ -21,7 +21,7 @@ public:
     void WriteComment(std::string const&) override {}
     void WriteProcessingInstruction(std::string const&) override {}
     void WriteInlineSchema(std::string const&) override {}
-    void WriteElementStart(std::string const& name, std::string const& ns) override { PushContext(name, ns); }
+    void WriteElementStart(std::string const&, std::string const&) override { PushContext(); }
     void WriteElementValue(std::string const&, ItemType, bool) override {}
     void WriteElementEnd() override { PopContext(); }
     void WriteAttribute(std::string const&, std::string const&, std::string const&, ItemType) override {}

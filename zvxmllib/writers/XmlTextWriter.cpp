@@ -5,6 +5,7 @@
 #include "zvxmllib/writers/Failures.h"
 #include "zvxmllib/writers/XmlNamespaces.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -172,7 +173,7 @@ void CXmlTextWriter::BeginChild() {
 void CXmlTextWriter::WriteElementStart(std::string const& name, std::string const& ns) {
     BeginChild();
     bool const isRoot = m_pContext == nullptr;
-    CXmlWriterContext& context = PushContext(name, ns);
+    CXmlWriterContext& context = PushContext();
     std::string_view alias; // empty for no prefix
     bool isDeclarationDue = false;
     if (!ns.empty() && ns != context.GetDefaultNamespace()) {
@@ -295,11 +296,17 @@ void CXmlTextWriter::AppendStartTag(std::int32_t depth, std::string const& name,
     std::size_t const index = static_cast<std::size_t>(depth);
     if (m_endTags.size() <= index)
         m_endTags.resize(index + 1);
+    std::size_t const prefixLength = alias.empty() ? 0 : alias.size() + 1;
     std::string& endTag = m_endTags[index];
-    endTag.assign("</", 2);
-    if (!alias.empty())
-        endTag.append(alias).push_back(':');
-    endTag.append(name.c_str()).push_back('>');
+    endTag.resize(2 + prefixLength + name.size() + 1);
+    char* out = endTag.data();
+    *out++ = '<';
+    *out++ = '/';
+    if (prefixLength != 0) {
+        out = std::copy(alias.begin(), alias.end(), out);
+        *out++ = ':';
+    }
+    *std::copy(name.begin(), name.end(), out) = '>';
     m_sink->Append('<');
     m_sink->Append(endTag.data() + 2, endTag.size() - 3);
 }

@@ -64,11 +64,11 @@ void CXmlWriter::SetCollectionState(int state) {
     m_pContext->m_collectionState = nothingToClose ? kNoCollection : state;
 }
 
-CXmlWriter::CXmlWriterContext& CXmlWriter::PushContext(std::string const& name, std::string const& ns) {
+CXmlWriter::CXmlWriterContext& CXmlWriter::PushContext() {
     if (m_openContexts == m_contexts.size())
         m_contexts.push_back(std::unique_ptr<CXmlWriterContext>(new CXmlWriterContext));
     CXmlWriterContext& context = *m_contexts[m_openContexts];
-    context.Reset(m_pContext, name, ns);
+    context.Reset(m_pContext);
     if (m_pContext == nullptr) {
         context.MakeOwnScope();
         context.m_ownDefaultNamespace = m_defaultNamespace;

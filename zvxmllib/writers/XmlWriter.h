@@ -81,7 +81,7 @@ protected:
     static std::string const& GenerateAlias(CXmlWriterContext& context, std::string const& ns);
 
     // Opens an element inside the current one, or the root. Contexts that have been closed are used again.
-    CXmlWriterContext& PushContext(std::string const& name, std::string const& ns);
+    CXmlWriterContext& PushContext();
     // Closes the innermost element; its context stays valid until the next PushContext.
     void PopContext() noexcept;
 
@@ -120,8 +120,6 @@ public:
     std::int32_t m_childCount = 0; // elements written inside this one
     bool m_startTagOpen = true;    // not yet closed by a ">"
     std::int32_t m_depth = 0;      // 0 for the root
-    std::string m_namespace;
-    std::string m_name;
     CXmlWriterContext* m_parent = nullptr;
     bool m_doubleTerminator = false; // of the Fast Infoset writer
     bool m_arrayOpen = false;        // "[" written, "]" not yet
@@ -132,7 +130,7 @@ private:
     CXmlWriterContext();
 
     // Begins the life of another element.
-    void Reset(CXmlWriterContext* parent, std::string const& name, std::string const& ns);
+    void Reset(CXmlWriterContext* parent);
     void MakeOwnScope();
     void EnterGiven(std::string const& ns, std::string const& alias);
     void Enter(std::string const& ns, std::string const& alias);

@@ -49,13 +49,10 @@ std::string AliasOfNumber(std::uint64_t number) {
 CXmlWriter::CXmlWriterContext::CXmlWriterContext() = default;
 CXmlWriter::CXmlWriterContext::~CXmlWriterContext() = default;
 
-void CXmlWriter::CXmlWriterContext::Reset(CXmlWriterContext* parent, std::string const& name,
-                                          std::string const& ns) {
+void CXmlWriter::CXmlWriterContext::Reset(CXmlWriterContext* parent) {
     m_childCount = 0;
     m_startTagOpen = true;
     m_depth = parent == nullptr ? 0 : parent->m_depth + 1;
-    m_namespace = ns;
-    m_name = name;
     m_parent = parent;
     m_doubleTerminator = false;
     m_arrayOpen = false;
