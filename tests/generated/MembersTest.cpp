@@ -1,0 +1,208 @@
+// The members of choice and all groups that hold objects, and the options that widen what is accepted.
+#include "tests/generated/Reading.h"
+#include "tests/support/MessageOf.h"
+#include "zvxmllib/binding/ClassFactoryBase.h"
+
+using namespace entries;
+
+namespace {
+
+CSerializationContext const ctx;
+
+// The class of all objects here: an element "part" with one number, or a group of it.
+Model* s_part = nullptr;
+
+CSmartPtr<CXmlObjectBase> MakePart(int, char const* name) {
+    CSmartPtr<Probe> const part(new Probe(*s_part));
+    part->SetElementName(name);
+    return static_cast<Probe*>(part);
+}
+
+// Knows elements that hold the attribute "known".
+CSmartPtr<CXmlObjectBase> MakeKnown(CXmlElement* element) {
+    return element->GetAttribute("known", "").empty() ? CSmartPtr<CXmlObjectBase>() : MakePart(0, "part");
+}
+
+struct Part : Model {
+    explicit Part(XmlElementType elementType) {
+        type = elementType;
+        name = "part";
+        failsForUnknownAttributes = false;
+        elements = {Prim<CElementInfoSeqPrimMnd>("n", 0)};
+        Finish();
+        s_part = this;
+    }
+};
+
+struct Group : Model {
+    Group(XmlElementGroupType groupType, std::vector<CElementInfo*> entries,
+          std::function<void(Probe&)> initial = nullptr) {
+        group = groupType;
+        elements = std::move(entries);
+        init = std::move(initial);
+        Finish();
+    }
+};
+
+std::string Unread(char const* child) {
+    return std::string(
+               "Failed read all the elements held within the element [order]. The unexpected element [") +
+           child + "] remains un processed\nPath: /order";
+}
+
+constexpr char kMissingPart[] =
+    "Failed to process the element.\nPath: /order\nFailed to find the mandatory element [part].";
+
+TEST(ChoiceMembers, MakeTheirObjectsForWhatTheyTake) {
+    Part const part(XmlElementType_Element);
+    Group classes(XmlElementGroupType_Choice,
+                  {new CElementInfoChoiceClsOpt("part", "", 0, XmlElementType_Element, MakePart, 0),
+                   new CElementInfoChoiceAbsClsOpt("other", "", 1, XmlElementType_Element, MakeKnown),
+                   new CElementInfoChoiceUntpdOpt("AnyElement", "", 2, "##any", "")});
+    EXPECT_EQ(Outcome(classes, "<order><part><n>1</n></part></order>"),
+              "<order><part><n>1</n></part></order>");
+    EXPECT_EQ(Outcome(classes, "<order><other known='1'><n>2</n></other></order>"),
+              "<order><other><n>2</n></other></order>");
+    // The factory has nothing for it, so the wildcard gets it.
+    EXPECT_EQ(Outcome(classes, "<order><other><x/></other></order>"), "<order><other><x/></other></order>");
+    EXPECT_EQ(Outcome(classes, "<order/>"), "<order/>");
+    EXPECT_EQ(Outcome(classes, "<order><part><n>1</n></part><part><n>2</n></part></order>"), Unread("part"));
+}
+
+TEST(ChoiceMembers, TakeBackWhatReadNothing) {
+    Part const part(XmlElementType_Pseudo);
+    Group group(XmlElementGroupType_Choice,
+                {new CElementInfoChoiceClsOpt("part", "", 0, XmlElementType_Pseudo, MakePart, 0),
+                 new CElementInfoChoiceUntpdOpt("note", "", 1, "##any", ""),
+                 Prim<CElementInfoChoicePrimOpt>("m", 2)});
+    EXPECT_EQ(Outcome(group, "<order><n>1</n></order>"), "<order><n>1</n></order>");
+    EXPECT_EQ(Outcome(group, "<order><note>t</note></order>"), "<order><note>t</note></order>");
+    CSmartPtr<Probe> const probe(new Probe(group));
+    probe->FromXml("<order><m>2</m></order>", ctx);
+    EXPECT_EQ(probe->ObjectAt(0), nullptr);
+    EXPECT_EQ(probe->properties[1].FindXmlObject(), nullptr);
+    EXPECT_EQ(Write(*probe), "<order><m>2</m></order>");
+}
+
+TEST(AllMembers, TakeObjectsInAnyOrder) {
+    Part const part(XmlElementType_Element);
+    auto const fill = [](Probe& probe) { probe.properties[0].SetXmlObject(new Probe(*s_part)); };
+    Group classes(XmlElementGroupType_All,
+                  {new CElementInfoAllClsMnd("part", "", 0, XmlElementType_Element, nullptr, 0, true),
+                   new CElementInfoAllClsOpt("more", "", 1, XmlElementType_Element, MakePart, 0),
+                   new CElementInfoAllAbsClsOpt("other", "", 2, XmlElementType_Element, MakeKnown),
+                   new CElementInfoAllUntpdOpt("note", "", 3, "##any", "")},
+                  fill);
+    char const* const ordered = "<order><part><n>1</n></part><more><n>2</n></more><other><n>3</n></other>"
+                                "<note>t</note></order>";
+    EXPECT_EQ(Outcome(classes, "<order><note>t</note><other known='1'><n>3</n></other><more><n>2</n></more>"
+                               "<part><n>1</n></part></order>"),
+              ordered);
+    EXPECT_EQ(Outcome(classes, "<order><part><n>1</n></part></order>"),
+              "<order><part><n>1</n></part></order>");
+    EXPECT_EQ(Outcome(classes, "<order><note/></order>"), kMissingPart);
+    EXPECT_EQ(Outcome(classes, "<order><part><n>1</n></part><other/></order>"), Unread("other"));
+
+    // Content that is not mandatory lets a real element be absent.
+    Group lax(XmlElementGroupType_All,
+              {new CElementInfoAllClsMnd("part", "", 0, XmlElementType_Element, nullptr, 0, false)}, fill);
+    CSmartPtr<Probe> const probe(new Probe(lax));
+    EXPECT_NO_THROW(probe->FromXml("<order/>", ctx));
+}
+
+TEST(AllMembers, DemandWhatIsMandatory) {
+    Part const part(XmlElementType_Element);
+    Group abstract(XmlElementGroupType_All,
+                   {new CElementInfoAllAbsClsMnd("part", "", 0, XmlElementType_Element, MakeKnown, 0)});
+    EXPECT_EQ(Outcome(abstract, "<order/>"), kMissingPart);
+    EXPECT_EQ(Outcome(abstract, "<order><part known='1'><n>1</n></part></order>"),
+              "<order><part><n>1</n></part></order>");
+    Group untyped(XmlElementGroupType_All, {new CElementInfoAllUntpdMnd("part", "", 0, "##any", "")},
+                  [](Probe& probe) { probe.properties[0].SetXmlObject(new CElement("part")); });
+    EXPECT_EQ(Outcome(untyped, "<order/>"), kMissingPart);
+    EXPECT_EQ(Outcome(untyped, "<order><part><x/></part></order>"), "<order><part><x/></part></order>");
+    Group enumeration(XmlElementGroupType_All, {Enum<CElementInfoAllEnumMnd>("part", 0)});
+    EXPECT_EQ(Outcome(enumeration, "<order/>"), kMissingPart);
+}
+
+TEST(AllMembers, ReadGroupsAndCollections) {
+    Part const part(XmlElementType_Pseudo);
+    Group group(
+        XmlElementGroupType_All,
+        {new CElementInfoAllClsOpt("part", "", 0, XmlElementType_Pseudo, MakePart, 0),
+         new CElementInfoAllUntpdCol("note", "", 1)},
+        [](Probe& probe) { probe.properties[1].SetXmlCollection(new CElementCol("", "##any", "", 0, -1)); });
+    EXPECT_EQ(Outcome(group, "<order><note>1</note><n>5</n><note>2</note></order>"),
+              "<order><n>5</n><note>1</note><note>2</note></order>");
+    EXPECT_EQ(Outcome(group, "<order><note>1</note><x/></order>"), Unread("x"));
+
+    Part const item(XmlElementType_Element);
+    Group counted(XmlElementGroupType_All, {new CElementInfoAllClsCol("part", "", 0, XmlElementType_Element)},
+                  [](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(*s_part, 1, 2)); });
+    EXPECT_EQ(Outcome(counted, "<order><part><n>1</n></part></order>"),
+              "<order><part><n>1</n></part></order>");
+    EXPECT_EQ(Outcome(counted, "<order/>"),
+              "Failed to process the element.\nPath: /order\n"
+              "The Minimum number of [part] elements allowed in this collection is 1");
+    CSmartPtr<Probe> const probe(new Probe(counted));
+    CSerializationContext const lax = Ignoring(&CSerializationContext::SetIgnoreInvalidCollectionCounts);
+    EXPECT_NO_THROW(probe->FromXml("<order/>", lax));
+    EXPECT_EQ(Write(*probe, lax), "<order/>");
+    EXPECT_THROW(Write(*probe), CZvValidationException);
+}
+
+TEST(Options, LetNamespacesPass) {
+    Model model;
+    model.ns = "u";
+    model.elements = {Prim<CElementInfoSeqPrimMnd>("a", 0, nullptr, false, "u")};
+    model.Finish();
+    EXPECT_EQ(Outcome(model, "<order><a xmlns='v'>1</a></order>"),
+              "Failed to find the required child element [a].\nPath: /order");
+    EXPECT_EQ(Outcome(model, "<order><a xmlns='v'>1</a></order>",
+                      Ignoring(&CSerializationContext::SetIgnoreNamespaces)),
+              "<AA:order xmlns:AA=\"u\"><AA:a>1</AA:a></AA:order>");
+    CSerializationContext noNamespaces;
+    noNamespaces.SetSchemaType(SchemaType_NoNamespaces);
+    CSmartPtr<Probe> const probe(new Probe(model));
+    EXPECT_NO_THROW(probe->FromXml("<order><a>1</a></order>", noNamespaces));
+}
+
+TEST(Options, WriteWhatTheContextAddsToTheRoot) {
+    Model model;
+    model.ns = "u";
+    model.attributes = {Attribute("a", 0, true)};
+    model.Finish();
+    CSerializationContext full;
+    full.GetProcessingInstructions().push_back("<?first?>");
+    full.GetProcessingInstructions().push_back("<?second?>");
+    full.GetNamespaceAliases().Add("p", "v");
+    full.GetNamespaceAliases().Add("", "ignored");
+    full.SetDefaultNamespaceURI("u");
+    full.GetAdditionalRootAttributes()->Add("extra", "1", "v");
+    full.SetInLineSchema("schema='s'");
+    CSmartPtr<Probe> const probe(new Probe(model));
+    probe->properties[0].SetI4(2);
+    EXPECT_EQ(
+        Write(*probe, full),
+        "<?first?>\n\n<?second?>\n\n<order xmlns=\"u\" xmlns:p=\"v\" p:extra=\"1\" a=\"2\" \nschema='s'\n/>");
+}
+
+TEST(Tables, ThatNameAWrongPropertySaySo) {
+    Model wildcard;
+    wildcard.attributes = {new CAttributeInfoAny("any", "", 0, true, "##any", "", nullptr)};
+    wildcard.init = [](Probe& probe) {
+        probe.properties[0].SetXmlCollection(new CElementCol("", "##any", "", 0, -1));
+    };
+    wildcard.Finish();
+    CSmartPtr<Probe> const probe(new Probe(wildcard));
+    EXPECT_EQ(
+        MessageOf<CZvValidationException>([&] { probe->FromXml("<order x=''/>", ctx); }),
+        "Failed to process the element.\nPath: /order\nSerialization Data Error : The collection should be a "
+        "CAttributeCol, it was not!");
+    Group empty(XmlElementGroupType_Sequence, {new CElementInfoSeqCol("part", "", 0)});
+    CSmartPtr<Probe> const without(new Probe(empty));
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*without); }),
+              "Failed to convert the element [order] to XML\nThe Property [part] has no collection");
+}
+
+} // namespace
