@@ -129,6 +129,16 @@ TEST(Failure, OfAFacetComesOnWritingOnly) {
     EXPECT_EQ(Write(*probe), "<order><a/></order>");
 }
 
+TEST(Failure, OfATypeThatHasNoFacets) {
+    Model model;
+    model.elements = {new CElementInfoSeqPrimMnd("a", "", 0, false, ItemType_char, nullptr,
+                                                 CWhitespaceUtils::WhitespaceRule_None,
+                                                 CPrimitiveRestrictions(), nullptr)};
+    model.Finish();
+    EXPECT_EQ(Outcome(model, "<order><a>x</a></order>"),
+              "Failed to convert the element [order] to XML\nUnknown type [char].");
+}
+
 // An element that may hold itself, through a factory.
 Model* s_recursive = nullptr;
 CSmartPtr<CXmlObjectBase> MakeRecursive(int, char const*) {

@@ -178,4 +178,10 @@ void CheckPrimitiveVariant(char const* name, ZvVariant const& value, ItemType ty
     }
 }
 
+bool NeedsCheck(ItemType type, CPrimitiveRestrictions const& restrictions) noexcept {
+    // What has no facets at all is refused, with or without them.
+    bool const isRefused = type < ItemType_hexBinary || type > ItemType_integer || type == ItemType_char;
+    return isRefused || restrictions.HasFacets();
+}
+
 } // namespace ZvXmlLib16

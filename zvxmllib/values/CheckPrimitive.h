@@ -75,4 +75,7 @@ void CheckPrimitive(char const* name, Value const& value, ItemType,
 ZV_API void CheckPrimitiveVariant(char const* name, ZvVariant const& value, ItemType type,
                                   CPrimitiveRestrictions const& restrictions);
 
+// False if CheckPrimitiveVariant passes every value of the type, so that who writes many values need not ask.
+ZV_API bool NeedsCheck(ItemType type, CPrimitiveRestrictions const& restrictions) noexcept;
+
 } // namespace ZvXmlLib16

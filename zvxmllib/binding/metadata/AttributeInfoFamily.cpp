@@ -32,7 +32,8 @@ CAttributeInfoPrimitive::CAttributeInfoPrimitive(char const* name, char const* n
                                                  ZvXmlLib16::CPrimitiveRestrictions const& restrictions,
                                                  char const* defaultValue)
     : CAttributeInfo(name, ns, propertyIndex, optional, defaultValue), m_restrictions(restrictions),
-      m_type(type), m_formatOverride(TextOrEmpty(formatOverride)), m_rule(rule) {}
+      m_type(type), m_formatOverride(TextOrEmpty(formatOverride)), m_rule(rule),
+      m_needsCheck(ZvXmlLib16::NeedsCheck(type, restrictions)) {}
 
 CAttributeInfoPrimitive::~CAttributeInfoPrimitive() = default;
 
@@ -50,7 +51,7 @@ void CAttributeInfoPrimitive::AttributeToXml(CSerializationContext const& ctx,
     std::string const& text = value.ToText(m_formatOverride.c_str(), buffer);
     if (IsSuppressedDefault(ctx, text))
         return;
-    if (m_restrictions.HasFacets())
+    if (m_needsCheck)
         CheckRestriction(value);
     writer->WriteAttribute(m_name, m_namespace, text, value.GetTypeAsEnum());
 }

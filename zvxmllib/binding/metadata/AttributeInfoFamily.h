@@ -31,6 +31,7 @@ private:
     ZvXmlLib16::ItemType const m_type;
     std::string const m_formatOverride;
     ZvXmlLib16::CWhitespaceUtils::WhitespaceRule const m_rule;
+    bool const m_needsCheck; // values are to be tested on writing
 };
 
 // An attribute of a generated enumeration: the property holds the enumerator as i4.

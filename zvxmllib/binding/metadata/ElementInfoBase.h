@@ -179,7 +179,7 @@ private:
     bool const m_nillable = false;
     StringToEnum const m_stringToEnum = nullptr;
     bool const m_hasRestrictions = false; // built by the primitive constructor
-    bool const m_hasFacets = false;       // some facet is set
+    bool const m_needsCheck = false;      // values are to be tested on writing
     bool const m_isWildcard;
 };
 

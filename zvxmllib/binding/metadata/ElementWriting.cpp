@@ -27,7 +27,7 @@ bool CElementInfo::WriteProperty(Object const* object, CXmlWriter* writer, ToTex
         return false;
     std::string const& text = toText(value, buffer);
     bool const isDefault = !m_defaultValue.empty() && text == m_defaultValue;
-    if (m_hasFacets && !isDefault)
+    if (m_needsCheck && !isDefault)
         CheckRestriction(value);
     writer->WriteElementStart(m_name, m_namespace);
     writer->WriteElementValue(text, m_hasRestrictions ? value.GetTypeAsEnum() : ZvXmlLib16::ItemType_string,
