@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the optimised library and runs the benchmarks; ends with the table of ratios. Arguments go to
+# Builds the optimised library and runs the benchmarks; ends with the tables of ratios. Arguments go to
 # Google Benchmark, for instance --benchmark_filter=Read.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -13,4 +13,5 @@ cmake --build --preset release
 build/release/benchmarks/bench_zvxmllib "$@"
 build/release/benchmarks/bench_callback_memory
 build/release/benchmarks/bench_ratios
+build/release/benchmarks/bench_typed_ratios
 build/release/benchmarks/bench_typed_ratios

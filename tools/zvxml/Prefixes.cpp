@@ -74,8 +74,8 @@ private:
         std::string const& uri = element.GetNamespaceURI();
         if (m_lastOfElements == nullptr || *m_lastOfElements != uri)
             m_lastOfElements = &*m_ofElements.insert(uri).first;
-        if (element.GetFirstElement() == nullptr && element.GetNodeText().IsContiguous())
-            AddValue(element.GetNodeText().View());
+        if (element.GetFirstElement() == nullptr)
+            AddValue(element.GetNodeText().Read(m_room));
         for (std::size_t i = 0; i < element.GetAttributeCount(); ++i) {
             CXmlAttribute const& attribute = *element.GetAttributeAt(i);
             if (!attribute.GetNamespaceURI().empty())
@@ -90,6 +90,7 @@ private:
             m_prefixesInValues.emplace(prefix);
     }
 
+    std::string m_room; // for texts that do not lie in one piece
     Names m_ofElements;
     Names m_ofAttributes;
     Names m_prefixesInValues;

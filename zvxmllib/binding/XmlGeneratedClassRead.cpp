@@ -111,11 +111,10 @@ CXmlElement* CXmlGeneratedClass::ReadContent(CXmlElement* element, CXmlElement* 
 
 void CXmlGeneratedClass::ReadSimpleContent(CXmlElement const& element, CParentElementInfo const& info) {
     ZvVariant value;
-    if (info.GetOutputPrimitiveClassAsTextProperty())
-        value.SetString(element.GetText());
-    else
-        value.FromString(element.GetText(), info.GetPrimitiveDataType(),
-                         CWhitespaceUtils::WhitespaceRule_None);
+    std::string room;
+    ItemType const type =
+        info.GetOutputPrimitiveClassAsTextProperty() ? ItemType_string : info.GetPrimitiveDataType();
+    value.FromText(element.GetNodeText().Read(room), type, CWhitespaceUtils::WhitespaceRule_None);
     AccessProperty(info.GetPrimitiveValuePropertyIndex(), false, value);
 }
 

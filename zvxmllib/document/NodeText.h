@@ -23,10 +23,18 @@ public:
     // Appends the text to `target`, without keeping a joined copy.
     void AppendTo(std::string& target) const;
 
+    // The text where it lies, or joined in `room` where it lies in pieces. Valid as long as both are.
+    std::string_view Read(std::string& room) const {
+        if (m_form != Form::kChain)
+            return View();
+        room.clear();
+        AppendTo(room);
+        return room;
+    }
+
     bool IsEmpty() const noexcept { return m_length == 0; }
 
-    // Empty unless the text is one run of bytes or a string: ask IsContiguous first.
-    bool IsContiguous() const noexcept { return m_form != Form::kChain; }
+    // Empty where the text lies in pieces.
     std::string_view View() const noexcept {
         if (m_form == Form::kRun)
             return {m_run, m_length};

@@ -40,13 +40,9 @@ void CElementInfo::ReadValue(Ctx const& ctx, Object* object, CXmlElement** curre
     if (element.GetAttributeCount() != 0 && ReadNilAttribute(ctx, element)) {
         value.SetNil(type);
     } else {
+        std::string room;
         ZvXmlLib16::NodeText const& text = element.GetNodeText();
-        if (text.IsEmpty())
-            parse(value, std::string_view(m_defaultValue));
-        else if (text.IsContiguous())
-            parse(value, text.View());
-        else
-            parse(value, std::string_view(element.GetText()));
+        parse(value, text.IsEmpty() ? std::string_view(m_defaultValue) : text.Read(room));
     }
     InvokePropertySet(object, value, element);
     *current = element.GetNextSiblingElement();
