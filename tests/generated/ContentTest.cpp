@@ -57,6 +57,11 @@ TEST(Attributes, AreTakenByTheFirstEntryThatFits) {
     EXPECT_EQ(
         Outcome(model, "<order a='1' z=''/>", Ignoring(&CSerializationContext::SetIgnoreUnknownAttributes)),
         "<order a=\"1\"/>");
+    // What belongs to the instance as such is never unknown.
+    EXPECT_EQ(Outcome(model, (Order(" i:schemaLocation='u s' i:noNamespaceSchemaLocation='s' i:type='t' ") +
+                              "xmlns:q='q' a='1'/>")
+                                 .c_str()),
+              "<order a=\"1\"/>");
     // In another namespace an enumeration entry takes it when namespaces are ignored, a primitive one does
     // not.
     char const* const foreign = "<order a='1' p:b='2' p:c='blue' xmlns:p='v'/>";
@@ -235,52 +240,6 @@ TEST(ClassElements, AreMadeByTheirFactoryWhenTheyStandThere) {
     EXPECT_EQ(
         Outcome(model, "<order xmlns='u'><first><s xmlns=''>x</s></first></order>", ctx),
         "Failed to process the element.\nPath: /order/first\nThe value [x] can not be converted to a i4");
-}
-
-TEST(Wildcards, TakeElementsByTheirNamespace) {
-    struct Case {
-        char const* allowed;
-        char const* outcome; // the local names taken, from one element of u, one of v and one of none
-    };
-    for (Case const& row : {Case{"##any", "abc"}, Case{"##local", ""}, Case{"##targetNamespace", "a"},
-                            Case{"##other", ""}, Case{"u v", "abc"}, Case{"u", "a"}}) {
-        Model model;
-        model.ns = "u";
-        model.elements = {new CElementInfoSeqUntpdCol("AnyElement", "u", 0)};
-        std::string const allowed = row.allowed;
-        model.init = [&allowed](Probe& probe) {
-            class Restricted : public CElementCol {
-            public:
-                Restricted(std::string const& list) : CElementCol("u", "##any", "u", 0, -1), m_list(list) {}
-
-            protected:
-                CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current,
-                                         CSerializationContext const& ctx, bool optional) override {
-                    if (current == nullptr ||
-                        !IsNamespaceValid(current->GetNamespaceURI().c_str(), m_list.c_str(), "u"))
-                        return current;
-                    CElementCol::FromXml_Int(element, nullptr, ctx, optional);
-                    CSmartPtr<CElement> const taken(new CElement(current->GetLocalName().c_str()));
-                    Add(taken);
-                    return FromXml_Int(element, current->GetNextSiblingElement(), ctx, optional);
-                }
-
-            private:
-                std::string m_list;
-            };
-            probe.properties[0].SetXmlCollection(new Restricted(allowed));
-        };
-        model.Finish();
-        CSmartPtr<Probe> const probe(new Probe(model));
-        try {
-            probe->FromXml("<order><a xmlns='u'/><b xmlns='v'/><c/></order>", CSerializationContext());
-        } catch (CZvException const&) { // what is left over is not this test's
-        }
-        std::string taken;
-        for (CElement* element : *dynamic_cast<CElementCol*>(probe->properties[0].FindXmlObject()))
-            taken += element->GetName();
-        EXPECT_EQ(taken, row.outcome) << row.allowed;
-    }
 }
 
 TEST(Wildcards, OptionalOnesTakeOneElement) {

@@ -32,6 +32,18 @@ TEST(ReadingFailure, CarriesThePathOfTheInnermostElement) {
         "Failed to process the element.\nPath: /order/item[2]\nThe value [x] can not be converted to a i4");
     EXPECT_EQ(MessageOf<CZvException>([&] { probe->FromXml("<order><item/></order>", ctx); }),
               "Failed to find the required child element [price].\nPath: /order/item");
+    EXPECT_EQ(MessageOf<CZvException>([&] {
+                  probe->FromXml(
+                      "<order><item><price>1</price></item><item><price "
+                      "xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:nil='1'/></item></order>",
+                      ctx);
+              }),
+              "Invalid use of 'nil' attribute in non-nillable element.\nPath: /order/item[2]/price");
+    EXPECT_EQ(MessageOf<CZvException>([&] {
+                  probe->FromXml("<order><item><price>1</price></item><item><price x=''/></item></order>",
+                                 ctx);
+              }),
+              "Unexpected Attribute found.\nPath: /order/item[2]/price/@x");
     // The outermost level wraps by itself.
     Model single;
     single.elements = {Prim<CElementInfoSeqPrimMnd>("price", 0)};
@@ -54,6 +66,39 @@ TEST(ReadingFailure, OfAPropertyIsWrapped) {
     probe->refused = 1;
     EXPECT_EQ(MessageOf<CZvException>([&] { probe->FromXml("<order a='5'><price>1</price></order>", ctx); }),
               "Failed to set the property value [5].\nPath: /order/@a\nThe property refuses");
+    try {
+        probe->FromXml("<order a='5'/>", ctx);
+    } catch (CZvException const& failure) {
+        EXPECT_EQ(failure.GetPath(), "/order/@a");
+        EXPECT_NE(dynamic_cast<CZvInvalidParamException const*>(failure.GetInnerException()), nullptr)
+            << "the cause keeps its class";
+    }
+}
+
+// Simple content reaches its property without a step of its own.
+TEST(ReadingFailure, OfSimpleContentIsNotWrapped) {
+    Model model;
+    model.contentIndex = 0;
+    model.contentType = ItemType_i4;
+    model.Finish();
+    CSmartPtr<Probe> const probe(new Probe(model));
+    probe->refused = 0;
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { probe->FromXml("<order>1</order>", ctx); }),
+              "Failed to process the element.\nPath: /order\nThe property refuses");
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
+              "Failed to convert the element [order] to XML\nThe property refuses");
+}
+
+TEST(ReadingFailure, LeavesWhatWasReadAndNothingOfBefore) {
+    Model model;
+    model.elements = {Prim<CElementInfoSeqPrimOpt>("a", 0), Prim<CElementInfoSeqPrimOpt>("b", 1)};
+    model.Finish();
+    CSmartPtr<Probe> const probe(new Probe(model));
+    probe->FromXml("<order><b>1</b></order>", ctx);
+    EXPECT_THROW(probe->FromXml("<order><b>2</b><c></order>", ctx), CZvException);
+    EXPECT_EQ(Write(*probe), "<order><b>1</b></order>") << "a text that is no XML touches nothing";
+    EXPECT_THROW(probe->FromXml("<order><a>2</a><c/></order>", ctx), CZvException);
+    EXPECT_EQ(Write(*probe), "<order><a>2</a></order>");
 }
 
 TEST(WritingFailure, AddsALinkForEachLevel) {
@@ -178,6 +223,33 @@ TEST(Failure, OfNestingBeyondTheLimit) {
         last = next;
     }
     EXPECT_THROW(Write(*root), CZvException);
+}
+
+// The items of a collection are levels, the collection is not.
+TEST(Failure, OfNestingBeyondTheLimitInCollections) {
+    Model model;
+    model.name = "e";
+    model.elements = {new CElementInfoSeqClsCol("e", "", 0, XmlElementType_Element)};
+    model.init = [&model](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(model, 0, -1)); };
+    model.Finish();
+    auto const nested = [](int levels) {
+        std::string xml;
+        for (int i = 1; i < levels; ++i)
+            xml += "<e>";
+        xml += "<e/>";
+        for (int i = 1; i < levels; ++i)
+            xml += "</e>";
+        return xml;
+    };
+    EXPECT_EQ(Rewrite(model, nested(1001).c_str()), nested(1001));
+    EXPECT_THAT(Outcome(model, nested(1002).c_str()),
+                testing::EndsWith("The nesting of elements exceeds the limit of 1000 levels."));
+    CSmartPtr<Probe> const root(new Probe(model));
+    Probe* last = root;
+    for (int i = 0; i < 1001; ++i)
+        last = static_cast<ProbeCol*>(last->properties[0].FindXmlCollection())->Add();
+    EXPECT_THAT(MessageOf<CZvValidationException>([&] { Write(*root); }),
+                testing::EndsWith("The nesting of elements exceeds the limit of 1000 levels."));
 }
 
 } // namespace

@@ -102,6 +102,8 @@ TEST(Family, KeepsTheOrderOfItsOperations) {
     EXPECT_EQ(SlotOf(&CXmlGeneratedClass::GetClassElementInfo), first + 2);
     EXPECT_EQ(SlotOf(&CXmlGeneratedClass::GetClassAttributeInfo), first + 3);
     EXPECT_EQ(SlotOf(&CXmlGeneratedClass::Init), first + 4);
+    EXPECT_EQ(SlotOf(&INillable::GetIsNil), 0u);
+    EXPECT_EQ(SlotOf(&INillable::SetIsNil), 1u);
 }
 
 TEST(Family, RefusesWhatAnEntryDoesNotDo) {

@@ -156,11 +156,12 @@ protected:
             if (!isGroup && !DoesElementNameMatch(ctx, current, m_model.name.c_str(), m_model.ns.c_str()))
                 break;
             ZvXmlLib16::CXmlElement* const next =
-                isGroup ? item->FromXml_Int(element, current, ctx, false) : current->GetNextSiblingElement();
+                isGroup ? CXmlObjectBase::FromXml_Int(item, element, current, ctx)
+                        : current->GetNextSiblingElement();
             if (next == current)
                 break;
             if (!isGroup)
-                item->FromXml_Int(current, current->GetFirstElement(), ctx, false);
+                CXmlObjectBase::FromXml_Int(item, current, current->GetFirstElement(), ctx);
             AppendItem(item);
             current = next;
         }

@@ -2,7 +2,6 @@
 
 #include "zvxmllib/binding/Failures.h"
 #include "zvxmllib/binding/NamespaceRules.h"
-#include "zvxmllib/binding/NestingGuard.h"
 #include "zvxmllib/binding/XmlGeneratedClass.h"
 #include "zvxmllib/binding/context/SerializationContext.h"
 #include "zvxmllib/binding/metadata/Failures.h"
@@ -73,7 +72,6 @@ std::string CAttributeInfo::GetTargetNamespace(CXmlObjectBase const* object) {
 
 void CAttributeInfo::ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, bool isRoot, char const* ns,
                                CSerializationContext const& ctx) {
-    ZvXmlLib16::NestingGuard const level;
     object->ToXml_Int(writer, isRoot, ns, ctx, false);
 }
 

@@ -65,7 +65,7 @@ public:
     // primitive.
     void CheckRestriction(ZvVariant const& value) const;
 
-    // Whether this entry lets its choice be empty.
+    // Whether this entry lets its choice be empty. A bare CElementInfoChoiceCol does not.
     enum class ChoiceMember : std::uint8_t { kOther, kOptional, kCollection };
     ChoiceMember GetChoiceMember() const noexcept { return m_choiceMember; }
     // Whether ElementFromXml looks at `ns`.

@@ -158,9 +158,7 @@ bool CElementInfoChoiceUntpdOpt::ElementFromXml(Ctx const& ctx, Object* object, 
 // Collections
 
 CElementInfoChoiceCol::CElementInfoChoiceCol(char const* name, char const* ns, std::int32_t propertyIndex)
-    : CElementInfo(name, ns, propertyIndex) {
-    m_choiceMember = ChoiceMember::kCollection;
-}
+    : CElementInfo(name, ns, propertyIndex) {}
 CElementInfoChoiceCol::~CElementInfoChoiceCol() = default;
 
 bool CElementInfoChoiceCol::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
@@ -174,7 +172,9 @@ bool CElementInfoChoiceCol::ElementFromXml(Ctx const& ctx, Object* object, CXmlE
 
 CElementInfoChoiceClsCol::CElementInfoChoiceClsCol(char const* name, char const* ns,
                                                    std::int32_t propertyIndex, XmlElementType elementType)
-    : CElementInfoChoiceCol(name, ns, propertyIndex), m_elementType(elementType) {}
+    : CElementInfoChoiceCol(name, ns, propertyIndex), m_elementType(elementType) {
+    m_choiceMember = ChoiceMember::kCollection;
+}
 CElementInfoChoiceClsCol::~CElementInfoChoiceClsCol() = default;
 
 void CElementInfoChoiceClsCol::PseudoChildAttributeToXml(Ctx const& ctx, Object const* object,
@@ -185,7 +185,9 @@ void CElementInfoChoiceClsCol::PseudoChildAttributeToXml(Ctx const& ctx, Object 
 CElementInfoChoiceAbsClsCol::CElementInfoChoiceAbsClsCol(char const* name, char const* ns,
                                                          std::int32_t propertyIndex,
                                                          XmlElementType elementType)
-    : CElementInfoChoiceCol(name, ns, propertyIndex), m_elementType(elementType) {}
+    : CElementInfoChoiceCol(name, ns, propertyIndex), m_elementType(elementType) {
+    m_choiceMember = ChoiceMember::kCollection;
+}
 CElementInfoChoiceAbsClsCol::~CElementInfoChoiceAbsClsCol() = default;
 
 void CElementInfoChoiceAbsClsCol::PseudoChildAttributeToXml(Ctx const& ctx, Object const* object,
@@ -195,17 +197,23 @@ void CElementInfoChoiceAbsClsCol::PseudoChildAttributeToXml(Ctx const& ctx, Obje
 
 CElementInfoChoicePrimCol::CElementInfoChoicePrimCol(char const* name, char const* ns,
                                                      std::int32_t propertyIndex)
-    : CElementInfoChoiceCol(name, ns, propertyIndex) {}
+    : CElementInfoChoiceCol(name, ns, propertyIndex) {
+    m_choiceMember = ChoiceMember::kCollection;
+}
 CElementInfoChoicePrimCol::~CElementInfoChoicePrimCol() = default;
 
 CElementInfoChoiceEnumCol::CElementInfoChoiceEnumCol(char const* name, char const* ns,
                                                      std::int32_t propertyIndex)
-    : CElementInfoChoiceCol(name, ns, propertyIndex) {}
+    : CElementInfoChoiceCol(name, ns, propertyIndex) {
+    m_choiceMember = ChoiceMember::kCollection;
+}
 CElementInfoChoiceEnumCol::~CElementInfoChoiceEnumCol() = default;
 
 CElementInfoChoiceUntpdCol::CElementInfoChoiceUntpdCol(char const* name, char const* ns,
                                                        std::int32_t propertyIndex)
-    : CElementInfoChoiceCol(name, ns, propertyIndex) {}
+    : CElementInfoChoiceCol(name, ns, propertyIndex) {
+    m_choiceMember = ChoiceMember::kCollection;
+}
 CElementInfoChoiceUntpdCol::~CElementInfoChoiceUntpdCol() = default;
 
 bool CElementInfoChoiceUntpdCol::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,

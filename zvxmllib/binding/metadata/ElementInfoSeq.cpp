@@ -75,19 +75,19 @@ bool CElementInfoSeqClsOpt::ElementToXml(Ctx const& ctx, Object const* object, C
 
 bool CElementInfoSeqClsOpt::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
                                            CXmlElement** current, char const*, XmlElementType) {
+    CXmlElement* const offered = *current;
     if (m_class.IsGroup()) {
-        if (*current == nullptr)
+        if (offered == nullptr)
             return true;
         CSmartPtr<CXmlObjectBase> const child = m_class.Make(GetElementName());
         if (ReadGroup(ctx, child, element, current))
-            SetObjectProperty(object, child, *element);
+            SetObjectProperty(object, child, *offered);
         return true;
     }
-    if (IsThisElement(ctx, *current)) {
-        CXmlElement const& read = **current;
+    if (IsThisElement(ctx, offered)) {
         CSmartPtr<CXmlObjectBase> const child = m_class.Make(GetElementName());
         ReadRealChild(ctx, child, current, false);
-        SetObjectProperty(object, child, read);
+        SetObjectProperty(object, child, *offered);
     }
     return true;
 }

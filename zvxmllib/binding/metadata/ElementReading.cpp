@@ -107,7 +107,9 @@ CXmlElement* CElementInfo::ReadCollection(Ctx const& ctx, CXmlCollectionBase& co
                 m_name, current == nullptr ? std::string() : current->GetNamespaceURI(), element, current,
                 ctx);
     }
-    return FromXml_Int(&collection, element, current, ctx, false);
+    // No level of nesting: its items are.
+    CXmlObjectBase& items = collection;
+    return items.FromXml_Int(element, current, ctx, false);
 }
 
 bool CElementInfo::SeqCollectionFromXml(Ctx const& ctx, Object* object, CXmlElement* element,

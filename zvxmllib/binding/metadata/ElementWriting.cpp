@@ -99,8 +99,11 @@ void CElementInfo::ObjectAttributesToXml(Ctx const& ctx, Object const* object, C
 
 void CElementInfo::CollectionAttributesToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer,
                                              XmlElementType elementType) const {
-    if (elementType == XmlElementType_Pseudo)
-        AttributesToXml_Int(GetCollectionProperty(object), writer, ctx);
+    if (elementType != XmlElementType_Pseudo)
+        return;
+    CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
+    CXmlObjectBase const& items = *collection;
+    items.AttributesToXml_Int(writer, ctx);
 }
 
 } // namespace ZvXmlLib16Data
