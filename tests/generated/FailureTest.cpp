@@ -1,6 +1,7 @@
 // Failures with their classes, paths and chains.
 #include "tests/generated/Reading.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/WrittenObject.h"
 
 using namespace entries;
 
@@ -184,72 +185,59 @@ TEST(Failure, OfATypeThatHasNoFacets) {
               "Failed to convert the element [order] to XML\nUnknown type [char].");
 }
 
-// An element that may hold itself, through a factory.
+// Elements of one class that hold each other, as an optional element or as the items of a collection.
 Model* s_recursive = nullptr;
+
 CSmartPtr<CXmlObjectBase> MakeRecursive(int, char const*) {
     return new Probe(*s_recursive);
 }
 
-TEST(Failure, OfNestingBeyondTheLimit) {
-    Model model;
-    model.name = "e";
-    model.elements = {new CElementInfoSeqClsOpt("e", "", 0, XmlElementType_Element, MakeRecursive, 0)};
-    model.Finish();
-    s_recursive = &model;
-    auto const nested = [](int levels) {
-        std::string xml;
-        for (int i = 0; i < levels; ++i)
-            xml += "<e>";
-        for (int i = 0; i < levels; ++i)
-            xml += "</e>";
-        return xml;
-    };
-    EXPECT_EQ(Rewrite(model, nested(900).c_str()).size(), 899u * 7 + 4);
-    for (int levels : {1100, 50'000}) {
-        CSmartPtr<Probe> const probe(new Probe(model));
-        try {
-            probe->FromXml(nested(levels).c_str(), ctx);
-            ADD_FAILURE() << levels;
-        } catch (CZvException const& failure) {
-            EXPECT_THAT(failure.GetFullMessage(),
-                        testing::EndsWith("The nesting of elements exceeds the limit of 1000 levels."));
-        }
+struct Recursive : Model {
+    explicit Recursive(bool isCollection) {
+        name = "e";
+        if (isCollection)
+            elements = {new CElementInfoSeqClsCol("e", "", 0, XmlElementType_Element)};
+        else
+            elements = {new CElementInfoSeqClsOpt("e", "", 0, XmlElementType_Element, MakeRecursive, 0)};
+        if (isCollection)
+            init = [this](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(*this, 0, -1)); };
+        Finish();
+        s_recursive = this;
     }
-    CSmartPtr<Probe> const root(new Probe(model));
-    Probe* last = root;
-    for (int i = 0; i < 5000; ++i) {
-        CSmartPtr<Probe> const next(new Probe(model));
-        last->properties[0].SetXmlObject(next);
-        last = next;
-    }
-    EXPECT_THROW(Write(*root), CZvException);
+};
+
+std::string Nested(int levels) {
+    std::string xml;
+    for (int i = 1; i < levels; ++i)
+        xml += "<e>";
+    xml += "<e/>";
+    for (int i = 1; i < levels; ++i)
+        xml += "</e>";
+    return xml;
 }
 
-// The items of a collection are levels, the collection is not.
-TEST(Failure, OfNestingBeyondTheLimitInCollections) {
-    Model model;
-    model.name = "e";
-    model.elements = {new CElementInfoSeqClsCol("e", "", 0, XmlElementType_Element)};
-    model.init = [&model](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(model, 0, -1)); };
-    model.Finish();
-    auto const nested = [](int levels) {
-        std::string xml;
-        for (int i = 1; i < levels; ++i)
-            xml += "<e>";
-        xml += "<e/>";
-        for (int i = 1; i < levels; ++i)
-            xml += "</e>";
-        return xml;
-    };
-    EXPECT_EQ(Rewrite(model, nested(1001).c_str()), nested(1001));
-    EXPECT_THAT(Outcome(model, nested(1002).c_str()),
-                testing::EndsWith("The nesting of elements exceeds the limit of 1000 levels."));
-    CSmartPtr<Probe> const root(new Probe(model));
-    Probe* last = root;
-    for (int i = 0; i < 1001; ++i)
-        last = static_cast<ProbeCol*>(last->properties[0].FindXmlCollection())->Add();
-    EXPECT_THAT(MessageOf<CZvValidationException>([&] { Write(*root); }),
-                testing::EndsWith("The nesting of elements exceeds the limit of 1000 levels."));
+// Writes the object below so many others. These add no links to a failure: a chain of a thousand of them is
+// copied at each level.
+std::string WrittenBelow(int levels, CSmartPtr<CXmlObjectBase> object) {
+    for (int i = 0; i < levels; ++i)
+        object = new WrittenObject([object](CXmlWriter& writer) { WrittenObject::Write(object, writer); });
+    return object->ToXml(false, false, EOLType_LF, ctx);
+}
+
+TEST(Failure, OfNestingBeyondTheLimit) {
+    char const* const tooDeep = "The nesting of elements exceeds the limit of 1000 levels.";
+    for (bool const isCollection : {false, true}) {
+        Recursive model(isCollection);
+        std::string const deepest = Nested(1001);
+        EXPECT_EQ(Rewrite(model, deepest.c_str()), deepest) << "below the root there are a thousand";
+        for (int const levels : {1002, 50'000})
+            EXPECT_THAT(Outcome(model, Nested(levels).c_str()), testing::EndsWith(tooDeep));
+        CSmartPtr<Probe> const probe(new Probe(model));
+        probe->FromXml(Nested(11).c_str(), ctx);
+        EXPECT_EQ(WrittenBelow(990, probe->GetBase()), Nested(11));
+        EXPECT_THAT(MessageOf<CZvValidationException>([&] { WrittenBelow(991, probe->GetBase()); }),
+                    testing::EndsWith(tooDeep));
+    }
 }
 
 } // namespace
