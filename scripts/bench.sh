@@ -14,4 +14,3 @@ build/release/benchmarks/bench_zvxmllib "$@"
 build/release/benchmarks/bench_callback_memory
 build/release/benchmarks/bench_ratios
 build/release/benchmarks/bench_typed_ratios
-build/release/benchmarks/bench_typed_ratios
