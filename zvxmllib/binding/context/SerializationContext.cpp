@@ -26,6 +26,8 @@ CSerializationContext::CSerializationContext(CSerializationContext const& other)
 CSerializationContext& CSerializationContext::operator=(CSerializationContext const& other) {
     if (this == &other)
         return *this;
+    m_json = other.m_json;
+    m_fastInfoset = other.m_fastInfoset;
     m_defaultNamespaceUri = other.m_defaultNamespaceUri;
     m_namespaceAliases = other.m_namespaceAliases;
     m_processingInstructions = other.m_processingInstructions;

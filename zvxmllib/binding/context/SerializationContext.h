@@ -2,6 +2,7 @@
 #pragma once
 
 #include "zvxmllib/binding/context/NamespaceAliasMap.h"
+#include "zvxmllib/binding/context/OnDemandPart.h"
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/SmartPtr.h"
@@ -94,7 +95,14 @@ public:
     std::string GetIndentChars() const;
     void SetIndentChars(char const* indent);
 
+    // The options of JSON and of Fast Infoset, owned by the context and made at first use. A copied context
+    // has copies of its own.
+    CJsonContext& GetJsonContext() const;
+    CFastInfosetContext& GetFIContext() const;
+
 private:
+    OnDemandPart<CJsonContext> m_json;
+    OnDemandPart<CFastInfosetContext> m_fastInfoset;
     std::string m_defaultNamespaceUri;
     CNamespaceAliasMap m_namespaceAliases;
     // Holds one reference. Atomic, since threads that read the default context may make it at once.
