@@ -29,6 +29,8 @@
 #include "zvxmllib/foundation/MemoryLeakHelp.h"
 #include "zvxmllib/foundation/SmartPtr.h"
 #include "zvxmllib/json/JsonContext.h"
+#include "zvxmllib/streams/AsyncFiles.h"
+#include "zvxmllib/streams/DecompressionLimit.h"
 #include "zvxmllib/values/Base64.h"
 #include "zvxmllib/values/BinaryData.h"
 #include "zvxmllib/values/CheckPrimitive.h"

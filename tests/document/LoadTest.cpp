@@ -1,30 +1,12 @@
 // Ways into a document, and their failures.
 #include "Documents.h"
 
+#include "tests/support/TemporaryFile.h"
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/values/BinaryData.h"
 
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-
 namespace ZvXmlLib16 {
 namespace {
-
-class TemporaryFile {
-public:
-    explicit TemporaryFile(std::string const& content)
-        : m_path((std::filesystem::temp_directory_path() /
-                  ("zvxmllib_" + std::to_string(reinterpret_cast<std::uintptr_t>(this)) + ".xml"))
-                     .string()) {
-        std::ofstream(m_path, std::ios::binary) << content;
-    }
-    ~TemporaryFile() { std::filesystem::remove(m_path); }
-    char const* Path() const { return m_path.c_str(); }
-
-private:
-    std::string m_path;
-};
 
 void LoadBytes(CXmlDocument& document, std::string const& bytes) {
     document.LoadXmlStream(reinterpret_cast<unsigned char const*>(bytes.data()),

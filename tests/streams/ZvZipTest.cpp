@@ -1,5 +1,6 @@
 // CZvZip: both directions, and what is no complete stream.
 #include "zvxmllib/streams/ZvZip.h"
+#include "zvxmllib/streams/DecompressionLimit.h"
 #include "zvxmllib/values/BinaryData.h"
 
 #include "tests/support/MessageOf.h"
@@ -153,6 +154,25 @@ TEST(ZvZip, TriesOnBorrowedBytes) {
     EXPECT_EQ(Text(result), "old");
     EXPECT_TRUE(CZvZip::TryDecompress(packed.GetData(), packed.GetLength(), result));
     EXPECT_EQ(Text(result), Repetitive(500));
+}
+
+TEST(ZvZip, RefusesContentBeyondTheLimitOfTheProcess) {
+    for (std::size_t const length : {1000U, 65536U, 200000U}) {
+        std::string const packed = Compressed(std::string(length, 'x'), CompressionType_GZip);
+        SetDecompressionLimit(length);
+        EXPECT_EQ(Decompressed(packed).size(), length);
+        SetDecompressionLimit(length - 1);
+        EXPECT_EQ(MessageOf<CZvException>([&] {
+                      CBinaryData result;
+                      CBinaryData const data = Data(packed);
+                      CZvZip::TryDecompress(data.GetData(), data.GetLength(), result);
+                  }),
+                  "Failed to decompress data. The result is larger than the limit of " +
+                      std::to_string(length - 1) + " bytes");
+        SetDecompressionLimit(~std::uint64_t{0});
+        EXPECT_EQ(GetDecompressionLimit(), 0xFFFFFFFFU);
+        EXPECT_EQ(Decompressed(packed).size(), length);
+    }
 }
 
 } // namespace

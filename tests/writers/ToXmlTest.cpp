@@ -1,14 +1,14 @@
 // The entry points that write XML: their frame, encodings, compression and files.
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/TemporaryFile.h"
 #include "tests/support/WrittenObject.h"
+#include "zvxmllib/streams/AsyncFiles.h"
 #include "zvxmllib/streams/ZvZip.h"
 
 #include <gmock/gmock.h>
 
-#include <cstdio>
 #include <fstream>
-#include <iterator>
 
 using namespace ZvXmlLib16;
 
@@ -32,22 +32,6 @@ std::string Utf16(std::string const& ascii) {
         bytes.append(1, c).append(1, '\0');
     return bytes;
 }
-
-// A file name of this test's own; the file goes with it.
-class ScratchFile {
-public:
-    ScratchFile() : m_name(testing::TempDir() + "zvxmllib_to_xml_test.xml") { std::remove(m_name.c_str()); }
-    ~ScratchFile() { std::remove(m_name.c_str()); }
-    char const* Name() const { return m_name.c_str(); }
-    bool Exists() const { return std::ifstream(m_name).good(); }
-    std::string Content() const {
-        std::ifstream file(m_name, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    }
-
-private:
-    std::string m_name;
-};
 
 TEST(ToXml, GivesTheContextsOptionsToTheWriter) {
     CSerializationContext ctx;
@@ -115,7 +99,7 @@ TEST(ToXmlStream, Compresses) {
 
 TEST(ToXmlFile, MarksSixteenBitTextButNotCompressedBytes) {
     CSerializationContext const ctx;
-    ScratchFile const file;
+    TemporaryFile const file;
     CSmartPtr<WrittenObject> const object = Order(std::string(1000, 'x'));
     struct Row {
         XmlEncoding encoding;
@@ -130,9 +114,51 @@ TEST(ToXmlFile, MarksSixteenBitTextButNotCompressedBytes) {
         {XmlEncoding_UTF16, CompressionType_GZip, "\x1F\x8B"},
     };
     for (Row const& row : rows) {
-        object->ToXmlFile(file.Name(), false, false, row.encoding, EOLType_LF, ctx, row.compression);
+        object->ToXmlFile(file.Path(), false, false, row.encoding, EOLType_LF, ctx, row.compression);
         EXPECT_THAT(file.Content(), testing::StartsWith(row.start)) << row.encoding << row.compression;
     }
+}
+
+TEST(ToXmlFile, WritesTheSameFileWhileTheTextIsBeingMade) {
+    CSerializationContext const ctx;
+    CSmartPtr<WrittenObject> const object(new WrittenObject([](CXmlWriter& w) {
+        w.WriteElementStart("a", "");
+        for (int i = 0; i < 5000; ++i) {
+            w.WriteElementStart("b", "");
+            w.WriteElementValue("\xC3\xA4" + std::to_string(i), ItemType_string, false);
+            w.WriteElementEnd();
+        }
+        w.WriteElementEnd();
+    }));
+    for (XmlEncoding const encoding : {XmlEncoding_UTF8, XmlEncoding_UTF16, XmlEncoding_UTF16NoDeclaration}) {
+        for (CompressionType const compression : {CompressionType_None, CompressionType_GZip}) {
+            TemporaryFile const whole;
+            object->ToXmlFile(whole.Path(), true, true, encoding, EOLType_LF, ctx, compression);
+            TemporaryFile const streamed;
+            AsyncToXmlFile(true);
+            object->ToXmlFile(streamed.Path(), true, true, encoding, EOLType_LF, ctx, compression);
+            AsyncToXmlFile(false);
+            EXPECT_TRUE(whole.Content() == streamed.Content()) << encoding << compression;
+            EXPECT_FALSE(whole.Content().empty());
+        }
+    }
+}
+
+TEST(ToXmlFile, LeavesWhatWasWrittenBeforeTheObjectFailed) {
+    CSmartPtr<WrittenObject> const object(new WrittenObject([](CXmlWriter& w) {
+        w.WriteElementStart("a", "");
+        w.WriteElementValue(std::string(5000, 'x'), ItemType_string, false);
+        throw CZvException("of the object");
+    }));
+    TemporaryFile const file;
+    AsyncToXmlFile(true);
+    EXPECT_EQ(MessageOf<CZvException>([&] {
+                  object->ToXmlFile(file.Path(), false, false, XmlEncoding_UTF8, EOLType_LF,
+                                    CSerializationContext(), CompressionType_None);
+              }),
+              "of the object");
+    AsyncToXmlFile(false);
+    EXPECT_EQ(file.Content(), "<a>" + std::string(5000, 'x'));
 }
 
 TEST(ToXmlFile, ReportsWhatItCannotWrite) {
@@ -142,13 +168,13 @@ TEST(ToXmlFile, ReportsWhatItCannotWrite) {
                                         CompressionType_None);
               }),
               "Failed to write data to the file [/nowhere/at all] error [0x00000002]");
-    ScratchFile const file;
+    TemporaryFile const file;
     EXPECT_EQ(MessageOf<CZvException>([&] {
-                  Order("x")->ToXmlFile(file.Name(), false, false, XmlEncoding_UTF8, EOLType_LF, ctx,
+                  Order("x")->ToXmlFile(file.Path(), false, false, XmlEncoding_UTF8, EOLType_LF, ctx,
                                         CompressionType_ZLib);
               }),
               "ZLIB Compression only available for To Stream methods.");
-    EXPECT_FALSE(file.Exists());
+    EXPECT_FALSE(std::ifstream(file.Path()).good());
 }
 
 // An object that gives its bytes itself.
@@ -161,9 +187,9 @@ public:
 };
 
 TEST(ToXmlFile, TakesTheBytesOfAnObjectThatReplacesTheStreamForm) {
-    ScratchFile const file;
+    TemporaryFile const file;
     CSmartPtr<PreparedObject> const object(new PreparedObject);
-    object->ToXmlFile(file.Name(), false, false, XmlEncoding_UTF8, EOLType_LF, CSerializationContext(),
+    object->ToXmlFile(file.Path(), false, false, XmlEncoding_UTF8, EOLType_LF, CSerializationContext(),
                       CompressionType_None);
     EXPECT_EQ(file.Content(), "prepared");
 }

@@ -88,13 +88,12 @@ void CExpatReader::Init() {
         XML_SetCdataSectionHandler(m_parser.get(), Handlers::StartCdata, Handlers::EndCdata);
 }
 
-void CExpatReader::Parse(bool final) {
-    char const* const data = reinterpret_cast<char const*>(m_doc.m_pBuffer);
-    std::size_t const length = m_doc.m_bufferLen;
+void CExpatReader::Parse(unsigned char const* data, std::size_t length, bool final) {
+    char const* const text = reinterpret_cast<char const*>(data);
     std::size_t done = 0;
     do {
         std::size_t const slice = std::min(kSliceSize, length - done);
-        ParseSlice(data + done, slice, final && done + slice == length);
+        ParseSlice(text + done, slice, final && done + slice == length);
         done += slice;
     } while (done != length);
     m_tree->SettleCounts();

@@ -28,9 +28,9 @@ public:
     ~CExpatReader() override;
 
     void Init();
-    // Parses the document's input as the next chunk; `final` for the last one. Throws CZvException with the
-    // parser's message and line, and what the document's callback threw.
-    void Parse(bool final);
+    // Parses the next chunk of the input; `final` for the last one, which may be empty. Throws CZvException
+    // with the parser's message and line, and what the document's callback threw.
+    void Parse(unsigned char const* data, std::size_t length, bool final);
 
 private:
     struct Handlers; // what expat calls

@@ -21,6 +21,15 @@ void FailRead(char const* fileName, int error) {
                                     static_cast<unsigned int>(error)));
 }
 
+void FailReadChunk(int error) {
+    throw CZvException(FormatString("Failed to read the contents of the file. Error [0x%08x]",
+                                    static_cast<unsigned int>(error)));
+}
+
+void FailNoElement() {
+    throw CZvException("Invalid or empty XML document");
+}
+
 void FailEmptyText() {
     throw CZvException("XML String is empty!");
 }

@@ -7,6 +7,9 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailOpen(char const* fileName, int error);
 [[noreturn]] void FailSize(char const* fileName, int error);
 [[noreturn]] void FailRead(char const* fileName, int error);
+// The same behind the first chunk of a file; its name is not told.
+[[noreturn]] void FailReadChunk(int error);
+[[noreturn]] void FailNoElement();
 [[noreturn]] void FailEmptyText();
 [[noreturn]] void FailEmptyStream();
 [[noreturn]] void FailParse(char const* message, unsigned long line);

@@ -6,6 +6,7 @@
 #include "zvxmllib/document/XmlTree.h"
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/platform/File.h"
+#include "zvxmllib/streams/AsyncFiles.h"
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/values/BinaryData.h"
 
@@ -63,8 +64,12 @@ void CXmlDocument::Cleanup() {
 
 void CXmlDocument::Load(char const* fileName) {
     Cleanup();
+    if (fileName == nullptr)
+        fileName = "";
+    if (IsAsyncFromXmlFile())
+        return LoadOverlapped(fileName);
     std::size_t length = 0;
-    std::unique_ptr<unsigned char[]> const data = ReadFile(fileName == nullptr ? "" : fileName, length);
+    std::unique_ptr<unsigned char[]> const data = ReadFile(fileName, length);
     Parse(data.get(), length);
 }
 
@@ -115,14 +120,14 @@ void CXmlDocument::Parse(unsigned char const* data, std::size_t length) {
 }
 
 void CXmlDocument::ParseText(unsigned char const* data, std::size_t length) {
-    m_tree = std::make_unique<XmlTree>(*this, m_pfnElementCallback != nullptr);
-    m_pBuffer = data;
-    m_bufferLen = length;
+    MakeTree();
     CExpatReader reader(*this);
     reader.Init();
-    reader.Parse(true);
-    m_pBuffer = nullptr;
-    m_bufferLen = 0;
+    reader.Parse(data, length, true);
+}
+
+void CXmlDocument::MakeTree() {
+    m_tree = std::make_unique<XmlTree>(*this, m_pfnElementCallback != nullptr);
 }
 
 // The element arrives complete, as the last child of its parent; the callback says whether it may go.

@@ -13,6 +13,7 @@
 
 namespace ZvXmlLib16 {
 
+class ChunkedFile;
 class XmlTree;
 
 // Takes a file, a text or bytes, and owns the tree made of it. May be loaded any number of times; each load
@@ -35,7 +36,7 @@ public:
     CXmlDocument& operator=(CXmlDocument const&) = delete;
     ~CXmlDocument() override;
 
-    // XML text, in gzip or zlib form too. Files of 4 GiB and more are refused.
+    // XML text, in gzip or zlib form too. Files of 4 GiB and more are refused, unless AsyncFromXmlFile is on.
     void Load(char const* fileName);
     // XML text as it is: its declaration, or UTF-8, says what its bytes mean. Throws for an empty text.
     void LoadXml(char const* text);
@@ -61,16 +62,16 @@ protected:
 private:
     friend class CExpatReader;
 
+    void LoadOverlapped(char const* fileName);
+    void ParseOverlapped(ChunkedFile& file);
     void Parse(unsigned char const* data, std::size_t length);
     void ParseText(unsigned char const* data, std::size_t length);
+    void MakeTree();
     void EndElement();
 
     std::unique_ptr<XmlTree> m_tree;
     // Prefix to URI, without scopes: the last declaration of a prefix stays.
     std::map<std::string, std::string, std::less<>> m_namespaces;
-    // The input, null outside a load: it is the caller's, or that of the load.
-    unsigned char const* m_pBuffer = nullptr;
-    std::size_t m_bufferLen = 0;
     SchemaType m_schemaType;
     ElementCallback m_pfnElementCallback;
     CSerializationContext const* m_pContext;

@@ -25,6 +25,14 @@ int Open(char const* name, int flags) noexcept {
     }
 }
 
+// A write that moves nothing would be tried for ever.
+ssize_t Progress(ssize_t written) noexcept {
+    if (written != 0)
+        return written;
+    errno = EIO;
+    return -1;
+}
+
 } // namespace
 
 File::~File() {
@@ -57,6 +65,22 @@ bool File::Create(char const* name) noexcept {
     return m_handle >= 0 || Fail();
 }
 
+// Calls `move(done, rest)` until `length` bytes have been moved or none are left to move.
+template <class Move>
+bool File::Transfer(std::size_t length, std::size_t& count, Move move) noexcept {
+    count = 0;
+    while (count < length) {
+        ssize_t const moved = move(count, std::min(length - count, kGreatestTransfer));
+        if (moved == 0)
+            break;
+        if (moved > 0)
+            count += static_cast<std::size_t>(moved);
+        else if (errno != EINTR)
+            return Fail();
+    }
+    return true;
+}
+
 bool File::GetSize(std::uint64_t& size) noexcept {
     struct stat status;
     if (::fstat(m_handle, &status) != 0)
@@ -66,30 +90,33 @@ bool File::GetSize(std::uint64_t& size) noexcept {
 }
 
 bool File::Read(void* data, std::size_t length, std::size_t& count) noexcept {
-    count = 0;
-    while (count < length) {
-        ssize_t const done =
-            ::read(m_handle, static_cast<char*>(data) + count, std::min(length - count, kGreatestTransfer));
-        if (done == 0)
-            break;
-        if (done > 0)
-            count += static_cast<std::size_t>(done);
-        else if (errno != EINTR)
-            return Fail();
-    }
-    return true;
+    return Transfer(length, count, [&](std::size_t done, std::size_t rest) {
+        return ::read(m_handle, static_cast<char*>(data) + done, rest);
+    });
 }
 
 bool File::Write(void const* data, std::size_t length) noexcept {
     std::size_t written = 0;
-    while (written < length) {
-        ssize_t const done = ::write(m_handle, static_cast<char const*>(data) + written,
-                                     std::min(length - written, kGreatestTransfer));
-        if (done >= 0)
-            written += static_cast<std::size_t>(done);
-        else if (errno != EINTR)
-            return Fail();
-    }
+    return Transfer(length, written, [&](std::size_t done, std::size_t rest) {
+        return Progress(::write(m_handle, static_cast<char const*>(data) + done, rest));
+    });
+}
+
+bool File::ReadAt(std::uint64_t offset, void* data, std::size_t length, std::size_t& count) noexcept {
+    bool const isDone = Transfer(length, count, [&](std::size_t done, std::size_t rest) {
+        return ::pread(m_handle, static_cast<char*>(data) + done, rest, static_cast<off_t>(offset + done));
+    });
+    return isDone || (m_error == ESPIPE && Read(data, length, count));
+}
+
+bool File::WriteAt(std::uint64_t offset, void const* data, std::size_t length, std::size_t& count) noexcept {
+    bool const isDone = Transfer(length, count, [&](std::size_t done, std::size_t rest) {
+        return Progress(::pwrite(m_handle, static_cast<char const*>(data) + done, rest,
+                                 static_cast<off_t>(offset + done)));
+    });
+    if (isDone || m_error != ESPIPE || !Write(data, length))
+        return isDone;
+    count = length;
     return true;
 }
 

@@ -25,6 +25,9 @@ public:
     // Reads until `length` bytes or the end of the file; `count` is what was read.
     bool Read(void* data, std::size_t length, std::size_t& count) noexcept;
     bool Write(void const* data, std::size_t length) noexcept;
+    // The same at an offset in bytes. A file without offsets (a pipe) goes on where it is.
+    bool ReadAt(std::uint64_t offset, void* data, std::size_t length, std::size_t& count) noexcept;
+    bool WriteAt(std::uint64_t offset, void const* data, std::size_t length, std::size_t& count) noexcept;
     // After writing, the outcome is that of all delayed writes, too.
     bool Close() noexcept;
 
@@ -34,6 +37,8 @@ public:
 
 private:
     bool Fail() noexcept;
+    template <class Move>
+    bool Transfer(std::size_t length, std::size_t& count, Move move) noexcept;
 
     int m_handle = -1;
     int m_error = 0;

@@ -15,6 +15,17 @@ void FailWriteFile(char const* fileName, int error) {
                                     static_cast<unsigned int>(error)));
 }
 
+void FailOverlappedWrite(int error) {
+    throw CZvException(
+        FormatString("Failed to write data to the file. Error [0x%08X]", static_cast<unsigned int>(error)));
+}
+
+void FailDecompressionLimit(std::uint64_t limit) {
+    throw CZvException(
+        FormatString("Failed to decompress data. The result is larger than the limit of %llu bytes",
+                     static_cast<unsigned long long>(limit)));
+}
+
 void FailCompress(int code) {
     throw CZvException(FormatString("Failed to compress data. [Error Code: %d]", code));
 }

@@ -2,13 +2,12 @@
 #include "zvxmllib/streams/FileBinaryStream.h"
 
 #include "zvxmllib/platform/File.h"
+#include "zvxmllib/streams/ByteOrderMark.h"
 #include "zvxmllib/streams/Failures.h"
 
 namespace ZvXmlLib16 {
 
 namespace {
-
-constexpr unsigned char kByteOrderMark[] = {0xFF, 0xFE}; // U+FEFF, low byte first
 
 CInstanceMonitor::Registration fileBinaryStreamRegistration("CFileBinaryStream");
 
@@ -25,10 +24,10 @@ CFileBinaryStream::~CFileBinaryStream() = default;
 
 void CFileBinaryStream::WriteToFile() {
     platform::File file;
-    bool const hasMark = m_encoding == XmlEncoding_UTF16 || m_encoding == XmlEncoding_UTF16NoDeclaration;
-    bool const written = file.Create(m_fileName.c_str()) &&
-                         (!hasMark || file.Write(kByteOrderMark, sizeof kByteOrderMark)) &&
-                         file.Write(m_data.GetData(), m_data.GetLength()) && file.Close();
+    bool const written =
+        file.Create(m_fileName.c_str()) &&
+        (!HasByteOrderMark(m_encoding) || file.Write(kByteOrderMark, sizeof kByteOrderMark)) &&
+        file.Write(m_data.GetData(), m_data.GetLength()) && file.Close();
     if (!written)
         FailWriteFile(m_fileName.c_str(), file.Error());
 }

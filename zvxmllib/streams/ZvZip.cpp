@@ -1,6 +1,7 @@
 // CZvZip, gzip and zlib on byte buffers.
 #include "zvxmllib/streams/ZvZip.h"
 
+#include "zvxmllib/streams/DecompressionLimit.h"
 #include "zvxmllib/streams/Failures.h"
 #include "zvxmllib/values/BinaryData.h"
 
@@ -116,16 +117,19 @@ bool CZvZip::TryDecompress(unsigned char const* data, std::uint32_t length, CBin
     stream->avail_in = length;
     int state = inflateInit2(stream.Get(), kAnyWindow);
     CheckStart(state);
+    std::uint64_t const limit = GetDecompressionLimit();
     while (state == Z_OK) {
         stream->next_out = piece.get();
         stream->avail_out = kPiece;
         state = inflate(stream.Get(), Z_NO_FLUSH);
         CheckStart(state);
-        if (state == Z_OK || state == Z_STREAM_END)
-            content.Append(piece.get(), kPiece - stream->avail_out);
+        if (state != Z_OK && state != Z_STREAM_END)
+            return false;
+        std::uint32_t const made = kPiece - stream->avail_out;
+        if (made > limit - content.GetLength())
+            FailDecompressionLimit(limit);
+        content.Append(piece.get(), made);
     }
-    if (state != Z_STREAM_END)
-        return false;
     result = content;
     return true;
 }

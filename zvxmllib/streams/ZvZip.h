@@ -23,7 +23,7 @@ public:
     static void Compress(CBinaryData& data, CompressionType type);
 
     // Replaces one complete gzip (RFC 1952) or zlib (RFC 1950) stream by its content; what follows it is
-    // ignored. Anything else is left as it is.
+    // ignored. Anything else is left as it is. Throws CZvException for content beyond the process's limit.
     static void Decompress(unsigned char*& data, std::uint32_t& length);
 
     // The same on borrowed bytes: true, with the content in `result`, if they are such a stream; otherwise

@@ -3,7 +3,9 @@
 #include "zvxmllib/binding/XmlObjectBase.h"
 #include "zvxmllib/binding/context/SerializationContext.h"
 #include "zvxmllib/foundation/TextStream.h"
+#include "zvxmllib/streams/AsyncFiles.h"
 #include "zvxmllib/streams/FileBinaryStream.h"
+#include "zvxmllib/streams/FileTextStream.h"
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/writers/Failures.h"
 #include "zvxmllib/writers/XmlTextWriter.h"
@@ -51,6 +53,12 @@ void CXmlObjectBase::ToXmlFile(char const* fileName, bool includeDocHeader, bool
                                CompressionType compression) const {
     if (compression == CompressionType_ZLib)
         FailZLibForFiles();
+    if (compression == CompressionType_None && IsAsyncToXmlFile()) {
+        detail::CheckGeneratorVersion();
+        CFileTextStream sink(fileName, encoding);
+        WriteXmlText(sink, includeDocHeader, formatted, eol, ctx);
+        return;
+    }
     CBinaryData const data = const_cast<CXmlObjectBase*>(this)->ToXmlStream(includeDocHeader, formatted,
                                                                             encoding, eol, ctx, compression);
     // A byte order mark belongs to text: in front of a compressed file it would hide what the file is.

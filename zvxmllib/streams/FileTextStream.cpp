@@ -1,0 +1,57 @@
+// CFileTextStream, a text sink that writes its file while the writer works.
+#include "zvxmllib/streams/FileTextStream.h"
+
+#include "zvxmllib/streams/ByteOrderMark.h"
+#include "zvxmllib/streams/Failures.h"
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+CInstanceMonitor::Registration fileTextStreamRegistration("CFileTextStream");
+
+} // namespace
+
+CFileTextStream::CFileTextStream(char const* fileName, XmlEncoding encoding, bool writesMark)
+    : CTextStream(fileTextStreamRegistration, encoding), m_fileName(fileName == nullptr ? "" : fileName),
+      m_writesMark(writesMark) {}
+
+CFileTextStream::~CFileTextStream() = default;
+
+void CFileTextStream::Open() {
+    CTextStream::Open();
+    m_filePos = 0;
+    if (!m_file.Create(m_fileName.c_str()))
+        FailWriteFile(m_fileName.c_str(), m_file.Error());
+    if (m_writesMark && HasByteOrderMark(m_encoding))
+        m_file.StartWrite(kByteOrderMark, sizeof kByteOrderMark, 0);
+}
+
+void CFileTextStream::Flush() {
+    if (m_buffer.GetLength() == 0)
+        return;
+    WaitForWrite();
+    m_pendingData = GetEncodedData();
+    m_file.StartWrite(m_pendingData.GetData(), m_pendingData.GetLength(), m_filePos);
+    m_buffer.Reset();
+}
+
+void CFileTextStream::Close() {
+    Flush();
+    WaitForWrite();
+    if (!m_file.Close())
+        FailOverlappedWrite(m_file.Error());
+}
+
+void CFileTextStream::WaitForWrite() {
+    std::size_t count = 0;
+    bool const isWritten = m_file.Wait(count);
+    m_filePos += count;
+    if (isWritten)
+        return;
+    int const error = m_file.Error();
+    m_file.Close();
+    FailOverlappedWrite(error);
+}
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,39 @@
+// CFileTextStream, a text sink that writes its file while the writer works.
+#pragma once
+
+#include "zvxmllib/foundation/TextStream.h"
+#include "zvxmllib/platform/OverlappedFile.h"
+#include "zvxmllib/values/BinaryData.h"
+
+#include <cstdint>
+#include <string>
+
+namespace ZvXmlLib16 {
+
+// Open creates the file or empties an existing one, each Flush sends what has been appended while the writer
+// makes the next portion, and Close completes the file. A sink that is not closed leaves a file that ends
+// early. All three throw CZvException with the system's error number; after that the file is closed and the
+// sink is good for nothing but destruction.
+class CFileTextStream : public CTextStream {
+public:
+    // With `writesMark`, text of a 16-bit encoding begins with a byte order mark. A null name is an empty
+    // one.
+    CFileTextStream(char const* fileName, XmlEncoding encoding, bool writesMark = true);
+    ~CFileTextStream() override;
+
+    void Open() override;
+    void Close() override;
+    // Does nothing, and waits for nothing, with nothing to send.
+    void Flush() override;
+
+private:
+    void WaitForWrite();
+
+    std::string m_fileName;
+    bool m_writesMark;
+    std::uint64_t m_filePos = 0; // of the write in flight; behind its end once that has been waited for
+    CBinaryData m_pendingData;   // what is being written; outlives the file
+    platform::OverlappedFile m_file;
+};
+
+} // namespace ZvXmlLib16
