@@ -57,6 +57,21 @@ TEST(ParsedTree, KeepsTextsOfAnySizeAndInAnyNumberOfPieces) {
     EXPECT_EQ(i, 2000);
 }
 
+// Past the largest chunk of storage the attributes of one element have to move more than once.
+TEST(ParsedTree, KeepsAnyNumberOfAttributesOfOneElement) {
+    constexpr std::size_t kCount = 150'000;
+    std::string xml = "<r";
+    for (std::size_t i = 0; i < kCount; ++i)
+        xml += " a" + std::to_string(i) + "='" + std::to_string(i) + "'";
+    xml += "/>";
+    CXmlDocument document;
+    document.LoadXml(xml.c_str());
+    CXmlElement const& r = At(document, {});
+    ASSERT_EQ(r.GetAttributeCount(), kCount);
+    for (std::size_t i = 0; i < kCount; i += 7)
+        ASSERT_EQ(r.GetAttributeAt(i)->GetValueView(), std::to_string(i));
+}
+
 TEST(ParsedTree, ResolvesNamespacesByScope) {
     CXmlDocument document;
     document.LoadXml("<a xmlns='u' xmlns:p='v' p:x='1' x='2' xml:lang='en'>"

@@ -65,7 +65,7 @@ CXmlElement* XmlTree::AddElement(XmlName const* name) {
 }
 
 // The block is the last allocation among the nodes while its element is being started, so it grows in place
-// unless a chunk ends.
+// unless a chunk ends; then it moves to where it can double.
 void XmlTree::GrowAttributes(CXmlElement& element) {
     using Block = CXmlElement::AttributeBlock;
     static_assert(sizeof(Block) % alignof(CXmlAttribute) == 0);
@@ -79,8 +79,9 @@ void XmlTree::GrowAttributes(CXmlElement& element) {
     CXmlAttribute* const end = first + block->count;
     if (m_nodes.TryExtend(reinterpret_cast<char*>(end), sizeof(CXmlAttribute)))
         return;
-    char* const storage =
-        m_nodes.Allocate(sizeof(Block) + (block->count + 1) * sizeof(CXmlAttribute), alignof(CXmlAttribute));
+    std::size_t const size = sizeof(Block) + (block->count + 1) * sizeof(CXmlAttribute);
+    char* const storage = m_nodes.Allocate(2 * size, alignof(CXmlAttribute));
+    m_nodes.RewindTo(storage + size);
     element.m_attributes = new (storage) Block(*block);
     for (CXmlAttribute const* old = first; old != end; ++old) {
         CXmlAttribute* const moved = element.GetAttributeAt(static_cast<std::size_t>(old - first));
