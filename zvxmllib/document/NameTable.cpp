@@ -74,8 +74,6 @@ std::string const* NameTable::KeepParserString(std::string_view text, std::strin
 }
 
 XmlName* NameTable::Add(std::string_view parserName, std::uint64_t hash, bool splitNamespace) {
-    if (m_names.size() >= m_buckets.size())
-        Grow();
     // The conversion comes first, the split is done on local text.
     std::string local = Utf8ToLocal(parserName.data(), parserName.size());
     std::string uri;
@@ -84,17 +82,38 @@ XmlName* NameTable::Add(std::string_view parserName, std::uint64_t hash, bool sp
         uri = local.substr(0, separator);
         local.erase(0, separator + 1);
     }
-    std::string const* const sharedUri = &*m_namespaceUris.insert(std::move(uri)).first;
-    XmlName*& bucket = m_buckets[hash & (m_buckets.size() - 1)];
-    XmlName& name = m_names.emplace_back(
-        XmlName{&m_tree, std::move(local), sharedUri, nullptr, nullptr, hash, bucket, nullptr});
+    XmlName& name = Insert(std::move(uri), std::move(local), hash);
     std::size_t const parserSplit =
         splitNamespace ? parserName.find(kNamespaceSeparator) : std::string_view::npos;
     bool const isSplit = parserSplit != std::string_view::npos;
-    name.parserUri = KeepParserString(isSplit ? parserName.substr(0, parserSplit) : "", *sharedUri);
+    name.parserUri = KeepParserString(isSplit ? parserName.substr(0, parserSplit) : "", *name.namespaceUri);
     name.parserLocalName =
         KeepParserString(isSplit ? parserName.substr(parserSplit + 1) : parserName, name.localName);
-    return bucket = &name;
+    return &name;
+}
+
+XmlName& NameTable::Insert(std::string uri, std::string localName, std::uint64_t hash) {
+    if (m_names.size() >= m_buckets.size())
+        Grow();
+    std::string const* const sharedUri = &*m_namespaceUris.insert(std::move(uri)).first;
+    XmlName*& bucket = m_buckets[hash & (m_buckets.size() - 1)];
+    XmlName& name = m_names.emplace_back(
+        XmlName{&m_tree, std::move(localName), sharedUri, nullptr, nullptr, hash, bucket, nullptr});
+    bucket = &name;
+    return name;
+}
+
+XmlName* NameTable::FindByParts(std::string_view uri, std::string_view localName) {
+    std::uint64_t const hash = Hash(localName) * 31 + Hash(uri);
+    for (XmlName* name = m_buckets[hash & (m_buckets.size() - 1)]; name != nullptr;
+         name = name->nextInBucket) {
+        if (name->hash == hash && name->localName == localName && *name->namespaceUri == uri)
+            return name;
+    }
+    XmlName& name = Insert(std::string(uri), std::string(localName), hash);
+    name.parserUri = name.namespaceUri;
+    name.parserLocalName = &name.localName;
+    return &name;
 }
 
 void NameTable::Grow() {

@@ -18,8 +18,8 @@ struct XmlName {
     std::string localName;
     std::string const* namespaceUri; // shared by the names of one namespace
 
-    // What the parser calls it, in UTF-8: the URI, '|' and the local name, or the local name alone. The same
-    // strings as above where local text is UTF-8.
+    // What the XML parser calls it, in UTF-8: the URI, '|' and the local name, or the local name alone. The
+    // same strings as above where local text is UTF-8, and in trees that no parser fills.
     std::string const* parserUri;
     std::string const* parserLocalName;
     std::uint64_t hash;
@@ -29,7 +29,8 @@ struct XmlName {
     bool IsCalled(char const* parserName) const noexcept;
 };
 
-// Finds the names of one document by what the parser calls them.
+// Finds the names of one document: by what the XML parser calls them, or by their parts in the local
+// encoding. A document is read in one of these two ways.
 class NameTable {
 public:
     explicit NameTable(XmlTree& tree);
@@ -40,8 +41,12 @@ public:
     // The name of an element, with the one before it in the document as a hint: documents repeat themselves.
     XmlName* FindElementName(char const* parserName, bool splitNamespace);
 
+    // By the namespace URI, empty for none, and the local name.
+    XmlName* FindByParts(std::string_view uri, std::string_view localName);
+
 private:
     static std::uint64_t Hash(std::string_view text) noexcept;
+    XmlName& Insert(std::string uri, std::string localName, std::uint64_t hash);
     XmlName* Add(std::string_view parserName, std::uint64_t hash, bool splitNamespace);
     std::string const* KeepParserString(std::string_view text, std::string const& local);
     void Grow();

@@ -49,13 +49,13 @@ private:
     // One run of a chain, which stands `repeat` times in a row: white space between children does.
     struct Piece {
         Piece* next;
-        char* chars;
+        char const* chars;
         std::uint32_t length;
         std::uint32_t repeat;
     };
 
     union {
-        char* m_run = nullptr;
+        char const* m_run = nullptr;
         Piece* m_chain;
         std::string* m_string;
     };

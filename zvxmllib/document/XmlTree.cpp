@@ -15,6 +15,12 @@ constexpr std::size_t kLargestChunk = platform::kLargePage;
 CInstanceMonitor::Registration s_elementRegistration("CXmlElement");
 CInstanceMonitor::Registration s_attributeRegistration("CXmlAttribute");
 
+std::uint32_t LengthOfRun(std::string_view text) {
+    if (text.size() > std::numeric_limits<std::uint32_t>::max())
+        throw std::bad_alloc();
+    return static_cast<std::uint32_t>(text.size());
+}
+
 } // namespace
 
 XmlTree::XmlTree(CXmlDocument const& document, bool isStreaming)
@@ -90,18 +96,27 @@ void XmlTree::GrowAttributes(CXmlElement& element) {
     }
 }
 
+std::string_view XmlTree::KeepText(std::string_view text, std::size_t readableBehind) {
+    char* const chars = m_texts.Allocate(text.size() + readableBehind, 1);
+    std::copy(text.begin(), text.end(), chars);
+    std::fill_n(chars + text.size(), readableBehind, '\0');
+    return {chars, text.size()};
+}
+
 void XmlTree::AddElementAttribute(XmlName const* name, std::string_view value) {
-    if (value.size() > std::numeric_limits<std::uint32_t>::max())
-        throw std::bad_alloc();
+    AddKeptAttribute(name, value.empty() ? value : std::string_view(NewRun(value), value.size()));
+}
+
+void XmlTree::AddKeptAttribute(XmlName const* name, std::string_view value) {
     if (m_attributeRecord == nullptr)
         m_attributeRecord = s_attributeRegistration.Record();
     CXmlElement& element = *m_open.back().element;
-    char* const run = value.empty() ? nullptr : NewRun(value);
+    std::uint32_t const length = LengthOfRun(value);
     GrowAttributes(element);
     CXmlAttribute* const attribute = new (element.GetAttributeAt(element.m_attributes->count))
         CXmlAttribute(m_attributeRecord, &element, name);
-    attribute->m_value.m_run = run;
-    attribute->m_value.m_length = static_cast<std::uint32_t>(value.size());
+    attribute->m_value.m_run = value.data();
+    attribute->m_value.m_length = length;
     ++element.m_attributes->count;
     ++m_liveAttributes;
     ++m_createdAttributes;
@@ -122,28 +137,36 @@ char* XmlTree::NewRun(std::string_view text) {
     return chars;
 }
 
-NodeText::Piece* XmlTree::NewPiece(char* chars, std::uint32_t length) {
+NodeText::Piece* XmlTree::NewPiece(char const* chars, std::uint32_t length) {
     void* const storage = m_nodes.Allocate(sizeof(NodeText::Piece), alignof(NodeText::Piece));
     return new (storage) NodeText::Piece{nullptr, chars, length, 1};
 }
 
 void XmlTree::AppendRun(OpenElement& open, std::string_view text) {
     NodeText& target = open.element->m_text;
-    std::uint32_t const length = static_cast<std::uint32_t>(text.size());
     if (target.m_form == NodeText::Form::kString) {
         target.m_string->append(text);
         return;
     }
+    std::uint32_t const length = static_cast<std::uint32_t>(text.size());
     if (open.runEnd != nullptr && m_texts.TryExtend(open.runEnd, length)) {
         std::memcpy(open.runEnd, text.data(), length);
         open.runEnd += length;
         *open.runLength += length;
         return;
     }
+    char* const run = NewRun(text);
+    AddRun(open, run, length);
+    open.runEnd = run + length;
+}
+
+// Puts a run behind those that are there; it does not grow.
+void XmlTree::AddRun(OpenElement& open, char const* run, std::uint32_t length) {
+    NodeText& target = open.element->m_text;
+    open.runEnd = nullptr;
     if (target.m_length == 0) {
-        target.m_run = NewRun(text);
+        target.m_run = run;
         target.m_length = length;
-        open.runEnd = target.m_run + length;
         open.runLength = &target.m_length;
         return;
     }
@@ -151,12 +174,19 @@ void XmlTree::AppendRun(OpenElement& open, std::string_view text) {
         target.m_chain = open.tail = NewPiece(target.m_run, target.m_length);
         target.m_form = NodeText::Form::kChain;
     }
-    NodeText::Piece* const piece = NewPiece(NewRun(text), length);
+    NodeText::Piece* const piece = NewPiece(run, length);
     open.tail->next = piece;
     open.beforeTail = open.tail;
     open.tail = piece;
-    open.runEnd = piece->chars + length;
     open.runLength = &piece->length;
+}
+
+void XmlTree::AppendKeptText(std::string_view text) {
+    OpenElement& open = m_open.back();
+    if (open.element->m_text.m_form == NodeText::Form::kString)
+        open.element->m_text.m_string->append(text);
+    else if (!text.empty())
+        AddRun(open, text.data(), LengthOfRun(text));
 }
 
 // White space between children is mostly the same each time: a run equal to the one before it is counted, not
@@ -167,8 +197,8 @@ void XmlTree::FoldRepeatedTail(OpenElement& open) noexcept {
     if (before == nullptr || open.element->m_text.m_form != NodeText::Form::kChain || tail->repeat != 1 ||
         before->length != tail->length || std::memcmp(before->chars, tail->chars, tail->length) != 0)
         return;
-    if (m_texts.IsTop(tail->chars + tail->length))
-        m_texts.RewindTo(tail->chars);
+    if (open.runEnd != nullptr && m_texts.IsTop(open.runEnd))
+        m_texts.RewindTo(open.runEnd - tail->length);
     if (m_nodes.IsTop(reinterpret_cast<char*>(tail + 1)))
         m_nodes.RewindTo(reinterpret_cast<char*>(tail));
     before->next = nullptr;

@@ -50,6 +50,15 @@ public:
             AppendRuns(open, text);
         }
     }
+
+    // For readers whose texts repeat, or lie in their input as they are: copies text into the storage of the
+    // tree, where it stays as long as the tree, with as many octets behind it that may be read.
+    std::string_view KeepText(std::string_view text, std::size_t readableBehind = 0);
+    // As AddElementAttribute, for text that KeepText gave or a part of it: not copied again.
+    void AddKeptAttribute(XmlName const* name, std::string_view value);
+    // The same for the text of the innermost open element, without carriage returns in it.
+    void AppendKeptText(std::string_view text);
+
     // Closes the innermost open element and returns it.
     CXmlElement* EndElement();
     // Takes the last child of the innermost open element out, with all that is in it: the element that was
@@ -71,8 +80,8 @@ private:
         CXmlElement* beforeLastChild; // null if there is none, or after lastChild was taken out
         NodeText::Piece* tail;        // of a chained text
         NodeText::Piece* beforeTail;  // null when not known
-        // The run that can grow as long as nothing is allocated behind it: its end, and where its length
-        // stands. A run lies in one chunk, so its length cannot overflow.
+        // The run that can grow as long as nothing is allocated behind it: its end, null if it cannot, and
+        // where its length stands. A run lies in one chunk, so its length cannot overflow.
         char* runEnd;
         std::uint32_t* runLength;
     };
@@ -96,7 +105,8 @@ private:
 
     void AppendRuns(OpenElement& open, std::string_view text);
     void AppendRun(OpenElement& open, std::string_view text);
-    NodeText::Piece* NewPiece(char* chars, std::uint32_t length);
+    void AddRun(OpenElement& open, char const* run, std::uint32_t length);
+    NodeText::Piece* NewPiece(char const* chars, std::uint32_t length);
     char* NewRun(std::string_view text);
     void FoldRepeatedTail(OpenElement& open) noexcept;
     void GrowAttributes(CXmlElement& element);
