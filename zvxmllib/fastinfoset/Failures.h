@@ -1,0 +1,23 @@
+// Every message of the Fast Infoset subsystem.
+#pragma once
+
+#include <cstdint>
+
+namespace ZvXmlLib16 {
+
+// Reading. `bit` is where a form begins: "second".
+[[noreturn]] void FailInputEnd();
+[[noreturn]] void FailElementItem();
+[[noreturn]] void FailPrefixWithoutNamespace();
+[[noreturn]] void FailLengthForm(char const* bit);
+[[noreturn]] void FailOptionalIndex();
+[[noreturn]] void FailIntegerForm(char const* bit);
+[[noreturn]] void FailReadAlphabetSize();
+// `table` is what it holds: "attribute values".
+[[noreturn]] void FailIndexBeyondTable(std::uint32_t index, char const* table);
+[[noreturn]] void FailUnknownAlphabet(std::uint32_t index);
+[[noreturn]] void FailPlaceInAlphabet(std::uint32_t place, std::uint32_t alphabet);
+[[noreturn]] void FailNoRootElement();
+[[noreturn]] void FailTextFromIndices();
+
+} // namespace ZvXmlLib16
