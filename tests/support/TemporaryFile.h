@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -22,10 +23,7 @@ public:
     }
     TemporaryFile(TemporaryFile const&) = delete;
     TemporaryFile& operator=(TemporaryFile const&) = delete;
-    ~TemporaryFile() {
-        std::error_code ignored;
-        std::filesystem::remove(m_path, ignored);
-    }
+    ~TemporaryFile() { std::remove(m_path.c_str()); }
 
     char const* Path() const { return m_path.c_str(); }
     std::string Content() const {
