@@ -30,17 +30,18 @@ bool MustFail() noexcept {
 
 #ifdef HAS_SANITIZER
 
-// The sanitizer owns malloc, so only what C++ allocates can be made to fail.
-void* operator new(std::size_t size) {
+// The sanitizer owns malloc, so only what C++ allocates can be made to fail. Not inlined, since the compiler
+// would then see memory of malloc deleted, and memory of new freed.
+[[gnu::noinline]] void* operator new(std::size_t size) {
     void* const memory = MustFail() ? nullptr : std::malloc(size != 0 ? size : 1);
     if (memory == nullptr)
         throw std::bad_alloc();
     return memory;
 }
-void operator delete(void* memory) noexcept {
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
-void operator delete(void* memory, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 
