@@ -8,6 +8,7 @@
 #include "zvxmllib/foundation/StringBuffer.h"
 #include "zvxmllib/foundation/TextStream.h"
 #include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/json/JsonTextWriter.h"
 #include "zvxmllib/streams/BinaryStream.h"
 #include "zvxmllib/streams/FileBinaryStream.h"
 #include "zvxmllib/streams/ZvZip.h"

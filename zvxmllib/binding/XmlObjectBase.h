@@ -153,6 +153,8 @@ private:
     void DeleteUnreferenced() noexcept;
     void WriteXmlText(CTextStream& sink, bool includeDocHeader, bool formatted, EOLType eol,
                       CSerializationContext const& ctx) const;
+    void WriteJsonText(CTextStream& sink, bool formatted, EOLType eol,
+                       CSerializationContext const& ctx) const;
     void ReadDocument(CXmlDocument& document, CSerializationContext const& ctx);
 
     std::string m_elementName;

@@ -3,12 +3,13 @@
 
 #include "zvxmllib/platform/Api.h"
 
+#include <cstdint>
 #include <string>
 
 namespace ZvXmlLib16 {
 
 // How much of the XML a JSON text keeps, on writing and on reading.
-enum JsonRoundTrip {
+enum JsonRoundTrip : std::int32_t {
     JsonRoundTrip_None = 0,         // attributes as plain members, texts beside them under the empty name
     JsonRoundTrip_NoNamespaces = 1, // attributes with "@" before the name, texts as "#text"
     JsonRoundTrip_Full = 2          // also prefixes on names, their declarations, and xsi:type

@@ -1,25 +1,57 @@
 // The JSON writing entry points of the object base.
-#include "zvxmllib/binding/Failures.h"
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/foundation/TextStream.h"
+#include "zvxmllib/json/JsonTextWriter.h"
+#include "zvxmllib/streams/FileBinaryStream.h"
+#include "zvxmllib/streams/ZvZip.h"
+#include "zvxmllib/writers/Failures.h"
 
 namespace ZvXmlLib16 {
 
-void CXmlObjectBase::ToJsonFile(char const*, bool, XmlEncoding, EOLType, CSerializationContext const&,
-                                CompressionType) const {
-    detail::CheckGeneratorVersion();
-    FailFormatNotSupported("JSON");
+// Writing leaves the object as it is, but the slot that names the target namespace is not const.
+void CXmlObjectBase::WriteJsonText(CTextStream& sink, bool formatted, EOLType eol,
+                                   CSerializationContext const& ctx) const {
+    CJsonTextWriter writer(&sink);
+    writer.Open();
+    writer.SetFormatted(formatted);
+    writer.SetIndentChars(ctx.GetIndentChars().c_str());
+    writer.SetEOLType(eol);
+    writer.SetRoundTrip(ctx.GetJsonContext().GetSupportRoundtrip());
+    writer.WriteDocumentStart();
+    std::string const ns = const_cast<CXmlObjectBase*>(this)->GetTargetNamespace();
+    ToXml_Int(&writer, true, ns.c_str(), ctx, false);
+    writer.WriteDocumentEnd();
+    writer.Close();
 }
 
-std::string CXmlObjectBase::ToJson(bool, EOLType, CSerializationContext const&) {
+std::string CXmlObjectBase::ToJson(bool formatted, EOLType eol, CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
-    FailFormatNotSupported("JSON");
+    CTextStream sink(XmlEncoding_None);
+    WriteJsonText(sink, formatted, eol, ctx);
+    return std::string(sink.GetText(), sink.GetLength());
 }
 
-CBinaryData CXmlObjectBase::ToJsonStream(bool, XmlEncoding, EOLType, CSerializationContext const&,
-                                         CompressionType) {
+CBinaryData CXmlObjectBase::ToJsonStream(bool formatted, XmlEncoding encoding, EOLType eol,
+                                         CSerializationContext const& ctx, CompressionType compression) {
     detail::CheckGeneratorVersion();
-    FailFormatNotSupported("JSON");
+    CTextStream sink(encoding);
+    WriteJsonText(sink, formatted, eol, ctx);
+    CBinaryData data = sink.GetEncodedData();
+    if (compression != CompressionType_None)
+        CZvZip::Compress(data, compression);
+    return data;
+}
+
+void CXmlObjectBase::ToJsonFile(char const* fileName, bool formatted, XmlEncoding encoding, EOLType eol,
+                                CSerializationContext const& ctx, CompressionType compression) const {
+    if (compression == CompressionType_ZLib)
+        FailZLibForFiles();
+    CBinaryData const data =
+        const_cast<CXmlObjectBase*>(this)->ToJsonStream(formatted, encoding, eol, ctx, compression);
+    // Whatever the encoding: a JSON file has no byte order mark.
+    CFileBinaryStream(fileName, XmlEncoding_UTF8, data).WriteToFile();
 }
 
 } // namespace ZvXmlLib16

@@ -1,9 +1,23 @@
 // Namespace URIs that the writers treat in a special way.
 #pragma once
 
+#include <string>
+#include <string_view>
+
 namespace ZvXmlLib16 {
 
 inline constexpr char kXmlNamespace[] = "http://www.w3.org/XML/1998/namespace";
 inline constexpr char kSchemaInstanceNamespace[] = "http://www.w3.org/2001/XMLSchema-instance";
+
+inline std::string const& SchemaInstanceNamespace() {
+    static std::string const uri(kSchemaInstanceNamespace);
+    return uri;
+}
+
+// Such namespaces are known without a declaration.
+inline bool BeginsWithXmlNamespace(std::string_view ns) {
+    constexpr std::string_view kXml = kXmlNamespace;
+    return ns.substr(0, kXml.size()) == kXml;
+}
 
 } // namespace ZvXmlLib16

@@ -73,11 +73,6 @@ void AppendEscaped(CTextStream& sink, char const* text, EscapeTable const& table
     }
 }
 
-std::string const& SchemaInstanceNamespace() {
-    static std::string const uri(kSchemaInstanceNamespace);
-    return uri;
-}
-
 bool StartsWith(std::string_view text, std::string_view start) {
     return text.substr(0, start.size()) == start;
 }
@@ -337,7 +332,7 @@ void CXmlTextWriter::AppendRootDeclarations() {
         AppendDeclaration({}, m_defaultNamespace);
     }
     for (auto const& [ns, alias] : m_namespaceMap) {
-        if (alias.empty() || StartsWith(ns, kXmlNamespace))
+        if (alias.empty() || BeginsWithXmlNamespace(ns))
             continue;
         m_sink->Append(' ');
         AppendDeclaration(alias, ns);

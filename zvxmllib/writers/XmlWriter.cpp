@@ -8,11 +8,6 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-// What SetCollectionState is called with; an array that is open in the output lies between the two.
-constexpr int kCollectionAnnounced = 1;
-constexpr int kCollectionEnded = 3;
-constexpr int kNoCollection = 0;
-
 CInstanceMonitor::Registration s_contextRegistration("CXmlWriterContext");
 
 } // namespace
@@ -56,12 +51,12 @@ void CXmlWriter::CloseOpenArray() {}
 void CXmlWriter::SetCollectionState(int state) {
     if (m_pContext == nullptr)
         return;
-    if (state == kCollectionAnnounced && m_pContext->m_collectionState == kCollectionEnded &&
-        m_pContext->m_arrayOpen)
+    // An array that goes on may be that of a repeated group, which has a collection in it.
+    if (state == CollectionState_Announced && m_pContext->m_arrayOpen)
         CloseOpenArray();
     // A collection that never opened an array leaves nothing to be closed.
-    bool const nothingToClose = state == kCollectionEnded && !m_pContext->m_arrayOpen;
-    m_pContext->m_collectionState = nothingToClose ? kNoCollection : state;
+    bool const nothingToClose = state == CollectionState_Ended && !m_pContext->m_arrayOpen;
+    m_pContext->m_collectionState = nothingToClose ? CollectionState_None : state;
 }
 
 CXmlWriter::CXmlWriterContext& CXmlWriter::PushContext() {

@@ -16,6 +16,14 @@
 
 namespace ZvXmlLib16 {
 
+// How far an element has come with the collection of child elements that is written in it.
+enum CollectionState : std::int32_t {
+    CollectionState_None = 0,
+    CollectionState_Announced = 1, // its items are to come; nothing of it is in the output
+    CollectionState_ArrayOpen = 2, // of formats with arrays: its "[" is written, and items go on
+    CollectionState_Ended = 3,     // all items are written; an array that was opened waits for its "]"
+};
+
 // Drivers, metadata and collections call these operations in document order, and a derived class turns them
 // into a format: options, Open, what stands before the root, then for each element its start, attributes,
 // content and end, then Close. A writer writes one document and belongs to one thread. The order of the
@@ -55,8 +63,8 @@ public:
     virtual void WriteNilAttribute() = 0;
 
 protected:
-    // Called when a collection begins inside an element whose last collection has ended but is still
-    // open in the output. Only formats with arrays have something to do.
+    // Called when a collection begins inside an element whose last collection is still open in the output.
+    // Only formats with arrays have something to do.
     virtual void CloseOpenArray();
 
 public:
@@ -68,7 +76,8 @@ public:
     };
     ValueRoom& GetValueRoom() noexcept { return m_valueRoom; }
 
-    // 1 just before the items of a collection are written, 3 just after; nothing without an open element.
+    // CollectionState_Announced just before the items of a collection are written, CollectionState_Ended just
+    // after; nothing without an open element.
     void SetCollectionState(int state);
 
 protected:
@@ -123,7 +132,7 @@ public:
     CXmlWriterContext* m_parent = nullptr;
     bool m_doubleTerminator = false; // of the Fast Infoset writer
     bool m_arrayOpen = false;        // "[" written, "]" not yet
-    std::int32_t m_collectionState = 0;
+    std::int32_t m_collectionState = CollectionState_None;
 
 private:
     friend class CXmlWriter;

@@ -56,7 +56,7 @@ void CXmlWriter::CXmlWriterContext::Reset(CXmlWriterContext* parent) {
     m_parent = parent;
     m_doubleTerminator = false;
     m_arrayOpen = false;
-    m_collectionState = 0;
+    m_collectionState = CollectionState_None;
     m_scope = parent == nullptr ? nullptr : parent->m_scope;
 }
 

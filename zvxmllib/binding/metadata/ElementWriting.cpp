@@ -68,10 +68,10 @@ bool CElementInfo::ElementToXmlCol(Ctx const& ctx, Object const* object, CXmlWri
     CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
     if (collection->GetCount() < 1)
         return false;
-    writer->SetCollectionState(1);
+    writer->SetCollectionState(ZvXmlLib16::CollectionState_Announced);
     CXmlObjectBase const& items = *collection->GetBase();
     items.ToXml_Int(writer, false, m_namespace.c_str(), ctx, false);
-    writer->SetCollectionState(3);
+    writer->SetCollectionState(ZvXmlLib16::CollectionState_Ended);
     return true;
 }
 
