@@ -9,6 +9,7 @@ need_program python3 python3
 need_program nm binutils
 need_header gtest/gtest.h libgtest-dev
 need_header gmock/gmock.h libgmock-dev
+need_header nlohmann/json.hpp nlohmann-json3-dev
 install_missing_packages
 
 presets=("$@")

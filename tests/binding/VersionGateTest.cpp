@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <string_view>
 
 using namespace ZvXmlLib16;
 
@@ -119,10 +120,13 @@ TEST(VersionGate, ComesBehindTheTestOfTheCompressionOfFiles) {
 TEST(VersionGate, LetsFormatsThatAreNotThereSaySo) {
     CSmartPtr<WrittenObject> const object(new WrittenObject);
     for (char const* format : {"JSON", "Fast Infoset"}) {
-        for (EntryPoint const& entryPoint : EntryPointsOf(format))
+        for (EntryPoint const& entryPoint : EntryPointsOf(format)) {
+            if (std::string_view(entryPoint.name).substr(0, 6) == "ToJson")
+                continue;
             EXPECT_EQ(MessageOf<CZvException>([&] { entryPoint.call(*object); }),
                       std::string(format) + " is not supported by this version of the library.")
                 << entryPoint.name;
+        }
     }
 }
 

@@ -4,7 +4,9 @@
 #include "zvxmllib/binding/context/SerializationContext.h"
 #include "zvxmllib/foundation/TextStream.h"
 #include "zvxmllib/json/JsonTextWriter.h"
+#include "zvxmllib/streams/AsyncFiles.h"
 #include "zvxmllib/streams/FileBinaryStream.h"
+#include "zvxmllib/streams/FileTextStream.h"
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/writers/Failures.h"
 
@@ -48,9 +50,15 @@ void CXmlObjectBase::ToJsonFile(char const* fileName, bool formatted, XmlEncodin
                                 CSerializationContext const& ctx, CompressionType compression) const {
     if (compression == CompressionType_ZLib)
         FailZLibForFiles();
+    // Neither way writes a byte order mark, whatever the encoding: a JSON file has none.
+    if (compression == CompressionType_None && IsAsyncToXmlFile()) {
+        detail::CheckGeneratorVersion();
+        CFileTextStream sink(fileName, encoding, false);
+        WriteJsonText(sink, formatted, eol, ctx);
+        return;
+    }
     CBinaryData const data =
         const_cast<CXmlObjectBase*>(this)->ToJsonStream(formatted, encoding, eol, ctx, compression);
-    // Whatever the encoding: a JSON file has no byte order mark.
     CFileBinaryStream(fileName, XmlEncoding_UTF8, data).WriteToFile();
 }
 

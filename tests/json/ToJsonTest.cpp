@@ -1,0 +1,238 @@
+// The entry points that write JSON, for objects written by hand, untyped elements and typed classes.
+#include "tests/json/JsonParser.h"
+#include "tests/support/Entries.h"
+#include "tests/support/LocalEncoding.h"
+#include "tests/support/MessageOf.h"
+#include "tests/support/WrittenObject.h"
+#include "zvxmllib/document/XmlDocument.h"
+#include "zvxmllib/json/JsonContext.h"
+#include "zvxmllib/streams/AsyncFiles.h"
+#include "zvxmllib/streams/ZvZip.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+
+using namespace ZvXmlLib16;
+using namespace entries;
+
+namespace {
+
+CSmartPtr<WrittenObject> Scalar(std::string const& text) {
+    return new WrittenObject([text](CXmlWriter& w) {
+        w.WriteElementStart("a", "");
+        w.WriteElementValue(text, ItemType_string, false);
+        w.WriteElementEnd();
+    });
+}
+
+std::string TextOf(CBinaryData const& data) {
+    return std::string(data.GetData(), data.GetData() + data.GetLength());
+}
+
+std::string Utf16(std::string const& ascii) {
+    std::string bytes;
+    for (char const c : ascii)
+        bytes.append(1, c).append(1, '\0');
+    return bytes;
+}
+
+class ScratchFile {
+public:
+    ScratchFile() : m_name(testing::TempDir() + "zvxmllib_to_json_test.json") { std::remove(m_name.c_str()); }
+    ~ScratchFile() { std::remove(m_name.c_str()); }
+    char const* Name() const { return m_name.c_str(); }
+    std::string Content() const {
+        std::ifstream file(m_name, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+
+private:
+    std::string m_name;
+};
+
+TEST(ToJson, GivesTheContextsOptionsToTheWriter) {
+    CSerializationContext ctx;
+    ctx.SetIndentChars("  ");
+    CSmartPtr<WrittenObject> const object(new WrittenObject([](CXmlWriter& w) {
+        w.WriteElementStart("a", "");
+        w.WriteAttribute("b", "", "1", ItemType_i4);
+        w.WriteElementEnd();
+    }));
+    EXPECT_EQ(object->ToJson(true, EOLType_CRLF, ctx), "{\r\n  \"a\": {\r\n    \"@b\": 1\r\n  }\r\n}");
+    ctx.GetJsonContext().SetSupportRoundtrip(JsonRoundTrip_None);
+    EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), R"({"a": {"b": 1}})");
+    EXPECT_EQ(MessageOf<CZvException>([&] { object->ToJson(false, static_cast<EOLType>(2), ctx); }),
+              "Invalid EOL type.");
+}
+
+TEST(ToJson, WritesTheBracesAloneForAnObjectThatWritesNothing) {
+    CSmartPtr<WrittenObject> const object(new WrittenObject);
+    CSerializationContext const ctx;
+    EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), "{}");
+    EXPECT_EQ(object->ToJson(true, EOLType_LF, ctx), "{\n\n}");
+}
+
+TEST(ToJsonStream, GivesBytesOfTheEncodingWithoutAMark) {
+    LocalEncoding const local(65001);
+    CSerializationContext const ctx;
+    auto const bytes = [&](XmlEncoding encoding) {
+        return TextOf(
+            Scalar("\xC3\xA4")->ToJsonStream(false, encoding, EOLType_LF, ctx, CompressionType_None));
+    };
+    EXPECT_EQ(bytes(XmlEncoding_UTF8), "{\"a\": \"\xC3\xA4\"}");
+    std::string const utf16 = Utf16("{\"a\": \"") + std::string("\xE4\0", 2) + Utf16("\"}");
+    EXPECT_EQ(bytes(XmlEncoding_UTF16), utf16);
+    EXPECT_EQ(bytes(XmlEncoding_UTF16NoDeclaration), utf16);
+    EXPECT_EQ(MessageOf<CZvException>([&] { bytes(XmlEncoding_None); }),
+              "Unknown Encoding, select UTF-8 (contact our support team)");
+}
+
+TEST(ToJsonStream, Compresses) {
+    CSerializationContext const ctx;
+    std::string const text(1000, 'x');
+    for (CompressionType const type : {CompressionType_GZip, CompressionType_ZLib}) {
+        CBinaryData data = Scalar(text)->ToJsonStream(false, XmlEncoding_UTF8, EOLType_LF, ctx, type);
+        EXPECT_LT(data.GetLength(), 100U);
+        std::uint32_t length = data.GetLength();
+        unsigned char* bytes = data.ReleaseData();
+        CZvZip::Decompress(bytes, length);
+        EXPECT_EQ(TextOf(CBinaryData(bytes, length, true)), "{\"a\": \"" + text + "\"}");
+    }
+}
+
+TEST(ToJsonFile, WritesNoByteOrderMarkInEitherWay) {
+    CSerializationContext const ctx;
+    ScratchFile const file;
+    CSmartPtr<WrittenObject> const object = Scalar(std::string(10000, 'x'));
+    std::string const json = "{\"a\": \"" + std::string(10000, 'x') + "\"}";
+    for (bool const isDirect : {false, true}) {
+        AsyncToXmlFile(isDirect);
+        for (XmlEncoding const encoding : {XmlEncoding_UTF8, XmlEncoding_UTF16}) {
+            object->ToJsonFile(file.Name(), false, encoding, EOLType_LF, ctx, CompressionType_None);
+            EXPECT_TRUE(file.Content() == (encoding == XmlEncoding_UTF8 ? json : Utf16(json)))
+                << isDirect << encoding;
+        }
+        object->ToJsonFile(file.Name(), false, XmlEncoding_UTF16, EOLType_LF, ctx, CompressionType_GZip);
+        EXPECT_THAT(file.Content(), testing::StartsWith("\x1F\x8B")) << isDirect;
+        EXPECT_EQ(MessageOf<CZvException>([&] {
+                      object->ToJsonFile("/nowhere/a", false, XmlEncoding_UTF8, EOLType_LF, ctx,
+                                         CompressionType_None);
+                  }),
+                  "Failed to write data to the file [/nowhere/a] error [0x00000002]");
+        EXPECT_EQ(MessageOf<CZvException>([&] {
+                      object->ToJsonFile("/nowhere/a", false, XmlEncoding_UTF8, EOLType_LF, ctx,
+                                         CompressionType_ZLib);
+                  }),
+                  "ZLIB Compression only available for To Stream methods.");
+    }
+    AsyncToXmlFile(false);
+}
+
+TEST(ToJson, WritesUntypedElements) {
+    struct {
+        char const* xml;
+        char const* json;
+    } const rows[] = {
+        {"<a>x</a>", R"({"a": "x"})"},
+        // An untyped element always has a text.
+        {"<a/>", R"({"a": ""})"},
+        {"<a b='1'><c>x</c><c/>y</a>", R"({"a": {"@b": "1","c": "x","c": "","#text": "y"}})"},
+        // Its elements are not of a collection of the schema, so they are no array.
+        {"<a><c d='1'/><c d='2'/></a>",
+         R"({"a": {"c": {"@d": "1","#text": ""},"c": {"@d": "2","#text": ""},"#text": ""}})"},
+        {"<a b='&lt;&quot;\\'>5</a>", R"({"a": {"@b": "<\"\\","#text": "5"}})"},
+        {"<p:a xmlns:p='u'/>", R"({"AA:a": {"@xmlns:AA": "u","#text": ""}})"},
+    };
+    for (auto const& row : rows) {
+        CSmartPtr<CElement> const element(new CElement(""));
+        element->FromXml(row.xml);
+        EXPECT_EQ(element->ToJson(false, EOLType_LF, CSerializationContext()), row.json);
+        EXPECT_EQ(FaultOfJson(row.json), "");
+    }
+}
+
+// A value and a list of parts that are like it themselves.
+struct PartModel : Model {
+    explicit PartModel(char const* partName) {
+        name = partName;
+        ns = "u";
+        failsForUnknownAttributes = false;
+        elements = {Prim<CElementInfoSeqPrimOpt>("value", 0, nullptr, false, "u")};
+        attributes = {Attribute("id", 1, true)};
+    }
+    void AddParts(char const* entryName, Model& item) {
+        elements.push_back(new CElementInfoSeqClsCol(entryName, "u", 2, XmlElementType_Element));
+        init = [&item](Probe& probe) { probe.properties[2].SetXmlCollection(new ProbeCol(item, 0, -1)); };
+    }
+};
+
+CSerializationContext TypedContext() {
+    CSerializationContext ctx;
+    ctx.SetDefaultNamespaceURI("u");
+    return ctx;
+}
+
+TEST(ToJson, WritesCollectionsOfTypedObjectsAsArrays) {
+    PartModel leaf("leaf");
+    leaf.Finish();
+    PartModel branch("branch");
+    branch.AddParts("leaf", leaf);
+    branch.Finish();
+    PartModel tree("tree");
+    tree.AddParts("branch", branch);
+    tree.Finish();
+    struct {
+        char const* xml;
+        char const* json;
+    } const rows[] = {
+        {"<tree xmlns='u'/>", R"({"tree": {"@xmlns": "u"}})"},
+        {"<tree xmlns='u'><branch id='1'/></tree>", R"({"tree": {"@xmlns": "u","branch": [{"@id": 1}]}})"},
+        {"<tree xmlns='u' id='0'><value>5</value><branch><leaf id='1'/><leaf id='2'/></branch>"
+         "<branch><value>-7</value><leaf/></branch><branch/></tree>",
+         R"({"tree": {"@xmlns": "u","@id": 0,"value": 5,"branch": [)"
+         R"({"leaf": [{"@id": 1},{"@id": 2}]},{"value": -7,"leaf": null},null]}})"},
+    };
+    CSerializationContext const ctx = TypedContext();
+    for (auto const& row : rows) {
+        CSmartPtr<Probe> const object(new Probe(tree));
+        object->FromXml(row.xml, ctx);
+        EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), row.json);
+        EXPECT_EQ(FaultOfJson(row.json), "");
+    }
+}
+
+TEST(ToJson, WrapsAnUnknownNamespaceInTheNamesOfTheElements) {
+    PartModel leaf("leaf");
+    leaf.ns = "v";
+    leaf.Finish();
+    Model tree;
+    tree.name = "tree";
+    tree.elements = {new CElementInfoSeqClsCol("leaf", "v", 0, XmlElementType_Element)};
+    tree.init = [&leaf](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(leaf, 0, -1)); };
+    tree.Finish();
+    CSmartPtr<Probe> const object(new Probe(tree));
+    static_cast<ProbeCol*>(object->properties[0].FindXmlCollection())->Add();
+    CSerializationContext ctx;
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { object->ToJson(false, EOLType_LF, ctx); }),
+              "Failed to convert the element [tree] to XML\nFailed to convert the element [leaf] to XML\n"
+              "Unknown Namespace: v.");
+    ctx.GetNamespaceAliases().Add("p", "v");
+    EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), R"({"tree": {"@xmlns:p": "v","p:leaf": null}})");
+}
+
+TEST(ToJson, WritesNilAsNull) {
+    Model order;
+    order.elements = {Prim<CElementInfoSeqPrimOpt>("value", 0, nullptr, true)};
+    order.Finish();
+    CSmartPtr<NillableProbe> const object(new NillableProbe(order));
+    object->properties[0].SetNil(ItemType_i4);
+    CSerializationContext const ctx;
+    EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), R"({"order": {"value": null}})");
+    object->SetIsNil(true);
+    EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), R"({"order": null})");
+}
+
+} // namespace
