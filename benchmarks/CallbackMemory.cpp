@@ -1,6 +1,7 @@
 // Reads a generated document of 200 MB element by element and reports the memory that this took beyond the
 // document's own bytes. Fails above 64 MB.
 #include "benchmarks/Documents.h"
+#include "benchmarks/MemoryInUse.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -15,15 +16,6 @@ namespace {
 
 constexpr std::size_t kDocumentBytes = 200U << 20U;
 constexpr std::size_t kMostBeyond = 64U << 20U;
-
-// The most memory that this process ever held, in bytes.
-std::size_t PeakMemory() {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);)
-        if (line.rfind("VmHWM:", 0) == 0)
-            return std::stoul(line.substr(6)) << 10U;
-    return 0;
-}
 
 std::uint64_t elements = 0;
 std::uint64_t records = 0;
@@ -59,7 +51,7 @@ int main() {
         }
     }
     std::size_t const size = std::filesystem::file_size(document.file);
-    std::size_t const before = PeakMemory();
+    std::size_t const before = bench::PeakMemory();
     try {
         CXmlDocument tree(&TakeElement);
         tree.Load(document.file.c_str());
@@ -67,7 +59,7 @@ int main() {
         std::fprintf(stderr, "%s\n", e.GetFullMessage().c_str());
         return 1;
     }
-    std::size_t const peak = PeakMemory();
+    std::size_t const peak = bench::PeakMemory();
     if (before == 0 || records == 0) {
         std::fprintf(stderr, "nothing was measured\n");
         return 1;
