@@ -8,6 +8,7 @@
 #include <zvxmllib/ZvXmlLib.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -18,6 +19,7 @@ namespace {
 using namespace zvxml;
 
 constexpr unsigned kUtf8CodePage = 65001;
+constexpr std::uint64_t kMostDecompressed = std::uint64_t{1} << 30; // a file may come from anybody
 
 struct Command {
     char const* name;
@@ -81,6 +83,7 @@ void Run(std::vector<std::string> const& arguments) {
         return Print(command.help());
 
     ZvXmlLib16::SetLocalCharEncoding(kUtf8CodePage);
+    ZvXmlLib16::SetDecompressionLimit(kMostDecompressed);
     ZvXmlLib16::SetGeneratorVersion(ZvXmlLib16::kLibraryMajorVersion, ZvXmlLib16::kLibraryMinorVersion);
     Progress progress(ZvXmlLib16::platform::IsStandardErrorTerminal());
     command.run(rest, progress);
