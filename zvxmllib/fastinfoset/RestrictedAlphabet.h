@@ -1,0 +1,28 @@
+// Text under a restricted alphabet, whose characters are written as their places in it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+// An alphabet has one byte for each character.
+inline constexpr std::size_t kSmallestAlphabet = 2;
+inline constexpr std::size_t kLargestAlphabet = std::size_t{1} << 20U;
+
+// The bits of one character: one value more than the alphabet needs, since all ones end the text.
+constexpr unsigned BitsOfAlphabet(std::size_t characters) noexcept {
+    unsigned bits = 2;
+    while ((std::size_t{1} << bits) <= characters)
+        ++bits;
+    return bits;
+}
+
+// Appends the text. `index` is the number of the alphabet, for messages. Throws CZvException for an alphabet
+// of impossible size and for a place beyond it.
+void AppendRestrictedText(std::string_view alphabet, std::uint32_t index, std::string_view octets,
+                          std::string& text);
+
+} // namespace ZvXmlLib16
