@@ -15,3 +15,4 @@ build/release/benchmarks/bench_callback_memory
 build/release/benchmarks/bench_large_file
 build/release/benchmarks/bench_ratios
 build/release/benchmarks/bench_typed_ratios
+build/release/benchmarks/bench_json_writing

@@ -117,10 +117,12 @@ void CJsonTextWriter::WriteElementStart(std::string const& name, std::string con
     }
     m_bObjectPending = true;
     m_hasScalar = false;
-    if (hasName && IsFull())
-        AppendElementName(name, ns);
-    else if (hasName)
-        AppendMemberName({}, {}, name);
+    if (hasName) {
+        if (!IsFull() || ns.empty() || ns == m_pContext->GetDefaultNamespace())
+            AppendName(name);
+        else
+            AppendPrefixedName(name, ns);
+    }
     if (isRoot && IsFull())
         AppendRootDeclarations();
     FlushIfLarge();
@@ -136,7 +138,7 @@ void CJsonTextWriter::WriteElementValue(std::string const& text, ItemType type, 
         m_hasScalar = true;
     } else {
         BeginMember();
-        AppendMemberName({}, {}, m_roundTrip == JsonRoundTrip_None ? std::string_view() : kTextName);
+        AppendName(m_roundTrip == JsonRoundTrip_None ? std::string_view() : kTextName);
     }
     AppendScalar(text, type);
 }
@@ -161,10 +163,10 @@ void CJsonTextWriter::WriteAttribute(std::string const& name, std::string const&
         FailAttributeAfterContent();
     CloseAnyArray();
     BeginMember();
-    if (!IsFull())
-        AppendMemberName(m_roundTrip == JsonRoundTrip_None ? std::string_view() : kAttributeMark, {}, name);
+    if (m_roundTrip == JsonRoundTrip_None)
+        AppendName(name);
     else
-        AppendMemberName(kAttributeMark, ns.empty() ? std::string_view() : AliasOf(ns), name);
+        AppendMarkedName(kAttributeMark, IsFull() && !ns.empty() ? AliasOf(ns) : std::string_view(), name);
     AppendScalar(value, type);
 }
 
@@ -251,7 +253,13 @@ void CJsonTextWriter::AppendLineBreak(std::int32_t depth) {
     m_sink->Append(lineBreak.data(), lineBreak.size());
 }
 
-void CJsonTextWriter::AppendMemberName(std::string_view mark, std::string_view alias, std::string_view name) {
+void CJsonTextWriter::AppendName(std::string_view name) {
+    m_sink->Append('"');
+    m_sink->Append(name.data(), name.size());
+    m_sink->Append("\": ", 3);
+}
+
+void CJsonTextWriter::AppendMarkedName(std::string_view mark, std::string_view alias, std::string_view name) {
     m_sink->Append('"');
     m_sink->Append(mark.data(), mark.size());
     if (!alias.empty()) {
@@ -263,22 +271,17 @@ void CJsonTextWriter::AppendMemberName(std::string_view mark, std::string_view a
 }
 
 // Of the current element.
-void CJsonTextWriter::AppendElementName(std::string const& name, std::string const& ns) {
+void CJsonTextWriter::AppendPrefixedName(std::string const& name, std::string const& ns) {
     CXmlWriterContext& context = *m_pContext;
-    if (ns.empty() || ns == context.GetDefaultNamespace()) {
-        AppendMemberName({}, {}, name);
-        return;
-    }
-    std::string const* alias = context.FindAlias(ns);
-    if (alias != nullptr) {
-        AppendMemberName({}, *alias, name);
+    if (std::string const* const alias = context.FindAlias(ns)) {
+        AppendMarkedName({}, *alias, name);
         return;
     }
     if (context.m_parent != nullptr)
         FailUnknownNamespace(ns);
-    alias = &GenerateAlias(context, ns);
-    AppendMemberName({}, *alias, name);
-    AppendDeclaration(*alias, ns);
+    std::string const& alias = GenerateAlias(context, ns);
+    AppendMarkedName({}, alias, name);
+    AppendDeclaration(alias, ns);
 }
 
 // What is known before the root. An alias made for the root itself is only in its own scope.
@@ -295,9 +298,9 @@ void CJsonTextWriter::AppendRootDeclarations() {
 void CJsonTextWriter::AppendDeclaration(std::string_view alias, std::string const& ns) {
     BeginMember();
     if (alias.empty())
-        AppendMemberName(kAttributeMark, {}, "xmlns");
+        AppendName("@xmlns");
     else
-        AppendMemberName(kAttributeMark, "xmlns", alias);
+        AppendMarkedName("@xmlns:", {}, alias);
     m_sink->Append('"');
     m_sink->Append(ns.data(), ns.size());
     m_sink->Append('"');
@@ -321,7 +324,8 @@ void CJsonTextWriter::AppendEscaped(char const* text) {
         char const* end = run;
         while (kEscapeTable[static_cast<unsigned char>(*end)] == kPlain)
             ++end;
-        m_sink->Append(run, static_cast<std::size_t>(end - run));
+        if (end != run)
+            m_sink->Append(run, static_cast<std::size_t>(end - run));
         char const escape = kEscapeTable[static_cast<unsigned char>(*end)];
         switch (escape) {
         case kEnd:

@@ -61,8 +61,9 @@ private:
     void CloseAnyArray();
     std::string_view LineBreak(std::int32_t depth);
     void AppendLineBreak(std::int32_t depth);
-    void AppendMemberName(std::string_view mark, std::string_view alias, std::string_view name);
-    void AppendElementName(std::string const& name, std::string const& ns);
+    void AppendName(std::string_view name);
+    void AppendMarkedName(std::string_view mark, std::string_view alias, std::string_view name);
+    void AppendPrefixedName(std::string const& name, std::string const& ns);
     void AppendRootDeclarations();
     void AppendDeclaration(std::string_view alias, std::string const& ns);
     void AppendScalar(std::string const& text, ItemType type);
