@@ -3,22 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-
-namespace fs = std::filesystem;
-
 namespace {
-
-std::vector<std::string> RealDocuments() {
-    std::vector<std::string> files;
-    for (char const* directory : {ZV_EXAMPLE_DATA_DIR, ZV_CORPUS_DIR})
-        if (fs::exists(directory))
-            for (fs::directory_entry const& entry : fs::directory_iterator(directory))
-                if (entry.is_regular_file() && entry.path().extension() != ".md")
-                    files.push_back(entry.path().string());
-    std::sort(files.begin(), files.end());
-    return files;
-}
 
 TEST(ZvxmlOnRealDocuments, KeepsElementsAttributesTextsAndNamespaces) {
     struct Form {

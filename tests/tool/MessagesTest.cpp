@@ -15,6 +15,7 @@ TEST(ZvxmlMessages, ReportsFilesThatCannotBeConverted) {
     scratch.Write("empty.xml", "");
     scratch.Write("text.gz", "\x1F\x8B no gzip at all");
     scratch.Write("uri.xml", "<a xmlns='u?a&amp;b'/>");
+    scratch.Write("path.xml", "<a xmlns='c:\\x'/>");
     std::filesystem::create_directory(scratch.Path("dir"));
     struct Row {
         char const* arguments;
@@ -36,6 +37,9 @@ TEST(ZvxmlMessages, ReportsFilesThatCannotBeConverted) {
                  "/dev/full: Failed to write data to the file [/dev/full] error [0x0000001C]\n"},
              Row{"convert good.xml out.gz", "out.gz: Failed to compress data. [Error Code: 0]\n"},
              Row{"convert uri.xml out.xml", "uri.xml: The namespace [u?a&b] holds characters"},
+             Row{"convert uri.xml none/out.json", "none/out.json: Failed to write data"},
+             Row{"convert path.xml out.json", "path.xml: The namespace [c:\\x] holds characters"},
+             Row{"convert --json none path.xml none/out.json", "none/out.json: Failed to write data"},
              Row{"inspect none.xml", "none.xml: No such file or directory\n"},
              Row{"inspect dir", "dir: Is a directory\n"},
              Row{"inspect bad.xml", "bad.xml: "},
@@ -77,10 +81,12 @@ TEST(ZvxmlMessages, RefusesCommandLinesThatMakeNoSense) {
              Row{"convert a.xml b.xml --indent", "zvxml: option '--indent' needs a value\n"},
              Row{"convert --indent two a.xml b.xml",
                  "zvxml: --indent takes a number of blanks from 0 to 99, or 'tab'\n"},
+             Row{"convert --json some a.xml b.json",
+                 "zvxml: --json takes full or no-namespaces or none, not 'some'\n"},
+             Row{"convert --to yaml a.xml b.xml", "zvxml: unknown format 'yaml'; known: xml, json\n"},
              Row{"convert --eol cr a.xml b.xml", "zvxml: --eol takes lf or crlf, not 'cr'\n"},
              Row{"convert --encoding latin1 a.xml b.xml",
                  "zvxml: --encoding takes utf-8 or utf-16, not 'latin1'\n"},
-             Row{"convert --to yaml a.xml b.xml", "zvxml: unknown format 'yaml'; known: xml\n"},
              Row{"inspect", "zvxml: inspect takes one file\n"},
              Row{"inspect a.xml b.xml", "zvxml: inspect takes one file\n"},
              Row{"inspect --deep a.xml", "zvxml: unknown option '--deep'\n"},

@@ -39,5 +39,8 @@ enum class Texts { All, OfElementsWithoutChildren };
 // Elements with their namespaces, attributes and texts, a line each, as the library reads them.
 std::vector<std::string> DescribeDocument(std::string const& file, Texts texts = Texts::All);
 
+// The documents in examples/data and, where it is there, in the corpus beside the repository.
+std::vector<std::string> RealDocuments();
+
 // True if an element has children and text besides white space.
 bool HasMixedContent(std::string const& file);

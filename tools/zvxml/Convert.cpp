@@ -25,6 +25,7 @@ struct ConvertOptions {
     std::optional<CompressionType> compression;
     WriteOptions write;
     std::string indent = "\t";
+    JsonRoundTrip jsonMode = JsonRoundTrip_Full;
 };
 
 std::string ParseIndent(std::string const& value) {
@@ -54,14 +55,18 @@ Value ParseChoice(char const* option, std::string const& text, Choice<Value> con
 
 constexpr Choice<EOLType> kLineEnds[] = {{"lf", EOLType_LF}, {"crlf", EOLType_CRLF}};
 constexpr Choice<XmlEncoding> kEncodings[] = {{"utf-8", XmlEncoding_UTF8}, {"utf-16", XmlEncoding_UTF16}};
+constexpr Choice<JsonRoundTrip> kJsonModes[] = {{"full", JsonRoundTrip_Full},
+                                                {"no-namespaces", JsonRoundTrip_NoNamespaces},
+                                                {"none", JsonRoundTrip_None}};
 
 using Options = ConvertOptions;
 using Text = std::string;
 
 std::vector<Option<Options>> const& OptionTable() {
+    static std::string const formats = "the format to write (" + FormatNames() +
+                                       "); by default the ending\nof OUT decides, and XML text is the rest";
     static std::vector<Option<Options>> const table = {
-        {"--to", "FORMAT",
-         "the format to write (xml); by default the ending of\nOUT decides, and XML text is the rest",
+        {"--to", "FORMAT", formats.c_str(),
          [](Options& o, Text const& v) {
              o.format = FindFormatByName(v);
              if (o.format == nullptr)
@@ -86,6 +91,11 @@ std::vector<Option<Options>> const& OptionTable() {
          [](Options& o, Text const&) { o.compression = CompressionType_ZLib; }},
         {"--declaration", nullptr, "begin with an XML declaration",
          [](Options& o, Text const&) { o.write.hasDeclaration = true; }},
+        {"--json", "full|no-namespaces|none",
+         "\nhow much of the XML a JSON text keeps: all of it (the\ndefault), all but namespaces, or not even "
+         "what is\n"
+         "an attribute",
+         [](Options& o, Text const& v) { o.jsonMode = ParseChoice("--json", v, kJsonModes); }},
     };
     return table;
 }
@@ -118,12 +128,18 @@ void WriteToFile(std::string const& file, OutputFormat const& format, CDocumentO
         throw FileError(file, std::strerror(errno));
 }
 
+// What the options leave to the ending of the output's name.
+void SettleByFileName(ConvertOptions& options, std::string const& file) {
+    FileForm const form = FormOfFileName(file);
+    if (options.format == nullptr)
+        options.format = form.format;
+    options.write.compression = options.compression.value_or(form.compression);
+}
+
 void Write(std::string const& file, CDocumentObject& object, ConvertOptions const& options,
            CSerializationContext const& ctx) {
-    FileForm const form = FormOfFileName(file);
-    OutputFormat const& format = options.format != nullptr ? *options.format : *form.format;
-    WriteOptions write = options.write;
-    write.compression = options.compression.value_or(form.compression);
+    OutputFormat const& format = *options.format;
+    WriteOptions const& write = options.write;
     try {
         if (file == kStandardStream)
             WriteToStandardOutput(format, object, write, ctx);
@@ -151,15 +167,18 @@ void Convert(std::vector<std::string> const& arguments, Progress& progress) {
     std::vector<std::string> const operands = ReadArguments(arguments, OptionTable(), options);
     if (operands.size() != 2)
         throw UsageError("convert takes an input and an output");
+    SettleByFileName(options, operands[1]);
 
     CSerializationContext ctx;
     ctx.SetIndentChars(options.indent.c_str());
+    ctx.GetJsonContext().SetSupportRoundtrip(options.jsonMode);
     CSmartPtr<CDocumentObject> const object = new CDocumentObject;
     std::unique_ptr<CXmlDocument> document = ReadDocument(operands[0], ctx, progress);
     try {
         progress.StartStep("taking them over");
         object->ReadRootOf(*document, ctx);
         UsePrefixesOf(*document, ctx);
+        options.format->requireWritable(ctx);
     } catch (CZvException const& e) {
         throw FileError(InputName(operands[0]), e.GetFullMessage());
     }

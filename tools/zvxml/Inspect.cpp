@@ -105,6 +105,7 @@ constexpr WrittenForm kWrittenForms[] = {
     {"UTF-16", "xml", false, XmlEncoding_UTF16, CompressionType_None},
     {"gzip", "xml", false, XmlEncoding_UTF8, CompressionType_GZip},
     {"zlib", "xml", false, XmlEncoding_UTF8, CompressionType_ZLib},
+    {"JSON", "json", false, XmlEncoding_UTF8, CompressionType_None},
     {"pretty", "xml", true, XmlEncoding_UTF8, CompressionType_None}, // last: it drops white space
 };
 
@@ -115,6 +116,7 @@ std::optional<std::uint32_t> SizeOf(WrittenForm const& form, CDocumentObject& ob
     options.isPretty = form.isPretty;
     options.encoding = form.encoding;
     OutputFormat const& format = *FindFormatByName(form.format);
+    format.requireWritable(ctx);
     CBinaryData bytes = ToFileBytes(format, object, options, ctx);
     if (form.compression == CompressionType_None)
         return bytes.GetLength();

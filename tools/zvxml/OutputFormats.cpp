@@ -10,6 +10,28 @@ namespace zvxml {
 
 namespace {
 
+void RefuseNamespaceWith(char const* characters, std::string const& uri) {
+    if (uri.find_first_of(characters) != std::string::npos)
+        throw CZvException("The namespace [" + uri +
+                           "] holds characters that cannot be written in a declaration.");
+}
+
+// Declarations are written without escapes.
+void RefuseNamespacesWith(char const* characters, CSerializationContext const& ctx) {
+    RefuseNamespaceWith(characters, ctx.GetDefaultNamespaceURI());
+    for (auto const& [uri, alias] : ctx.GetNamespaceAliases().GetEntries())
+        RefuseNamespaceWith(characters, uri);
+}
+
+void RequireWritableInXml(CSerializationContext const& ctx) {
+    RefuseNamespacesWith("&<\"", ctx);
+}
+
+void RequireWritableInJson(CSerializationContext const& ctx) {
+    if (ctx.GetJsonContext().GetSupportRoundtrip() == JsonRoundTrip_Full)
+        RefuseNamespacesWith("\"\\\t\r\n", ctx);
+}
+
 CBinaryData ToXmlBytes(CXmlObjectBase& object, WriteOptions const& options,
                        CSerializationContext const& ctx) {
     return object.ToXmlStream(options.hasDeclaration, options.isPretty, options.encoding, options.eol, ctx,
@@ -22,9 +44,20 @@ void ToXmlFile(char const* fileName, CXmlObjectBase const& object, WriteOptions 
                      options.compression);
 }
 
+CBinaryData ToJsonBytes(CXmlObjectBase& object, WriteOptions const& options,
+                        CSerializationContext const& ctx) {
+    return object.ToJsonStream(options.isPretty, options.encoding, options.eol, ctx, options.compression);
+}
+
+void ToJsonFile(char const* fileName, CXmlObjectBase const& object, WriteOptions const& options,
+                CSerializationContext const& ctx) {
+    object.ToJsonFile(fileName, options.isPretty, options.encoding, options.eol, ctx, options.compression);
+}
+
 // The first one is what file names mean that say nothing else.
 constexpr OutputFormat kFormats[] = {
-    {"xml", ".xml", "XML text", &ToXmlBytes, &ToXmlFile},
+    {"xml", ".xml", "XML text", true, &RequireWritableInXml, &ToXmlBytes, &ToXmlFile},
+    {"json", ".json", "JSON text", false, &RequireWritableInJson, &ToJsonBytes, &ToJsonFile},
 };
 
 struct CompressionEnding {
@@ -79,7 +112,8 @@ FileForm FormOfFileName(std::string const& fileName) {
 CBinaryData ToFileBytes(OutputFormat const& format, CXmlObjectBase& object, WriteOptions const& options,
                         CSerializationContext const& ctx) {
     CBinaryData bytes = format.toBytes(object, options, ctx);
-    if (options.encoding != XmlEncoding_UTF16 || options.compression != CompressionType_None)
+    if (!format.hasByteOrderMark || options.encoding != XmlEncoding_UTF16 ||
+        options.compression != CompressionType_None)
         return bytes;
     constexpr unsigned char kMark[] = {0xFF, 0xFE};
     CBinaryData marked;

@@ -20,6 +20,9 @@ struct OutputFormat {
     char const* name;    // as --to takes it
     char const* endings; // of file names, each with its point, separated by blanks
     char const* title;
+    bool hasByteOrderMark; // in front of 16-bit text in files
+    // Throws CZvException for namespaces of the context that the format has no room for.
+    void (*requireWritable)(ZvXmlLib16::CSerializationContext const& ctx);
     ZvXmlLib16::CBinaryData (*toBytes)(ZvXmlLib16::CXmlObjectBase& object, WriteOptions const& options,
                                        ZvXmlLib16::CSerializationContext const& ctx);
     // Any compression but zlib, which has no file form.

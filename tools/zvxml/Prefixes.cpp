@@ -118,13 +118,6 @@ std::string MakeUpPrefix(CXmlDocument const& document, CNamespaceAliasMap const&
     }
 }
 
-// Declarations are written without escapes.
-void RefuseIfNotWritable(std::string const& uri) {
-    if (uri.find_first_of("&<\"") != std::string::npos)
-        throw CZvException("The namespace [" + uri +
-                           "] holds characters that cannot be written in a declaration.");
-}
-
 } // namespace
 
 void UsePrefixesOf(CXmlDocument const& document, CSerializationContext& ctx) {
@@ -136,13 +129,10 @@ void UsePrefixesOf(CXmlDocument const& document, CSerializationContext& ctx) {
     // Names can take any prefix of their namespace, values cannot.
     for (std::string const& prefix : used.PrefixesInValues()) {
         std::string const uri = document.LookupNamespaceFromAlias(prefix.c_str());
-        if (!uri.empty() && uri != kXmlNamespace) {
-            RefuseIfNotWritable(uri);
+        if (!uri.empty() && uri != kXmlNamespace)
             aliases.Add(prefix.c_str(), uri.c_str());
-        }
     }
     for (std::string const& uri : used.All()) {
-        RefuseIfNotWritable(uri);
         bool const needsPrefix = uri != defaultNamespace || used.HasAttributesIn(uri);
         if (!needsPrefix || aliases.DoesNamespaceExist(uri.c_str()))
             continue;
