@@ -64,4 +64,12 @@ void FailTextFromIndices() {
     throw CZvException("Failed to parse FastInfoset. Too much text from indices.");
 }
 
+void FailEncodedLength(char const* type) {
+    throw CZvException(FormatString("Invalid value for %s byte encoding.", type));
+}
+
+void FailUnknownAlgorithm() {
+    throw CZvException("Unknown byte encoding.");
+}
+
 } // namespace ZvXmlLib16

@@ -20,4 +20,8 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailNoRootElement();
 [[noreturn]] void FailTextFromIndices();
 
+// Values under encoding algorithms. `type` is the algorithm's: "SHORT".
+[[noreturn]] void FailEncodedLength(char const* type);
+[[noreturn]] void FailUnknownAlgorithm();
+
 } // namespace ZvXmlLib16
