@@ -12,6 +12,8 @@ class CAttribute;
 class CAttributeCol;
 class CBinaryData;
 class CBinaryStream;
+class CDateTime;
+class CDateTimeSpan;
 class CElement;
 class CElementCol;
 class CExpatReader;

@@ -1,0 +1,29 @@
+// SYSTEMTIME and FILETIME, the two calendar records of the date and time interface.
+#pragma once
+
+#include <cstdint>
+
+// An application that has records of its own, under these names and with these field names, defines
+// ZV_OWN_SYSTEMTIME and declares them ahead of this header. Tags, field order and field widths are its own
+// affair: no compiled function of the library takes or returns a record.
+#ifndef ZV_OWN_SYSTEMTIME
+
+// A calendar date with the time of day, to the millisecond.
+struct SYSTEMTIME {
+    std::uint16_t wYear;
+    std::uint16_t wMonth;     // 1 to 12
+    std::uint16_t wDayOfWeek; // 0 is Sunday
+    std::uint16_t wDay;       // 1 to 31
+    std::uint16_t wHour;
+    std::uint16_t wMinute;
+    std::uint16_t wSecond;
+    std::uint16_t wMilliseconds;
+};
+
+// A count of intervals of 100 nanoseconds since the begin of 1601, UTC, in two halves.
+struct FILETIME {
+    std::uint32_t dwLowDateTime;
+    std::uint32_t dwHighDateTime;
+};
+
+#endif

@@ -1,0 +1,257 @@
+// CDateTime, eight date and time types in one class.
+#pragma once
+
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/platform/Api.h"
+#include "zvxmllib/platform/SystemTime.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+// A dateTime, date, time, gYear, gYearMonth, gMonth, gMonthDay or gDay (XML Schema Part 2, 3.2.7 to 3.2.14).
+// The object knows which of them it is, and that decides which fields may be asked for. Years lie from -9999
+// to 9999 without 0; a fraction of a second has nine digits, in three groups. A value that was set or parsed
+// is valid; field setters and arithmetic do not check. An object belongs to one thread at a time.
+class ZV_API CDateTime {
+public:
+    enum DTType : std::int32_t {
+        dt_yearZero = 0, // no value has been set
+        dt_dateTime = 1,
+        dt_date = 2,
+        dt_gYearMonth = 3,
+        dt_gYear = 4,
+        dt_time = 5,
+        dt_gDay = 6,
+        dt_gMonth = 7,
+        dt_gMonthDay = 8
+    };
+
+    enum DTCompareResult {
+        DTCompareEqual = 0,
+        DTCompareLess = 1,
+        DTCompareGreater = 2,
+        DTCompareIndeterminate = 3 // the order depends on a zone that is not told, or the fields do not match
+    };
+
+    CDateTime() noexcept = default;
+    // All fields 0.
+    explicit CDateTime(DTType type) noexcept : m_type(type) {}
+    // As ParseXSDDateTime.
+    CDateTime(char const* text);
+    CDateTime(CDateTime const& other) noexcept = default;
+    // From outside forms, into a dateTime (the three numbers: into a date). An invalid value gives an object
+    // of type dt_yearZero, no exception.
+    CDateTime(long long const& time); // seconds since 1970, UTC
+    CDateTime(SYSTEMTIME const& time) { SetUnlessInvalid(RecordOf(time)); }
+    CDateTime(FILETIME const& time) { SetUnlessInvalid(TicksOf(time)); }
+    CDateTime(short year, unsigned char month, unsigned char day);
+    CDateTime(short year, unsigned char month, unsigned char day, unsigned char hour, unsigned char minute,
+              unsigned char second);
+    CDateTime(short year, unsigned char month, unsigned char day, unsigned char hour, unsigned char minute,
+              unsigned char second, unsigned short milliSeconds, unsigned short microSeconds,
+              unsigned short nanoSeconds);
+    virtual ~CDateTime();
+
+    CDateTime& operator=(CDateTime const& other) noexcept = default;
+    // Into a dateTime, as SetDateTime. A FILETIME counts in milliseconds; beyond 63 bits it throws
+    // CZvInvalidValueException.
+    CDateTime& operator=(long long const& time); // seconds since 1970, UTC
+    CDateTime& operator=(SYSTEMTIME const& time) { return SetRecord(RecordOf(time)); }
+    CDateTime& operator=(FILETIME const& time) { return SetTicks(TicksOf(time)); }
+
+    // The current local time as a dateTime, with milliseconds and no zone.
+    static CDateTime GetTickCount();
+
+    // These set type and fields and drop the zone. They throw CZvInvalidStateException for an object that
+    // has another type, and CZvInvalidValueException for a field out of range; the fields are set then.
+    void SetDateTime(short year, unsigned char month, unsigned char day, unsigned char hour,
+                     unsigned char minute, unsigned char second);
+    void SetDateTime(short year, unsigned char month, unsigned char day, unsigned char hour,
+                     unsigned char minute, unsigned char second, unsigned short milliSeconds,
+                     unsigned short microSeconds, unsigned short nanoSeconds);
+    void SetDate(short year, unsigned char month, unsigned char day);
+    void SetTime(unsigned char hour, unsigned char minute, unsigned char second);
+    void SetTime(unsigned char hour, unsigned char minute, unsigned char second, unsigned short milliSeconds,
+                 unsigned short microSeconds, unsigned short nanoSeconds);
+    // A time within the first second of the day.
+    void SetFracTime(unsigned short milliSeconds, unsigned short microSeconds, unsigned short nanoSeconds);
+    void SetGYear(short year);
+    void SetGYearMonth(short year, unsigned char month);
+    void SetGMonth(unsigned char month);
+    void SetGMonthDay(unsigned char month, unsigned char day);
+    void SetGDay(unsigned char day);
+
+    // Takes over all fields and the zone, under the type given. Throws CZvInvalidValueException if
+    // CheckConversion refuses.
+    void SetDateTime(CDateTime const& source, DTType type);
+    // True if a value of type `from` has the fields of type `to`. Throws CZvInvalidValueException for an
+    // unknown type.
+    static bool CheckConversion(DTType from, DTType to);
+
+    // Each throws CZvInvalidStateException if the type lacks the field. The setters store without a check.
+    short GetYear() const;
+    void SetYear(short year);
+    unsigned char GetMonth() const;
+    void SetMonth(unsigned char month);
+    unsigned char GetDay() const;
+    void SetDay(unsigned char day);
+    unsigned char GetHour() const;
+    void SetHour(unsigned char hour);
+    unsigned char GetMinute() const;
+    void SetMinute(unsigned char minute);
+    unsigned char GetSecond() const;
+    void SetSecond(unsigned char second);
+    unsigned short GetMilliSecond() const;
+    void SetMilliSecond(unsigned short milliSecond);
+    unsigned short GetMicroSecond() const;
+    void SetMicroSecond(unsigned short microSecond);
+    unsigned short GetNanoSecond() const;
+    void SetNanoSecond(unsigned short nanoSecond);
+    double GetRealSecond() const; // with the fraction
+
+    DTType GetType() const noexcept { return m_type; }
+    std::string GetTypeAsString() const;
+
+    // The value has a zone: an offset or the letter Z.
+    bool IsUTC() const noexcept { return m_hasZone; }
+    // The zone is an offset.
+    bool HasTimeZone() const noexcept { return m_hasOffset; }
+    // Throw CZvInvalidStateException if there is no offset. The sign lives in the hour alone, so there is
+    // no offset between 0 and minus one hour.
+    short GetZoneHour() const;
+    unsigned char GetZoneMinute() const;
+    // Hours from -23 to 23, minutes below 60; otherwise throws CZvInvalidValueException.
+    void SetTimeZone(short hour, unsigned char minute);
+    void SetUTC() noexcept;
+
+    // Seconds since 1970, UTC; a value without a zone counts as UTC. For dateTime and date, otherwise throws
+    // CZvInvalidValueException.
+    long long GetTime() const;
+    // The fields as they stand, without the zone. For dateTime, otherwise throws CZvInvalidValueException.
+    SYSTEMTIME GetAsSystemTime() const;
+    // Of the instant in the local time zone; Sunday is 1. For dateTime and date, otherwise throws
+    // CZvInvalidStateException, as the next.
+    unsigned char GetDayOfWeek() const;
+    unsigned short GetDayOfYear() const; // from 1
+    // The same instant with the offset +00:00; a value without an offset as it is.
+    CDateTime GetNormalized() const;
+
+    // The text decides the type, whatever it was: a dateTime; any of the five with a date part; a time. They
+    // throw CZvInvalidValueException, also for a null pointer, and the object is to be set anew then. A text
+    // given by its length ends at a NUL within.
+    void ParseXSDDateTime(char const* text);
+    void ParseXSDDateTime(std::string_view text);
+    void ParseXSDDate(char const* text);
+    void ParseXSDDate(std::string_view text);
+    void ParseXSDTime(char const* text);
+    void ParseXSDTime(std::string_view text);
+
+    // The lexical form, or "Error: Date Not Set". The only format that prints it is "s"; null, "" and "G"
+    // give an empty text.
+    std::string ToString() const;
+    std::string ToString(char const* format) const;
+    // ToString() in place of the content of `text`, in the room that it has. Returns `text`.
+    std::string& Print(std::string& text) const;
+
+    // The partial order of XML Schema Part 2, 3.2.7.3. An indeterminate pair answers false to all operators
+    // but !=.
+    DTCompareResult CompareTo(CDateTime const& other) const;
+    bool operator==(CDateTime const& other) const;
+    bool operator!=(CDateTime const& other) const;
+    bool operator<(CDateTime const& other) const;
+    bool operator<=(CDateTime const& other) const;
+    bool operator>(CDateTime const& other) const;
+    bool operator>=(CDateTime const& other) const;
+
+    // XML Schema Part 2, appendix E, without its last step: the day is not cut to the length of the month.
+    // Adding heeds the sign of the span, subtracting takes its magnitude.
+    CDateTime operator+(CDateTimeSpan const& span) const;
+    CDateTime& operator+=(CDateTimeSpan const& span);
+    CDateTime operator-(CDateTimeSpan const& span) const;
+    CDateTime& operator-=(CDateTimeSpan const& span);
+    // The difference of two dates is not computed: the result is zero.
+    CDateTimeSpan operator-(CDateTime const& other) const;
+
+private:
+    // The calendar record in the library's own form.
+    struct Record {
+        unsigned year, month, dayOfWeek, day, hour, minute, second, milliSecond;
+    };
+
+    // Templates, so that they fit any record with these fields.
+    template <class SystemTime>
+    static Record RecordOf(SystemTime const& time) {
+        auto const number = [](auto field) { return static_cast<unsigned>(field); };
+        return {number(time.wYear),   number(time.wMonth),       number(time.wDayOfWeek),
+                number(time.wDay),    number(time.wHour),        number(time.wMinute),
+                number(time.wSecond), number(time.wMilliseconds)};
+    }
+    template <class FileTime>
+    static unsigned long long TicksOf(FileTime const& time) {
+        return static_cast<unsigned long long>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
+    }
+    template <class Field>
+    static void PutField(Field& field, unsigned value) {
+        field = static_cast<Field>(value);
+    }
+
+    CDateTime& SetRecord(Record const& record);
+    CDateTime& SetTicks(unsigned long long ticks);
+    void SetUnlessInvalid(Record const& record);
+    void SetUnlessInvalid(unsigned long long ticks);
+    Record GetRecord() const;
+
+    // Wider than the fields, so that no number becomes valid by losing its upper bits.
+    void SetDateTime(DTType type, long long year, unsigned month, unsigned day, unsigned hour,
+                     unsigned minute, unsigned second, unsigned milliSecond, unsigned microSecond,
+                     unsigned nanoSecond);
+    template <class Set>
+    void SetOrClear(Set set);
+    void SetXSDDate(std::string_view text);
+    void SetDatePart(std::string_view text);
+    void SetXSDTime(std::string_view text);
+    void SetZone(std::string_view text);
+    void Validate() const;
+    void Clear() noexcept;
+    bool IsOneOf(unsigned types) const noexcept;
+    void Require(unsigned types, char const* operation) const;
+    bool IsNotSet() const noexcept;
+    char* PrintTo(char* at) const noexcept;
+    void AddDateTimeSpan(CDateTimeSpan const& span);
+    DTCompareResult CompareFields(CDateTime const& other) const noexcept;
+    CDateTime AtOffset(short hour) const;
+
+    DTType m_type = dt_yearZero;
+    short m_year = 0;
+    unsigned char m_month = 0;
+    unsigned char m_day = 0;
+    unsigned char m_hour = 0;
+    unsigned char m_minute = 0;
+    unsigned char m_second = 0;
+    unsigned short m_milliSecond = 0;
+    unsigned short m_microSecond = 0;
+    unsigned short m_nanoSecond = 0;
+    bool m_hasZone = false;
+    bool m_hasOffset = false; // only with m_hasZone
+    short m_zoneHour = 0;
+    unsigned char m_zoneMinute = 0;
+};
+
+inline SYSTEMTIME CDateTime::GetAsSystemTime() const {
+    Record const record = GetRecord();
+    SYSTEMTIME time{};
+    PutField(time.wYear, record.year);
+    PutField(time.wMonth, record.month);
+    PutField(time.wDayOfWeek, record.dayOfWeek);
+    PutField(time.wDay, record.day);
+    PutField(time.wHour, record.hour);
+    PutField(time.wMinute, record.minute);
+    PutField(time.wSecond, record.second);
+    PutField(time.wMilliseconds, record.milliSecond);
+    return time;
+}
+
+} // namespace ZvXmlLib16
