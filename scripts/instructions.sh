@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Counts the instructions of reading an 11 KB document into typed objects and of writing it, and compares them
-# with those on record (g++ 12, release): fails if one has grown by more than a twentieth. With --record it
-# writes the new counts down.
+# Counts the instructions of reading an 11 KB document into typed objects and of writing it, as XML and as JSON,
+# and compares them with those on record (g++ 12, release): fails if one has grown by more than a twentieth.
+# With --record it writes the new counts down.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 need_build_packages
@@ -10,16 +10,16 @@ need_program valgrind valgrind
 install_missing_packages
 
 configure release -DZVXMLLIB_BUILD_BENCHMARKS=ON -DZVXMLLIB_BUILD_TESTS=OFF >/dev/null
-cmake --build --preset release --target bench_typed_ratios
+cmake --build --preset release --target bench_typed_ratios bench_json_writing
 
 record=benchmarks/typed/instructions.txt
 
-# count WHAT: instructions of one repetition.
+# count PROGRAM WHAT: instructions of one repetition.
 count() {
     local total=()
     for times in 20 120; do
         total+=("$(valgrind --tool=callgrind --callgrind-out-file=/dev/null \
-            build/release/benchmarks/bench_typed_ratios "$1" "$times" 2>&1 |
+            "build/release/benchmarks/$1" "$2" "$times" 2>&1 |
             sed -n 's/.*refs: *//p' | tr -d ,)")
     done
     echo $(((total[1] - total[0]) / 100))
@@ -27,8 +27,9 @@ count() {
 
 status=0
 counts=""
-for what in read write; do
-    now=$(count "$what")
+for row in "read bench_typed_ratios read" "write bench_typed_ratios write" "json bench_json_writing write"; do
+    read -r what program argument <<<"$row"
+    now=$(count "$program" "$argument")
     before=$(sed -n "s/^$what //p" "$record" 2>/dev/null || true)
     echo "$what: $now instructions (on record: ${before:-none})"
     counts+="$what $now"$'\n'

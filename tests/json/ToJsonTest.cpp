@@ -1,4 +1,5 @@
 // The entry points that write JSON, for objects written by hand, untyped elements and typed classes.
+#include "examples/cap_alert/CapAlert.h"
 #include "tests/json/JsonParser.h"
 #include "tests/support/Entries.h"
 #include "tests/support/LocalEncoding.h"
@@ -11,6 +12,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
@@ -201,6 +203,20 @@ TEST(ToJson, WritesCollectionsOfTypedObjectsAsArrays) {
         object->FromXml(row.xml, ctx);
         EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), row.json);
         EXPECT_EQ(FaultOfJson(row.json), "");
+    }
+}
+
+TEST(ToJson, WritesRealAlertsAsJson) {
+    LocalEncoding const local(65001);
+    CSerializationContext ctx;
+    ctx.SetDefaultNamespaceURI(cap::kNamespace);
+    for (char const* file : {"/cap-australia.xml", "/cap-tsunami.xml"}) {
+        CSmartPtr<cap::CAlert> const alert(new cap::CAlert);
+        alert->FromXmlFile((ZV_EXAMPLE_DATA_DIR + std::string(file)).c_str(), ctx);
+        std::string json = alert->ToJson(false, EOLType_LF, ctx);
+        std::replace(json.begin(), json.end(), '\n', ' '); // of texts: nothing is formatted
+        EXPECT_THAT(json, testing::HasSubstr("\"info\": [{"));
+        EXPECT_EQ(FaultOfJson(json), "");
     }
 }
 
