@@ -28,6 +28,9 @@ show "$zvxml" convert "$scratch/invoice.xml" "$scratch/invoice.xml.gz"
 show "$zvxml" convert --pretty --indent 2 "$scratch/invoice.xml.gz" "$scratch/again.xml"
 show cmp "$scratch/invoice.xml" "$scratch/again.xml"
 echo "The document that went through gzip is the same, byte for byte."
+show "$zvxml" convert --pretty --indent 2 "$document" "$scratch/invoice.json"
+echo "The first lines of it:"
+sed -n '1,12p' "$scratch/invoice.json"
 
 alert=$root/build/release/examples/example_cap_alert
 echo
