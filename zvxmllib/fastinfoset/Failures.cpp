@@ -6,6 +6,11 @@
 
 namespace ZvXmlLib16 {
 
+void FailEncodingOfItemType(std::uint32_t itemType) {
+    throw CZvInvalidParamException(
+        FormatString("Item type [%u] has no Fast Infoset encoding.", static_cast<unsigned>(itemType)));
+}
+
 void FailInputEnd() {
     throw CZvException("Failed to parse FastInfoset. Unexpected End of File.");
 }

@@ -5,6 +5,9 @@
 
 namespace ZvXmlLib16 {
 
+// Options.
+[[noreturn]] void FailEncodingOfItemType(std::uint32_t itemType);
+
 // Reading. `bit` is where a form begins: "second".
 [[noreturn]] void FailInputEnd();
 [[noreturn]] void FailElementItem();
