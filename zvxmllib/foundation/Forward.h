@@ -10,10 +10,12 @@ namespace ZvXmlLib16 {
 
 class CAttribute;
 class CAttributeCol;
+class CBigInteger;
 class CBinaryData;
 class CBinaryStream;
 class CDateTime;
 class CDateTimeSpan;
+class CDecimal;
 class CElement;
 class CElementCol;
 class CExpatReader;

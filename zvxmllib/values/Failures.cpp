@@ -52,6 +52,32 @@ void FailBooleanText(std::string_view text) {
                                                 std::string(text).c_str()));
 }
 
+void FailZeroDivisor(char const* operation) {
+    throw CZvInvalidValueException(FormatString("ERROR: Overflow in operator%s.", operation));
+}
+
+void FailNegativeSquareRoot() {
+    throw CZvInvalidValueException("ERROR: Negative Number in function SquareRoot().");
+}
+
+void FailBeyondIntegerType(char const* typeName) {
+    throw CZvInvalidValueException(FormatString("ERROR: Value out of bound of %s.", typeName));
+}
+
+void FailInfiniteInteger() {
+    throw CZvInvalidValueException("ERROR: An infinite value can not be converted to an integer.");
+}
+
+void FailDecimalText(std::size_t position, char const* text) {
+    throw CZvInvalidValueException(
+        FormatString("The string representing a Decimal, contained an invalid char at position %d [%s].",
+                     static_cast<int>(position), text));
+}
+
+void FailBeyondDecimalTarget(char const* typeName) {
+    throw CZvOverFlowException(FormatString("The Decimal value if to large to fit into a %s", typeName));
+}
+
 void FailTypeName(ItemType type) {
     throw CZvException(FormatString("Invalid Type %d", static_cast<int>(type)));
 }

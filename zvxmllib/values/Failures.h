@@ -3,6 +3,7 @@
 
 #include "zvxmllib/foundation/Enumerations.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -21,6 +22,16 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailNumberTooLarge(std::string_view text, char const* typeName);
 [[noreturn]] void FailCharText(std::string_view text);
 [[noreturn]] void FailBooleanText(std::string_view text);
+
+// CBigInteger. `operation` is the operator as the message writes it.
+[[noreturn]] void FailZeroDivisor(char const* operation);
+[[noreturn]] void FailNegativeSquareRoot();
+[[noreturn]] void FailBeyondIntegerType(char const* typeName);
+[[noreturn]] void FailInfiniteInteger();
+
+// CDecimal. The position is counted from 0.
+[[noreturn]] void FailDecimalText(std::size_t position, char const* text);
+[[noreturn]] void FailBeyondDecimalTarget(char const* typeName);
 
 // The variant.
 [[noreturn]] void FailTypeName(ItemType type);
