@@ -5,6 +5,7 @@
 #include "zvxmllib/ZvXmlLib.h"
 
 #include "zvxmllib/document/ExpatReader.h"
+#include "zvxmllib/fastinfoset/FastInfosetReader.h"
 #include "zvxmllib/foundation/StringBuffer.h"
 #include "zvxmllib/foundation/TextStream.h"
 #include "zvxmllib/foundation/Utf16.h"

@@ -22,8 +22,8 @@ class XmlTree;
 //
 // With a callback, a document of any length is read in little memory: it is called at the end of each
 // element, children before parents, and what it answers true for is taken out of the tree and ends; the root
-// stays. What the callback throws reaches the caller of the load. Contexts are borrowed and must outlive the
-// document.
+// stays. Fast Infoset is read whole, without a call. What the callback throws reaches the caller of the load.
+// Contexts are borrowed and must outlive the document.
 class ZV_API CXmlDocument : public CInstanceMonitor {
 public:
     using ElementCallback = bool (*)(CXmlElement* element);
@@ -36,7 +36,8 @@ public:
     CXmlDocument& operator=(CXmlDocument const&) = delete;
     ~CXmlDocument() override;
 
-    // XML text, in gzip or zlib form too. Files of 4 GiB and more are refused, unless AsyncFromXmlFile is on.
+    // XML text or Fast Infoset (X.891), in gzip or zlib form too: its content tells which. Files of 4 GiB and
+    // more are refused. With AsyncFromXmlFile on, plain XML text of any size.
     void Load(char const* fileName);
     // XML text as it is: its declaration, or UTF-8, says what its bytes mean. Throws for an empty text.
     void LoadXml(char const* text);
@@ -61,10 +62,13 @@ protected:
 
 private:
     friend class CExpatReader;
+    friend class CFastInfosetReader;
 
     void LoadOverlapped(char const* fileName);
     void ParseOverlapped(ChunkedFile& file);
     void Parse(unsigned char const* data, std::size_t length);
+    // False, with nothing done, for input in another form. Defined by the format.
+    bool ParseFastInfoset(unsigned char const* data, std::size_t length);
     void ParseText(unsigned char const* data, std::size_t length);
     void MakeTree();
     void EndElement();

@@ -1,12 +1,17 @@
 // Text under a restricted alphabet, whose characters are written as their places in it.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace ZvXmlLib16 {
+
+// The alphabets that every document has, numbered from 1: for numbers, and for dates and times.
+inline constexpr std::array<std::string_view, 2> kRestrictedAlphabets = {"0123456789-+.e ",
+                                                                         "0123456789-:TZ "};
 
 // An alphabet has one byte for each character.
 inline constexpr std::size_t kSmallestAlphabet = 2;

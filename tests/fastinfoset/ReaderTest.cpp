@@ -1,0 +1,343 @@
+// What each item of a Fast Infoset document becomes in the tree.
+#include "Octets.h"
+
+#include "tests/support/LocalEncoding.h"
+#include "tests/support/MessageOf.h"
+#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/fastinfoset/Declarations.h"
+#include "zvxmllib/fastinfoset/FastInfosetContext.h"
+#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/streams/ZvZip.h"
+#include "zvxmllib/values/BinaryData.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace ZvXmlLib16 {
+namespace {
+
+struct Row {
+    char const* octets; // behind a header without any component
+    char const* tree;
+};
+
+void ExpectTrees(std::initializer_list<Row> rows) {
+    for (Row const& row : rows)
+        EXPECT_EQ(Tree(Document(Octets(row.octets))), row.tree) << row.octets;
+}
+
+TEST(FastInfosetReader, ReadsElementsAndTheirEnds) {
+    ExpectTrees({
+        {"3C 00 'a' FF", "0 {}a\n"},
+        {"3C 00 'a' F0", "0 {}a\n"}, // nobody looks for the end of the document
+        {"38 F0 3C 00 'a' FF", "0 {}a\n"},
+        {"3C 00 'a' 3C 00 'b' F0 3C 00 'c' FF FF", "0 {}a\n1 {}b\n1 {}c\n"},
+        {"3C 00 'a' 3C 00 'b' FF", "0 {}a\n1 {}b\n"}, // ends the child and the root
+        {"3C 00 'a' 3C 00 'b' 3C 00 'c' FF 3C 00 'd' FF F0", "0 {}a\n1 {}b\n2 {}c\n1 {}d\n"},
+        {"3C 00 'a' 00 F0 3C 00 'b' F0 01 00 FF FF F0", "0 {}a\n1 {}a\n1 {}b\n1 {}b\n2 {}a\n"},
+        // Names by the entries of their parts, of which one namespace is there from the start.
+        {"3D 00 'u' 00 'a' 3C 80 F0 3D 81 00 'b' F0 01 F0 02 F0 3D 80 81 FF",
+         "0 {u}a\n1 {}a\n1 {u}b\n1 {}a\n1 {u}b\n1 {http://www.w3.org/XML/1998/namespace}b\n"},
+        {"3F 00 'p' 00 'u' 00 'a' 3F 81 81 00 'b' F0 01 FF", "0 {u}a\n1 {u}b\n1 {u}b\n"},
+    });
+}
+
+TEST(FastInfosetReader, ReadsAttributesByNameAndByIndex) {
+    ExpectTrees({
+        {"7C 00 'a' 78 00 'x' 40 '1' 79 00 'u' 00 'y' 00 '2' F0 F0", "0 {}a\nA {}x=1\nA {u}y=2\n"},
+        {"7C 00 'a' 78 00 'x' 40 '1' F0 40 00 80 F0 F0 40 00 FF F0 FF",
+         "0 {}a\nA {}x=1\n1 {}a\nA {}x=1\n1 {}a\nA {}x=\n"},
+        {"7C 00 'a' 7B 80 80 03 'lang' 01 'en' 7B 00 'p' 00 'u' 80 00 'z' F0 F0",
+         "0 {}a\nA {http://www.w3.org/XML/1998/namespace}lang=en\nA {u}a=z\n"},
+        {"7C 00 'a' 78 00 'x' 00 '1' 00 00 '2' F0 F0", "0 {}a\nA {}x=1\nA {}x=2\n"}, // nobody looks for twins
+        {"7C 00 'a' 78 00 'x' 02 'a' 0D 'b' F0 F0", "0 {}a\nA {}x=a\\rb\n"},
+        {"78 F0 3C 00 'a' 78 00 'x' 40 '1' F0 91 'hi' FF", "0 {}a\nA {}x=1\nT hi\n"},
+    });
+}
+
+// Other producers end an attribute list and its element by one octet; it never ends the parent.
+TEST(FastInfosetReader, EndsAnElementWithItsAttributes) {
+    ExpectTrees({
+        {"7C 00 'a' 78 00 'x' FF FF", "0 {}a\nA {}x=\n"},
+        {"3C 00 'a' 7C 00 'b' 78 00 'x' FF FF 3C 00 'c' FF", "0 {}a\n1 {}b\nA {}x=\n1 {}c\n"},
+    });
+}
+
+TEST(FastInfosetReader, JoinsTheChunksOfAnElement) {
+    ExpectTrees({
+        {"3C 00 'a' 90 'x' A0 80 'y' 3C 00 'b' F0 91 'zw' A1 F0", "0 {}a\nT xxyzwzw\n1 {}b\n"},
+        {"3C 00 'a' 92 02 'x' 0D 0A 'y' 0D A0 F0", "0 {}a\nT x\\nyx\\ny\n"},
+        {"3C 00 'a' 90 0D A0 3C 00 'b' A0 FF", "0 {}a\n1 {}b\n"},
+        {"3C 00 'a' 92 00 'x' 00 'y' A0 90 'z' F0", "0 {}a\nT xxz\n"}, // a zero ends a text
+        // White space that stands between all children, by index and written out.
+        {"3C 00 'a' 90 20 3C 00 'b' F0 A0 01 F0 A0 01 F0 80 20 01 F0 80 20 01 F0 80 20 F0",
+         "0 {}a\nT       \n1 {}b\n1 {}b\n1 {}b\n1 {}b\n1 {}b\n"},
+    });
+}
+
+TEST(FastInfosetReader, DecodesEachKindOfEncodedString) {
+    struct Encoded {
+        char const* asChunk;
+        char const* asValue;
+        char const* text;
+    };
+    for (Encoded const& row : {
+             Encoded{"92 05 'text' 'text'", "07 'text' 'text'", "texttext"},
+             Encoded{"92 00 E2 82 AC", "02 E2 82 AC", "\xE2\x82\xAC"},
+             Encoded{"92 00 'a' FF 'b'", "02 'a' FF 'b'",
+                     "a\xEF\xBF\xBD"
+                     "b"},
+             Encoded{"85 20 AC", "11 20 AC", "\xE2\x82\xAC"},
+             Encoded{"86 01 D8 3D DE 00", "13 D8 3D DE 00", "\xF0\x9F\x98\x80"},
+             Encoded{"86 01 D8 3D 00 'x'", "13 D8 3D 00 'x'", "\xEF\xBF\xBDx"},
+             Encoded{"86 00 00 'x' 00", "12 00 'x' 00", "x\xEF\xBF\xBD"}, // half a unit
+             Encoded{"88 02 00 12 A3 DF", "20 02 12 A3 DF", "12-3e"},
+             Encoded{"88 05 20 DF", "20 11 20 DF", "20Z"},
+             Encoded{"8C 00 AB", "30 00 AB", "AB"},
+             Encoded{"8C 06 00 'abc'", "30 12 'abc'", "YWJj"},
+             Encoded{"8C 09 FF FE", "30 21 FF FE", "-2"},
+             Encoded{"8C 0A 01 00 01 FF FF", "30 23 00 01 FF FF", "1 -1"},
+             Encoded{"8C 0E 01 80 00 00 00", "30 33 80 00 00 00", "-2147483648"},
+             Encoded{"8C 12 05 FF FF FF FF FF FF FF FE", "30 47 FF FF FF FF FF FF FF FE", "-2"},
+             Encoded{"8C 14 38", "30 50 38", "true"},
+             Encoded{"8C 14 1F", "30 50 1F", "true true true"},
+             Encoded{"8C 15 4A 90", "30 51 4A 90", "true false true false true false false true"},
+             Encoded{"8C 1A 01 3F 80 00 00", "30 63 3F 80 00 00", "1"},
+             Encoded{"8C 1E 05 3F F8 00 00 00 00 00 00", "30 77 3F F8 00 00 00 00 00 00", "1.5"},
+             Encoded{"8C 22 0D 01 23 45 67 89 AB CD EF 01 23 45 67 89 AB CD EF",
+                     "30 88 07 01 23 45 67 89 AB CD EF 01 23 45 67 89 AB CD EF",
+                     "0123456789ABCDEF0123456789ABCDEF"},
+             Encoded{"8C 26 00 '<&>'", "30 92 '<&>'", "<&>"},
+         }) {
+        std::string chunk = Octets(row.asChunk);
+        std::string value = Octets(row.asValue);
+        std::string const element = Octets("3C 00 'a'");
+        std::string const attribute = Octets("7C 00 'a' 78 00 'x'");
+        std::string const text = Escaped(row.text);
+        EXPECT_EQ(Tree(Document(element + chunk + '\xF0')), "0 {}a\nT " + text + '\n') << row.asChunk;
+        EXPECT_EQ(Tree(Document(attribute + value + Octets("F0 F0"))), "0 {}a\nA {}x=" + text + '\n')
+            << row.asValue;
+        // With the bit that adds it to its table it can be had again.
+        chunk[0] = static_cast<char>(chunk[0] | 0x10);
+        value[0] = static_cast<char>(value[0] | 0x40);
+        EXPECT_EQ(Tree(Document(element + chunk + Octets("3C 00 'b' A0 FF"))),
+                  "0 {}a\nT " + text + "\n1 {}b\nT " + text + '\n')
+            << row.asChunk;
+        EXPECT_EQ(Tree(Document(attribute + value + Octets("78 00 'y' 80 F0 F0"))),
+                  "0 {}a\nA {}x=" + text + "\nA {}y=" + text + '\n')
+            << row.asValue;
+    }
+}
+
+TEST(FastInfosetReader, TakesNamesValuesAndTextsOfAnyLength) {
+    for (std::size_t const n : {8U, 9U, 64U, 65U, 258U, 259U, 264U, 265U, 320U, 321U, 70000U}) {
+        std::string const text(n, 't');
+        std::string const onSecond = n <= 64    ? BigEndian(n - 1, 1)
+                                     : n <= 320 ? '\x40' + BigEndian(n - 65, 1)
+                                                : '\x60' + BigEndian(n - 321, 4);
+        std::string const onFifth = n <= 8     ? BigEndian(n - 1, 1)
+                                    : n <= 264 ? '\x08' + BigEndian(n - 9, 1)
+                                               : '\x0C' + BigEndian(n - 265, 4);
+        std::string const onSeventh =
+            n <= 258 ? '\x82' + BigEndian(n - 3, 1) : '\x83' + BigEndian(n - 259, 4);
+        EXPECT_EQ(Tree(Document('\x7C' + onSecond + text + Octets("78 00 'x'") + onFifth + text + '\xF0' +
+                                onSeventh + text + '\xF0')),
+                  "0 {}" + text + "\nA {}x=" + text + "\nT " + text + '\n')
+            << n;
+    }
+}
+
+// Each form of an index at its place in a document, at both sides of its boundaries.
+TEST(FastInfosetReader, FindsTheEntryOfAnyIndex) {
+    auto const name = [](int i) { return "n" + std::to_string(10000 + i); };
+    std::string content = Octets("7C 00 'r'");
+    for (int i = 1; i <= 9000; ++i)
+        content += Octets("78 05") + name(i) + '\x45' + name(i);
+    content += '\xF0';
+    for (int i = 2; i <= 2100; ++i)
+        content += Octets("3C 05") + name(i) + Octets("92 03") + name(i) + '\xF0';
+    struct Reference {
+        char const* octets;
+        char const* tree;
+    };
+    for (Reference const& row : {
+             Reference{"1F", "1 {}n10032\n"},
+             Reference{"20 00", "1 {}n10033\n"},
+             Reference{"27 FF", "1 {}n12080\n"},
+             Reference{"28 00 00", "1 {}n12081\n"},
+             Reference{"40 3F BF F0", "1 {}r\nA {}n10064=n10064\n"},
+             Reference{"40 40 00 C0 00 F0", "1 {}r\nA {}n10065=n10065\n"},
+             Reference{"40 5F FF DF FF F0", "1 {}r\nA {}n18256=n18256\n"},
+             Reference{"40 60 00 00 E0 00 00 F0", "1 {}r\nA {}n18257=n18257\n"},
+             Reference{"00 AE", "1 {}r\nT n10016\n"}, // the first chunk is that of 2
+             Reference{"00 AF", "1 {}r\nT n10017\n"},
+             Reference{"00 B0 00", "1 {}r\nT n10018\n"},
+             Reference{"00 B3 FF", "1 {}r\nT n11041\n"},
+             Reference{"00 B4 00 00", "1 {}r\nT n11042\n"},
+         }) {
+        std::string const tree = Tree(Document(content + Octets(row.octets) + '\xFF'));
+        EXPECT_THAT(tree, testing::EndsWith(row.tree)) << row.octets;
+    }
+}
+
+TEST(FastInfosetReader, ReadsOverWhatTheTreeHasNoPlaceFor) {
+    ExpectTrees({
+        {"E1 00 't' 00 'd' E2 00 'c' C7 00 's' 00 'p' E1 00 't' FF F0 C4 F0 3C 00 'a' FF", "0 {}a\n"},
+        {"3C 00 'a' 90 'x' E2 01 'no' E1 80 80 E1 00 't' FF C8 00 'e' CB 80 80 00 'p' 90 'y' F0",
+         "0 {}a\nT xy\n"},
+        // Comments go to no table that matters, whatever their encoding.
+        {"3C 00 'a' E2 40 'c' E2 30 F0 '?' E2 20 50 '?' 90 'x' A0 F0", "0 {}a\nT xx\n"},
+        {"C8 90 3C 00 'a' FF", "0 {}a\n"}, // ahead of the root other octets say nothing
+    });
+}
+
+TEST(FastInfosetReader, ReadsOverEachComponentOfTheHeader) {
+    struct Component {
+        unsigned flag;
+        char const* octets;
+    };
+    constexpr Component kComponents[] = {
+        {0x40, "01 00 'u' 00 'd' 02 'uri' 01 'dd'"},
+        {0x20, "1F FF 00 'x' 00 01 'ab' 00 00 'g' 01 00 'p' 00 'q' 00 00 'n' 00 00 'l' 00 00 'c' 00 00 'r'"
+               "01 00 'v' 30 F0 'w' 00 01 'cc' 00 20 F0 'z' 00 03 00 00 00 01 00 00 01 00 00"},
+        {0x10, "C3 00 'n' 00 's' 00 'p' C0 80 F0"},
+        {0x08, "D1 00 'e' 00 's' 00 'p' 00 'n' D0 80 80 80 F0"},
+        {0x04, "04 'UTF-8'"},
+        {0x02, "01"},
+        {0x01, "02 '1.0'"},
+    };
+    for (unsigned flags = 0; flags < 0x80; ++flags) {
+        std::string octets = Octets("E0 00 00 01") + static_cast<char>(flags);
+        for (Component const& component : kComponents) {
+            if ((flags & component.flag) != 0)
+                octets += Octets(component.octets);
+        }
+        EXPECT_EQ(Tree(octets + Octets("3C 00 'a' 90 'x' A0 F0")), "0 {}a\nT xx\n") << flags;
+    }
+    // Nothing of it enters the tables.
+    for (char const* content : {"00 FF", "3C 80 FF", "7C 00 'a' 00 80 FF", "3C 00 'a' A0 FF"}) {
+        std::string const octets = Octets("E0 00 00 01 20") + Octets(kComponents[1].octets) + Octets(content);
+        EXPECT_THAT(MessageOf<CZvException>([&] { Tree(octets); }),
+                    testing::HasSubstr(" is beyond the table of "))
+            << content;
+    }
+}
+
+TEST(FastInfosetReader, GivesNamespaceDeclarationsToTheDocument) {
+    struct Declared {
+        char const* octets;
+        char const* prefix;
+        char const* uri;
+    };
+    for (Declared const& row : {
+             Declared{"38 CF 00 'p' 00 'u' F0 3F 81 81 00 'a' FF", "p", "u"},
+             Declared{"38 CD 00 'u' F0 3C 00 'a' FF", "", "u"},
+             Declared{"38 CF 80 80 F0 3C 00 'a' FF", "xml", "http://www.w3.org/XML/1998/namespace"},
+             Declared{"38 CF 00 'p' 00 'u' CF 81 00 'v' F0 3C 00 'a' FF", "p", "v"},
+             Declared{"38 CF 00 'p' 00 'u' CE 81 F0 3C 00 'a' FF", "p", ""},
+             Declared{"3C 00 'a' 78 CF 00 'p' 00 'u' F0 3C 00 'b' 78 00 'x' FF FF F0", "p", "u"},
+         }) {
+        CXmlDocument document;
+        Load(document, Document(Octets(row.octets)));
+        EXPECT_EQ(document.LookupNamespaceFromAlias(row.prefix), row.uri) << row.octets;
+        EXPECT_EQ(document.LookupAliasFromNamespace(row.uri), row.prefix) << row.octets;
+    }
+}
+
+TEST(FastInfosetReader, ConvertsToTheLocalEncoding) {
+    std::string const octets =
+        Document(Octets("7C 01 C3 A9 78 00 'x' 42 E2 82 AC F0 92 00 C3 A9 'z' 3C 00 'b' 85 20 AC 90 80 FF"));
+    {
+        LocalEncoding const local(1252);
+        EXPECT_EQ(Tree(octets), "0 {}\xE9\nA {}x=\x80\nT \xE9z\n1 {}b\nT \x80?\n");
+    }
+    LocalEncoding const local(1252, true);
+    EXPECT_EQ(Tree(octets), "0 {}\xC3\xA9\nA {}x=\xE2\x82\xAC\nT \xC3\xA9z\n1 {}b\nT \x80\x80\n");
+}
+
+TEST(FastInfosetReader, RecognisesADocumentByItsFirstOctets) {
+    std::string const content = Octets("00 3C 00 'a' FF");
+    for (std::string_view const declaration : kFInfoDeclarations)
+        EXPECT_EQ(Tree(std::string(declaration) + std::string(kFInfoMagic) + content), "0 {}a\n")
+            << declaration;
+
+    std::string const plain = std::string(kFInfoMagic) + content;
+    for (CompressionType const type : {CompressionType_GZip, CompressionType_ZLib}) {
+        std::string large =
+            Document(Octets("3C 00 'a' 83 00 00 10 00") + std::string(4096 + 259, 't') + '\xF0');
+        CBinaryData data(reinterpret_cast<unsigned char*>(large.data()),
+                         static_cast<std::uint32_t>(large.size()), false);
+        CZvZip::Compress(data, type);
+        CXmlDocument document;
+        document.LoadXmlStream(data.GetData(), data.GetLength());
+        EXPECT_EQ(document.GetDocumentElement()->GetText().size(), 4355u);
+    }
+    std::string const file = testing::TempDir() + "recognised.finf";
+    std::ofstream(file, std::ios::binary) << plain;
+    CXmlDocument document;
+    document.Load(file.c_str());
+    EXPECT_EQ(TreeText(document), "0 {}a\n");
+    std::filesystem::remove(file);
+
+    // The rest is for the XML parser.
+    std::string const otherVersion = Octets("E0 00 00 02") + content;
+    for (std::string const& octets :
+         {std::string(kFInfoMagic), std::string(kFInfoDeclarations[0]), Octets("E0 00 00"), otherVersion,
+          std::string(kFInfoDeclarations[0]) + std::string(kFInfoMagic)})
+        EXPECT_THAT(MessageOf<CZvException>([&] { Tree(octets); }), testing::HasSubstr(" at line 1"));
+    EXPECT_EQ(Tree("<?xml version='1.0'?><a/>"), "0 {}a\n");
+    EXPECT_THAT(MessageOf<CZvException>([&] { document.LoadXml(plain.c_str()); }),
+                testing::HasSubstr(" at line 1"));
+}
+
+// A vocabulary that is known in advance is in force if the context says so, whatever the document names.
+TEST(FastInfosetReader, BeginsWithTheVocabularyOfTheContext) {
+    CSerializationContext ctx;
+    CFIVocabulary& vocabulary = *ctx.GetFIContext().GetVocabulary();
+    vocabulary.AddElement("p", "u", "a");
+    vocabulary.AddElement("", "", "b");
+    vocabulary.AddAttribute("p", "u", "a");
+    vocabulary.AddAttributeValue("value");
+    vocabulary.AddElementValue("text");
+    vocabulary.AddElementValue("more\r text");
+    std::string const octets = Octets("E0 00 00 01 20 10 00 04 'urn:v' 40 00 80 F0 A1 01 F0 A0 3F 81 81 80 F0"
+                                      "3C 00 'c' F0 02 90 'x' A2 FF");
+    auto const load = [&](CXmlDocument& document) {
+        document.LoadXmlStream(reinterpret_cast<unsigned char const*>(octets.data()),
+                               static_cast<std::uint32_t>(octets.size()));
+    };
+    CXmlDocument without(ctx);
+    EXPECT_EQ(MessageOf<CZvException>([&] { load(without); }),
+              "Failed to parse FastInfoset. Index [1] is beyond the table of element names.");
+    ctx.GetFIContext().SetUseGeneratedVocabulary(true);
+    CXmlDocument document(ctx);
+    load(document);
+    *ctx.GetFIContext().GetVocabulary() = CFIVocabulary(); // the tree keeps what it has
+    EXPECT_EQ(TreeText(document),
+              "0 {u}a\nA {u}a=value\nT more texttext\n1 {}b\n1 {u}a\n1 {}c\n1 {u}a\nT xx\n");
+}
+
+bool TakeEverything(CXmlElement*) {
+    return true;
+}
+
+TEST(FastInfosetReader, DoesNotCallTheCallbackOfADocument) {
+    CXmlDocument document(&TakeEverything);
+    Load(document, Document(Octets("3C 00 'a' 3C 00 'b' FF")));
+    EXPECT_EQ(TreeText(document), "0 {}a\n1 {}b\n");
+}
+
+std::string s_trace;
+
+TEST(FastInfosetReader, TracesTheElements) {
+    s_trace.clear();
+    DebugTraceSink const before = SetDebugTraceSink([](char const* text) { s_trace += text; });
+    Tree(Document(Octets("3D 00 'u' 00 'a' 3C 00 'b' FF")));
+    SetDebugTraceSink(before);
+    EXPECT_EQ(s_trace, "New Root Elm: u::a\nNew Elm: ::b\nEnd Elm: ::b\nEnd Elm: u::a\n");
+}
+
+} // namespace
+} // namespace ZvXmlLib16

@@ -1,0 +1,251 @@
+// CFastInfosetReader: the document, its elements and their names.
+//
+//   element      0 a nnnnnn   a: attributes follow; the name begins on the third bit. 111000 there: namespace
+//                             attributes come first, the name begins the octet behind them
+//   attribute    0 nnnnnnn    the name begins on the second bit, the value the next octet
+//   namespace    110011 p n   prefix, namespace name
+//   chunk        10 cccccc    an index on the fourth bit, or a text
+//   instruction  11100001     comment 11100010     entity reference 110010 s p     end 1111, two of them
+//   11111111
+#include "zvxmllib/fastinfoset/FastInfosetReader.h"
+
+#include "zvxmllib/document/XmlDocument.h"
+#include "zvxmllib/document/XmlTree.h"
+#include "zvxmllib/fastinfoset/Declarations.h"
+#include "zvxmllib/foundation/Encoder.h"
+#include "zvxmllib/foundation/Functions.h"
+
+#include <algorithm>
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+CInstanceMonitor::Registration s_registration("CFastInfosetReader");
+
+constexpr std::uint8_t kEnd = 0xF0;
+constexpr std::uint8_t kDoubleEnd = 0xFF;
+constexpr std::uint8_t kProcessingInstruction = 0xE1;
+constexpr std::uint8_t kComment = 0xE2;
+
+// A single octet may stand for any text that stood in the document before.
+constexpr std::uint64_t kLeastTextFromIndices = std::uint64_t{256} << 20U;
+constexpr std::uint64_t kTextFromIndicesPerOctet = 1024;
+
+constexpr std::size_t kMostQNames = std::size_t{1} << 20U;
+
+bool StartsWith(std::string_view text, std::string_view start) noexcept {
+    return text.substr(0, start.size()) == start;
+}
+
+// The octets up to the header of the document, 0 if there is none.
+std::size_t LengthOfPreamble(std::string_view input) noexcept {
+    auto const* const declaration =
+        std::find_if(kFInfoDeclarations.begin(), kFInfoDeclarations.end(),
+                     [input](std::string_view text) { return StartsWith(input, text); });
+    std::size_t const begin = declaration == kFInfoDeclarations.end() ? 0 : declaration->size();
+    std::size_t const end = begin + kFInfoMagic.size();
+    return StartsWith(input.substr(begin), kFInfoMagic) && input.size() > end ? end : 0;
+}
+
+std::string_view View(unsigned char const* data, std::size_t length) noexcept {
+    return {reinterpret_cast<char const*>(data), length};
+}
+
+// Instances show in the counts when the load ends, however it ends.
+class CountsSettler {
+public:
+    explicit CountsSettler(XmlTree& tree) noexcept : m_tree(tree) {}
+    CountsSettler(CountsSettler const&) = delete;
+    CountsSettler& operator=(CountsSettler const&) = delete;
+    ~CountsSettler() { m_tree.SettleCounts(); }
+
+private:
+    XmlTree& m_tree;
+};
+
+} // namespace
+
+CFastInfosetReader::CFastInfosetReader(CFastInfosetContext const& context, CXmlDocument& document)
+    : CInstanceMonitor(s_registration), m_context(context), m_doc(document) {}
+
+CFastInfosetReader::~CFastInfosetReader() = default;
+
+bool CFastInfosetReader::IsFastInfoset(unsigned char const* data, std::size_t length) noexcept {
+    return LengthOfPreamble(View(data, length)) != 0;
+}
+
+bool CFastInfosetReader::Parse(unsigned char const* data, std::size_t length) {
+    std::string_view input = View(data, length);
+    std::size_t const preamble = LengthOfPreamble(input);
+    if (preamble == 0)
+        return false;
+    input.remove_prefix(preamble);
+    m_isAsciiOnly = IsASCIIOnly();
+    m_isLocalUtf8 = IsLocalTextUtf8();
+    m_isTraced = IsDebugTraceEnabled();
+    m_textLeft = std::max(kLeastTextFromIndices, kTextFromIndicesPerOctet * length);
+
+    m_doc.m_tree = std::make_unique<XmlTree>(m_doc, false);
+    m_tree = m_doc.m_tree.get();
+    CountsSettler const settler(*m_tree);
+    m_vocabulary = std::make_unique<ReadVocabulary>(m_context, *m_tree);
+    // Most texts are in the tree as they are here.
+    std::string_view const kept = m_tree->KeepText(input);
+    m_in = OctetInput(reinterpret_cast<unsigned char const*>(kept.data()), kept.size());
+    ParseDocumentHeader();
+    ParseDocumentChildren();
+    return true;
+}
+
+// What stands behind the root is not looked at.
+void CFastInfosetReader::ParseDocumentChildren() {
+    for (;;) {
+        std::uint8_t const octet = m_in.ReadOctet();
+        if (octet < 0x80)
+            return ParseRoot(octet);
+        if (octet == kEnd || octet == kDoubleEnd)
+            FailNoRootElement();
+        if (octet == kProcessingInstruction)
+            SkipProcessingInstruction();
+        else if (octet == kComment)
+            SkipNonIdentifyingString();
+        else if ((octet & 0xFC) == 0xC4)
+            SkipDocumentType(octet);
+    }
+}
+
+void CFastInfosetReader::ParseRoot(std::uint8_t octet) {
+    if (StartElement(octet))
+        EndElement();
+    else
+        ParseContent();
+}
+
+// The root is open, and so is whatever else was started and has not ended: no other state is needed.
+void CFastInfosetReader::ParseContent() {
+    while (m_tree->HasOpenElement()) {
+        std::uint8_t const octet = m_in.ReadOctet();
+        if (octet < 0x80) {
+            if (StartElement(octet))
+                EndElement();
+        } else if (octet < 0xC0) {
+            ParseCharacterChunk(octet);
+        } else if (octet == kEnd) {
+            EndElement();
+        } else if (octet == kDoubleEnd) {
+            EndElement();
+            if (m_tree->HasOpenElement()) // the second end may be that of the document
+                EndElement();
+        } else if (octet == kProcessingInstruction) {
+            SkipProcessingInstruction();
+        } else if (octet == kComment) {
+            SkipNonIdentifyingString();
+        } else if ((octet & 0xFC) == 0xC8) {
+            SkipEntityReference(octet);
+        } else {
+            FailElementItem();
+        }
+    }
+}
+
+// True if the element ended with its attributes, as other producers write it.
+bool CFastInfosetReader::StartElement(std::uint8_t octet) {
+    bool const hasAttributes = (octet & 0x40) != 0;
+    if ((octet & 0x3C) == 0x38)
+        octet = ParseNamespaceAttributes();
+    QNames& names = m_vocabulary->elementNames;
+    XmlName const* const name =
+        (octet & 0x3C) == 0x3C ? ParseQName(octet, names) : QNameAt(names, m_in.ReadInteger3(octet));
+    if (m_isTraced)
+        Trace(m_tree->HasOpenElement() ? "New Elm" : "New Root Elm", *name);
+    m_tree->AddElement(name);
+    if (!hasAttributes)
+        return false;
+    while ((octet = m_in.ReadOctet()) < 0x80)
+        ParseAttribute(octet);
+    return octet == kDoubleEnd;
+}
+
+void CFastInfosetReader::EndElement() {
+    CXmlElement const* const element = m_tree->EndElement();
+    if (m_isTraced)
+        DebugTrace("End Elm: %s::%s\n", element->GetNamespaceURI().c_str(), element->GetLocalName().c_str());
+}
+
+void CFastInfosetReader::Trace(char const* what, XmlName const& name) const {
+    DebugTrace("%s: %s::%s\n", what, name.namespaceUri->c_str(), name.localName.c_str());
+}
+
+void CFastInfosetReader::ParseCharacterChunk(std::uint8_t octet) {
+    Strings& chunks = m_vocabulary->characterChunks;
+    if ((octet & 0x20) != 0)
+        return m_tree->AppendKeptText(TextAt(chunks, m_in.ReadInteger4(octet)));
+    std::string_view const text = AsElementText(Decode(ReadEncodedString7(octet)));
+    if ((octet & 0x10) != 0)
+        chunks.entries.push_back(text);
+    m_tree->AppendKeptText(text);
+}
+
+void CFastInfosetReader::ParseAttribute(std::uint8_t octet) {
+    QNames& names = m_vocabulary->attributeNames;
+    XmlName const* const name =
+        (octet & 0x78) == 0x78 ? ParseQName(octet, names) : QNameAt(names, m_in.ReadInteger2(octet));
+    m_tree->AddKeptAttribute(name, ReadAttributeValue());
+}
+
+// Returns the octet in which the name begins.
+std::uint8_t CFastInfosetReader::ParseNamespaceAttributes() {
+    std::uint8_t octet = 0;
+    while (((octet = m_in.ReadOctet()) & 0xFC) == 0xCC) {
+        std::string_view const prefix =
+            (octet & 0x02) == 0 ? std::string_view() : ReadNamespacePart(m_vocabulary->prefixNames);
+        std::string_view const uri =
+            (octet & 0x01) == 0 ? std::string_view() : ReadNamespacePart(m_vocabulary->namespaceNames);
+        m_doc.m_namespaces[std::string(prefix)] = uri;
+    }
+    return m_in.ReadOctet();
+}
+
+std::string_view CFastInfosetReader::ReadNamespacePart(Strings& table) {
+    std::uint32_t const index = ReadIdentifyingString(table);
+    return table.entries[index - 1];
+}
+
+XmlName const* CFastInfosetReader::ParseQName(std::uint8_t octet, QNames& table) {
+    bool const hasPrefix = (octet & 0x02) != 0;
+    bool const hasNamespace = (octet & 0x01) != 0;
+    if (hasPrefix && !hasNamespace)
+        FailPrefixWithoutNamespace();
+    ReadVocabulary::QName entry{};
+    if (hasPrefix)
+        entry.prefix = ReadIdentifyingString(m_vocabulary->prefixNames);
+    if (hasNamespace)
+        entry.namespaceName = ReadIdentifyingString(m_vocabulary->namespaceNames);
+    entry.localName = ReadIdentifyingString(m_vocabulary->localNames);
+    entry.name = Resolve(entry);
+    if (table.entries.size() < kMostQNames)
+        table.entries.push_back(entry);
+    return entry.name;
+}
+
+XmlName const* CFastInfosetReader::QNameAt(QNames& table, std::uint32_t index) {
+    if (index > table.entries.size())
+        FailIndexBeyondTable(index, table.content);
+    ReadVocabulary::QName& entry = table.entries[index - 1];
+    if (entry.name == nullptr)
+        entry.name = Resolve(entry);
+    return entry.name;
+}
+
+XmlName const* CFastInfosetReader::Resolve(ReadVocabulary::QName const& entry) {
+    auto const text = [](Strings const& table, std::uint32_t index) {
+        if (index > table.entries.size())
+            FailIndexBeyondTable(index, table.content);
+        return index == 0 ? std::string_view() : table.entries[index - 1];
+    };
+    return m_tree->GetNames().FindByParts(text(m_vocabulary->namespaceNames, entry.namespaceName),
+                                          text(m_vocabulary->localNames, entry.localName));
+}
+
+} // namespace ZvXmlLib16

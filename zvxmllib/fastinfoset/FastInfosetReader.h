@@ -1,0 +1,111 @@
+// CFastInfosetReader, from a Fast Infoset document (X.891) to the tree.
+#pragma once
+
+#include "zvxmllib/fastinfoset/OctetInput.h"
+#include "zvxmllib/fastinfoset/ReadVocabulary.h"
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/MemoryLeakHelp.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+class XmlTree;
+struct XmlName;
+
+// Reads one document, of this library or of another producer. What the tree has no place for (comments,
+// processing instructions, the document type, all of the header) is read over; texts and names lie in the
+// tree's storage, those that are referred to by index once. Nothing recurses. Belongs to the thread of the
+// load.
+class CFastInfosetReader : public CInstanceMonitor {
+public:
+    // True if a document begins here. Looks at the first octets only.
+    static bool IsFastInfoset(unsigned char const* data, std::size_t length) noexcept;
+
+    // Both are borrowed and outlive the reader.
+    CFastInfosetReader(CFastInfosetContext const& context, CXmlDocument& document);
+    CFastInfosetReader(CFastInfosetReader const&) = delete;
+    CFastInfosetReader& operator=(CFastInfosetReader const&) = delete;
+    ~CFastInfosetReader() override;
+
+    // Makes the document's tree of this input and answers true; false, with nothing done, if it is no Fast
+    // Infoset. Throws CZvException; the tree then holds what was read.
+    bool Parse(unsigned char const* data, std::size_t length);
+
+    // The tables as they are after Parse; null before. The texts in them end with the document's tree.
+    ReadVocabulary const* GetVocabulary() const noexcept { return m_vocabulary.get(); }
+
+private:
+    using Strings = ReadVocabulary::Strings;
+    using QNames = ReadVocabulary::QNames;
+    // An encoded string: its octets, and what they mean.
+    struct EncodedString {
+        unsigned discriminant;
+        std::uint32_t index; // of the alphabet or the algorithm
+        std::string_view octets;
+    };
+
+    // FastInfosetHeader.cpp: what leaves no trace.
+    void ParseDocumentHeader();
+    void ParseInitialVocabulary();
+    void SkipNotations();
+    void SkipUnparsedEntities();
+    void SkipItems(unsigned parts, void (CFastInfosetReader::*skip)());
+    void SkipOctetString();
+    void SkipEncodedString();
+    void SkipNameSurrogate();
+    void SkipProcessingInstruction();
+    void SkipDocumentType(std::uint8_t octet);
+    void SkipEntityReference(std::uint8_t octet);
+    void SkipIdentifyingString();
+    void SkipIdentifyingStrings(unsigned count);
+    void SkipNonIdentifyingString();
+
+    void ParseDocumentChildren();
+    void ParseRoot(std::uint8_t octet);
+    void ParseContent();
+    bool StartElement(std::uint8_t octet);
+    void EndElement();
+    void ParseCharacterChunk(std::uint8_t octet);
+    void ParseAttribute(std::uint8_t octet);
+    std::uint8_t ParseNamespaceAttributes();
+    std::string_view ReadNamespacePart(Strings& table);
+    XmlName const* ParseQName(std::uint8_t octet, QNames& table);
+    XmlName const* QNameAt(QNames& table, std::uint32_t index);
+    XmlName const* Resolve(ReadVocabulary::QName const& entry);
+    void Trace(char const* what, XmlName const& name) const;
+
+    // FastInfosetStrings.cpp
+    std::uint32_t ReadIdentifyingString(Strings& table);
+    std::uint32_t ReadOptionalIndex(std::uint8_t octet);
+    std::string_view ReadAttributeValue();
+    EncodedString ReadEncodedString5(std::uint8_t octet);
+    EncodedString ReadEncodedString7(std::uint8_t octet);
+    std::string_view TextAt(Strings const& table, std::uint32_t index);
+    std::string_view Decode(EncodedString const& encoded);
+    std::string_view DecodeUtf8(std::string_view octets);
+    std::string_view DecodeUtf16(std::string_view octets);
+    std::string_view DecodeAlgorithm(std::string_view octets, std::uint32_t algorithm);
+    std::string_view DecodeRestrictedAlphabet(std::string_view octets, std::uint32_t alphabet);
+    std::string_view AsElementText(std::string_view text);
+
+    CFastInfosetContext const& m_context;
+    CXmlDocument& m_doc;
+    XmlTree* m_tree = nullptr; // the document's, once there is one
+    OctetInput m_in;           // a copy of the input, in the storage of the tree
+    std::unique_ptr<ReadVocabulary> m_vocabulary;
+    std::uint64_t m_textLeft = 0; // octets that indices may still stand for
+    std::string m_text;           // for what has to be put together
+    std::u16string m_units;
+    std::array<char16_t, 512> m_work{}; // spares the conversion of short texts an allocation
+    bool m_isAsciiOnly = false;         // settled once for the document, as the next two
+    bool m_isLocalUtf8 = false;
+    bool m_isTraced = false;
+};
+
+} // namespace ZvXmlLib16

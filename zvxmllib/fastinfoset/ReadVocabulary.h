@@ -1,0 +1,48 @@
+// ReadVocabulary, the tables by which a document that is being read refers to what stood in it before.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ZvXmlLib16 {
+
+class CFastInfosetContext;
+class XmlTree;
+struct XmlName;
+
+// What an element keeps of a text: up to the first zero, without carriage returns.
+std::string ElementText(std::string_view text);
+
+// Entry n of a table stands at place n - 1. The texts are local text and lie in the tree that is being built.
+struct ReadVocabulary {
+    // A qualified name by the entries of its parts, 0 for none.
+    struct QName {
+        std::uint32_t prefix;
+        std::uint32_t namespaceName;
+        std::uint32_t localName;
+        XmlName const* name; // null until it is used
+    };
+    template <class Entry>
+    struct Table {
+        std::vector<Entry> entries;
+        char const* content; // for messages
+    };
+    using Strings = Table<std::string_view>;
+    using QNames = Table<QName>;
+
+    // What X.891 gives every document, and, where the context says so, the vocabulary in the context.
+    ReadVocabulary(CFastInfosetContext const& context, XmlTree& tree);
+
+    Strings prefixNames{{}, "prefixes"};
+    Strings namespaceNames{{}, "namespace names"};
+    Strings localNames{{}, "local names"};
+    QNames elementNames{{}, "element names"};
+    QNames attributeNames{{}, "attribute names"};
+    Strings attributeValues{{}, "attribute values"};
+    Strings characterChunks{{}, "character chunks"};
+};
+
+} // namespace ZvXmlLib16
