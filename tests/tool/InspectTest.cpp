@@ -93,4 +93,25 @@ TEST(ZvxmlInspect, CountsWhatIsNestedTooDeeplyToBeWritten) {
     EXPECT_THAT(converted.err, testing::StartsWith("deep.xml: "));
 }
 
+TEST(ZvxmlInspect, ListsTheVocabularyThatAFastInfosetDocumentBuilds) {
+    ScratchDirectory const scratch;
+    std::string const document = ZV_TEST_DATA_DIR "/fastinfoset/names-40.fi";
+    ToolResult const result = scratch.Run("inspect '" + document + "'");
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    for (char const* line :
+         {"form          Fast Infoset\n", "elements      79\n", "  compact            682 bytes\n",
+          "  namespace names          1\n          1  http://www.w3.org/XML/1998/namespace\n",
+          "  element names           40\n          1  r\n          2  e1\n",
+          "         20  e19\n             and 20 more\n", "  character chunks         7\n          1  1\n"})
+        EXPECT_THAT(result.out, HasSubstr(line));
+    EXPECT_THAT(scratch.Run("inspect --vocabulary '" + document + "'").out, HasSubstr("         40  e39\n"));
+    // Prefix, namespace and what cannot stand on a line.
+    std::string const small =
+        std::string("<?xml version='1.0' encoding='finf'?>\xE0\0\0\1\0\x3F\0p\0u\0a\x92\0x\ny\xFF", 56);
+    EXPECT_THAT(
+        scratch.Run("inspect -", small).out,
+        testing::AllOf(HasSubstr("form          Fast Infoset behind <?xml version='1.0' encoding='finf'?>\n"),
+                       HasSubstr("          1  p:a {u}\n"), HasSubstr("          1  x\\ny\n")));
+}
+
 } // namespace

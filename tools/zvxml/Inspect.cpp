@@ -8,12 +8,14 @@
 #include "Prefixes.h"
 #include "Progress.h"
 #include "TreeWalk.h"
+#include "Vocabulary.h"
 
 #include <zvxmllib/ZvXmlLibInternal.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -24,7 +26,27 @@ namespace zvxml {
 
 namespace {
 
-struct InspectOptions {}; // none yet
+// Entries of a table that are listed of themselves.
+constexpr std::size_t kFirstEntries = 20;
+
+struct InspectOptions {
+    bool listsWholeVocabulary = false;
+};
+
+std::vector<Option<InspectOptions>> const& OptionTable() {
+    static std::vector<Option<InspectOptions>> const table = {
+        {"--vocabulary", nullptr,
+         "all entries of the vocabulary that a Fast Infoset\ndocument builds, not the first ones only",
+         [](InspectOptions& o, std::string const&) { o.listsWholeVocabulary = true; }},
+    };
+    return table;
+}
+
+// A document, and what read it where it is Fast Infoset.
+struct InspectedDocument {
+    std::unique_ptr<CXmlDocument> document;
+    std::unique_ptr<CFastInfosetReader> reader;
+};
 
 std::string_view View(CBinaryData const& bytes) {
     return {reinterpret_cast<char const*>(bytes.GetData()), bytes.GetLength()};
@@ -145,6 +167,32 @@ void PrintSizes(CXmlDocument const& document) {
     }
 }
 
+std::string FormOf(CBinaryData const& content) {
+    std::string_view const octets = View(content);
+    if (!CFastInfosetReader::IsFastInfoset(content.GetData(), content.GetLength()))
+        return "XML text, " + EncodingOf(octets);
+    if (octets[0] != '<')
+        return "Fast Infoset";
+    return "Fast Infoset behind " + std::string(octets.substr(0, octets.find('>') + 1));
+}
+
+InspectedDocument ReadInspected(std::string const& file, CBinaryData const& content,
+                                CSerializationContext const& ctx, Progress& progress) {
+    InspectedDocument result;
+    if (!CFastInfosetReader::IsFastInfoset(content.GetData(), content.GetLength())) {
+        result.document = ReadDocument(file, content, ctx, progress);
+        return result;
+    }
+    result.document = std::make_unique<CXmlDocument>(ctx);
+    result.reader = std::make_unique<CFastInfosetReader>(ctx.GetFIContext(), *result.document);
+    try {
+        result.reader->Parse(content.GetData(), content.GetLength());
+    } catch (CZvException const& e) {
+        throw FileError(InputName(file), e.GetFullMessage());
+    }
+    return result;
+}
+
 void PrintReport(std::string const& file, CBinaryData const& bytes, Unwrapped const& unwrapped,
                  CXmlDocument const& document) {
     CXmlElement const& root = *document.GetDocumentElement();
@@ -152,7 +200,7 @@ void PrintReport(std::string const& file, CBinaryData const& bytes, Unwrapped co
     std::printf("file          %s\n", InputName(file).c_str());
     std::printf("size          %u bytes\n", static_cast<unsigned>(bytes.GetLength()));
     std::printf("wrapper       %s\n", unwrapped.wrapper);
-    std::printf("form          XML text, %s\n", EncodingOf(View(unwrapped.content)).c_str());
+    std::printf("form          %s\n", FormOf(unwrapped.content).c_str());
     std::printf("root          %s\n", root.GetLocalName().c_str());
     std::printf("namespace     %s\n",
                 root.GetNamespaceURI().empty() ? "none" : root.GetNamespaceURI().c_str());
@@ -165,15 +213,17 @@ void PrintReport(std::string const& file, CBinaryData const& bytes, Unwrapped co
 } // namespace
 
 std::string InspectHelp() {
-    return "Usage: zvxml inspect FILE\n"
+    return "Usage: zvxml inspect [OPTION]... FILE\n"
            "Tells what FILE is (\"-\" is standard input): the form and the wrapper that were\n"
            "recognised, the root element, counts, and the size of the document in each form\n"
-           "that can be written.\n";
+           "that can be written. Of a Fast Infoset document it lists the vocabulary, too: the\n"
+           "names and texts that can be referred to by their numbers.\n\n" +
+           OptionsHelp(OptionTable());
 }
 
 void Inspect(std::vector<std::string> const& arguments, Progress& progress) {
     InspectOptions options;
-    std::vector<std::string> const operands = ReadArguments<InspectOptions>(arguments, {}, options);
+    std::vector<std::string> const operands = ReadArguments(arguments, OptionTable(), options);
     if (operands.size() != 1)
         throw UsageError("inspect takes one file");
     std::string const& file = operands[0];
@@ -181,11 +231,15 @@ void Inspect(std::vector<std::string> const& arguments, Progress& progress) {
     CSerializationContext const ctx;
     CBinaryData const bytes = ReadBytes(file);
     Unwrapped const unwrapped = Unwrap(bytes);
-    std::unique_ptr<CXmlDocument> const document = ReadDocument(file, unwrapped.content, ctx, progress);
+    InspectedDocument const inspected = ReadInspected(file, unwrapped.content, ctx, progress);
     progress.Finish();
-    PrintReport(file, bytes, unwrapped, *document);
+    PrintReport(file, bytes, unwrapped, *inspected.document);
+    if (inspected.reader != nullptr)
+        PrintVocabulary(*inspected.reader->GetVocabulary(), options.listsWholeVocabulary
+                                                                ? std::numeric_limits<std::size_t>::max()
+                                                                : kFirstEntries);
     try {
-        PrintSizes(*document);
+        PrintSizes(*inspected.document);
     } catch (CZvException const& e) {
         throw FileError(InputName(file), e.GetFullMessage());
     }
