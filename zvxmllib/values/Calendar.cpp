@@ -5,7 +5,6 @@ namespace ZvXmlLib16::detail {
 
 namespace {
 
-constexpr unsigned char kMonthLengths[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 constexpr unsigned short kDaysBefore[] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
 
 // The calendar repeats after 400 years. Cycles are counted from March 1 of the year 0, so that the day that
@@ -24,14 +23,6 @@ constexpr long long DaysSinceMarch(long long months) {
 constexpr long long kSecondsOfDay = 86'400;
 
 } // namespace
-
-unsigned LongestMonth(unsigned month) noexcept {
-    return kMonthLengths[month - 1];
-}
-
-unsigned DaysInMonth(long long year, unsigned month) noexcept {
-    return month == 2 && !IsLeapYear(year) ? 28 : kMonthLengths[month - 1];
-}
 
 unsigned DaysBeforeMonth(unsigned month) noexcept {
     return kDaysBefore[month - 1];

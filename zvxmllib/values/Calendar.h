@@ -8,8 +8,13 @@ constexpr bool IsLeapYear(long long year) noexcept {
 }
 
 // The length of a month where the year is not told, so February has 29. The month is 1 to 12.
-unsigned LongestMonth(unsigned month) noexcept;
-unsigned DaysInMonth(long long year, unsigned month) noexcept;
+constexpr unsigned LongestMonth(unsigned month) noexcept {
+    constexpr unsigned char kLengths[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    return kLengths[month - 1];
+}
+constexpr unsigned DaysInMonth(long long year, unsigned month) noexcept {
+    return month == 2 && !IsLeapYear(year) ? 28 : LongestMonth(month);
+}
 // In an ordinary year. The month is 1 to 12.
 unsigned DaysBeforeMonth(unsigned month) noexcept;
 

@@ -71,12 +71,7 @@ void CheckDay(CDateTime::DTType type, Fields const& fields) {
     }
 }
 
-// The order of the tests decides which message a value with several faults gets.
-void CheckFields(CDateTime::DTType type, Fields const& fields) {
-    if (type == CDateTime::dt_yearZero)
-        FailYearZero();
-    CheckMonthAndYear(type, fields);
-    CheckDay(type, fields);
+void CheckTime(CDateTime::DTType type, Fields const& fields) {
     bool const hasTime = detail::IsOneOf(type, detail::kTimeTypes);
     for (std::size_t i = 0; i < std::size(kTimeFields); ++i) {
         TimeField const& field = kTimeFields[i];
@@ -86,6 +81,15 @@ void CheckFields(CDateTime::DTType type, Fields const& fields) {
         if (!hasTime && value != 0)
             FailFieldOfType(field.name, value, detail::TypeName(type));
     }
+}
+
+// The order of the tests decides which message a value with several faults gets.
+void CheckFields(CDateTime::DTType type, Fields const& fields) {
+    if (type == CDateTime::dt_yearZero)
+        FailYearZero();
+    CheckMonthAndYear(type, fields);
+    CheckDay(type, fields);
+    CheckTime(type, fields);
 }
 
 // A FILETIME of more than 63 bits is no time.
@@ -283,10 +287,6 @@ void CDateTime::Validate() const {
     CheckFields(
         m_type,
         {m_year, m_month, m_day, {m_hour, m_minute, m_second, m_milliSecond, m_microSecond, m_nanoSecond}});
-}
-
-void CDateTime::Clear() noexcept {
-    *this = CDateTime();
 }
 
 bool CDateTime::IsOneOf(unsigned types) const noexcept {

@@ -210,9 +210,11 @@ private:
                      unsigned nanoSecond);
     template <class Set>
     void SetOrClear(Set set);
+    bool SetOrdinaryDateTime(std::string_view text);
     void SetXSDDate(std::string_view text);
     void SetDatePart(std::string_view text);
     void SetXSDTime(std::string_view text);
+    void SetFractionAndZone(std::string_view text);
     void SetZone(std::string_view text);
     void Validate() const;
     void Clear() noexcept;
@@ -239,6 +241,23 @@ private:
     short m_zoneHour = 0;
     unsigned char m_zoneMinute = 0;
 };
+
+inline void CDateTime::Clear() noexcept {
+    m_type = dt_yearZero;
+    m_year = 0;
+    m_month = 0;
+    m_day = 0;
+    m_hour = 0;
+    m_minute = 0;
+    m_second = 0;
+    m_milliSecond = 0;
+    m_microSecond = 0;
+    m_nanoSecond = 0;
+    m_hasZone = false;
+    m_hasOffset = false;
+    m_zoneHour = 0;
+    m_zoneMinute = 0;
+}
 
 inline SYSTEMTIME CDateTime::GetAsSystemTime() const {
     Record const record = GetRecord();

@@ -108,11 +108,19 @@ char* detail::PrintFraction(char* at, unsigned milliSecond, unsigned microSecond
         return at;
     *at++ = '.';
     char const* const firstDigit = at;
-    at = PrintPadded(at, milliSecond, 3);
+    auto const printGroup = [&at](unsigned number) {
+        if (number > 999) {
+            at = PrintPadded(at, number, 3);
+        } else {
+            *at++ = static_cast<char>('0' + number / 100);
+            at = PrintTwoDigits(at, number % 100);
+        }
+    };
+    printGroup(milliSecond);
     if (microSecond != 0 || nanoSecond != 0)
-        at = PrintPadded(at, microSecond, 3);
+        printGroup(microSecond);
     if (nanoSecond != 0)
-        at = PrintPadded(at, nanoSecond, 3);
+        printGroup(nanoSecond);
     while (at - firstDigit > 1 && at[-1] == '0')
         --at;
     return at;

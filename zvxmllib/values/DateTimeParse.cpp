@@ -1,6 +1,7 @@
 // CDateTime from its lexical forms.
 #include "zvxmllib/values/DateTime.h"
 
+#include "zvxmllib/values/Calendar.h"
 #include "zvxmllib/values/DateTimeFailures.h"
 #include "zvxmllib/values/DateTimeFields.h"
 
@@ -16,7 +17,7 @@ struct DateFields {
     unsigned day = 0;
 };
 
-bool ReadYear(char const* at, unsigned& year) {
+inline bool ReadYear(char const* at, unsigned& year) {
     unsigned century = 0;
     unsigned yearOfCentury = 0;
     if (!detail::ReadTwoDigits(at, century) || !detail::ReadTwoDigits(at + 2, yearOfCentury))
@@ -26,9 +27,26 @@ bool ReadYear(char const* at, unsigned& year) {
 }
 
 // CCYY-MM-DD
-bool ReadFullDate(char const* at, DateFields& fields) {
+inline bool ReadFullDate(char const* at, DateFields& fields) {
     return ReadYear(at, fields.year) && at[4] == '-' && detail::ReadTwoDigits(at + 5, fields.month) &&
            at[7] == '-' && detail::ReadTwoDigits(at + 8, fields.day);
+}
+
+struct ClockFields {
+    unsigned hour = 0;
+    unsigned minute = 0;
+    unsigned second = 0;
+};
+
+constexpr std::size_t kDateLength = 10;
+constexpr std::size_t kClockLength = 8;
+
+// hh:mm:ss, in range
+inline bool ReadClock(char const* at, ClockFields& fields) {
+    return detail::ReadTwoDigits(at, fields.hour) && at[2] == ':' &&
+           detail::ReadTwoDigits(at + 3, fields.minute) && at[5] == ':' &&
+           detail::ReadTwoDigits(at + 6, fields.second) && fields.hour < 24 && fields.minute < 60 &&
+           fields.second < 60;
 }
 
 // The forms with a year, without sign and zone. No type if the text has none of them.
@@ -39,7 +57,7 @@ CDateTime::DTType ReadWithYear(std::string_view text, DateFields& fields) {
     if (text.size() == 7 && ReadYear(at, fields.year) && at[4] == '-' &&
         detail::ReadTwoDigits(at + 5, fields.month))
         return CDateTime::dt_gYearMonth;
-    if (text.size() == 10 && ReadFullDate(at, fields))
+    if (text.size() == kDateLength && ReadFullDate(at, fields))
         return CDateTime::dt_date;
     return CDateTime::dt_yearZero;
 }
@@ -71,6 +89,8 @@ void CDateTime::ParseXSDDateTime(char const* text) {
 }
 
 void CDateTime::ParseXSDDateTime(std::string_view text) {
+    if (SetOrdinaryDateTime(text))
+        return;
     text = UpToNul(text);
     std::size_t const separator = text.find('T');
     if (separator == std::string_view::npos)
@@ -82,6 +102,29 @@ void CDateTime::ParseXSDDateTime(std::string_view text) {
     SetXSDTime(text.substr(separator + 1));
     m_type = dt_dateTime;
     Validate();
+}
+
+// CCYY-MM-DDThh:mm:ss at the head, with all of it in range: such a text needs no search for its parts. False
+// for everything else, also for what is wrong, and nothing has changed then.
+bool CDateTime::SetOrdinaryDateTime(std::string_view text) {
+    DateFields date;
+    ClockFields clock;
+    if (text.size() < kDateLength + 1 + kClockLength || !ReadFullDate(text.data(), date) ||
+        text[kDateLength] != 'T' || !ReadClock(text.data() + kDateLength + 1, clock))
+        return false;
+    if (date.year == 0 || date.month < 1 || date.month > 12 || date.day < 1 ||
+        date.day > detail::DaysInMonth(date.year, date.month))
+        return false;
+    Clear();
+    m_type = dt_dateTime;
+    m_year = static_cast<short>(date.year);
+    m_month = static_cast<unsigned char>(date.month);
+    m_day = static_cast<unsigned char>(date.day);
+    m_hour = static_cast<unsigned char>(clock.hour);
+    m_minute = static_cast<unsigned char>(clock.minute);
+    m_second = static_cast<unsigned char>(clock.second);
+    SetFractionAndZone(text.substr(kDateLength + 1));
+    return true;
 }
 
 void CDateTime::ParseXSDDate(char const* text) {
@@ -127,7 +170,7 @@ void CDateTime::SetDatePart(std::string_view text) {
     DTType type = dt_yearZero;
     bool isNegative = false;
     std::string_view zone;
-    if (text.size() == 10 && ReadFullDate(text.data(), fields)) { // most dates by far
+    if (text.size() == kDateLength && ReadFullDate(text.data(), fields)) { // most dates by far
         type = dt_date;
     } else {
         fields = DateFields();
@@ -163,19 +206,19 @@ void CDateTime::SetDatePart(std::string_view text) {
 void CDateTime::SetXSDTime(std::string_view text) {
     if (text.empty())
         FailTimeEmpty();
-    char const* const at = text.data();
-    unsigned hour = 0;
-    unsigned minute = 0;
-    unsigned second = 0;
-    if (text.size() < 8 || !detail::ReadTwoDigits(at, hour) || at[2] != ':' ||
-        !detail::ReadTwoDigits(at + 3, minute) || at[5] != ':' || !detail::ReadTwoDigits(at + 6, second) ||
-        hour >= 24 || minute >= 60 || second >= 60)
+    ClockFields clock;
+    if (text.size() < kClockLength || !ReadClock(text.data(), clock))
         FailTimeForm(text);
-    m_hour = static_cast<unsigned char>(hour);
-    m_minute = static_cast<unsigned char>(minute);
-    m_second = static_cast<unsigned char>(second);
+    m_hour = static_cast<unsigned char>(clock.hour);
+    m_minute = static_cast<unsigned char>(clock.minute);
+    m_second = static_cast<unsigned char>(clock.second);
+    SetFractionAndZone(text);
+    m_type = dt_time;
+}
 
-    std::size_t position = 8;
+// What follows hh:mm:ss, up to the end or a NUL. The text is the whole time, which a message shows.
+void CDateTime::SetFractionAndZone(std::string_view text) {
+    std::size_t position = kClockLength;
     if (position < text.size() && text[position] == '.') {
         ++position;
         detail::SecondFraction const fraction = detail::ReadFraction(text.substr(position));
@@ -188,7 +231,6 @@ void CDateTime::SetXSDTime(std::string_view text) {
     }
     if (position < text.size())
         SetZone(text.substr(position));
-    m_type = dt_time;
 }
 
 // What begins neither with Z nor with a sign is no zone, and nothing looks at it.
@@ -198,6 +240,7 @@ void CDateTime::SetZone(std::string_view text) {
         return SetUTC();
     if (first != '+' && first != '-')
         return;
+    text = UpToNul(text);
     unsigned hour = 0;
     unsigned minute = 0;
     if (text.size() != kOffsetLength || !detail::ReadTwoDigits(text.data() + 1, hour) || text[3] != ':' ||
@@ -210,6 +253,8 @@ void CDateTime::SetZone(std::string_view text) {
 
 detail::SecondFraction detail::ReadFraction(std::string_view text) noexcept {
     constexpr std::size_t kDigits = 9;
+    constexpr unsigned kScales[kDigits + 1] = {1'000'000'000, 100'000'000, 10'000'000, 1'000'000, 100'000,
+                                               10'000,        1'000,       100,        10,        1};
     SecondFraction fraction;
     unsigned nanoSeconds = 0;
     std::size_t digits = 0;
@@ -217,8 +262,7 @@ detail::SecondFraction detail::ReadFraction(std::string_view text) noexcept {
         nanoSeconds = nanoSeconds * 10 + static_cast<unsigned>(text[digits] - '0');
     fraction.length = digits;
     fraction.isTooLong = digits == kDigits && digits < text.size() && IsDigit(text[digits]);
-    for (; digits < kDigits; ++digits)
-        nanoSeconds *= 10;
+    nanoSeconds *= kScales[digits];
     fraction.milliSecond = static_cast<unsigned short>(nanoSeconds / 1'000'000);
     fraction.microSecond = static_cast<unsigned short>(nanoSeconds / 1'000 % 1'000);
     fraction.nanoSecond = static_cast<unsigned short>(nanoSeconds % 1'000);

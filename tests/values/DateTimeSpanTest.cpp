@@ -1,0 +1,128 @@
+// Durations: parts, lexical form.
+#include "tests/support/MessageOf.h"
+#include "tests/values/DateTexts.h"
+
+#include <gmock/gmock.h>
+
+using namespace ZvXmlLib16;
+
+namespace {
+
+std::string Form(std::string const& text) {
+    return "invalid: Invalid XSD Duration [" + text + "] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]";
+}
+
+} // namespace
+
+TEST(Duration, ReadsAndPrintsThePartsAsTheyAreWritten) {
+    struct Row {
+        std::string text;
+        std::string outcome;
+    };
+    for (Row const& row : {
+             Row{"P1Y2M3DT4H5M6.7S", "P1Y2M3DT4H5M6.7S"},
+             Row{"-PT1S", "-PT1S"},
+             Row{"PT90M", "PT90M"},
+             Row{"PT.5S", "PT0.5S"},
+             Row{"PT0.000000001S", "PT0.000000001S"},
+             Row{"P400DT0.1S", "P400DT0.1S"},
+             Row{"PT1.S", "PT1S"},
+             // A zero prints as what reading refuses.
+             Row{"P0Y", "P"},
+             Row{"-PY", "-P"},
+             // More than XML Schema allows: years anywhere, text behind a fraction, and designators and a T
+             // without use of their digits.
+             Row{"P1M2Y", "P2Y1M"},
+             Row{"PT1H2Y", "P2YT1H"},
+             Row{"PT1.5S3Y4M", "P3Y4MT1.5S"},
+             Row{"P1D2T3H", "P1DT3H"},
+             Row{"P0065537Y", "P1Y"}, // the low sixteen bits
+             Row{"P4294967295M4294967295DT4294967295H18446744073709551615M18446744073709551615S",
+                 "P4294967295M4294967295DT4294967295H18446744073709551615M18446744073709551615S"},
+             Row{"P4294967296M", Form("P4294967296M")},
+             Row{"P4294967296D", Form("P4294967296D")},
+             Row{"PT4294967296H", Form("PT4294967296H")},
+             Row{"PT18446744073709551616M", Form("PT18446744073709551616M")},
+             Row{"PT18446744073709551616S", Form("PT18446744073709551616S")},
+             Row{"PT18446744073709551616.5S", Form("PT18446744073709551616.5S")},
+             Row{"P18446744073709551616Y", Form("P18446744073709551616Y")},
+             Row{"", "invalid: Invalid XSD Duration (Empty String)"},
+             Row{"-", Form("-")},
+             Row{"P", Form("P")},
+             Row{"-P", Form("-P")},
+             Row{"1Y", Form("1Y")},
+             Row{"+P1Y", Form("+P1Y")},
+             Row{"P-1Y", Form("P-1Y")},
+             Row{"P1", Form("P1")},
+             Row{"P1YT", Form("P1YT")},
+             Row{"P1D1M", Form("P1D1M")},
+             Row{"P1D1D", Form("P1D1D")},
+             Row{"P1H", Form("P1H")},
+             Row{"P1S", Form("P1S")},
+             Row{"P1.5S", Form("P1.5S")},
+             Row{"PT1D", Form("PT1D")},
+             Row{"PT1M1H", Form("PT1M1H")},
+             Row{"PT1S1M", Form("PT1S1M")},
+             Row{"PT1S1S", Form("PT1S1S")},
+             Row{"PT1ST1S", Form("PT1ST1S")},
+             Row{"PT1.5", Form("PT1.5")},
+             Row{"PT1.5M", Form("PT1.5M")},
+             Row{"PT1.5S1S", Form("PT1.5S1S")},
+             Row{"P1W", Form("P1W")},
+             Row{"P1Y ", Form("P1Y ")},
+             Row{"PT1.123456789S", "PT1.123456789S"},
+             Row{"PT1.1234567890S", "invalid: Invalid XSD Duration [PT1.1234567890S] Fraction part too long"},
+         })
+        EXPECT_EQ(zvtest::Outcome([&] { return zvtest::ReadSpan(row.text).ToString(); }), row.outcome);
+    EXPECT_EQ(MessageOf<CZvInvalidValueException>([] { CDateTimeSpan().ParseXSDDuration(nullptr); }),
+              "Invalid XSD Duration (Null String)");
+}
+
+TEST(Duration, ReadsMegabytesOfDigitsInOneGo) {
+    std::string const zeros(4'000'000, '0');
+    EXPECT_EQ(zvtest::ReadSpan("P" + zeros + "7Y").ToString(), "P7Y");
+    std::string const text = "P7" + zeros + "D";
+    EXPECT_EQ(zvtest::Outcome([&] { return zvtest::ReadSpan(text).ToString(); }), Form(text));
+}
+
+TEST(Duration, OneSignHoldsForAllParts) {
+    CDateTimeSpan span(1, 2, 3, 4, 5, 6, 7, 8, 9);
+    EXPECT_EQ(span.GetAsNegative().GetAsNegative().ToString(), "-P1Y2M3DT4H5M6.007008009S");
+    span.Negate();
+    EXPECT_TRUE(span.IsNegative());
+    EXPECT_EQ(span.GetAsNegative().ToString(), span.ToString());
+    span.Negate();
+    EXPECT_EQ(span.ToString(), "P1Y2M3DT4H5M6.007008009S");
+    span.Negate();
+    span.SetDateTimeSpan(4, 5, 6); // clears the rest and the sign
+    EXPECT_EQ(span.ToString(), "PT4H5M6S");
+    span.SetDateTimeSpan(1, 2, 3, 4, 5, 6);
+    EXPECT_EQ(span.ToString(), "P1Y2M3DT4H5M6S");
+    EXPECT_EQ(CDateTimeSpan(0, 100, 0).ToString(), "PT100M");
+}
+
+TEST(Duration, PrintsTheWidestParts) {
+    CDateTimeSpan span(0xFFFF, ~0U, ~0U, ~0U, ~0ULL, ~0ULL, 0xFFFF, 0xFFFF, 0xFFFF);
+    span.Negate();
+    std::string text = "what was there before";
+    EXPECT_EQ(span.Print(text), "-P65535Y4294967295M4294967295DT4294967295H18446744073709551615M"
+                                "18446744073709551615.655356553565535S");
+    EXPECT_EQ(span.ToString(), text);
+}
+
+TEST(Duration, PrintsWhatItRead) {
+    zvtest::RandomDates random(6);
+    for (int i = 0; i < 10'000; ++i) {
+        auto const part = [&] { return static_cast<std::uint32_t>(random.Number(-100, 1'000'000) & ~63); };
+        auto const fraction = [&] {
+            return static_cast<unsigned short>(random.Number(0, 1) * random.Number(0, 999));
+        };
+        CDateTimeSpan span(static_cast<unsigned short>(part()), part(), part(), part(), part(), part(),
+                           fraction(), fraction(), fraction());
+        if (random.Number(0, 1) == 0)
+            span.Negate();
+        std::string const text = span.ToString();
+        ASSERT_EQ(zvtest::ReadSpan(text).ToString(), text);
+        ASSERT_EQ(zvtest::ReadSpan(text).CompareTo(span), CDateTime::DTCompareEqual) << text;
+    }
+}
