@@ -160,11 +160,9 @@ Magnitude SquareRootOfSmall(Magnitude const& a) {
     std::uint64_t value = 0;
     for (std::size_t i = a.Size(); i-- > 0;)
         value = value * kBase + a.Limbs()[i];
-    auto root = static_cast<std::uint64_t>(std::sqrt(static_cast<double>(value)));
+    auto root = static_cast<std::uint64_t>(std::sqrt(static_cast<double>(value))) + 1;
     while (root * root > value)
         --root;
-    while ((root + 1) * (root + 1) <= value)
-        ++root;
     return Magnitude(root);
 }
 
