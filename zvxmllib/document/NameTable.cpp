@@ -24,10 +24,11 @@ bool XmlName::IsCalled(char const* parserName) const noexcept {
     return std::strcmp(parserName, parserLocalName->c_str()) == 0;
 }
 
-// Eight bytes at a time: names with a namespace are long and share their beginning.
+// Eight bytes at a time: names with a namespace are long and share their beginning. Differs from process to
+// process where addresses do, so that nobody prepares a document whose names meet in one bucket.
 std::uint64_t NameTable::Hash(std::string_view text) noexcept {
-    constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15u;
-    std::uint64_t hash = text.size() * kMultiplier;
+    static constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15u;
+    std::uint64_t hash = reinterpret_cast<std::uintptr_t>(&kMultiplier) + text.size() * kMultiplier;
     char const* p = text.data();
     std::size_t left = text.size();
     for (; left >= 8; p += 8, left -= 8) {
