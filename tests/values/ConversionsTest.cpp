@@ -3,6 +3,9 @@
 
 #include "tests/values/ReadText.h"
 #include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/values/DateTime.h"
+#include "zvxmllib/values/DateTimeSpan.h"
+#include "zvxmllib/values/Decimal.h"
 
 #include <gmock/gmock.h>
 
@@ -296,6 +299,29 @@ TEST(Conversions, TextAndBytesFollowTheirRule) {
         {ItemType_base64Binary, kCollapse, " TWFu\nTQ== ", "TWFuTQ=="},
     });
     EXPECT_EQ(CConversions::stringFromString(" a ", kCollapse), "a");
+}
+
+TEST(Conversions, DatesAndExactNumbersFollowTheirRuleAndTheirClasses) {
+    constexpr auto kCollapse = CWhitespaceUtils::WhitespaceRule_Collapse;
+    EXPECT_EQ(CConversions::yearToString(7), "7");
+    EXPECT_EQ(CConversions::monthToString(7), "--07");
+    EXPECT_EQ(CConversions::dayToString(7), "---07");
+    EXPECT_EQ(CConversions::yearFromString("-0001+01:00", kCollapse), 0xFFFF);
+    EXPECT_EQ(CConversions::monthFromString(" --12Z\n", kCollapse), 12);
+    EXPECT_EQ(CConversions::dayFromString("---31-05:00", kCollapse), 31);
+    EXPECT_EQ(CConversions::dateFromString("2026-11-23", kCollapse).GetType(), CDateTime::dt_date);
+    EXPECT_EQ(
+        CConversions::datetimeToString(CConversions::datetimeFromString("2026-11-23T00:00:00Z", kCollapse)),
+        "2026-11-23T00:00:00Z");
+    EXPECT_EQ(CConversions::durationToString(CConversions::durationFromString(" P1D ", kCollapse)), "P1D");
+    CDecimal const number = CConversions::decimalFromString(" 1.005 ", kCollapse);
+    struct Row {
+        char const* format;
+        char const* text;
+    };
+    for (Row const& row : {Row{"", "1.005"}, Row{"2", "1.01"}, Row{" 1x", "1.0"}, Row{"x", "1."}})
+        EXPECT_EQ(CConversions::decimalToString(number, row.format), row.text) << row.format;
+    EXPECT_EQ(CConversions::integerToString(CConversions::integerFromString("\t-0012", kCollapse)), "-12");
 }
 
 TEST(Conversions, ARuleOutOfRangeIsRefusedByEveryType) {

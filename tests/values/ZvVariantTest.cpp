@@ -5,6 +5,8 @@
 #include "zvxmllib/binding/XmlObjectBase.h"
 #include "zvxmllib/collections/XmlCollectionBase.h"
 #include "zvxmllib/foundation/Assert.h"
+#include "zvxmllib/values/DateTimeSpan.h"
+#include "zvxmllib/values/Decimal.h"
 
 #include <gmock/gmock.h>
 
@@ -59,14 +61,32 @@ protected:
 
 // One value of each kind that the variant carries.
 std::vector<std::pair<ItemType, char const*>> const kValues = {
-    {ItemType_hexBinary, "00FF"}, {ItemType_base64Binary, "TWFu"},
-    {ItemType_i1, "-128"},        {ItemType_i2, "-32768"},
-    {ItemType_i4, "-2147483648"}, {ItemType_i8, "-9223372036854775808"},
-    {ItemType_ui1, "255"},        {ItemType_ui2, "65535"},
-    {ItemType_ui4, "4294967295"}, {ItemType_ui8, "18446744073709551615"},
-    {ItemType_r4, "1.5"},         {ItemType_r8, "-2.5e+100"},
-    {ItemType_char, "x"},         {ItemType_string, "a string that is too long to stand in the object"},
-    {ItemType_boolean, "true"}};
+    {ItemType_hexBinary, "00FF"},
+    {ItemType_base64Binary, "TWFu"},
+    {ItemType_i1, "-128"},
+    {ItemType_i2, "-32768"},
+    {ItemType_i4, "-2147483648"},
+    {ItemType_i8, "-9223372036854775808"},
+    {ItemType_ui1, "255"},
+    {ItemType_ui2, "65535"},
+    {ItemType_ui4, "4294967295"},
+    {ItemType_ui8, "18446744073709551615"},
+    {ItemType_r4, "1.5"},
+    {ItemType_r8, "-2.5e+100"},
+    {ItemType_char, "x"},
+    {ItemType_string, "a string that is too long to stand in the object"},
+    {ItemType_boolean, "true"},
+    {ItemType_duration, "-P1Y2M3DT4H5M6.789S"},
+    {ItemType_yearMonth, "2026-11"},
+    {ItemType_monthDay, "--11-23Z"},
+    {ItemType_year, "2026"},
+    {ItemType_month, "--07"},
+    {ItemType_day, "---31"},
+    {ItemType_date, "2026-11-23+01:00"},
+    {ItemType_datetime, "2026-11-23T01:02:03.5Z"},
+    {ItemType_time, "23:59:59"},
+    {ItemType_decimal, "-0.05"},
+    {ItemType_integer, "-123456789012345678901234567890"}};
 
 ZvVariant Make(ItemType type, std::string const& text) {
     ZvVariant value;
@@ -233,11 +253,7 @@ TEST(ZvVariant, TypesWithoutATextAreRefusedBothWays) {
              {0, "plain: Invalid Type 0 to convert to string"},
              {27, "plain: Invalid Type 27 to convert to string"},
              {28, "plain: Invalid Type 28 to convert to string"},
-             {29, "plain: Invalid Type 29 to convert to string"},
-             {13, "plain: Values of Type 13 are not supported by this version"},
-             {18, "plain: Values of Type 18 are not supported by this version"},
-             {20, "plain: Values of Type 20 are not supported by this version"},
-             {26, "plain: Values of Type 26 are not supported by this version"}}) {
+             {29, "plain: Invalid Type 29 to convert to string"}}) {
         auto const type = static_cast<ItemType>(number);
         ZvVariant value;
         value.SetNil(type);
@@ -248,6 +264,31 @@ TEST(ZvVariant, TypesWithoutATextAreRefusedBothWays) {
     ZvVariant object;
     object.SetXmlObject(nullptr);
     EXPECT_EQ(FailureOf([&] { object.ToString(nullptr); }), "plain: Invalid Type 27 to convert to string");
+}
+
+TEST(ZvVariant, KeepsTheKindOfDateThatItIsGiven) {
+    ZvVariant value;
+    value.SetDateTime(CDateTime(2026, 11, 23));
+    EXPECT_EQ(value.GetTypeAsEnum(), ItemType_datetime);
+    EXPECT_EQ(value.GetDateTime().GetType(), CDateTime::dt_date);
+    CDateTime const* const held = value.FindDateTime();
+    value.SetTime(CDateTime("2026-11-23T01:02:03"));
+    EXPECT_EQ(value.FindDateTime(), held) << "assigned to, not made anew";
+    EXPECT_EQ(value.GetTime().GetType(), CDateTime::dt_dateTime);
+    value.SetTime(*value.FindDateTime());
+    EXPECT_EQ(value.ToString(nullptr), "2026-11-23T01:02:03");
+}
+
+TEST(ZvVariant, CopiesOfNumbersAreTheirOwn) {
+    ZvVariant number;
+    number.SetDecimal(CDecimal("1.25"));
+    ZvVariant const copy(number);
+    number.SetDecimal(CDecimal("7"));
+    EXPECT_EQ(copy.GetDecimal().ToString(), "1.25");
+    EXPECT_EQ(copy.ToString("1"), "1.3");
+    EXPECT_EQ(copy.ToString(""), "1.25");
+    number.SetInteger(number.GetDecimal().ToBigInteger());
+    EXPECT_EQ(number.ToString("1"), "7");
 }
 
 TEST(ZvVariant, KeepsTheRoomOfItsStringAndGivesItAway) {
@@ -372,13 +413,19 @@ TEST(ZvVariant, AGetterOfAnotherTypeIsAssertedAndStaysHarmless) {
     EXPECT_EQ(value.TakeString(), "");
     value.SetXmlCollection(nullptr);
     EXPECT_EQ(value.GetXmlCollection(), nullptr);
+    EXPECT_EQ(value.GetDuration().ToString(), "P");
+    value.SetNil(ItemType_decimal);
+    EXPECT_EQ(value.GetDecimal().ToString(), "0");
+    EXPECT_EQ(value.GetDate().GetType(), CDateTime::dt_yearZero);
 #ifndef NDEBUG
     EXPECT_THAT(assertions,
-                testing::ElementsAre("m_type == ItemType_i4", "m_type == ItemType_string && m_pString != 0",
-                                     "m_type == ItemType_hexBinary", "m_type == ItemType_XmlObjectBase",
-                                     "m_type == ItemType_XmlCollection && m_pXmlCol != 0",
-                                     "m_type == ItemType_string && m_pString != 0",
-                                     "m_type == ItemType_string && m_pString != 0",
-                                     "m_type == ItemType_XmlCollection && m_pXmlCol != 0"));
+                testing::ElementsAre(
+                    "m_type == ItemType_i4", "m_type == ItemType_string && m_pString != 0",
+                    "m_type == ItemType_hexBinary", "m_type == ItemType_XmlObjectBase",
+                    "m_type == ItemType_XmlCollection && m_pXmlCol != 0",
+                    "m_type == ItemType_string && m_pString != 0",
+                    "m_type == ItemType_string && m_pString != 0",
+                    "m_type == ItemType_XmlCollection && m_pXmlCol != 0", "m_type == ItemType_duration",
+                    "m_type == ItemType_decimal && m_pDecimal != 0", "m_type == ItemType_date"));
 #endif
 }

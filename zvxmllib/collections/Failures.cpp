@@ -40,6 +40,13 @@ void FailItemNotFound() {
     throw CZvInvalidParamException("The object was not found in the collection");
 }
 
+void FailKindOfDate(CDateTime::DTType kind) {
+    constexpr char const* kNames[] = {"dt_yearZero", "dt_dateTime", "dt_date",   "dt_gYearMonth", "dt_gYear",
+                                      "dt_time",     "dt_gDay",     "dt_gMonth", "dt_gMonthDay"};
+    throw CZvInvalidParamException(std::string("Dates added to this collection must be of type ") +
+                                   kNames[kind]);
+}
+
 void detail::FailIteratorAtEnd() {
     throw CZvException("No More Elements in the Collection");
 }

@@ -1,6 +1,8 @@
 // Every failure of the collections and of untyped content.
 #pragma once
 
+#include "zvxmllib/values/DateTime.h"
+
 #include <string>
 
 namespace ZvXmlLib16 {
@@ -13,6 +15,8 @@ class CZvException;
 [[noreturn]] void FailIndexOutOfRange();
 [[noreturn]] void FailIndexOutOfRange(int index, int count);
 [[noreturn]] void FailItemNotFound();
+// `kind` is the one that the collection takes.
+[[noreturn]] void FailKindOfDate(CDateTime::DTType kind);
 
 [[noreturn]] void FailAttributeReadAlone();
 [[noreturn]] void FailAttributeNamespace(std::string const& localName, std::string const& path);

@@ -3,6 +3,8 @@
 
 #include "zvxmllib/foundation/Functions.h"
 #include "zvxmllib/values/Conversions.h"
+#include "zvxmllib/values/DateTimeSpan.h"
+#include "zvxmllib/values/Decimal.h"
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/PrimitiveRestrictions.h"
 #include "zvxmllib/values/ZvVariant.h"
@@ -19,7 +21,7 @@ using FromText = Value (*)(std::string const&, CWhitespaceUtils::WhitespaceRule)
 template <class Value, class Text>
 bool IsWithinBounds(Value value, FromText<Text> fromText, CPrimitiveRestrictions const& facets) {
     auto const parse = [fromText](std::string const& bound) {
-        return static_cast<Value>(fromText(bound, CWhitespaceUtils::WhitespaceRule_Collapse));
+        return static_cast<std::decay_t<Value>>(fromText(bound, CWhitespaceUtils::WhitespaceRule_Collapse));
     };
     return (facets.minInclusive.empty() || value >= parse(facets.minInclusive)) &&
            (facets.maxInclusive.empty() || value <= parse(facets.maxInclusive)) &&
@@ -52,6 +54,78 @@ void CheckLongInteger(char const* name, Value value, FromText<Value> fromText, s
     if (!IsWithinBounds(value, fromText, facets) ||
         (facets.totalDigits != -1 && !HasAtMost(facets.totalDigits, toText(value).size())))
         FailFacetOfText(name, toText(value));
+}
+
+// Values whose order is partial: a pair without an order is within any bound.
+template <class Value>
+bool IsWithinPartialBounds(Value const& value, FromText<Value> fromText,
+                           CPrimitiveRestrictions const& facets) {
+    auto const compare = [&](std::string const& bound) {
+        return value.CompareTo(fromText(bound, CWhitespaceUtils::WhitespaceRule_Collapse));
+    };
+    auto const isAbove = [](CDateTime::DTCompareResult result) {
+        return result == CDateTime::DTCompareGreater || result == CDateTime::DTCompareIndeterminate;
+    };
+    auto const isBelow = [](CDateTime::DTCompareResult result) {
+        return result == CDateTime::DTCompareLess || result == CDateTime::DTCompareIndeterminate;
+    };
+    return (facets.minInclusive.empty() || compare(facets.minInclusive) != CDateTime::DTCompareLess) &&
+           (facets.maxInclusive.empty() || compare(facets.maxInclusive) != CDateTime::DTCompareGreater) &&
+           (facets.minExclusive.empty() || isAbove(compare(facets.minExclusive))) &&
+           (facets.maxExclusive.empty() || isBelow(compare(facets.maxExclusive)));
+}
+
+// The numbers of gYear, gMonth and gDay have bounds alone.
+template <class Value>
+void CheckDatePart(char const* name, Value value, FromText<Value> fromText,
+                   CPrimitiveRestrictions const& facets) {
+    if (!IsWithinBounds(value, fromText, facets))
+        FailFacetOfInteger(name, value);
+}
+
+FromText<CDateTime> DateFromText(ItemType type) {
+    switch (type) {
+    case ItemType_yearMonth:
+        return CConversions::yearMonthFromString;
+    case ItemType_monthDay:
+        return CConversions::monthDayFromString;
+    case ItemType_datetime:
+        return CConversions::datetimeFromString;
+    case ItemType_time:
+        return CConversions::timeFromString;
+    default: // a date, or a part of one, which the same texts can hold
+        return CConversions::dateFromString;
+    }
+}
+
+ItemType TypeOfDate(CDateTime const& value) {
+    switch (value.GetType()) {
+    case CDateTime::dt_gYearMonth:
+        return ItemType_yearMonth;
+    case CDateTime::dt_gMonthDay:
+        return ItemType_monthDay;
+    case CDateTime::dt_dateTime:
+        return ItemType_datetime;
+    case CDateTime::dt_time:
+        return ItemType_time;
+    default:
+        return ItemType_date;
+    }
+}
+
+std::size_t CountDigits(CBigInteger const& number) {
+    std::string const text = number.ToString();
+    return text.size() - (text[0] == '-' ? 1 : 0);
+}
+
+bool HasDigits(CDecimal const& value, CPrimitiveRestrictions const& facets) {
+    if (facets.totalDigits == -1 && facets.fractionDigits == -1)
+        return true;
+    bool const isWhole = value.GetFractionPart() == CBigInteger(0);
+    bool const isBelowOne = value.GetIntegerPart() == CBigInteger(0);
+    std::size_t const fraction = isWhole ? 0 : static_cast<std::size_t>(value.GetFractionDivider());
+    std::size_t const integer = isBelowOne ? 0 : CountDigits(value.GetIntegerPart());
+    return HasAtMost(facets.totalDigits, integer + fraction) && HasAtMost(facets.fractionDigits, fraction);
 }
 
 // Where the pattern facet has its place, behind the lengths.
@@ -128,6 +202,52 @@ void CheckPrimitive(char const* name, char const* value, CPrimitiveRestrictions 
 
 void CheckPrimitive(char const*, bool, CPrimitiveRestrictions const&) {}
 
+void CheckPrimitive(char const* name, CDateTimeSpan const& value,
+                    CPrimitiveRestrictions const& restrictions) {
+    if (!IsWithinPartialBounds(value, CConversions::durationFromString, restrictions))
+        FailFacetOfText(name, value.ToString());
+}
+
+void CheckPrimitive(char const* name, CDateTime const& value, ItemType type,
+                    CPrimitiveRestrictions const& restrictions) {
+    if (!IsWithinPartialBounds(value, DateFromText(type), restrictions))
+        FailFacetOfText(name, value.ToString());
+}
+
+void CheckPrimitive(char const* name, CDateTime const& value, CPrimitiveRestrictions const& restrictions) {
+    CheckPrimitive(name, value, TypeOfDate(value), restrictions);
+}
+
+void CheckPrimitive(char const* name, unsigned char value, ItemType type,
+                    CPrimitiveRestrictions const& restrictions) {
+    if (type == ItemType_month)
+        CheckDatePart(name, value, CConversions::monthFromString, restrictions);
+    else if (type == ItemType_day)
+        CheckDatePart(name, value, CConversions::dayFromString, restrictions);
+    else
+        CheckPrimitive(name, value, restrictions);
+}
+
+void CheckPrimitive(char const* name, unsigned short value, ItemType type,
+                    CPrimitiveRestrictions const& restrictions) {
+    if (type == ItemType_year)
+        CheckDatePart(name, value, CConversions::yearFromString, restrictions);
+    else
+        CheckPrimitive(name, value, restrictions);
+}
+
+void CheckPrimitive(char const* name, CDecimal const& value, CPrimitiveRestrictions const& restrictions) {
+    if (!IsWithinBounds<CDecimal const&>(value, CConversions::decimalFromString, restrictions) ||
+        !HasDigits(value, restrictions))
+        FailFacetOfText(name, value.ToString());
+}
+
+void CheckPrimitive(char const* name, CBigInteger const& value, CPrimitiveRestrictions const& restrictions) {
+    if (!IsWithinBounds<CBigInteger const&>(value, CConversions::integerFromString, restrictions) ||
+        (restrictions.totalDigits != -1 && !HasAtMost(restrictions.totalDigits, value.ToString().size())))
+        FailFacetOfText(name, value.ToString());
+}
+
 void CheckPrimitiveVariant(char const* name, ZvVariant const& value, ItemType type,
                            CPrimitiveRestrictions const& restrictions) {
     if (value.GetTypeAsEnum() == ItemType_invalid)
@@ -162,17 +282,27 @@ void CheckPrimitiveVariant(char const* name, ZvVariant const& value, ItemType ty
     case ItemType_boolean:
         return CheckPrimitive(name, value.GetBoolean(), restrictions);
     case ItemType_duration:
+        return CheckPrimitive(name, value.GetDuration(), restrictions);
     case ItemType_yearMonth:
+        return CheckPrimitive(name, value.GetYearMonth(), type, restrictions);
     case ItemType_monthDay:
-    case ItemType_year:
-    case ItemType_month:
-    case ItemType_day:
+        return CheckPrimitive(name, value.GetMonthDay(), type, restrictions);
     case ItemType_date:
+        return CheckPrimitive(name, value.GetDate(), type, restrictions);
     case ItemType_datetime:
+        return CheckPrimitive(name, value.GetDateTime(), type, restrictions);
     case ItemType_time:
+        return CheckPrimitive(name, value.GetTime(), type, restrictions);
+    case ItemType_year:
+        return CheckPrimitive(name, value.GetYear(), type, restrictions);
+    case ItemType_month:
+        return CheckPrimitive(name, value.GetMonth(), type, restrictions);
+    case ItemType_day:
+        return CheckPrimitive(name, value.GetDay(), type, restrictions);
     case ItemType_decimal:
+        return CheckPrimitive(name, value.GetDecimal(), restrictions);
     case ItemType_integer:
-        FailTypeNotCarried(type);
+        return CheckPrimitive(name, value.GetInteger(), restrictions);
     default:
         FailFacetsOfType(value.GetType());
     }

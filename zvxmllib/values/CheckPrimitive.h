@@ -45,6 +45,16 @@ ZV_API void CheckPrimitive(char const* name, std::string const& value,
                            CPrimitiveRestrictions const& restrictions);
 // Null counts as empty.
 ZV_API void CheckPrimitive(char const* name, char const* value, CPrimitiveRestrictions const& restrictions);
+// A pair that has no order is in the value's favour.
+ZV_API void CheckPrimitive(char const* name, CDateTimeSpan const& value,
+                           CPrimitiveRestrictions const& restrictions);
+// By its own type.
+ZV_API void CheckPrimitive(char const* name, CDateTime const& value,
+                           CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, CDecimal const& value,
+                           CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, CBigInteger const& value,
+                           CPrimitiveRestrictions const& restrictions);
 // Always passes.
 ZV_API void CheckPrimitive(char const* name, bool value, CPrimitiveRestrictions const& restrictions);
 
@@ -60,8 +70,14 @@ inline void CheckPrimitive(char const* name, unsigned long value,
 }
 
 // The same for a value of the given type, where several types share one in C++: binary data is hexBinary or
-// base64Binary.
+// base64Binary, numbers are those of years, months and days, and a date may be any of the five types.
 ZV_API void CheckPrimitive(char const* name, CBinaryData const& value, ItemType type,
+                           CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, unsigned char value, ItemType type,
+                           CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, unsigned short value, ItemType type,
+                           CPrimitiveRestrictions const& restrictions);
+ZV_API void CheckPrimitive(char const* name, CDateTime const& value, ItemType type,
                            CPrimitiveRestrictions const& restrictions);
 template <class Value>
 void CheckPrimitive(char const* name, Value const& value, ItemType,
@@ -71,7 +87,7 @@ void CheckPrimitive(char const* name, Value const& value, ItemType,
 
 // The value of a variant, which holds one of `type`; a nil one counts as empty. Throws
 // CZvInvalidValueException for a type without facets (char, objects, collections), and CZvException for an
-// invalid variant and for a type whose values this version does not carry.
+// invalid variant.
 ZV_API void CheckPrimitiveVariant(char const* name, ZvVariant const& value, ItemType type,
                                   CPrimitiveRestrictions const& restrictions);
 

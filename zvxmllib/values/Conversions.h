@@ -62,6 +62,33 @@ public:
     // "true" and "false" in any case, "1", "0".
     static std::string booleanToString(bool value);
     static bool booleanFromString(std::string const& value, WhitespaceRule rule);
+
+    // The texts are those of the value classes, which also say what they read; of gYear, gMonth and gDay the
+    // number alone is kept: a zone is read and dropped, and a negative year is its 16-bit pattern.
+    static std::string durationToString(CDateTimeSpan const& value);
+    static CDateTimeSpan durationFromString(std::string const& value, WhitespaceRule rule);
+    static std::string yearMonthToString(CDateTime const& value);
+    static CDateTime yearMonthFromString(std::string const& value, WhitespaceRule rule);
+    static std::string monthDayToString(CDateTime const& value);
+    static CDateTime monthDayFromString(std::string const& value, WhitespaceRule rule);
+    static std::string yearToString(unsigned short value);
+    static unsigned short yearFromString(std::string const& value, WhitespaceRule rule);
+    static std::string monthToString(unsigned char value);
+    static unsigned char monthFromString(std::string const& value, WhitespaceRule rule);
+    static std::string dayToString(unsigned char value);
+    static unsigned char dayFromString(std::string const& value, WhitespaceRule rule);
+    static std::string dateToString(CDateTime const& value);
+    static CDateTime dateFromString(std::string const& value, WhitespaceRule rule);
+    static std::string datetimeToString(CDateTime const& value);
+    static CDateTime datetimeFromString(std::string const& value, WhitespaceRule rule);
+    static std::string timeToString(CDateTime const& value);
+    static CDateTime timeFromString(std::string const& value, WhitespaceRule rule);
+    // A format that is not empty is the number of fraction digits to round to.
+    static std::string decimalToString(CDecimal const& value);
+    static std::string decimalToString(CDecimal const& value, std::string const& format);
+    static CDecimal decimalFromString(std::string const& value, WhitespaceRule rule);
+    static std::string integerToString(CBigInteger const& value);
+    static CBigInteger integerFromString(std::string const& value, WhitespaceRule rule);
 };
 
 } // namespace ZvXmlLib16

@@ -90,11 +90,6 @@ void FailUnknownType() {
     throw CZvException("Unknown Type");
 }
 
-void FailTypeNotCarried(ItemType type) {
-    throw CZvException(
-        FormatString("Values of Type %d are not supported by this version", static_cast<int>(type)));
-}
-
 void FailFacetOfInteger(char const* name, std::int32_t value) {
     throw CZvException(
         FormatString("Invalid Value for %s [%d]", name != nullptr ? name : "", static_cast<int>(value)));

@@ -37,8 +37,6 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailTypeName(ItemType type);
 [[noreturn]] void FailTypeToString(ItemType type); // and from a string
 [[noreturn]] void FailUnknownType();
-// A type that has a name, but no values in this version.
-[[noreturn]] void FailTypeNotCarried(ItemType type);
 
 // Facets. A null name counts as empty.
 [[noreturn]] void FailFacetOfInteger(char const* name, std::int32_t value);

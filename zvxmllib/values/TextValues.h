@@ -25,5 +25,16 @@ float r4FromText(std::string_view text, TextRule rule);
 double r8FromText(std::string_view text, TextRule rule);
 char charFromText(std::string_view text, TextRule rule);
 bool booleanFromText(std::string_view text, TextRule rule);
+CDateTimeSpan durationFromText(std::string_view text, TextRule rule);
+CDateTime yearMonthFromText(std::string_view text, TextRule rule);
+CDateTime monthDayFromText(std::string_view text, TextRule rule);
+unsigned short yearFromText(std::string_view text, TextRule rule);
+unsigned char monthFromText(std::string_view text, TextRule rule);
+unsigned char dayFromText(std::string_view text, TextRule rule);
+CDateTime dateFromText(std::string_view text, TextRule rule);
+CDateTime datetimeFromText(std::string_view text, TextRule rule);
+CDateTime timeFromText(std::string_view text, TextRule rule);
+CDecimal decimalFromText(std::string_view text, TextRule rule);
+CBigInteger integerFromText(std::string_view text, TextRule rule);
 
 } // namespace ZvXmlLib16::detail

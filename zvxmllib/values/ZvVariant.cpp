@@ -3,6 +3,9 @@
 
 #include "zvxmllib/binding/XmlObjectBase.h"
 #include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/values/DateTime.h"
+#include "zvxmllib/values/DateTimeSpan.h"
+#include "zvxmllib/values/Decimal.h"
 #include "zvxmllib/values/Failures.h"
 
 #include <new>
@@ -77,6 +80,22 @@ void ZvVariant::DropValue() noexcept {
         case ItemType_string:
             m_text.clear();
             break;
+        case ItemType_duration:
+            delete m_pDuration;
+            break;
+        case ItemType_yearMonth:
+        case ItemType_monthDay:
+        case ItemType_date:
+        case ItemType_datetime:
+        case ItemType_time:
+            delete m_pDateTime;
+            break;
+        case ItemType_decimal:
+            delete m_pDecimal;
+            break;
+        case ItemType_integer:
+            delete m_pBigInteger;
+            break;
         case ItemType_XmlObjectBase:
             if (m_pXmlObj != nullptr)
                 m_pXmlObj->Release();
@@ -109,6 +128,22 @@ void ZvVariant::CopyValue(ZvVariant const& other) {
         case ItemType_string:
             m_text = other.m_text;
             m_pString = &m_text;
+            break;
+        case ItemType_duration:
+            m_pDuration = new CDateTimeSpan(*other.m_pDuration);
+            break;
+        case ItemType_yearMonth:
+        case ItemType_monthDay:
+        case ItemType_date:
+        case ItemType_datetime:
+        case ItemType_time:
+            m_pDateTime = new CDateTime(*other.m_pDateTime);
+            break;
+        case ItemType_decimal:
+            m_pDecimal = new CDecimal(*other.m_pDecimal);
+            break;
+        case ItemType_integer:
+            m_pBigInteger = new CBigInteger(*other.m_pBigInteger);
             break;
         case ItemType_XmlObjectBase:
             m_pXmlObj = other.m_pXmlObj;
@@ -144,7 +179,7 @@ void ZvVariant::TakeValue(ZvVariant& other) noexcept {
             m_text.swap(other.m_text);
             m_pString = &m_text;
             break;
-        default: // a counted pointer changes hands with its count
+        default: // a pointer changes hands with what it owns or counts
             m_ui8 = other.m_ui8;
             break;
         }
@@ -175,7 +210,81 @@ ZV_SCALAR(R4, r4, float, m_r4)
 ZV_SCALAR(R8, r8, double, m_r8)
 ZV_SCALAR(Char, char, char, m_char)
 ZV_SCALAR(Boolean, boolean, bool, m_boolean)
+ZV_SCALAR(Year, year, unsigned short, m_ui2)
+ZV_SCALAR(Month, month, unsigned char, m_ui1)
+ZV_SCALAR(Day, day, unsigned char, m_ui1)
 #undef ZV_SCALAR
+
+// A value of the same class is assigned to, so that a property that is set again allocates nothing. The new
+// one is made before the old one goes, in which `value` may live.
+template <class Value>
+void ZvVariant::SetOwned(ItemType type, Value*& slot, bool isAlive, Value const& value) {
+    if (isAlive) {
+        *slot = value;
+        m_type = type;
+        return;
+    }
+    Value* const made = new Value(value);
+    BeginValue(type);
+    slot = made;
+}
+
+#define ZV_OWNED(Name, type, Value, field, assertion)                                                        \
+    Value ZvVariant::Get##Name() const {                                                                     \
+        ZV_ASSERT(assertion);                                                                                \
+        Value const* const value = Find##field();                                                            \
+        return value != nullptr ? *value : Value();                                                          \
+    }                                                                                                        \
+    void ZvVariant::Set##Name(Value const& value) {                                                          \
+        SetOwned(ItemType_##type, m_p##field, Find##field() != nullptr, value);                              \
+    }
+ZV_OWNED(Duration, duration, CDateTimeSpan, Duration, m_type == ItemType_duration)
+ZV_OWNED(YearMonth, yearMonth, CDateTime, DateTime, m_type == ItemType_yearMonth)
+ZV_OWNED(MonthDay, monthDay, CDateTime, DateTime, m_type == ItemType_monthDay)
+ZV_OWNED(Date, date, CDateTime, DateTime, m_type == ItemType_date)
+ZV_OWNED(DateTime, datetime, CDateTime, DateTime, m_type == ItemType_datetime)
+ZV_OWNED(Time, time, CDateTime, DateTime, m_type == ItemType_time)
+#undef ZV_OWNED
+
+CDateTimeSpan const* ZvVariant::FindDuration() const noexcept {
+    return m_type == ItemType_duration && !m_isNil ? m_pDuration : nullptr;
+}
+
+CDateTime const* ZvVariant::FindDateTime() const noexcept {
+    bool const isDate = m_type == ItemType_yearMonth || m_type == ItemType_monthDay ||
+                        m_type == ItemType_date || m_type == ItemType_datetime || m_type == ItemType_time;
+    return isDate && !m_isNil ? m_pDateTime : nullptr;
+}
+
+CDecimal const* ZvVariant::FindDecimal() const noexcept {
+    return m_type == ItemType_decimal && !m_isNil ? m_pDecimal : nullptr;
+}
+
+CBigInteger const* ZvVariant::FindInteger() const noexcept {
+    return m_type == ItemType_integer && !m_isNil ? m_pBigInteger : nullptr;
+}
+
+CDecimal ZvVariant::GetDecimal() const {
+    // NOLINTNEXTLINE(modernize-use-nullptr): the assertion's text
+    ZV_ASSERT(m_type == ItemType_decimal && m_pDecimal != 0);
+    CDecimal const* const value = FindDecimal();
+    return value != nullptr ? *value : CDecimal();
+}
+
+void ZvVariant::SetDecimal(CDecimal const& value) {
+    SetOwned(ItemType_decimal, m_pDecimal, FindDecimal() != nullptr, value);
+}
+
+CBigInteger ZvVariant::GetInteger() const {
+    // NOLINTNEXTLINE(modernize-use-nullptr): the assertion's text
+    ZV_ASSERT(m_type == ItemType_integer && m_pBigInteger != 0);
+    CBigInteger const* const value = FindInteger();
+    return value != nullptr ? *value : CBigInteger();
+}
+
+void ZvVariant::SetInteger(CBigInteger const& value) {
+    SetOwned(ItemType_integer, m_pBigInteger, FindInteger() != nullptr, value);
+}
 
 CBinaryData ZvVariant::GetHexBinary() const {
     ZV_ASSERT(m_type == ItemType_hexBinary);

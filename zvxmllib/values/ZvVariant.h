@@ -44,10 +44,9 @@ public:
     std::string GetType() const;
     ItemType GetTypeAsEnum() const noexcept { return m_type; }
 
-    // Text of the value. `format` is a printf format for one double; r4 and r8 use it, null is none. A nil
-    // value gives the text of the empty one, callers ask IsNil first. Throws CZvException for no type, for
-    // objects and collections, and for types whose values this version does not carry (durations, dates and
-    // times, decimal, integer).
+    // Text of the value. `format` is a printf format for one double for r4 and r8, the number of fraction
+    // digits for decimal; null is none. A nil value gives the text of the empty one, callers ask IsNil first.
+    // Throws CZvException for no type, for objects and collections.
     std::string ToString(char const* format) const;
     // The same without a copy: the held string itself, or `buffer` with its content replaced. Valid until
     // either changes.
@@ -88,6 +87,37 @@ public:
     void SetChar(char value);
     bool GetBoolean() const;
     void SetBoolean(bool value);
+    // The numbers of a gYear, gMonth and gDay, without a zone.
+    unsigned short GetYear() const;
+    void SetYear(unsigned short value);
+    unsigned char GetMonth() const;
+    void SetMonth(unsigned char value);
+    unsigned char GetDay() const;
+    void SetDay(unsigned char value);
+
+    // The value keeps the kind of date that it has, whichever setter takes it.
+    CDateTimeSpan GetDuration() const;
+    void SetDuration(CDateTimeSpan const& value);
+    CDateTime GetYearMonth() const;
+    void SetYearMonth(CDateTime const& value);
+    CDateTime GetMonthDay() const;
+    void SetMonthDay(CDateTime const& value);
+    CDateTime GetDate() const;
+    void SetDate(CDateTime const& value);
+    CDateTime GetDateTime() const;
+    void SetDateTime(CDateTime const& value);
+    CDateTime GetTime() const;
+    void SetTime(CDateTime const& value);
+    // A nil number is none to these getters.
+    CDecimal GetDecimal() const;
+    void SetDecimal(CDecimal const& value);
+    CBigInteger GetInteger() const;
+    void SetInteger(CBigInteger const& value);
+    // The held value itself, null for any other state and type. Valid until the variant changes.
+    CDateTime const* FindDateTime() const noexcept; // of any of the five types
+    CDateTimeSpan const* FindDuration() const noexcept;
+    CDecimal const* FindDecimal() const noexcept;
+    CBigInteger const* FindInteger() const noexcept;
 
     // A nil string is no string to GetString and TakeString.
     std::string GetString() const;
@@ -113,6 +143,8 @@ private:
     void BeginValue(ItemType type) noexcept;
     void TextBecomesValue() noexcept;
     void SetBinary(ItemType type, CBinaryData const& value);
+    template <class Value>
+    void SetOwned(ItemType type, Value*& slot, bool isAlive, Value const& value);
     CBinaryData GetBinary() const noexcept;
     void CopyValue(ZvVariant const& other);
     void TakeValue(ZvVariant& other) noexcept;
@@ -136,6 +168,10 @@ private:
         bool m_boolean;
         std::string* m_pString; // m_text, while that is the value
         CBinaryData m_binary;
+        CDateTime* m_pDateTime; // owned, as the next three
+        CDateTimeSpan* m_pDuration;
+        CDecimal* m_pDecimal;
+        CBigInteger* m_pBigInteger;
         CXmlObjectBase* m_pXmlObj; // counted, as the next one
         CXmlCollectionBase* m_pXmlCol;
     };

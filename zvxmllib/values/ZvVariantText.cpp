@@ -1,5 +1,7 @@
 // ZvVariant to and from text.
 #include "zvxmllib/values/Conversions.h"
+#include "zvxmllib/values/DateTimeSpan.h"
+#include "zvxmllib/values/Decimal.h"
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/NumberText.h"
 #include "zvxmllib/values/RuledText.h"
@@ -22,14 +24,6 @@ static_assert(std::size(kTypeNames) == ItemType_integer);
 
 bool IsNamed(ItemType type) {
     return type >= ItemType_hexBinary && type <= ItemType_integer;
-}
-
-// For what the conversions do not take: what is no text in any version, and the types that have a name but
-// no conversion.
-[[noreturn]] void FailConversion(ItemType type) {
-    if (IsNamed(type))
-        FailTypeNotCarried(type);
-    FailTypeToString(type);
 }
 
 } // namespace
@@ -75,6 +69,32 @@ std::string const& ZvVariant::ToText(char const* format, std::string& buffer) co
         return buffer = CConversions::r4ToString(m_r4, formatText());
     case ItemType_r8:
         return buffer = CConversions::r8ToString(m_r8, formatText());
+    case ItemType_duration: {
+        CDateTimeSpan const* const value = FindDuration();
+        return value != nullptr ? value->Print(buffer) : CDateTimeSpan().Print(buffer);
+    }
+    case ItemType_yearMonth:
+    case ItemType_monthDay:
+    case ItemType_date:
+    case ItemType_datetime:
+    case ItemType_time: {
+        CDateTime const* const value = FindDateTime();
+        return value != nullptr ? value->Print(buffer) : CDateTime().Print(buffer);
+    }
+    case ItemType_year:
+        return detail::PrintInteger(m_ui2, buffer);
+    case ItemType_month:
+        return buffer = CConversions::monthToString(m_ui1);
+    case ItemType_day:
+        return buffer = CConversions::dayToString(m_ui1);
+    case ItemType_decimal: {
+        CDecimal const* const value = FindDecimal();
+        return buffer = CConversions::decimalToString(value != nullptr ? *value : CDecimal(), formatText());
+    }
+    case ItemType_integer: {
+        CBigInteger const* const value = FindInteger();
+        return buffer = CConversions::integerToString(value != nullptr ? *value : CBigInteger());
+    }
     case ItemType_char:
         return buffer = CConversions::charToString(m_char);
     case ItemType_string:
@@ -82,7 +102,7 @@ std::string const& ZvVariant::ToText(char const* format, std::string& buffer) co
     case ItemType_boolean:
         return buffer = CConversions::booleanToString(m_boolean);
     default:
-        FailConversion(m_type);
+        FailTypeToString(m_type);
     }
 }
 
@@ -117,6 +137,28 @@ void ZvVariant::FromText(std::string_view text, ItemType type, CWhitespaceUtils:
         return SetR4(detail::r4FromText(text, rule));
     case ItemType_r8:
         return SetR8(detail::r8FromText(text, rule));
+    case ItemType_duration:
+        return SetDuration(detail::durationFromText(text, rule));
+    case ItemType_yearMonth:
+        return SetYearMonth(detail::yearMonthFromText(text, rule));
+    case ItemType_monthDay:
+        return SetMonthDay(detail::monthDayFromText(text, rule));
+    case ItemType_year:
+        return SetYear(detail::yearFromText(text, rule));
+    case ItemType_month:
+        return SetMonth(detail::monthFromText(text, rule));
+    case ItemType_day:
+        return SetDay(detail::dayFromText(text, rule));
+    case ItemType_date:
+        return SetDate(detail::dateFromText(text, rule));
+    case ItemType_datetime:
+        return SetDateTime(detail::datetimeFromText(text, rule));
+    case ItemType_time:
+        return SetTime(detail::timeFromText(text, rule));
+    case ItemType_decimal:
+        return SetDecimal(detail::decimalFromText(text, rule));
+    case ItemType_integer:
+        return SetInteger(detail::integerFromText(text, rule));
     case ItemType_char:
         return SetChar(detail::charFromText(text, rule));
     case ItemType_string: {
@@ -129,7 +171,7 @@ void ZvVariant::FromText(std::string_view text, ItemType type, CWhitespaceUtils:
     case ItemType_boolean:
         return SetBoolean(detail::booleanFromText(text, rule));
     default:
-        FailConversion(type);
+        FailTypeToString(type);
     }
 }
 

@@ -1,0 +1,58 @@
+// CdatetimeBaseCol, what the five collections of dates and times share.
+#pragma once
+
+#include "zvxmllib/collections/ValueCollection.h"
+#include "zvxmllib/values/DateTime.h"
+
+#include <string>
+
+namespace ZvXmlLib16 {
+
+// Each collection takes values of one kind only, and looks at that and at the facets before it tells anybody.
+class ZV_API CdatetimeBaseCol : public detail::ValueStore<CDateTime> {
+public:
+    void Clear() override;
+    virtual void Add(CDateTime const& value);
+    // From 0 to the count. Throws CZvInvalidParamException for another index and for a date of another kind,
+    // and CZvException for a value that the facets forbid.
+    virtual void AddAt(int index, CDateTime const& value) = 0;
+    // A copy. Throws CZvInvalidParamException for an index out of range, as Remove.
+    virtual CDateTime Item(int index);
+
+protected:
+    using ValueStore::ValueStore;
+    ~CdatetimeBaseCol() override;
+
+    virtual std::string ItemToString(CDateTime const& value) = 0;
+    void BaseAddAt(int index, CDateTime const& value);
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
+                   bool optionalChoice) const override;
+};
+
+namespace detail {
+
+template <class Policy>
+class ZV_API DateCollection : public CdatetimeBaseCol, public CInstanceMonitor {
+public:
+    DateCollection(char const* elementName, char const* namespaceURI, int minOccurs, int maxOccurs,
+                   char const* pattern, std::int32_t minLength, std::int32_t maxLength,
+                   char const* minInclusive, char const* maxInclusive, char const* minExclusive,
+                   char const* maxExclusive, std::int32_t length, std::int32_t totalDigits,
+                   std::int32_t fractionDigits, CWhitespaceUtils::WhitespaceRule rule,
+                   char const* formatOverride);
+
+    void AddAt(int index, CDateTime const& value) override;
+
+protected:
+    ~DateCollection() override;
+
+    void AddFromString(std::string value) override;
+    std::string ItemToString(CDateTime const& value) override;
+
+private:
+    static Registration s_registration;
+};
+
+} // namespace detail
+
+} // namespace ZvXmlLib16

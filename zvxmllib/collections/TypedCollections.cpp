@@ -1,0 +1,338 @@
+// The bodies of the collections of values, and the 25 members of the family.
+#include "zvxmllib/collections/TypedCollections.h"
+
+#include "zvxmllib/collections/Failures.h"
+#include "zvxmllib/values/CheckPrimitive.h"
+#include "zvxmllib/values/Conversions.h"
+#include "zvxmllib/values/NumberText.h"
+#include "zvxmllib/values/TextValues.h"
+#include "zvxmllib/writers/XmlWriter.h"
+
+#include <type_traits>
+#include <utility>
+
+namespace ZvXmlLib16 {
+
+namespace detail {
+
+namespace {
+
+// Text of the values of each type, which is the value itself or stands in the buffer, and back.
+template <ItemType type>
+struct Conversion;
+
+#define ZV_CONVERSION(type, Value, text)                                                                     \
+    template <>                                                                                              \
+    struct Conversion<ItemType_##type> {                                                                     \
+        static auto FromText(std::string_view source, TextRule rule) {                                       \
+            return type##FromText(source, rule);                                                             \
+        }                                                                                                    \
+        static std::string const& ToText([[maybe_unused]] Value value,                                       \
+                                         [[maybe_unused]] std::string const& format, std::string& buffer) {  \
+            return text;                                                                                     \
+        }                                                                                                    \
+    };
+ZV_CONVERSION(hexBinary, CBinaryData const&, buffer = value.GetAsHexString())
+ZV_CONVERSION(base64Binary, CBinaryData const&, buffer = value.GetAsBase64())
+ZV_CONVERSION(i1, char, PrintInteger(static_cast<int>(static_cast<signed char>(value)), buffer))
+ZV_CONVERSION(i2, short, PrintInteger(value, buffer))
+ZV_CONVERSION(i4, std::int32_t, PrintInteger(value, buffer))
+ZV_CONVERSION(i8, long long, PrintInteger(value, buffer))
+ZV_CONVERSION(ui1, unsigned char, PrintInteger(static_cast<unsigned>(value), buffer))
+ZV_CONVERSION(ui2, unsigned short, PrintInteger(value, buffer))
+ZV_CONVERSION(ui4, std::uint32_t, PrintInteger(value, buffer))
+ZV_CONVERSION(ui8, unsigned long long, PrintInteger(value, buffer))
+ZV_CONVERSION(r4, float, buffer = CConversions::r4ToString(value, format))
+ZV_CONVERSION(r8, double, buffer = CConversions::r8ToString(value, format))
+ZV_CONVERSION(duration, CDateTimeSpan const&, value.Print(buffer))
+ZV_CONVERSION(year, unsigned short, PrintInteger(value, buffer))
+ZV_CONVERSION(month, unsigned char, buffer = CConversions::monthToString(value))
+ZV_CONVERSION(day, unsigned char, buffer = CConversions::dayToString(value))
+ZV_CONVERSION(boolean, bool, buffer = CConversions::booleanToString(value))
+ZV_CONVERSION(decimal, CDecimal const&, buffer = CConversions::decimalToString(value, format))
+ZV_CONVERSION(integer, CBigInteger const&, buffer = CConversions::integerToString(value))
+ZV_CONVERSION(yearMonth, CDateTime const&, value.Print(buffer))
+ZV_CONVERSION(monthDay, CDateTime const&, value.Print(buffer))
+ZV_CONVERSION(date, CDateTime const&, value.Print(buffer))
+ZV_CONVERSION(datetime, CDateTime const&, value.Print(buffer))
+ZV_CONVERSION(time, CDateTime const&, value.Print(buffer))
+#undef ZV_CONVERSION
+
+// The value is its own text.
+template <>
+struct Conversion<ItemType_string> {
+    static std::string FromText(std::string const& source, TextRule rule) {
+        return CConversions::stringFromString(source, rule);
+    }
+    static std::string const& ToText(std::string const& value, std::string const&, std::string&) {
+        return value;
+    }
+};
+
+} // namespace
+
+template <class Value>
+ValueStore<Value>::~ValueStore() = default;
+
+template <class Value>
+int ValueStore<Value>::GetCount() const {
+    return static_cast<int>(m_values.size());
+}
+
+template <class Value>
+Value ValueStore<Value>::At(int index) const {
+    if (index > GetCount() - 1 || index < 0)
+        FailIndexOutOfRange(index, GetCount());
+    return m_values[static_cast<std::size_t>(index)];
+}
+
+template <class Value>
+void ValueStore<Value>::Remove(int index) {
+    FireOnCollectionRemove(index);
+    if (index > GetCount() - 1 || index < 0)
+        FailIndexOutOfRange(index, GetCount());
+    m_values.erase(m_values.begin() + index);
+    FireOnCollectionRemoveComplete(index);
+    FireOnCollectionChange();
+}
+
+// Listeners get the address of the value. They do not change it.
+template <class Value>
+void ValueStore<Value>::BeginAdd(int index, Value const& value) {
+    FireOnCollectionAdd(const_cast<Value*>(&value));
+    if (index < 0 || index > GetCount())
+        FailIndexOutOfRange();
+}
+
+template <class Value>
+void ValueStore<Value>::Insert(int index, Value value) {
+    m_values.insert(m_values.begin() + index, std::move(value));
+}
+
+template <class Value>
+void ValueStore<Value>::CompleteAdd(Value const& value) {
+    FireOnCollectionAddComplete(const_cast<Value*>(&value));
+    FireOnCollectionChange();
+}
+
+template <class Value>
+void ValueStore<Value>::ClearAs(std::type_info const& collection) {
+    if (!HasListeners() && typeid(*this) == collection)
+        m_values.clear();
+    while (GetCount() != 0)
+        Remove(0);
+}
+
+template <class Value>
+template <class ToText>
+void ValueStore<Value>::WriteValues(CXmlWriter* writer, CSerializationContext const& ctx, ItemType type,
+                                    ToText toText) const {
+    ValidateCount(ctx);
+    std::string& buffer = writer->GetValueRoom().text;
+    for (Value const& value : m_values) {
+        writer->WriteElementStart(GetElementName(), m_namespace);
+        writer->WriteElementValue(toText(value, buffer), type, false);
+        writer->WriteElementEnd();
+    }
+}
+
+#define ZV_PARAMETERS                                                                                        \
+    char const *elementName, char const *namespaceURI, int minOccurs, int maxOccurs, char const *pattern,    \
+        std::int32_t minLength, std::int32_t maxLength, char const *minInclusive, char const *maxInclusive,  \
+        char const *minExclusive, char const *maxExclusive, std::int32_t length, std::int32_t totalDigits,   \
+        std::int32_t fractionDigits, CWhitespaceUtils::WhitespaceRule rule, char const *formatOverride
+#define ZV_ARGUMENTS                                                                                         \
+    elementName, namespaceURI, minOccurs, maxOccurs, pattern, minLength, maxLength, minInclusive,            \
+        maxInclusive, minExclusive, maxExclusive, length, totalDigits, fractionDigits, rule, formatOverride
+
+template <class Policy>
+ValueCollection<Policy>::ValueCollection(ZV_PARAMETERS)
+    : ValueStore<Value>(Policy::kType, ZV_ARGUMENTS), CInstanceMonitor(s_registration) {}
+
+template <class Policy>
+DateCollection<Policy>::DateCollection(ZV_PARAMETERS)
+    : CdatetimeBaseCol(Policy::kType, ZV_ARGUMENTS), CInstanceMonitor(s_registration) {}
+
+#undef ZV_PARAMETERS
+#undef ZV_ARGUMENTS
+
+template <class Policy>
+ValueCollection<Policy>::~ValueCollection() = default;
+
+template <class Policy>
+void ValueCollection<Policy>::Add(Argument value) {
+    AddAt(this->GetCount(), std::forward<Argument>(value));
+}
+
+template <class Policy>
+void ValueCollection<Policy>::AddAt(int index, Argument value) {
+    this->BeginAdd(index, value);
+    if (this->m_needsCheck)
+        CheckPrimitive(this->GetElementName().c_str(), value, Policy::kType, this->m_restrictions);
+    if (this->HasListeners()) // they are shown the value behind this, too
+        this->Insert(index, value);
+    else
+        this->Insert(index, std::forward<Argument>(value));
+    this->CompleteAdd(value);
+}
+
+template <class Policy>
+typename Policy::Value ValueCollection<Policy>::Item(int index) const {
+    return this->At(index);
+}
+
+template <class Policy>
+void ValueCollection<Policy>::Clear() {
+    this->ClearAs(typeid(typename Policy::Collection));
+}
+
+template <class Policy>
+void ValueCollection<Policy>::ToXml_Int(CXmlWriter* writer, bool, char const*,
+                                        CSerializationContext const& ctx, bool) const {
+    this->WriteValues(writer, ctx, Policy::kType,
+                      [this](auto const& value, std::string& buffer) -> std::string const& {
+                          return Conversion<Policy::kType>::ToText(value, this->m_formatOverride, buffer);
+                      });
+}
+
+template <class Policy>
+void ValueCollection<Policy>::AddFromString(std::string value) {
+    Add(Conversion<Policy::kType>::FromText(value, this->m_whitespaceRule));
+}
+
+template <class Policy>
+DateCollection<Policy>::~DateCollection() = default;
+
+template <class Policy>
+void DateCollection<Policy>::AddAt(int index, CDateTime const& value) {
+    if (value.GetType() != Policy::kKind)
+        FailKindOfDate(Policy::kKind);
+    if (m_needsCheck)
+        CheckPrimitive(GetElementName().c_str(), value, Policy::kType, m_restrictions);
+    BaseAddAt(index, value);
+}
+
+template <class Policy>
+void DateCollection<Policy>::AddFromString(std::string value) {
+    Add(Conversion<Policy::kType>::FromText(value, m_whitespaceRule));
+}
+
+template <class Policy>
+std::string DateCollection<Policy>::ItemToString(CDateTime const& value) {
+    std::string buffer;
+    return Conversion<Policy::kType>::ToText(value, m_formatOverride, buffer);
+}
+
+} // namespace detail
+
+CdatetimeBaseCol::~CdatetimeBaseCol() = default;
+
+void CdatetimeBaseCol::Clear() {
+    while (GetCount() != 0)
+        Remove(0);
+}
+
+void CdatetimeBaseCol::Add(CDateTime const& value) {
+    AddAt(GetCount(), value);
+}
+
+CDateTime CdatetimeBaseCol::Item(int index) {
+    return At(index);
+}
+
+void CdatetimeBaseCol::BaseAddAt(int index, CDateTime const& value) {
+    BeginAdd(index, value);
+    Insert(index, value);
+    CompleteAdd(value);
+}
+
+// The operation that makes the text is not const, and leaves the collection as it is.
+void CdatetimeBaseCol::ToXml_Int(CXmlWriter* writer, bool, char const*, CSerializationContext const& ctx,
+                                 bool) const {
+    auto& self = const_cast<CdatetimeBaseCol&>(*this);
+    WriteValues(writer, ctx, ItemType_datetime,
+                [&self](CDateTime const& value, std::string& buffer) -> std::string const& {
+                    return buffer = self.ItemToString(value);
+                });
+}
+
+namespace detail {
+
+#define ZV_COLLECTION(Base, name, Policy)                                                                    \
+    template <>                                                                                              \
+    CInstanceMonitor::Registration Base<Policy>::s_registration("C" #name "Col");                            \
+    template class Base<Policy>;
+ZV_COLLECTION(ValueCollection, hexBinary, HexBinaryItem)
+ZV_COLLECTION(ValueCollection, base64Binary, Base64BinaryItem)
+ZV_COLLECTION(ValueCollection, i1, I1Item)
+ZV_COLLECTION(ValueCollection, i2, I2Item)
+ZV_COLLECTION(ValueCollection, i4, I4Item)
+ZV_COLLECTION(ValueCollection, i8, I8Item)
+ZV_COLLECTION(ValueCollection, ui1, UI1Item)
+ZV_COLLECTION(ValueCollection, ui2, UI2Item)
+ZV_COLLECTION(ValueCollection, ui4, UI4Item)
+ZV_COLLECTION(ValueCollection, ui8, UI8Item)
+ZV_COLLECTION(ValueCollection, r4, R4Item)
+ZV_COLLECTION(ValueCollection, r8, R8Item)
+ZV_COLLECTION(ValueCollection, duration, DurationItem)
+ZV_COLLECTION(ValueCollection, year, YearItem)
+ZV_COLLECTION(ValueCollection, month, MonthItem)
+ZV_COLLECTION(ValueCollection, day, DayItem)
+ZV_COLLECTION(ValueCollection, string, StringItem)
+ZV_COLLECTION(ValueCollection, boolean, BooleanItem)
+ZV_COLLECTION(ValueCollection, decimal, DecimalItem)
+ZV_COLLECTION(ValueCollection, integer, IntegerItem)
+ZV_COLLECTION(DateCollection, yearMonth, YearMonthItem)
+ZV_COLLECTION(DateCollection, monthDay, MonthDayItem)
+ZV_COLLECTION(DateCollection, date, DateItem)
+ZV_COLLECTION(DateCollection, datetime, DatetimeItem)
+ZV_COLLECTION(DateCollection, time, TimeItem)
+#undef ZV_COLLECTION
+
+template class ValueStore<CBinaryData>;
+template class ValueStore<char>;
+template class ValueStore<short>;
+template class ValueStore<std::int32_t>;
+template class ValueStore<long long>;
+template class ValueStore<unsigned char>;
+template class ValueStore<unsigned short>;
+template class ValueStore<std::uint32_t>;
+template class ValueStore<unsigned long long>;
+template class ValueStore<float>;
+template class ValueStore<double>;
+template class ValueStore<CDateTimeSpan>;
+template class ValueStore<std::string>;
+template class ValueStore<bool>;
+template class ValueStore<CDecimal>;
+template class ValueStore<CBigInteger>;
+template class ValueStore<CDateTime>;
+
+} // namespace detail
+
+ChexBinaryCol::~ChexBinaryCol() = default;
+Cbase64BinaryCol::~Cbase64BinaryCol() = default;
+Ci1Col::~Ci1Col() = default;
+Ci2Col::~Ci2Col() = default;
+Ci4Col::~Ci4Col() = default;
+Ci8Col::~Ci8Col() = default;
+Cui1Col::~Cui1Col() = default;
+Cui2Col::~Cui2Col() = default;
+Cui4Col::~Cui4Col() = default;
+Cui8Col::~Cui8Col() = default;
+Cr4Col::~Cr4Col() = default;
+Cr8Col::~Cr8Col() = default;
+CdurationCol::~CdurationCol() = default;
+CyearCol::~CyearCol() = default;
+CmonthCol::~CmonthCol() = default;
+CdayCol::~CdayCol() = default;
+CstringCol::~CstringCol() = default;
+CbooleanCol::~CbooleanCol() = default;
+CdecimalCol::~CdecimalCol() = default;
+CintegerCol::~CintegerCol() = default;
+CyearMonthCol::~CyearMonthCol() = default;
+CmonthDayCol::~CmonthDayCol() = default;
+CdateCol::~CdateCol() = default;
+CdatetimeCol::~CdatetimeCol() = default;
+CtimeCol::~CtimeCol() = default;
+
+} // namespace ZvXmlLib16

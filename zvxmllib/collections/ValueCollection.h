@@ -1,0 +1,83 @@
+// The templates of the collections of values. Their bodies are in TypedCollections.cpp. Header only.
+#pragma once
+
+#include "zvxmllib/collections/XmlTypeCollection.h"
+#include "zvxmllib/foundation/MemoryLeakHelp.h"
+
+#include <string>
+#include <typeinfo>
+#include <vector>
+
+namespace ZvXmlLib16::detail {
+
+// Values in order of position, and the events of their coming and going.
+template <class Value>
+class ZV_API ValueStore : public CXmlTypeCollection {
+public:
+    using iterator = typename std::vector<Value>::iterator;
+    using const_iterator = typename std::vector<Value>::const_iterator;
+
+    int GetCount() const override;
+    // Throws CZvInvalidParamException for an index out of range.
+    void Remove(int index) override;
+
+    // For reading: a change made through them passes no check and fires no event.
+    iterator begin() noexcept { return m_values.begin(); }
+    iterator end() noexcept { return m_values.end(); }
+    const_iterator begin() const noexcept { return m_values.begin(); }
+    const_iterator end() const noexcept { return m_values.end(); }
+
+protected:
+    using CXmlTypeCollection::CXmlTypeCollection;
+    ~ValueStore() override;
+
+    Value At(int index) const;
+    // The steps of adding: facets are looked at between the first two.
+    void BeginAdd(int index, Value const& value);
+    void Insert(int index, Value value);
+    void CompleteAdd(Value const& value);
+    // Empties at once what nobody listens to, if the object is of exactly this class, so that no derived
+    // Remove is passed over.
+    void ClearAs(std::type_info const& collection);
+    // `toText(value, buffer)` gives the text, which may stand in the buffer.
+    template <class ToText>
+    void WriteValues(CXmlWriter* writer, CSerializationContext const& ctx, ItemType type,
+                     ToText toText) const;
+
+private:
+    std::vector<Value> m_values;
+};
+
+template <class Policy>
+class ZV_API ValueCollection : public ValueStore<typename Policy::Value>, public CInstanceMonitor {
+public:
+    using Value = typename Policy::Value;
+    using Argument = typename Policy::Argument;
+
+    ValueCollection(char const* elementName, char const* namespaceURI, int minOccurs, int maxOccurs,
+                    char const* pattern, std::int32_t minLength, std::int32_t maxLength,
+                    char const* minInclusive, char const* maxInclusive, char const* minExclusive,
+                    char const* maxExclusive, std::int32_t length, std::int32_t totalDigits,
+                    std::int32_t fractionDigits, CWhitespaceUtils::WhitespaceRule rule,
+                    char const* formatOverride);
+
+    void Add(Argument value);
+    // From 0 to the count; throws CZvInvalidParamException for another index, and CZvException for a value
+    // that the facets forbid.
+    void AddAt(int index, Argument value);
+    // A copy. Throws CZvInvalidParamException for an index out of range, as Remove.
+    Value Item(int index) const;
+    void Clear() override;
+
+protected:
+    ~ValueCollection() override;
+
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
+                   bool optionalChoice) const override;
+    void AddFromString(std::string value) override;
+
+private:
+    static Registration s_registration;
+};
+
+} // namespace ZvXmlLib16::detail

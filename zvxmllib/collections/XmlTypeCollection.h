@@ -1,0 +1,43 @@
+// CXmlTypeCollection, what all collections of values share: the type, its facets, reading.
+#pragma once
+
+#include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/foundation/Enumerations.h"
+#include "zvxmllib/values/PrimitiveRestrictions.h"
+#include "zvxmllib/values/Whitespace.h"
+
+#include <cstdint>
+#include <string>
+
+namespace ZvXmlLib16 {
+
+// A repeating element of a simple type. Values are checked against the facets when they are added, so that a
+// collection never holds one that its type forbids. Belongs to one thread at a time. The order of the virtual
+// operations is a contract.
+class ZV_API CXmlTypeCollection : public CXmlCollectionBase {
+protected:
+    // Bounds as in CXmlCollectionBase, facets as in CPrimitiveRestrictions. `rule` is for values read from
+    // text, `formatOverride` for those of r4, r8 and decimal written as text; null is none.
+    CXmlTypeCollection(ItemType type, char const* elementName, char const* namespaceURI, int minOccurs,
+                       int maxOccurs, char const* pattern, std::int32_t minLength, std::int32_t maxLength,
+                       char const* minInclusive, char const* maxInclusive, char const* minExclusive,
+                       char const* maxExclusive, std::int32_t length, std::int32_t totalDigits,
+                       std::int32_t fractionDigits, CWhitespaceUtils::WhitespaceRule rule,
+                       char const* formatOverride);
+    ~CXmlTypeCollection() override;
+
+    // Adds the texts of all elements of the collection's name that stand next to each other from `current`
+    // on.
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
+                             bool optionalChoice) override;
+    // Throws what the conversion of the type throws, and what adding the value throws.
+    virtual void AddFromString(std::string value) = 0;
+
+    CPrimitiveRestrictions const m_restrictions;
+    ItemType const m_itemType;
+    std::string const m_formatOverride;
+    CWhitespaceUtils::WhitespaceRule const m_whitespaceRule;
+    bool const m_needsCheck; // false if the facets let every value pass
+};
+
+} // namespace ZvXmlLib16
