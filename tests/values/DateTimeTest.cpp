@@ -176,7 +176,8 @@ TEST(DateTime, ConstructorsFromFieldsGiveNoValueForInvalidOnes) {
               "Failed to convert FILETIME to SYSTEMTIME");
     EXPECT_EQ(ValueFailure([] { CDateTime() = 1LL << 62; }),
               "Invalid Year [146138514283] (-9999 <= year <= 9999 && year != 0)");
-    EXPECT_EQ(StateFailure([] { CDateTime(CDateTime::dt_date) = 0LL; }),
+    CDateTime date(CDateTime::dt_date);
+    EXPECT_EQ(StateFailure([&] { date = 0LL; }),
               "Failed to copy CDateTime. Invalid Date Type: dateTime, expected: date.");
 }
 

@@ -29,7 +29,7 @@ public:
         dt_gMonthDay = 8
     };
 
-    enum DTCompareResult {
+    enum DTCompareResult : std::int32_t {
         DTCompareEqual = 0,
         DTCompareLess = 1,
         DTCompareGreater = 2,
