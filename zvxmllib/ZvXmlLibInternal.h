@@ -5,7 +5,9 @@
 #include "zvxmllib/ZvXmlLib.h"
 
 #include "zvxmllib/document/ExpatReader.h"
+#include "zvxmllib/fastinfoset/FastInfosetBinaryData.h"
 #include "zvxmllib/fastinfoset/FastInfosetReader.h"
+#include "zvxmllib/fastinfoset/FastInfosetWriter.h"
 #include "zvxmllib/foundation/StringBuffer.h"
 #include "zvxmllib/foundation/TextStream.h"
 #include "zvxmllib/foundation/Utf16.h"

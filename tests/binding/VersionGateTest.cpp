@@ -119,7 +119,7 @@ TEST(VersionGate, ComesBehindTheTestOfTheCompressionOfFiles) {
 
 TEST(VersionGate, LetsFormatsThatAreNotThereSaySo) {
     CSmartPtr<WrittenObject> const object(new WrittenObject);
-    for (char const* format : {"JSON", "Fast Infoset"}) {
+    for (char const* format : {"JSON"}) {
         for (EntryPoint const& entryPoint : EntryPointsOf(format)) {
             if (std::string_view(entryPoint.name).substr(0, 6) == "ToJson")
                 continue;

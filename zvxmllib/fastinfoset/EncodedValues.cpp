@@ -1,8 +1,12 @@
 #include "zvxmllib/fastinfoset/EncodedValues.h"
 
 #include "zvxmllib/fastinfoset/Failures.h"
+#include "zvxmllib/foundation/Encoder.h"
+#include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/values/Base64.h"
+#include "zvxmllib/values/BinaryData.h"
 #include "zvxmllib/values/Conversions.h"
+#include "zvxmllib/values/HexText.h"
 
 #include <algorithm>
 #include <charconv>
@@ -88,7 +92,82 @@ void AppendBooleans(std::string_view octets, std::string& text) {
     }
 }
 
+template <class Integer>
+void AppendInteger(Integer value, std::string& octets) {
+    auto const bits = static_cast<std::make_unsigned_t<Integer>>(value);
+    for (unsigned left = sizeof bits; left != 0; --left)
+        octets += static_cast<char>(bits >> 8 * (left - 1) & 0xFF);
+}
+
+template <class Bits, class Real>
+void AppendReal(Real value, std::string& octets) {
+    static_assert(sizeof(Bits) == sizeof(Real));
+    Bits bits;
+    std::memcpy(&bits, &value, sizeof bits);
+    AppendInteger(bits, octets);
+}
+
+void AppendBase64(std::string const& text, std::string& octets) {
+    std::size_t const begin = octets.size();
+    octets.resize(begin + text.size());
+    auto* const output = reinterpret_cast<unsigned char*>(&octets[begin]);
+    octets.resize(begin + CBase64().Decode(text.c_str(), output));
+}
+
+// As CBinaryData reads it.
+void AppendFromHex(std::string const& text, std::string& octets) {
+    std::size_t const digits = std::strlen(text.c_str());
+    if (digits % 2 != 0)
+        FailHexLength();
+    std::size_t const begin = octets.size();
+    octets.resize(begin + digits / 2);
+    detail::BytesFromHex(text.c_str(), digits, reinterpret_cast<unsigned char*>(&octets[begin]));
+}
+
 } // namespace
+
+void AppendEncodedOctets(std::uint32_t algorithm, std::string const& text, std::string& octets) {
+    constexpr auto kRule = CWhitespaceUtils::WhitespaceRule_None;
+    constexpr char kTrue = 0x38; // three of the four bits are unused, the other one is set
+    constexpr char kFalse = 0x30;
+    switch (algorithm) {
+    case 1:
+    case 9:
+        return AppendFromHex(text, octets);
+    case 2:
+        return AppendBase64(text, octets);
+    case 3:
+        return AppendInteger(CConversions::i2FromString(text, kRule), octets);
+    case 4:
+        return AppendInteger(CConversions::i4FromString(text, kRule), octets);
+    case 5:
+        return AppendInteger(CConversions::i8FromString(text, kRule), octets);
+    case 6:
+        octets += CConversions::booleanFromString(text, kRule) ? kTrue : kFalse;
+        return;
+    case 7:
+        return AppendReal<std::uint32_t>(CConversions::r4FromString(text, kRule), octets);
+    case 8:
+        return AppendReal<std::uint64_t>(CConversions::r8FromString(text, kRule), octets);
+    case 10: {
+        std::string room;
+        octets += AsUtf8(text, room);
+        return;
+    }
+    default:
+        FailUnknownAlgorithm();
+    }
+}
+
+std::string_view AsUtf8(std::string_view text, std::string& room) {
+    text = text.substr(0, text.find('\0'));
+    if (IsAscii(text) || IsASCIIOnly() || (IsLocalTextUtf8() && IsValidUtf8(text)))
+        return text;
+    room.assign(text);
+    CBinaryData const utf8 = LocalToUtf8(room.c_str());
+    room.assign(reinterpret_cast<char const*>(utf8.GetData()), utf8.GetLength());
+    return room;
+}
 
 void AppendEncodedValues(std::uint32_t algorithm, std::string_view octets, std::string& text) {
     switch (algorithm) {

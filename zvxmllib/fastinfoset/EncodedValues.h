@@ -1,4 +1,10 @@
-// The text of values that are written under an encoding algorithm (X.891, clause 10).
+// Values under the encoding algorithms (X.891, clause 10), from text to octets and back.
+//
+//   1 hexadecimal   the bytes                        6 boolean   high half of the first octet: the bits
+//   unused 2 base64        the bytes                                    in the last one; then a bit for each
+//   value 3 short         2 octets, high first, signed     7 float     4 octets, high first: the bits of IEEE
+//   754 4 int           4                                8 double    8 5 long          8 9 uuid      16
+//   octets     10 cdata   the text in UTF-8
 #pragma once
 
 #include <cstdint>
@@ -10,5 +16,12 @@ namespace ZvXmlLib16 {
 // Appends the values to the text, with a blank between two of them. Algorithms 1 to 9: the tenth is text as
 // it is. Throws CZvException for octets that are no values of the algorithm, and for any other number.
 void AppendEncodedValues(std::uint32_t algorithm, std::string_view octets, std::string& text);
+
+// Appends the octets of one value: a list is not split. The conversions of the types apply, and throw what
+// they throw. Throws CZvException for a number that is no algorithm.
+void AppendEncodedOctets(std::uint32_t algorithm, std::string const& text, std::string& octets);
+
+// Local text in UTF-8, up to the first zero: the text itself where it is the same, else in `room`.
+std::string_view AsUtf8(std::string_view text, std::string& room);
 
 } // namespace ZvXmlLib16

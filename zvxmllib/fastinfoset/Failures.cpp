@@ -11,6 +11,46 @@ void FailEncodingOfItemType(std::uint32_t itemType) {
         FormatString("Item type [%u] has no Fast Infoset encoding.", static_cast<unsigned>(itemType)));
 }
 
+void FailDeclaration() {
+    throw CZvException("Invalid FastInfoset declaration.");
+}
+
+void FailEmptyName() {
+    throw CZvException("Failed to write FastInfoset. A name is empty.");
+}
+
+void FailWrittenUtf16() {
+    throw CZvException(
+        "Failed to write FastInfoset. Unsupported Feature UTF16BE in EncodedCharacterStringBit5.");
+}
+
+void FailWrittenAlphabet(std::uint32_t index) {
+    throw CZvException(FormatString("Failed to write FastInfoset. Invalid Restricted Alphabet value [%d]",
+                                    static_cast<int>(index)));
+}
+
+void FailWrittenAlgorithm(std::uint32_t index) {
+    throw CZvException(FormatString("Failed to write FastInfoset. Invalid Encoding Algorithm value [%d]",
+                                    static_cast<int>(index)));
+}
+
+void FailWrittenEncoding(char const* function) {
+    throw CZvException(FormatString("Failed to write FastInfoset. Unknown encoding in %s.", function));
+}
+
+void FailWrittenAlphabetSize() {
+    throw CZvException("Failed to write FastInfoset. Invalid Restricted Alphabet. Alphabet must contain "
+                       "between 2 and 2^20 characters.");
+}
+
+void FailWrittenAlphabetBits() {
+    throw CZvException("Failed to write FastInfoset. Unsupported Feature in AppendRestrictedAlphabetString.");
+}
+
+void FailWrittenCharacter() {
+    throw CZvException("Failed to write FastInfoset. Invalid character not found for Restricted Alphabet.");
+}
+
 void FailInputEnd() {
     throw CZvException("Failed to parse FastInfoset. Unexpected End of File.");
 }

@@ -8,6 +8,17 @@ namespace ZvXmlLib16 {
 // Options.
 [[noreturn]] void FailEncodingOfItemType(std::uint32_t itemType);
 
+// Writing. `function` is the encoder that found it.
+[[noreturn]] void FailDeclaration();
+[[noreturn]] void FailEmptyName();
+[[noreturn]] void FailWrittenUtf16();
+[[noreturn]] void FailWrittenAlphabet(std::uint32_t index);
+[[noreturn]] void FailWrittenAlgorithm(std::uint32_t index);
+[[noreturn]] void FailWrittenEncoding(char const* function);
+[[noreturn]] void FailWrittenAlphabetSize();
+[[noreturn]] void FailWrittenAlphabetBits();
+[[noreturn]] void FailWrittenCharacter();
+
 // Reading. `bit` is where a form begins: "second".
 [[noreturn]] void FailInputEnd();
 [[noreturn]] void FailElementItem();

@@ -4,6 +4,17 @@
 
 namespace ZvXmlLib16 {
 
+namespace {
+
+unsigned PlaceOf(char character, std::string_view alphabet) {
+    std::size_t const place = alphabet.find(character);
+    if (place == std::string_view::npos)
+        FailWrittenCharacter();
+    return static_cast<unsigned>(place);
+}
+
+} // namespace
+
 void AppendRestrictedText(std::string_view alphabet, std::uint32_t index, std::string_view octets,
                           std::string& text) {
     if (alphabet.size() < kSmallestAlphabet || alphabet.size() > kLargestAlphabet)
@@ -27,6 +38,26 @@ void AppendRestrictedText(std::string_view alphabet, std::uint32_t index, std::s
                 FailPlaceInAlphabet(place, index);
             text += alphabet[place];
         }
+    }
+}
+
+void AppendRestrictedAlphabetString(std::string_view alphabet, std::string_view text, std::string& octets) {
+    if (alphabet.size() < kSmallestAlphabet || alphabet.size() > kLargestAlphabet)
+        FailWrittenAlphabetSize();
+    switch (BitsOfAlphabet(alphabet.size())) {
+    case 8:
+        for (char const c : text)
+            octets += static_cast<char>(PlaceOf(c, alphabet));
+        return;
+    case 4:
+        // Half an octet that is left over is filled with ones.
+        for (std::size_t i = 0; i < text.size(); i += 2) {
+            unsigned const low = i + 1 == text.size() ? 0xFU : PlaceOf(text[i + 1], alphabet);
+            octets += static_cast<char>(PlaceOf(text[i], alphabet) << 4 | low);
+        }
+        return;
+    default:
+        FailWrittenAlphabetBits();
     }
 }
 

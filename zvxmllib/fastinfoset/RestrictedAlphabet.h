@@ -30,4 +30,8 @@ constexpr unsigned BitsOfAlphabet(std::size_t characters) noexcept {
 void AppendRestrictedText(std::string_view alphabet, std::uint32_t index, std::string_view octets,
                           std::string& text);
 
+// Appends the octets of the text. Throws CZvException for an alphabet of impossible size or of other than
+// four or eight bits, and for a character that is not in it.
+void AppendRestrictedAlphabetString(std::string_view alphabet, std::string_view text, std::string& octets);
+
 } // namespace ZvXmlLib16

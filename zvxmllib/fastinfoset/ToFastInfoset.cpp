@@ -1,19 +1,39 @@
 // The Fast Infoset writing entry points of the object base.
-#include "zvxmllib/binding/Failures.h"
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/fastinfoset/FastInfosetWriter.h"
+#include "zvxmllib/streams/FileBinaryStream.h"
+#include "zvxmllib/streams/ZvZip.h"
+#include "zvxmllib/writers/Failures.h"
 
 namespace ZvXmlLib16 {
 
-void CXmlObjectBase::ToFastInfosetFile(char const*, FInfoDecl, CSerializationContext const&,
-                                       CompressionType) const {
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration, CSerializationContext const& ctx,
+                                                CompressionType compression) {
     detail::CheckGeneratorVersion();
-    FailFormatNotSupported("Fast Infoset");
+    CBinaryStream sink;
+    CFastInfosetWriter writer(ctx.GetFIContext(), sink);
+    writer.Open();
+    writer.WriteDocumentHead(declaration);
+    std::string const ns = GetTargetNamespace();
+    ToXml_Int(&writer, true, ns.c_str(), ctx, false);
+    writer.WriteDocumentTerminator();
+    writer.Close();
+    CBinaryData data = sink.GetData();
+    if (compression != CompressionType_None)
+        CZvZip::Compress(data, compression);
+    return data;
 }
 
-CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl, CSerializationContext const&, CompressionType) {
-    detail::CheckGeneratorVersion();
-    FailFormatNotSupported("Fast Infoset");
+void CXmlObjectBase::ToFastInfosetFile(char const* fileName, FInfoDecl declaration,
+                                       CSerializationContext const& ctx, CompressionType compression) const {
+    if (compression == CompressionType_ZLib)
+        FailZLibForFiles();
+    // Writing leaves the object as it is, but the slot is not const.
+    CBinaryData const data =
+        const_cast<CXmlObjectBase*>(this)->ToFastInfosetStream(declaration, ctx, compression);
+    CFileBinaryStream(fileName, XmlEncoding_None, data).WriteToFile();
 }
 
 } // namespace ZvXmlLib16

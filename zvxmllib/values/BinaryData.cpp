@@ -4,6 +4,7 @@
 #include "zvxmllib/foundation/Assert.h"
 #include "zvxmllib/values/Base64.h"
 #include "zvxmllib/values/Failures.h"
+#include "zvxmllib/values/HexText.h"
 
 #include <algorithm>
 #include <atomic>
@@ -37,16 +38,6 @@ unsigned char const* TextBytes(char const* text) {
 std::uint32_t Doubled(std::uint32_t length) {
     constexpr std::uint32_t kGreatest = std::numeric_limits<std::uint32_t>::max();
     return length > kGreatest / 2 ? kGreatest : length * 2;
-}
-
-unsigned char HexValue(char digit) {
-    if (digit >= '0' && digit <= '9')
-        return static_cast<unsigned char>(digit - '0');
-    if (digit >= 'A' && digit <= 'F')
-        return static_cast<unsigned char>(digit - 'A' + 10);
-    if (digit >= 'a' && digit <= 'f')
-        return static_cast<unsigned char>(digit - 'a' + 10);
-    FailHexDigit(digit);
 }
 
 } // namespace
@@ -301,10 +292,7 @@ std::uint32_t CBinaryData::ConvertToHexData(char const* text, unsigned char** da
         return 0;
     std::uint32_t const length = CheckedLength(digits / 2);
     std::unique_ptr<unsigned char[]> bytes(new unsigned char[length]);
-    for (std::size_t i = 0; i < length; ++i) {
-        unsigned char const high = HexValue(text[2 * i]);
-        bytes[i] = static_cast<unsigned char>(high << 4 | HexValue(text[2 * i + 1]));
-    }
+    detail::BytesFromHex(text, digits, bytes.get());
     *data = bytes.release();
     return length;
 }

@@ -130,7 +130,7 @@ public:
     bool m_startTagOpen = true;    // not yet closed by a ">"
     std::int32_t m_depth = 0;      // 0 for the root
     CXmlWriterContext* m_parent = nullptr;
-    bool m_doubleTerminator = false; // of the Fast Infoset writer
+    bool m_hasAttributes = false; // of the Fast Infoset writer
     bool m_arrayOpen = false;        // "[" written, "]" not yet
     std::int32_t m_collectionState = CollectionState_None;
 

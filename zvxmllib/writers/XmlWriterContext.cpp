@@ -54,7 +54,7 @@ void CXmlWriter::CXmlWriterContext::Reset(CXmlWriterContext* parent) {
     m_startTagOpen = true;
     m_depth = parent == nullptr ? 0 : parent->m_depth + 1;
     m_parent = parent;
-    m_doubleTerminator = false;
+    m_hasAttributes = false;
     m_arrayOpen = false;
     m_collectionState = CollectionState_None;
     m_scope = parent == nullptr ? nullptr : parent->m_scope;

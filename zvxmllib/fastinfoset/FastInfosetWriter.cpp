@@ -1,0 +1,370 @@
+// CFastInfosetWriter, a Fast Infoset document (X.891).
+//
+//   element      0 a nnnnnn   a: attributes follow; the name begins on the third bit. 111000 there: namespace
+//                             attributes come first, the name begins the octet behind them
+//   attribute    0 nnnnnnn    the name begins on the second bit, the value the next octet
+//   namespace    110011 p n   prefix, namespace name
+//   chunk        10 cccccc    an index on the fourth bit, or a text
+//   end          1111, of the namespace attributes, the attributes, the element and the document; of two of
+//                the last kinds 11111111
+#include "zvxmllib/fastinfoset/FastInfosetWriter.h"
+
+#include "zvxmllib/fastinfoset/Declarations.h"
+#include "zvxmllib/fastinfoset/EncodedValues.h"
+#include "zvxmllib/fastinfoset/Failures.h"
+#include "zvxmllib/fastinfoset/FastInfosetContext.h"
+#include "zvxmllib/fastinfoset/RestrictedAlphabet.h"
+#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/writers/Failures.h"
+#include "zvxmllib/writers/XmlNamespaces.h"
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+CInstanceMonitor::Registration s_registration("CFastInfosetWriter");
+
+constexpr unsigned kEnd = 0xF0;
+constexpr unsigned kDoubleEnd = 0xFF;
+constexpr unsigned kHasAttributes = 0x40;
+constexpr unsigned kNamespaceAttributes = 0x38;
+constexpr unsigned kNamespaceOnly = 0xCD;
+constexpr unsigned kPrefixAndNamespace = 0xCF;
+constexpr unsigned kEmptyValue = 0xFF;
+constexpr unsigned kAddAttributeValue = 0x40;
+constexpr unsigned kChunk = 0x80;
+constexpr unsigned kAddChunk = 0x10;
+constexpr unsigned kChunkIndex = 0xA0;
+
+enum Discriminant : unsigned { kUtf8, kUtf16, kRestrictedAlphabet, kAlgorithm };
+constexpr std::uint32_t kAlgorithms = 10;
+
+// Names the vocabulary of documents whose context has no name for it.
+constexpr std::string_view kDefaultVocabularyUri = "urn:zvxmllib:vocabulary";
+
+} // namespace
+
+CFastInfosetWriter::CFastInfosetWriter(CFastInfosetContext& context, CBinaryStream& sink)
+    : CXmlWriter(s_registration), m_context(context), m_out(sink), m_isTraced(IsDebugTraceEnabled()),
+      m_lastNamespaceHash(IndexMap::Hash(m_lastNamespace)) {
+    if (context.GetUseGeneratedVocabulary())
+        m_vocabulary = context.GetVocabulary()->m_maps;
+}
+
+CFastInfosetWriter::~CFastInfosetWriter() = default;
+
+void CFastInfosetWriter::WriteDocumentHead(FInfoDecl declaration) {
+    if (declaration < FInfoDecl_None || declaration > FInfoDecl_Version11StandaloneNo)
+        FailDeclaration();
+    if (declaration != FInfoDecl_None)
+        m_out.WriteOctets(kFInfoDeclarations[static_cast<std::size_t>(declaration) - 1]);
+    m_out.WriteOctets(kFInfoMagic);
+    if (!m_context.GetUseGeneratedVocabulary()) {
+        m_out.WriteOctet(0x00);
+    } else {
+        std::string const given = m_context.GetExternalVocabularyURI();
+        std::string room;
+        std::string_view uri = AsUtf8(given, room);
+        if (uri.empty())
+            uri = kDefaultVocabularyUri;
+        m_out.WriteOctets(
+            std::string_view("\x20\x10\x00", 3)); // an initial vocabulary, of it the external one
+        m_out.WriteLengthBit2(0x00, uri.size());
+        m_out.WriteOctets(uri);
+    }
+    m_out.Flush();
+}
+
+void CFastInfosetWriter::WriteDocumentTerminator() {
+    m_out.WriteOctet(m_bTerminatorPending ? kDoubleEnd : kEnd);
+    m_bTerminatorPending = false;
+    m_out.Flush();
+}
+
+void CFastInfosetWriter::WriteComment(std::string const&) {}
+
+void CFastInfosetWriter::WriteProcessingInstruction(std::string const&) {
+    WritePendingElement(false);
+    m_out.Flush();
+}
+
+void CFastInfosetWriter::WriteInlineSchema(std::string const&) {}
+
+// The first octet of an element tells whether attributes follow, so its head is held back until this shows.
+void CFastInfosetWriter::WriteElementStart(std::string const& name, std::string const& ns) {
+    WritePendingElement(false);
+    WritePendingTerminator();
+    if (m_pContext != nullptr) {
+        ++m_pContext->m_childCount;
+        CloseStartTag();
+    }
+    if (m_isTraced) {
+        DebugTrace(m_pContext == nullptr ? "Root Elm: %s::%s\n" : "New Elm: %s::%s\n", ns.c_str(),
+                   name.c_str());
+        m_tracedNames.emplace_back(ns, name);
+    }
+    PushContext();
+    m_isPending = true;
+    m_name = name;
+    m_namespace = ns;
+    m_out.Flush();
+}
+
+void CFastInfosetWriter::WriteElementValue(std::string const& text, ItemType type, bool) {
+    if (m_pContext == nullptr)
+        FailValueOutsideElement();
+    WritePendingElement(false);
+    CloseStartTag();
+    WritePendingTerminator();
+    if (m_isTraced)
+        DebugTrace("Elm Val: %s\n", text.c_str());
+    if (!text.empty())
+        WriteCharacterChunk(text, m_context.GetElementMaxAddLength(), type);
+    m_out.Flush();
+}
+
+// The end is held back: together with the next one it is one octet.
+void CFastInfosetWriter::WriteElementEnd() {
+    if (m_pContext == nullptr)
+        FailEndOutsideElement();
+    WritePendingElement(false);
+    CloseStartTag();
+    if (m_bTerminatorPending)
+        m_out.WriteOctet(kDoubleEnd);
+    m_bTerminatorPending = !m_bTerminatorPending;
+    if (m_isTraced && !m_tracedNames.empty()) {
+        auto const& [ns, name] = m_tracedNames.back();
+        DebugTrace("End Elm: %s::%s\n", ns.c_str(), name.c_str());
+        m_tracedNames.pop_back();
+    }
+    PopContext();
+    m_out.Flush();
+}
+
+void CFastInfosetWriter::WriteAttribute(std::string const& name, std::string const& ns,
+                                        std::string const& value, ItemType type) {
+    RequireOpenStartTag();
+    std::string_view const alias = ns.empty() ? std::string_view() : AliasOf(ns);
+    if (m_isTraced) {
+        if (ns.empty())
+            DebugTrace("Add Att: ::%s\n", name.c_str());
+        else
+            DebugTrace("Add Att: %s %s::%s\n", std::string(alias).c_str(), ns.c_str(), name.c_str());
+        DebugTrace("Att Val: %s\n", value.c_str());
+    }
+    WriteAttributeQName(0x00, {name, ns, alias});
+    WriteAttributeValue(value, m_context.GetAttributeMaxAddLength(), type);
+    m_out.Flush();
+}
+
+void CFastInfosetWriter::WriteTypeAttribute(std::string const& ns, std::string const& typeName,
+                                            ItemType type) {
+    RequireOpenStartTag();
+    if (ns.empty() || ns == m_pContext->GetDefaultNamespace()) {
+        WriteAttribute("type", SchemaInstanceNamespace(), typeName, type);
+        return;
+    }
+    std::string value(AliasOf(ns));
+    value += ':';
+    value += typeName;
+    WriteAttribute("type", SchemaInstanceNamespace(), value, type);
+}
+
+void CFastInfosetWriter::WriteNilAttribute() {
+    RequireOpenStartTag();
+    WriteAttribute("nil", SchemaInstanceNamespace(), "true", ItemType_boolean);
+}
+
+void CFastInfosetWriter::RequireOpenStartTag() {
+    WritePendingElement(true);
+    if (m_pContext == nullptr || !m_pContext->m_startTagOpen)
+        FailAttributeAfterContent();
+}
+
+void CFastInfosetWriter::CloseStartTag() {
+    if (m_pContext->m_startTagOpen && m_pContext->m_hasAttributes)
+        m_out.WriteOctet(kEnd);
+    m_pContext->m_startTagOpen = false;
+}
+
+void CFastInfosetWriter::WritePendingTerminator() {
+    if (m_bTerminatorPending)
+        m_out.WriteOctet(kEnd);
+    m_bTerminatorPending = false;
+}
+
+void CFastInfosetWriter::WritePendingElement(bool hasAttributes) {
+    if (!m_isPending)
+        return;
+    m_isPending = false;
+    // What is told of the attributes here is final.
+    m_pContext->m_hasAttributes = hasAttributes;
+    m_pContext->m_startTagOpen = hasAttributes;
+    unsigned current = hasAttributes ? kHasAttributes : 0x00;
+    if (m_pContext->m_depth == 0) {
+        m_out.WriteOctet(current | kNamespaceAttributes);
+        WriteNamespaceAttributes();
+        current = 0x00;
+    }
+    bool const hasPrefix = !m_namespace.empty() && m_namespace != m_pContext->GetDefaultNamespace();
+    WriteElementQName(current, {m_name, m_namespace, hasPrefix ? AliasOf(m_namespace) : std::string_view()});
+}
+
+// What is known before the root. There is always something, be it the XML namespace, which needs no
+// declaration.
+void CFastInfosetWriter::WriteNamespaceAttributes() {
+    if (!m_defaultNamespace.empty()) {
+        m_out.WriteOctet(kNamespaceOnly);
+        WriteIdentifyingString(m_defaultNamespace, m_vocabulary.namespaceNames);
+    }
+    for (auto const& [ns, alias] : m_namespaceMap) {
+        if (alias.empty() || BeginsWithXmlNamespace(ns))
+            continue;
+        m_out.WriteOctet(kPrefixAndNamespace);
+        WriteIdentifyingString(alias, m_vocabulary.prefixNames);
+        WriteIdentifyingString(ns, m_vocabulary.namespaceNames);
+    }
+    m_out.WriteOctet(kEnd);
+}
+
+// An alias that is made up needs no declaration: a qualified name carries prefix and namespace.
+std::string_view CFastInfosetWriter::AliasOf(std::string const& ns) {
+    std::string const* const known = m_pContext->FindAlias(ns);
+    return known != nullptr ? *known : GenerateAlias(*m_pContext, ns);
+}
+
+void CFastInfosetWriter::WriteElementQName(unsigned current, IndexMap::QName const& name) {
+    std::uint64_t const hash = HashName(name);
+    IndexMap& names = m_vocabulary.elementNames;
+    if (std::uint32_t const index = names.Find(name, hash))
+        m_out.WriteIntegerBit3(current, index);
+    else
+        WriteLiteralQName(current | 0x3C, name, hash, names);
+}
+
+void CFastInfosetWriter::WriteAttributeQName(unsigned current, IndexMap::QName const& name) {
+    std::uint64_t const hash = HashName(name);
+    IndexMap& names = m_vocabulary.attributeNames;
+    if (std::uint32_t const index = names.Find(name, hash))
+        m_out.WriteIntegerBit2(current, index);
+    else
+        WriteLiteralQName(current | 0x78, name, hash, names);
+}
+
+void CFastInfosetWriter::WriteLiteralQName(unsigned current, IndexMap::QName const& name, std::uint64_t hash,
+                                           IndexMap& names) {
+    m_out.WriteOctet(current | (name.prefix.empty() ? 0x00U : 0x02U) |
+                     (name.namespaceName.empty() ? 0x00U : 0x01U));
+    if (!name.prefix.empty())
+        WriteIdentifyingString(name.prefix, m_vocabulary.prefixNames);
+    if (!name.namespaceName.empty())
+        WriteIdentifyingString(name.namespaceName, m_vocabulary.namespaceNames);
+    WriteIdentifyingString(name.localName, m_vocabulary.localNames);
+    names.Add(name, hash);
+}
+
+// A namespace name is long, and most often that of the name before.
+std::uint64_t CFastInfosetWriter::HashName(IndexMap::QName const& name) {
+    if (name.namespaceName != m_lastNamespace) {
+        m_lastNamespace = name.namespaceName;
+        m_lastNamespaceHash = IndexMap::Hash(m_lastNamespace);
+    }
+    return IndexMap::Hash(name, m_lastNamespaceHash);
+}
+
+void CFastInfosetWriter::WriteIdentifyingString(std::string_view text, IndexMap& table) {
+    std::uint64_t const hash = IndexMap::Hash(text);
+    if (std::uint32_t const index = table.Find(text, hash))
+        return m_out.WriteIntegerBit2(0x80, index);
+    std::string_view const octets = AsUtf8(text, m_octets);
+    if (octets.empty())
+        FailEmptyName();
+    m_out.WriteLengthBit2(0x00, octets.size());
+    m_out.WriteOctets(octets);
+    table.Add(text, hash);
+}
+
+void CFastInfosetWriter::WriteAttributeValue(std::string const& value, std::uint32_t maxLength,
+                                             ItemType type) {
+    constexpr char const* kFunction = "EncodedCharacterStringBit5";
+    if (value.empty())
+        return m_out.WriteOctet(kEmptyValue);
+    bool const isAdded = value.size() < maxLength;
+    std::uint64_t hash = 0;
+    if (isAdded) {
+        hash = IndexMap::Hash(value);
+        if (std::uint32_t const index = m_vocabulary.attributeValues.Find(value, hash))
+            return m_out.WriteIntegerBit2(0x80, index);
+    }
+    EncodedString const string = Encode(value, type, kFunction);
+    if (string.octets.empty()) // there is no form for no octets
+        return m_out.WriteOctet(kEmptyValue);
+    EncodedCharacterStringBit5(isAdded ? kAddAttributeValue : 0x00, string);
+    if (isAdded)
+        m_vocabulary.attributeValues.Add(value, hash);
+}
+
+void CFastInfosetWriter::WriteCharacterChunk(std::string const& text, std::uint32_t maxLength,
+                                             ItemType type) {
+    constexpr char const* kFunction = "EncodedCharacterStringBit7";
+    bool const isAdded = text.size() < maxLength;
+    std::uint64_t hash = 0;
+    if (isAdded) {
+        hash = IndexMap::Hash(text);
+        if (std::uint32_t const index = m_vocabulary.characterChunks.Find(text, hash))
+            return m_out.WriteIntegerBit4(kChunkIndex, index);
+    }
+    EncodedString const string = Encode(text, type, kFunction);
+    if (string.octets.empty())
+        return;
+    EncodedCharacterStringBit7(isAdded ? kChunk | kAddChunk : kChunk, string);
+    if (isAdded)
+        m_vocabulary.characterChunks.Add(text, hash);
+}
+
+// `function` is the encoder that the string is for.
+CFastInfosetWriter::EncodedString CFastInfosetWriter::Encode(std::string const& text, ItemType type,
+                                                             char const* function) {
+    CFastInfosetContext::EncodedCharacterString const encoding = m_context.GetEncoding(type);
+    if (encoding.type == CFastInfosetContext::EncodingType_String) {
+        if (m_context.GetDefaultStringEncoding() != 0)
+            FailWrittenUtf16();
+        return {kUtf8, 0, AsUtf8(text, m_octets)};
+    }
+    m_octets.clear();
+    switch (encoding.type) {
+    case CFastInfosetContext::EncodingType_RestrictedAlphabet:
+        if (encoding.index == 0 || encoding.index > kRestrictedAlphabets.size())
+            FailWrittenAlphabet(encoding.index);
+        AppendRestrictedAlphabetString(kRestrictedAlphabets[encoding.index - 1], text, m_octets);
+        return {kRestrictedAlphabet, encoding.index, m_octets};
+    case CFastInfosetContext::EncodingType_Algorithm:
+        if (encoding.index == 0 || encoding.index > kAlgorithms)
+            FailWrittenAlgorithm(encoding.index);
+        AppendEncodedOctets(encoding.index, text, m_octets);
+        return {kAlgorithm, encoding.index, m_octets};
+    default:
+        FailWrittenEncoding(function);
+    }
+}
+
+// The index less 1 has eight bits, which stand across two octets.
+void CFastInfosetWriter::EncodedCharacterStringBit5(unsigned current, EncodedString const& string) {
+    current |= string.discriminant << 4;
+    if (string.discriminant >= kRestrictedAlphabet) {
+        m_out.WriteOctet(current | (string.index - 1) >> 4);
+        current = (string.index - 1) << 4 & 0xFF;
+    }
+    m_out.WriteOctetsBit5(current, string.octets);
+}
+
+void CFastInfosetWriter::EncodedCharacterStringBit7(unsigned current, EncodedString const& string) {
+    current |= string.discriminant << 2;
+    if (string.discriminant >= kRestrictedAlphabet) {
+        m_out.WriteOctet(current | (string.index - 1) >> 6);
+        current = (string.index - 1) << 2 & 0xFF;
+    }
+    m_out.WriteOctetsBit7(current, string.octets);
+}
+
+} // namespace ZvXmlLib16

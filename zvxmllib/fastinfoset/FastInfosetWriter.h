@@ -1,0 +1,87 @@
+// CFastInfosetWriter, a Fast Infoset document (X.891).
+#pragma once
+
+#include "zvxmllib/fastinfoset/IndexMap.h"
+#include "zvxmllib/fastinfoset/OctetOutput.h"
+#include "zvxmllib/foundation/Enumerations.h"
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/writers/XmlWriter.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace ZvXmlLib16 {
+
+// Names are written once and then as an index, values below the limits of the context likewise. Comments and
+// instructions are not written. Prefixes come from the aliases given, which the root declares, or are made up
+// where they are needed, without a declaration. Open, WriteDocumentHead, the root, WriteDocumentTerminator,
+// Close.
+class CFastInfosetWriter : public CXmlWriter {
+public:
+    // Both are borrowed and outlive the writer. What the document adds to the vocabulary stays with the
+    // writer.
+    CFastInfosetWriter(CFastInfosetContext& context, CBinaryStream& sink);
+    ~CFastInfosetWriter() override;
+
+    void WriteComment(std::string const& text) override;
+    void WriteProcessingInstruction(std::string const& text) override;
+    void WriteInlineSchema(std::string const& text) override;
+    void WriteElementStart(std::string const& name, std::string const& ns) override;
+    void WriteElementValue(std::string const& text, ItemType type, bool isDefault) override;
+    void WriteElementEnd() override;
+    void WriteAttribute(std::string const& name, std::string const& ns, std::string const& value,
+                        ItemType type) override;
+    void WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) override;
+    void WriteNilAttribute() override;
+
+    // The declaration in front, what tells the format, and the name of the vocabulary if it is used.
+    void WriteDocumentHead(FInfoDecl declaration);
+    void WriteDocumentTerminator();
+
+private:
+    using IndexMap = detail::IndexMap;
+    // A value as it is written: the octets, and what they mean.
+    struct EncodedString {
+        unsigned discriminant;
+        std::uint32_t index; // of the alphabet or algorithm
+        std::string_view octets;
+    };
+
+    void WritePendingElement(bool hasAttributes);
+    void WriteNamespaceAttributes();
+    void WritePendingTerminator();
+    void RequireOpenStartTag();
+    void CloseStartTag();
+    std::string_view AliasOf(std::string const& ns);
+
+    void WriteElementQName(unsigned current, IndexMap::QName const& name);
+    void WriteAttributeQName(unsigned current, IndexMap::QName const& name);
+    void WriteLiteralQName(unsigned current, IndexMap::QName const& name, std::uint64_t hash,
+                           IndexMap& names);
+    std::uint64_t HashName(IndexMap::QName const& name);
+    void WriteIdentifyingString(std::string_view text, IndexMap& table);
+    void WriteAttributeValue(std::string const& value, std::uint32_t maxLength, ItemType type);
+    void WriteCharacterChunk(std::string const& text, std::uint32_t maxLength, ItemType type);
+    EncodedString Encode(std::string const& text, ItemType type, char const* function);
+    void EncodedCharacterStringBit5(unsigned current, EncodedString const& string);
+    void EncodedCharacterStringBit7(unsigned current, EncodedString const& string);
+
+    CFastInfosetContext& m_context;
+    OctetOutput m_out;
+    detail::IndexMaps m_vocabulary;
+    bool m_isPending = false; // the current element has been started, and its head is not yet written
+    bool m_bTerminatorPending = false;
+    bool m_isTraced;
+
+    std::string m_name; // of the element that is pending
+    std::string m_namespace;
+    std::string m_lastNamespace; // of a name that was written
+    std::uint64_t m_lastNamespaceHash;
+    std::string m_octets;                                           // of one value
+    std::vector<std::pair<std::string, std::string>> m_tracedNames; // of the open elements
+};
+
+} // namespace ZvXmlLib16
