@@ -80,6 +80,10 @@ TEST(DateTimeText, ReadsEachTypeWithEachZone) {
         {DateTime, "2005-01-01+01:00T10:00:00", "dateTime 2005-01-01T10:00:00+01:00"},
         {DateTime, "2005-01-01+01:00T10:00:00-02:00", "dateTime 2005-01-01T10:00:00-02:00"},
         {DateTime, "2005-01-01+01:00T10:00:00Z", "dateTime 2005-01-01T10:00:00Z"},
+        {DateTime, "2005-01-01T10:00:00-24:00", "dateTime 2005-01-01T10:00:00+00:00"},
+        {DateTime, "2005-01-01T10:00:00.5-00:30", "dateTime 2005-01-01T10:00:00.5+00:30"},
+        {DateTime, "2005-01-01T10:00:00.Z", "dateTime 2005-01-01T10:00:00Z"},
+        {DateTime, {"2005-01-01T10:00:00\0Z", 21}, "dateTime 2005-01-01T10:00:00"},
         // Where the place of the zone holds something else, a colon alone makes no zone.
         {Date, "2005-01-01 12:34", "date 2005-01-01"},
         {Date, {"2005\0-01", 8}, "gYear 2005"},
@@ -138,6 +142,7 @@ TEST(DateTimeText, RefusesWhatHasNotTheForm) {
         {DateTime, "2005-01-01T", "invalid: Invalid XSD Time (Empty String)"},
         {DateTime, "2005-01-1xT10:00:00", DateForm("2005-01-1x")}, // a message shows its own part
         {DateTime, "2005-01-01T10:00:0", TimeForm("10:00:0")},
+        {DateTime, "2005-01-01T10:00:00+01:60", "invalid: Invalid TimeZone [1:60]"},
         {DateTime, "2005-01-01T10:00:00T", "dateTime 2005-01-01T10:00:00"},
     });
     EXPECT_EQ(MessageOf<CZvInvalidValueException>([] { CDateTime().ParseXSDDate(nullptr); }),
@@ -230,11 +235,13 @@ TEST(DateTimeText, PrintsWhatItRead) {
     }
 }
 
-// One character of a good text changed: an exception or a value that prints and reads again, nothing else.
+// A text of good parts, damaged: an exception or a value that prints and reads again, and a dateTime is what
+// its date and its time are.
 TEST(DateTimeText, SurvivesDamagedTexts) {
     zvtest::RandomDates dates(7);
     constexpr std::string_view kCharacters = "0123456789-+:.TZ x";
     int refused = 0;
+    int composed = 0;
     for (int i = 0; i < 50'000; ++i) {
         std::string text = dates.Text();
         std::size_t const at = static_cast<std::size_t>(dates.Number(0, static_cast<int>(text.size()) - 1));
@@ -249,11 +256,26 @@ TEST(DateTimeText, SurvivesDamagedTexts) {
         default:
             text.erase(at);
         }
-        std::string const outcome = zvtest::Outcome([&] { return zvtest::ReadDate(text).ToString(); });
-        if (outcome.rfind("invalid: Invalid ", 0) == 0)
-            ++refused;
-        else
-            ASSERT_EQ(zvtest::ReadDate(outcome).ToString(), outcome) << text;
+        auto const read = [](std::string const& t) {
+            return zvtest::Outcome([&] { return zvtest::ReadDate(t).ToString(); });
+        };
+        std::string const outcome = read(text);
+        bool const isRefused = outcome.rfind("invalid: Invalid ", 0) == 0;
+        refused += isRefused ? 1 : 0;
+        if (!isRefused) {
+            ASSERT_EQ(read(outcome), outcome) << text;
+        }
+        if (text.find('T') == 10 && text.size() > 13 && text[13] == ':' && text.find('T', 11) > text.size()) {
+            std::string const date = read(text.substr(0, 10));
+            std::string const time = read(text.substr(11));
+            if (date.size() == 10 && date[7] == '-' && time.rfind("invalid", 0) != 0) {
+                ASSERT_EQ(outcome, date + "T" + time) << text;
+                ++composed;
+            } else {
+                ASSERT_TRUE(isRefused) << text;
+            }
+        }
     }
     EXPECT_GT(refused, 10'000);
+    EXPECT_GT(composed, 10'000);
 }

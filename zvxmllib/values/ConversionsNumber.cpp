@@ -16,10 +16,6 @@ namespace {
 
 using Rule = CWhitespaceUtils::WhitespaceRule;
 
-bool IsKnownRule(Rule rule) {
-    return rule >= CWhitespaceUtils::WhitespaceRule_None && rule <= CWhitespaceUtils::WhitespaceRule_Collapse;
-}
-
 // True if only the end of the text, or a NUL, follows what was read.
 bool IsAtEnd(std::string_view text, std::size_t length) {
     return length == text.size() || text[length] == '\0';
@@ -30,7 +26,7 @@ bool IsAtEnd(std::string_view text, std::size_t length) {
 template <class Integer>
 Integer IntegerFromText(std::string_view value, Rule rule, char const* typeName) {
     Integer number = 0;
-    if (IsKnownRule(rule) && detail::ReadPlainInteger(value, number)) // no rule changes such a text
+    if (detail::IsKnownRule(rule) && detail::ReadPlainInteger(value, number)) // no rule changes such a text
         return number;
 
     detail::RuledText const ruled(rule, value);
@@ -57,7 +53,7 @@ Small NarrowInteger(Wide number, std::string_view value, char const* typeName) {
 }
 
 double RealFromText(std::string_view value, Rule rule, char const* typeName) {
-    if (IsKnownRule(rule)) {
+    if (detail::IsKnownRule(rule)) {
         // No rule changes the number in a text that is one as a whole: they touch only what is skipped.
         detail::RealText const read = detail::ScanReal(value);
         if (read.length != 0 && read.length == value.size())

@@ -1,6 +1,6 @@
 // CConversions: durations, dates and times, decimal, integer.
 #include "zvxmllib/values/Conversions.h"
-#include "zvxmllib/values/DateTime.h"
+#include "zvxmllib/values/DateTimeFields.h"
 #include "zvxmllib/values/DateTimeSpan.h"
 #include "zvxmllib/values/Decimal.h"
 #include "zvxmllib/values/NumberText.h"
@@ -76,6 +76,8 @@ CDateTime dateFromText(std::string_view text, TextRule rule) {
 
 CDateTime datetimeFromText(std::string_view text, TextRule rule) {
     CDateTime value(CDateTime::dt_dateTime);
+    if (IsKnownRule(rule) && ReadPlainDateTime(text, value)) // no rule changes such a text
+        return value;
     value.ParseXSDDateTime(RuledText(rule, text).Get());
     return value;
 }

@@ -289,6 +289,23 @@ void CDateTime::Validate() const {
         {m_year, m_month, m_day, {m_hour, m_minute, m_second, m_milliSecond, m_microSecond, m_nanoSecond}});
 }
 
+void CDateTime::Clear() noexcept {
+    m_type = dt_yearZero;
+    m_year = 0;
+    m_month = 0;
+    m_day = 0;
+    m_hour = 0;
+    m_minute = 0;
+    m_second = 0;
+    m_milliSecond = 0;
+    m_microSecond = 0;
+    m_nanoSecond = 0;
+    m_hasZone = false;
+    m_hasOffset = false;
+    m_zoneHour = 0;
+    m_zoneMinute = 0;
+}
+
 bool CDateTime::IsOneOf(unsigned types) const noexcept {
     return detail::IsOneOf(m_type, types);
 }

@@ -11,6 +11,10 @@
 
 namespace ZvXmlLib16 {
 
+namespace detail {
+bool ReadPlainDateTime(std::string_view text, CDateTime& value) noexcept;
+} // namespace detail
+
 // A dateTime, date, time, gYear, gYearMonth, gMonth, gMonthDay or gDay (XML Schema Part 2, 3.2.7 to 3.2.14).
 // The object knows which of them it is, and that decides which fields may be asked for. Years lie from -9999
 // to 9999 without 0; a fraction of a second has nine digits, in three groups. A value that was set or parsed
@@ -176,6 +180,8 @@ public:
     CDateTimeSpan operator-(CDateTime const& other) const;
 
 private:
+    friend bool detail::ReadPlainDateTime(std::string_view text, CDateTime& value) noexcept;
+
     // The calendar record in the library's own form.
     struct Record {
         unsigned year, month, dayOfWeek, day, hour, minute, second, milliSecond;
@@ -210,11 +216,9 @@ private:
                      unsigned nanoSecond);
     template <class Set>
     void SetOrClear(Set set);
-    bool SetOrdinaryDateTime(std::string_view text);
     void SetXSDDate(std::string_view text);
     void SetDatePart(std::string_view text);
     void SetXSDTime(std::string_view text);
-    void SetFractionAndZone(std::string_view text);
     void SetZone(std::string_view text);
     void Validate() const;
     void Clear() noexcept;
@@ -241,23 +245,6 @@ private:
     short m_zoneHour = 0;
     unsigned char m_zoneMinute = 0;
 };
-
-inline void CDateTime::Clear() noexcept {
-    m_type = dt_yearZero;
-    m_year = 0;
-    m_month = 0;
-    m_day = 0;
-    m_hour = 0;
-    m_minute = 0;
-    m_second = 0;
-    m_milliSecond = 0;
-    m_microSecond = 0;
-    m_nanoSecond = 0;
-    m_hasZone = false;
-    m_hasOffset = false;
-    m_zoneHour = 0;
-    m_zoneMinute = 0;
-}
 
 inline SYSTEMTIME CDateTime::GetAsSystemTime() const {
     Record const record = GetRecord();

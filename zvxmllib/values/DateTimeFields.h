@@ -53,6 +53,10 @@ struct SecondFraction {
 };
 SecondFraction ReadFraction(std::string_view text) noexcept;
 
+// The ordinary case: a valid dateTime with a year above 0, in its plain form to the last character. False for
+// all other texts, which says nothing about the text being wrong; the value is as it was then.
+bool ReadPlainDateTime(std::string_view text, CDateTime& value) noexcept;
+
 // These print to `at` and return the end. Numbers that do not fit their width take more digits.
 char* PrintPadded(char* at, unsigned number, unsigned width) noexcept;
 inline char* PrintTwoDigits(char* at, unsigned number) noexcept {

@@ -18,10 +18,7 @@ constexpr char kNotSet[] = "Error: Date Not Set";
 } // namespace
 
 std::string CDateTime::ToString() const {
-    if (IsNotSet())
-        return kNotSet;
-    char text[kLongestText];
-    return std::string(text, static_cast<std::size_t>(PrintTo(text) - text));
+    return ToString("s");
 }
 
 std::string CDateTime::ToString(char const* format) const {
@@ -31,7 +28,8 @@ std::string CDateTime::ToString(char const* format) const {
         return std::string();
     if (std::strcmp(format, "s") != 0)
         return std::string("Unknown Format: ") + format;
-    return ToString();
+    char text[kLongestText];
+    return std::string(text, static_cast<std::size_t>(PrintTo(text) - text));
 }
 
 std::string& CDateTime::Print(std::string& text) const {

@@ -49,6 +49,17 @@ inline bool ReadClock(char const* at, ClockFields& fields) {
            fields.second < 60;
 }
 
+// +hh:mm or -hh:mm, without a look at the range
+inline bool ReadOffset(char const* at, unsigned& hour, unsigned& minute) {
+    return (at[0] == '+' || at[0] == '-') && detail::ReadTwoDigits(at + 1, hour) && at[3] == ':' &&
+           detail::ReadTwoDigits(at + 4, minute);
+}
+
+inline bool IsInRange(DateFields const& fields) {
+    return fields.year != 0 && fields.month >= 1 && fields.month <= 12 && fields.day >= 1 &&
+           fields.day <= detail::DaysInMonth(fields.year, fields.month);
+}
+
 // The forms with a year, without sign and zone. No type if the text has none of them.
 CDateTime::DTType ReadWithYear(std::string_view text, DateFields& fields) {
     char const* const at = text.data();
@@ -89,7 +100,7 @@ void CDateTime::ParseXSDDateTime(char const* text) {
 }
 
 void CDateTime::ParseXSDDateTime(std::string_view text) {
-    if (SetOrdinaryDateTime(text))
+    if (detail::ReadPlainDateTime(text, *this))
         return;
     text = UpToNul(text);
     std::size_t const separator = text.find('T');
@@ -102,29 +113,6 @@ void CDateTime::ParseXSDDateTime(std::string_view text) {
     SetXSDTime(text.substr(separator + 1));
     m_type = dt_dateTime;
     Validate();
-}
-
-// CCYY-MM-DDThh:mm:ss at the head, with all of it in range: such a text needs no search for its parts. False
-// for everything else, also for what is wrong, and nothing has changed then.
-bool CDateTime::SetOrdinaryDateTime(std::string_view text) {
-    DateFields date;
-    ClockFields clock;
-    if (text.size() < kDateLength + 1 + kClockLength || !ReadFullDate(text.data(), date) ||
-        text[kDateLength] != 'T' || !ReadClock(text.data() + kDateLength + 1, clock))
-        return false;
-    if (date.year == 0 || date.month < 1 || date.month > 12 || date.day < 1 ||
-        date.day > detail::DaysInMonth(date.year, date.month))
-        return false;
-    Clear();
-    m_type = dt_dateTime;
-    m_year = static_cast<short>(date.year);
-    m_month = static_cast<unsigned char>(date.month);
-    m_day = static_cast<unsigned char>(date.day);
-    m_hour = static_cast<unsigned char>(clock.hour);
-    m_minute = static_cast<unsigned char>(clock.minute);
-    m_second = static_cast<unsigned char>(clock.second);
-    SetFractionAndZone(text.substr(kDateLength + 1));
-    return true;
 }
 
 void CDateTime::ParseXSDDate(char const* text) {
@@ -212,12 +200,6 @@ void CDateTime::SetXSDTime(std::string_view text) {
     m_hour = static_cast<unsigned char>(clock.hour);
     m_minute = static_cast<unsigned char>(clock.minute);
     m_second = static_cast<unsigned char>(clock.second);
-    SetFractionAndZone(text);
-    m_type = dt_time;
-}
-
-// What follows hh:mm:ss, up to the end or a NUL. The text is the whole time, which a message shows.
-void CDateTime::SetFractionAndZone(std::string_view text) {
     std::size_t position = kClockLength;
     if (position < text.size() && text[position] == '.') {
         ++position;
@@ -231,6 +213,7 @@ void CDateTime::SetFractionAndZone(std::string_view text) {
     }
     if (position < text.size())
         SetZone(text.substr(position));
+    m_type = dt_time;
 }
 
 // What begins neither with Z nor with a sign is no zone, and nothing looks at it.
@@ -240,15 +223,54 @@ void CDateTime::SetZone(std::string_view text) {
         return SetUTC();
     if (first != '+' && first != '-')
         return;
-    text = UpToNul(text);
     unsigned hour = 0;
     unsigned minute = 0;
-    if (text.size() != kOffsetLength || !detail::ReadTwoDigits(text.data() + 1, hour) || text[3] != ':' ||
-        !detail::ReadTwoDigits(text.data() + 4, minute))
+    if (text.size() != kOffsetLength || !ReadOffset(text.data(), hour, minute))
         FailZoneForm(text);
     int const signedHour = static_cast<int>(hour == 24 ? 0 : hour);
     SetTimeZone(static_cast<short>(first == '-' ? -signedHour : signedHour),
                 static_cast<unsigned char>(minute));
+}
+
+bool detail::ReadPlainDateTime(std::string_view text, CDateTime& value) noexcept {
+    DateFields date;
+    ClockFields clock;
+    if (text.size() < kDateLength + 1 + kClockLength || !ReadFullDate(text.data(), date) ||
+        text[kDateLength] != 'T' || !ReadClock(text.data() + kDateLength + 1, clock) || !IsInRange(date))
+        return false;
+    text.remove_prefix(kDateLength + 1 + kClockLength);
+
+    SecondFraction fraction;
+    if (!text.empty() && text.front() == '.') {
+        fraction = ReadFraction(text.substr(1));
+        if (fraction.length == 0 || fraction.isTooLong)
+            return false;
+        text.remove_prefix(fraction.length + 1);
+    }
+    unsigned zoneHour = 0;
+    unsigned zoneMinute = 0;
+    bool const isZulu = text.size() == 1 && text.front() == 'Z';
+    bool const hasOffset = text.size() == kOffsetLength && ReadOffset(text.data(), zoneHour, zoneMinute) &&
+                           zoneHour < 24 && zoneMinute < 60;
+    if (!text.empty() && !isZulu && !hasOffset)
+        return false;
+
+    value.m_type = CDateTime::dt_dateTime;
+    value.m_year = static_cast<short>(date.year);
+    value.m_month = static_cast<unsigned char>(date.month);
+    value.m_day = static_cast<unsigned char>(date.day);
+    value.m_hour = static_cast<unsigned char>(clock.hour);
+    value.m_minute = static_cast<unsigned char>(clock.minute);
+    value.m_second = static_cast<unsigned char>(clock.second);
+    value.m_milliSecond = fraction.milliSecond;
+    value.m_microSecond = fraction.microSecond;
+    value.m_nanoSecond = fraction.nanoSecond;
+    value.m_hasZone = !text.empty();
+    value.m_hasOffset = hasOffset;
+    int const signedHour = static_cast<int>(zoneHour);
+    value.m_zoneHour = static_cast<short>(hasOffset && text.front() == '-' ? -signedHour : signedHour);
+    value.m_zoneMinute = static_cast<unsigned char>(zoneMinute);
+    return true;
 }
 
 detail::SecondFraction detail::ReadFraction(std::string_view text) noexcept {

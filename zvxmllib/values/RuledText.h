@@ -9,6 +9,10 @@
 
 namespace ZvXmlLib16::detail {
 
+inline bool IsKnownRule(CWhitespaceUtils::WhitespaceRule rule) noexcept {
+    return rule >= CWhitespaceUtils::WhitespaceRule_None && rule <= CWhitespaceUtils::WhitespaceRule_Collapse;
+}
+
 // Borrows the text that it is given where it can, so that text must live longer.
 class RuledText {
 public:
