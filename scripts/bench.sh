@@ -16,3 +16,4 @@ build/release/benchmarks/bench_large_file
 build/release/benchmarks/bench_ratios
 build/release/benchmarks/bench_typed_ratios
 build/release/benchmarks/bench_json_writing
+build/release/benchmarks/bench_fi_reading
