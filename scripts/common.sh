@@ -18,6 +18,14 @@ need_header() {
         compgen -G "/usr/local/include/$1" >/dev/null || missing_packages+=("$2")
 }
 
+# PCRE, or its successor on systems that have no PCRE any more: which of them is seen when it is installed.
+need_pattern_library() {
+    if ! compgen -G "/usr/include/pcre.h" >/dev/null && ! compgen -G "/usr/include/pcre2.h" >/dev/null; then
+        missing_packages+=("$pattern_library")
+    fi
+}
+pattern_library=libpcre3-dev
+
 need_build_packages() {
     need_program g++ g++
     need_program cmake cmake
@@ -25,6 +33,7 @@ need_build_packages() {
     need_program pkg-config pkg-config
     need_header expat.h libexpat1-dev
     need_header zlib.h zlib1g-dev
+    need_pattern_library
 }
 
 install_missing_packages() {
@@ -41,6 +50,9 @@ install_missing_packages() {
         as_root=(sudo)
     fi
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -q
+    if ! apt-cache show "$pattern_library" >/dev/null 2>&1; then
+        missing_packages=("${missing_packages[@]/$pattern_library/libpcre2-dev}")
+    fi
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends \
         "${missing_packages[@]}"
 }

@@ -1,32 +1,103 @@
 // A value against the facets of its type.
 #include "zvxmllib/values/CheckPrimitive.h"
 
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/Encoder.h"
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/values/Bounds.h"
 #include "zvxmllib/values/Conversions.h"
 #include "zvxmllib/values/DateTimeSpan.h"
 #include "zvxmllib/values/Decimal.h"
 #include "zvxmllib/values/Failures.h"
+#include "zvxmllib/values/NumberText.h"
+#include "zvxmllib/values/Pattern.h"
 #include "zvxmllib/values/PrimitiveRestrictions.h"
 #include "zvxmllib/values/ZvVariant.h"
+
+#include <memory>
 
 namespace ZvXmlLib16 {
 
 namespace {
 
+using detail::kBounds;
+
 template <class Value>
 using FromText = Value (*)(std::string const&, CWhitespaceUtils::WhitespaceRule);
 
-// Each bound is parsed only when its turn comes, so that the first facet that fails decides. A value that
-// cannot be compared (NaN) is within no bound.
-template <class Value, class Text>
-bool IsWithinBounds(Value value, FromText<Text> fromText, CPrimitiveRestrictions const& facets) {
-    auto const parse = [fromText](std::string const& bound) {
-        return static_cast<std::decay_t<Value>>(fromText(bound, CWhitespaceUtils::WhitespaceRule_Collapse));
-    };
-    return (facets.minInclusive.empty() || value >= parse(facets.minInclusive)) &&
-           (facets.maxInclusive.empty() || value <= parse(facets.maxInclusive)) &&
-           (facets.minExclusive.empty() || value > parse(facets.minExclusive)) &&
-           (facets.maxExclusive.empty() || value < parse(facets.maxExclusive));
+// Whether a value keeps a bound. A number that cannot be compared (NaN) keeps none.
+template <class Value>
+bool Keeps(std::size_t bound, Value const& value, Value const& limit) {
+    switch (bound) {
+    case detail::kMinInclusive:
+        return value >= limit;
+    case detail::kMaxInclusive:
+        return value <= limit;
+    case detail::kMinExclusive:
+        return value > limit;
+    default:
+        return value < limit;
+    }
+}
+
+// Where the order is partial, a pair without one keeps any bound.
+bool KeepsInPartialOrder(std::size_t bound, CDateTime::DTCompareResult order) {
+    switch (bound) {
+    case detail::kMinInclusive:
+        return order != CDateTime::DTCompareLess;
+    case detail::kMaxInclusive:
+        return order != CDateTime::DTCompareGreater;
+    case detail::kMinExclusive:
+        return order == CDateTime::DTCompareGreater || order == CDateTime::DTCompareIndeterminate;
+    default:
+        return order == CDateTime::DTCompareLess || order == CDateTime::DTCompareIndeterminate;
+    }
+}
+bool Keeps(std::size_t bound, CDateTime const& value, CDateTime const& limit) {
+    return KeepsInPartialOrder(bound, value.CompareTo(limit));
+}
+bool Keeps(std::size_t bound, CDateTimeSpan const& value, CDateTimeSpan const& limit) {
+    return KeepsInPartialOrder(bound, value.CompareTo(limit));
+}
+
+// The parsed bounds that stand beside the facets; null if a bound is no value of the type, or if the facets
+// were changed behind the first check.
+template <class Value>
+detail::Bounds<Value> const* FindBounds(ItemType type, FromText<Value> fromText,
+                                        CPrimitiveRestrictions const& facets) {
+    detail::AnyBounds const* bounds = facets.GetBoundsSlot().Get();
+    if (bounds == nullptr) {
+        try {
+            bounds =
+                facets.GetBoundsSlot().Put(std::make_unique<detail::Bounds<Value>>(type, facets, fromText));
+        } catch (CZvException const&) {
+            return nullptr;
+        }
+    }
+    return bounds->AreOf(type, facets) ? static_cast<detail::Bounds<Value> const*>(bounds) : nullptr;
+}
+
+// The first bound that is not kept decides: one behind it is not looked at, and may be no value of the type.
+template <class Value>
+bool IsWithinBounds(Value const& value, ItemType type, FromText<Value> fromText,
+                    CPrimitiveRestrictions const& facets) {
+    if (facets.minInclusive.empty() && facets.maxInclusive.empty() && facets.minExclusive.empty() &&
+        facets.maxExclusive.empty())
+        return true;
+    detail::Bounds<Value> const* const bounds = FindBounds(type, fromText, facets);
+    for (std::size_t bound = 0; bound < kBounds; ++bound) {
+        if (bounds != nullptr) {
+            Value const* const limit = bounds->Find(bound);
+            if (limit != nullptr && !Keeps(bound, value, *limit))
+                return false;
+            continue;
+        }
+        std::string const& text = detail::BoundText(facets, bound);
+        if (!text.empty() && !Keeps(bound, value, fromText(text, CWhitespaceUtils::WhitespaceRule_Collapse)))
+            return false;
+    }
+    return true;
 }
 
 bool HasAtMost(std::int32_t limit, std::size_t count) {
@@ -39,48 +110,44 @@ bool IsLengthValid(std::size_t length, CPrimitiveRestrictions const& facets) {
            (facets.length == -1 || count == facets.length);
 }
 
+// The length of a whole number's text, where the sign counts.
+template <class Value>
+std::size_t CountCharacters(Value value) {
+    std::string buffer; // in place: no text is longer than 20
+    return detail::PrintInteger(value, buffer).size();
+}
+
+template <class Value>
+bool HasTotalDigits(Value value, CPrimitiveRestrictions const& facets) {
+    return facets.totalDigits == -1 || HasAtMost(facets.totalDigits, CountCharacters(value));
+}
+
 // Whole numbers but for those of 64 bits: the message shows the number as a signed one of 32 bits.
-template <class Value, class Text>
-void CheckInteger(char const* name, Value value, FromText<Text> fromText, std::string (*toText)(Text),
+template <class Value>
+void CheckInteger(char const* name, Value value, ItemType type, FromText<Value> fromText,
                   CPrimitiveRestrictions const& facets) {
-    if (!IsWithinBounds(value, fromText, facets) ||
-        (facets.totalDigits != -1 && !HasAtMost(facets.totalDigits, toText(static_cast<Text>(value)).size())))
+    if (!IsWithinBounds(value, type, fromText, facets) || !HasTotalDigits(value, facets))
         FailFacetOfInteger(name, static_cast<std::int32_t>(value));
 }
 
 template <class Value>
-void CheckLongInteger(char const* name, Value value, FromText<Value> fromText, std::string (*toText)(Value),
+void CheckLongInteger(char const* name, Value value, ItemType type, FromText<Value> fromText,
                       CPrimitiveRestrictions const& facets) {
-    if (!IsWithinBounds(value, fromText, facets) ||
-        (facets.totalDigits != -1 && !HasAtMost(facets.totalDigits, toText(value).size())))
-        FailFacetOfText(name, toText(value));
-}
-
-// Values whose order is partial: a pair without an order is within any bound.
-template <class Value>
-bool IsWithinPartialBounds(Value const& value, FromText<Value> fromText,
-                           CPrimitiveRestrictions const& facets) {
-    auto const compare = [&](std::string const& bound) {
-        return value.CompareTo(fromText(bound, CWhitespaceUtils::WhitespaceRule_Collapse));
-    };
-    auto const isAbove = [](CDateTime::DTCompareResult result) {
-        return result == CDateTime::DTCompareGreater || result == CDateTime::DTCompareIndeterminate;
-    };
-    auto const isBelow = [](CDateTime::DTCompareResult result) {
-        return result == CDateTime::DTCompareLess || result == CDateTime::DTCompareIndeterminate;
-    };
-    return (facets.minInclusive.empty() || compare(facets.minInclusive) != CDateTime::DTCompareLess) &&
-           (facets.maxInclusive.empty() || compare(facets.maxInclusive) != CDateTime::DTCompareGreater) &&
-           (facets.minExclusive.empty() || isAbove(compare(facets.minExclusive))) &&
-           (facets.maxExclusive.empty() || isBelow(compare(facets.maxExclusive)));
+    if (!IsWithinBounds(value, type, fromText, facets) || !HasTotalDigits(value, facets))
+        FailFacetOfText(name, detail::PrintInteger(value));
 }
 
 // The numbers of gYear, gMonth and gDay have bounds alone.
 template <class Value>
-void CheckDatePart(char const* name, Value value, FromText<Value> fromText,
+void CheckDatePart(char const* name, Value value, ItemType type, FromText<Value> fromText,
                    CPrimitiveRestrictions const& facets) {
-    if (!IsWithinBounds(value, fromText, facets))
+    if (!IsWithinBounds(value, type, fromText, facets))
         FailFacetOfInteger(name, value);
+}
+
+// char may be unsigned, and i1 is a signed number.
+signed char I1FromText(std::string const& text, CWhitespaceUtils::WhitespaceRule rule) {
+    return static_cast<signed char>(CConversions::i1FromString(text, rule));
 }
 
 FromText<CDateTime> DateFromText(ItemType type) {
@@ -128,11 +195,25 @@ bool HasDigits(CDecimal const& value, CPrimitiveRestrictions const& facets) {
     return HasAtMost(facets.totalDigits, integer + fraction) && HasAtMost(facets.fractionDigits, fraction);
 }
 
-// Where the pattern facet has its place, behind the lengths.
-void TracePattern(char const* name, CPrimitiveRestrictions const& facets) {
-    if (!facets.pattern.empty() && IsDebugTraceEnabled())
-        DebugTrace("The pattern of %s is not checked [%s].\n", name != nullptr ? name : "",
-                   facets.pattern.c_str());
+// The pattern is UTF-8 for those who match it; ASCII is so already.
+bool MatchesLocalPattern(std::string const& pattern, std::string const& value) {
+    if (IsAscii(pattern))
+        return MatchesPattern(pattern, value);
+    CBinaryData const utf8 = LocalToUtf8(pattern.c_str());
+    return MatchesPattern(std::string(utf8.GetData(), utf8.GetData() + utf8.GetLength()), value);
+}
+
+void CheckPattern(char const* name, std::string const& value, CPrimitiveRestrictions const& facets) {
+    if (facets.pattern.empty())
+        return;
+    bool isMatch = false;
+    try {
+        isMatch = MatchesLocalPattern(facets.pattern, value);
+    } catch (CZvException const& failure) {
+        FailPattern(failure.GetFullMessage(), name, value);
+    }
+    if (!isMatch)
+        FailFacetOfText(name, value);
 }
 
 } // namespace
@@ -148,52 +229,51 @@ void CheckPrimitive(char const* name, CBinaryData const& value, CPrimitiveRestri
 }
 
 void CheckPrimitive(char const* name, char value, CPrimitiveRestrictions const& restrictions) {
-    CheckInteger<signed char, char>(name, static_cast<signed char>(value), CConversions::i1FromString,
-                                    CConversions::i1ToString, restrictions);
+    CheckInteger(name, static_cast<signed char>(value), ItemType_i1, I1FromText, restrictions);
 }
 
 void CheckPrimitive(char const* name, short value, CPrimitiveRestrictions const& restrictions) {
-    CheckInteger(name, value, CConversions::i2FromString, CConversions::i2ToString, restrictions);
+    CheckInteger(name, value, ItemType_i2, CConversions::i2FromString, restrictions);
 }
 
 void CheckPrimitive(char const* name, std::int32_t value, CPrimitiveRestrictions const& restrictions) {
-    CheckInteger(name, value, CConversions::i4FromString, CConversions::i4ToString, restrictions);
+    CheckInteger(name, value, ItemType_i4, CConversions::i4FromString, restrictions);
 }
 
 void CheckPrimitive(char const* name, long long value, CPrimitiveRestrictions const& restrictions) {
-    CheckLongInteger(name, value, CConversions::i8FromString, CConversions::i8ToString, restrictions);
+    CheckLongInteger(name, value, ItemType_i8, CConversions::i8FromString, restrictions);
 }
 
 void CheckPrimitive(char const* name, unsigned char value, CPrimitiveRestrictions const& restrictions) {
-    CheckInteger(name, value, CConversions::ui1FromString, CConversions::ui1ToString, restrictions);
+    CheckInteger(name, value, ItemType_ui1, CConversions::ui1FromString, restrictions);
 }
 
 void CheckPrimitive(char const* name, unsigned short value, CPrimitiveRestrictions const& restrictions) {
-    CheckInteger(name, value, CConversions::ui2FromString, CConversions::ui2ToString, restrictions);
+    CheckInteger(name, value, ItemType_ui2, CConversions::ui2FromString, restrictions);
 }
 
 void CheckPrimitive(char const* name, std::uint32_t value, CPrimitiveRestrictions const& restrictions) {
-    CheckInteger(name, value, CConversions::ui4FromString, CConversions::ui4ToString, restrictions);
+    CheckInteger(name, value, ItemType_ui4, CConversions::ui4FromString, restrictions);
 }
 
 void CheckPrimitive(char const* name, unsigned long long value, CPrimitiveRestrictions const& restrictions) {
-    CheckLongInteger(name, value, CConversions::ui8FromString, CConversions::ui8ToString, restrictions);
+    CheckLongInteger(name, value, ItemType_ui8, CConversions::ui8FromString, restrictions);
 }
 
 void CheckPrimitive(char const* name, float value, CPrimitiveRestrictions const& restrictions) {
-    if (!IsWithinBounds(value, CConversions::r4FromString, restrictions))
+    if (!IsWithinBounds(value, ItemType_r4, CConversions::r4FromString, restrictions))
         FailFacetOfReal(name, static_cast<double>(value));
 }
 
 void CheckPrimitive(char const* name, double value, CPrimitiveRestrictions const& restrictions) {
-    if (!IsWithinBounds(value, CConversions::r8FromString, restrictions))
+    if (!IsWithinBounds(value, ItemType_r8, CConversions::r8FromString, restrictions))
         FailFacetOfReal(name, value);
 }
 
 void CheckPrimitive(char const* name, std::string const& value, CPrimitiveRestrictions const& restrictions) {
     if (!IsLengthValid(value.size(), restrictions))
         FailFacetOfText(name, value);
-    TracePattern(name, restrictions);
+    CheckPattern(name, value, restrictions);
 }
 
 void CheckPrimitive(char const* name, char const* value, CPrimitiveRestrictions const& restrictions) {
@@ -204,13 +284,13 @@ void CheckPrimitive(char const*, bool, CPrimitiveRestrictions const&) {}
 
 void CheckPrimitive(char const* name, CDateTimeSpan const& value,
                     CPrimitiveRestrictions const& restrictions) {
-    if (!IsWithinPartialBounds(value, CConversions::durationFromString, restrictions))
+    if (!IsWithinBounds(value, ItemType_duration, CConversions::durationFromString, restrictions))
         FailFacetOfText(name, value.ToString());
 }
 
 void CheckPrimitive(char const* name, CDateTime const& value, ItemType type,
                     CPrimitiveRestrictions const& restrictions) {
-    if (!IsWithinPartialBounds(value, DateFromText(type), restrictions))
+    if (!IsWithinBounds(value, type, DateFromText(type), restrictions))
         FailFacetOfText(name, value.ToString());
 }
 
@@ -221,9 +301,9 @@ void CheckPrimitive(char const* name, CDateTime const& value, CPrimitiveRestrict
 void CheckPrimitive(char const* name, unsigned char value, ItemType type,
                     CPrimitiveRestrictions const& restrictions) {
     if (type == ItemType_month)
-        CheckDatePart(name, value, CConversions::monthFromString, restrictions);
+        CheckDatePart(name, value, type, CConversions::monthFromString, restrictions);
     else if (type == ItemType_day)
-        CheckDatePart(name, value, CConversions::dayFromString, restrictions);
+        CheckDatePart(name, value, type, CConversions::dayFromString, restrictions);
     else
         CheckPrimitive(name, value, restrictions);
 }
@@ -231,19 +311,19 @@ void CheckPrimitive(char const* name, unsigned char value, ItemType type,
 void CheckPrimitive(char const* name, unsigned short value, ItemType type,
                     CPrimitiveRestrictions const& restrictions) {
     if (type == ItemType_year)
-        CheckDatePart(name, value, CConversions::yearFromString, restrictions);
+        CheckDatePart(name, value, type, CConversions::yearFromString, restrictions);
     else
         CheckPrimitive(name, value, restrictions);
 }
 
 void CheckPrimitive(char const* name, CDecimal const& value, CPrimitiveRestrictions const& restrictions) {
-    if (!IsWithinBounds<CDecimal const&>(value, CConversions::decimalFromString, restrictions) ||
+    if (!IsWithinBounds(value, ItemType_decimal, CConversions::decimalFromString, restrictions) ||
         !HasDigits(value, restrictions))
         FailFacetOfText(name, value.ToString());
 }
 
 void CheckPrimitive(char const* name, CBigInteger const& value, CPrimitiveRestrictions const& restrictions) {
-    if (!IsWithinBounds<CBigInteger const&>(value, CConversions::integerFromString, restrictions) ||
+    if (!IsWithinBounds(value, ItemType_integer, CConversions::integerFromString, restrictions) ||
         (restrictions.totalDigits != -1 && !HasAtMost(restrictions.totalDigits, value.ToString().size())))
         FailFacetOfText(name, value.ToString());
 }

@@ -15,12 +15,10 @@ class CPrimitiveRestrictions;
 
 // CheckPrimitive throws CZvException at the first facet that the value offends, with `name`, that of the
 // element or attribute, in the message; null counts as empty. A bound that is no value of the type throws
-// what its conversion throws. Facets that a type does not have are not looked at. The functions hold no
-// state.
+// what its conversion throws. Facets that a type does not have are not looked at. Safe for
+// threads.
 //
-// The pattern facet is not checked in this version: a string of any form passes it, and the debug trace says
-// so for each value. It is checked from the version on that brings the date, duration, decimal and integer
-// types.
+// Bounds are parsed when a value is first checked, and kept beside the facets; patterns are compiled once.
 
 // hexBinary; in base64Binary only the text of the message differs.
 ZV_API void CheckPrimitive(char const* name, CBinaryData const& value,

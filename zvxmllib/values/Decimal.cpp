@@ -242,8 +242,7 @@ bool CDecimal::operator<(CDecimal const& right) const {
 }
 
 bool CDecimal::operator<=(CDecimal const& right) const {
-    return m_integerPart < right.m_integerPart ||
-           (m_integerPart == right.m_integerPart && CompareFractions(right) <= 0);
+    return !(*this > right);
 }
 
 bool CDecimal::operator>(CDecimal const& right) const {
@@ -252,8 +251,7 @@ bool CDecimal::operator>(CDecimal const& right) const {
 }
 
 bool CDecimal::operator>=(CDecimal const& right) const {
-    return m_integerPart > right.m_integerPart ||
-           (m_integerPart == right.m_integerPart && CompareFractions(right) >= 0);
+    return !(*this < right); // so -0 is not at least 0
 }
 
 CDecimal CDecimal::GetNegative() const {

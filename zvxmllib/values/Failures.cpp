@@ -104,6 +104,16 @@ void FailFacetOfText(char const* name, std::string const& value) {
         FormatString("Invalid Value for %s [%s].", name != nullptr ? name : "", value.c_str()));
 }
 
+void FailRegularExpression(std::string const& expression, std::string const& error) {
+    throw CZvException(
+        FormatString("Invalid Regular Expression: %s Error: '%s'", expression.c_str(), error.c_str()));
+}
+
+void FailPattern(std::string const& cause, char const* name, std::string const& value) {
+    throw CZvException(FormatString("%s\nInvalid Value for %s [%s].", cause.c_str(),
+                                    name != nullptr ? name : "", value.c_str()));
+}
+
 void FailFacetsOfType(std::string const& typeName) {
     throw CZvInvalidValueException("Unknown type [" + typeName + "].");
 }

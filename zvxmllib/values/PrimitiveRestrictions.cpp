@@ -1,7 +1,30 @@
 // CPrimitiveRestrictions, the record of the facets of a type, without whiteSpace and enumeration.
 #include "zvxmllib/values/PrimitiveRestrictions.h"
 
+#include "zvxmllib/values/Bounds.h"
+
 namespace ZvXmlLib16 {
+
+namespace detail {
+
+BoundsSlot::~BoundsSlot() {
+    delete m_bounds.load(std::memory_order_relaxed);
+}
+
+BoundsSlot& BoundsSlot::operator=(BoundsSlot const& other) noexcept {
+    if (this != &other)
+        delete m_bounds.exchange(nullptr);
+    return *this;
+}
+
+AnyBounds const* BoundsSlot::Put(std::unique_ptr<AnyBounds> bounds) const noexcept {
+    AnyBounds* present = nullptr;
+    if (m_bounds.compare_exchange_strong(present, bounds.get()))
+        return bounds.release();
+    return present;
+}
+
+} // namespace detail
 
 namespace {
 

@@ -3,10 +3,35 @@
 
 #include "zvxmllib/platform/Api.h"
 
+#include <atomic>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace ZvXmlLib16 {
+
+namespace detail {
+
+class AnyBounds;
+
+// Keeps the parsed bounds beside their texts: made when a value is first checked, by whatever thread, and
+// shared by all. A copy begins without.
+class ZV_API BoundsSlot {
+public:
+    BoundsSlot() noexcept = default;
+    BoundsSlot(BoundsSlot const&) noexcept {}
+    BoundsSlot& operator=(BoundsSlot const& other) noexcept;
+    ~BoundsSlot();
+
+    AnyBounds const* Get() const noexcept { return m_bounds.load(std::memory_order_acquire); }
+    // Owns `bounds` from now on, unless another thread was faster, whose bounds it then returns.
+    AnyBounds const* Put(std::unique_ptr<AnyBounds> bounds) const noexcept;
+
+private:
+    mutable std::atomic<AnyBounds*> m_bounds{nullptr};
+};
+
+} // namespace detail
 
 // The constraining facets of XML Schema Part 2, 4.3. Generated code fills one for each restricted property;
 // the metadata keeps a copy. An empty string and -1 mean that the facet is not set. Bounds are in the lexical
@@ -40,6 +65,12 @@ public:
     std::int32_t length = -1;
     std::int32_t totalDigits = -1; // the sign of a negative number counts as a digit
     std::int32_t fractionDigits = -1;
+
+    // For the check of values.
+    detail::BoundsSlot const& GetBoundsSlot() const noexcept { return m_boundsSlot; }
+
+private:
+    detail::BoundsSlot m_boundsSlot;
 };
 
 } // namespace ZvXmlLib16

@@ -1,0 +1,95 @@
+// Regular expressions by PCRE 8.
+#include "zvxmllib/values/Regex.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+#include <pcre.h>
+
+namespace ZvXmlLib16::detail {
+
+namespace {
+
+constexpr int kFirstJitStack = 32 * 1024;
+// The interpreter recurses on the machine stack, where a thread may have little.
+constexpr unsigned long kMostInterpreterStack = 512 * 1024;
+
+// The stack of compiled matching code, one for each thread, made when it is first needed.
+pcre_jit_stack* JitStackOfThread(void*) {
+    struct Stack {
+        pcre_jit_stack* handle = pcre_jit_stack_alloc(kFirstJitStack, static_cast<int>(kMostMatchMemory));
+        ~Stack() {
+            if (handle != nullptr)
+                pcre_jit_stack_free(handle);
+        }
+    };
+    static thread_local Stack const stack;
+    return stack.handle; // null is the library's own, which is small
+}
+
+// The library tells the size of a frame of its interpreter, as a negative number, for these arguments.
+unsigned long MostInterpreterDepth() {
+    static unsigned long const depth = [] {
+        int const size = pcre_exec(nullptr, nullptr, nullptr, -999, -999, 0, nullptr, 0);
+        return kMostInterpreterStack / static_cast<unsigned long>(std::max(-size, 256));
+    }();
+    return depth;
+}
+
+} // namespace
+
+struct CompiledRegex {
+    CompiledRegex() = default;
+    CompiledRegex(CompiledRegex const&) = delete;
+    CompiledRegex& operator=(CompiledRegex const&) = delete;
+    ~CompiledRegex() {
+        pcre_free_study(extra);
+        pcre_free(code);
+    }
+
+    pcre* code = nullptr;
+    pcre_extra* extra = nullptr;
+};
+
+void ReleaseRegex::operator()(CompiledRegex* regex) const noexcept {
+    delete regex;
+}
+
+RegexPtr CompileRegex(std::string const& expression, std::string& error) {
+    RegexPtr regex(new CompiledRegex);
+    char const* message = nullptr;
+    int offset = 0;
+    int code = 0;
+    // Compiled matching code takes no option of a single match, so the anchor is compiled in.
+    regex->code =
+        pcre_compile2(expression.c_str(), PCRE_UTF8 | PCRE_ANCHORED, &code, &message, &offset, nullptr);
+    if (regex->code == nullptr) {
+        constexpr int kNoMemory = 21;
+        if (code == kNoMemory)
+            throw std::bad_alloc();
+        error = message == nullptr ? "" : message;
+        return nullptr;
+    }
+    regex->extra = pcre_study(regex->code, PCRE_STUDY_JIT_COMPILE | PCRE_STUDY_EXTRA_NEEDED, &message);
+    if (regex->extra == nullptr)
+        throw std::bad_alloc();
+    regex->extra->flags |= PCRE_EXTRA_MATCH_LIMIT | PCRE_EXTRA_MATCH_LIMIT_RECURSION;
+    regex->extra->match_limit = kMostMatchSteps;
+    regex->extra->match_limit_recursion = MostInterpreterDepth();
+    pcre_assign_jit_stack(regex->extra, JitStackOfThread, nullptr);
+    return regex;
+}
+
+bool MatchesWhole(CompiledRegex const& regex, std::string_view subject, bool isValidUtf8) {
+    if (subject.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+        return false;
+    int const length = static_cast<int>(subject.size());
+    // Room for the match itself. With more groups the result is 0 and the match is told all the same.
+    int offsets[3] = {-1, -1, -1};
+    int const result = pcre_exec(regex.code, regex.extra, subject.data(), length, 0,
+                                 isValidUtf8 ? PCRE_NO_UTF8_CHECK : 0, offsets, 3);
+    return result >= 0 && offsets[0] == 0 && offsets[1] == length;
+}
+
+} // namespace ZvXmlLib16::detail
