@@ -5,6 +5,7 @@
 #include "zvxmllib/values/DateTime.h"
 
 #include <string>
+#include <string_view>
 
 namespace ZvXmlLib16 {
 
@@ -41,15 +42,23 @@ public:
                    std::int32_t fractionDigits, CWhitespaceUtils::WhitespaceRule rule,
                    char const* formatOverride);
 
+    void Clear() override;
     void AddAt(int index, CDateTime const& value) override;
 
 protected:
     ~DateCollection() override;
 
+    // As in ValueCollection, these two take the short way if nobody derives from the collection.
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
+                   bool optionalChoice) const override;
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
+                             bool optionalChoice) override;
     void AddFromString(std::string value) override;
     std::string ItemToString(CDateTime const& value) override;
 
 private:
+    void AddText(std::string_view text);
+
     static Registration s_registration;
 };
 

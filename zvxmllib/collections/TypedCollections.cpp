@@ -3,8 +3,6 @@
 
 #include "zvxmllib/collections/Failures.h"
 #include "zvxmllib/values/CheckPrimitive.h"
-#include "zvxmllib/values/Conversions.h"
-#include "zvxmllib/values/NumberText.h"
 #include "zvxmllib/values/TextValues.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
@@ -24,50 +22,38 @@ struct Conversion;
 #define ZV_CONVERSION(type, Value, text)                                                                     \
     template <>                                                                                              \
     struct Conversion<ItemType_##type> {                                                                     \
-        static auto FromText(std::string_view source, TextRule rule) {                                       \
-            return type##FromText(source, rule);                                                             \
-        }                                                                                                    \
-        static std::string const& ToText([[maybe_unused]] Value value,                                       \
-                                         [[maybe_unused]] std::string const& format, std::string& buffer) {  \
+        static constexpr auto FromText = &type##FromText;                                                    \
+        static std::string const& ToText(Value value, [[maybe_unused]] std::string const& format,            \
+                                         [[maybe_unused]] std::string& buffer) {                             \
             return text;                                                                                     \
         }                                                                                                    \
     };
-ZV_CONVERSION(hexBinary, CBinaryData const&, buffer = value.GetAsHexString())
-ZV_CONVERSION(base64Binary, CBinaryData const&, buffer = value.GetAsBase64())
-ZV_CONVERSION(i1, char, PrintInteger(static_cast<int>(static_cast<signed char>(value)), buffer))
-ZV_CONVERSION(i2, short, PrintInteger(value, buffer))
-ZV_CONVERSION(i4, std::int32_t, PrintInteger(value, buffer))
-ZV_CONVERSION(i8, long long, PrintInteger(value, buffer))
-ZV_CONVERSION(ui1, unsigned char, PrintInteger(static_cast<unsigned>(value), buffer))
-ZV_CONVERSION(ui2, unsigned short, PrintInteger(value, buffer))
-ZV_CONVERSION(ui4, std::uint32_t, PrintInteger(value, buffer))
-ZV_CONVERSION(ui8, unsigned long long, PrintInteger(value, buffer))
-ZV_CONVERSION(r4, float, buffer = CConversions::r4ToString(value, format))
-ZV_CONVERSION(r8, double, buffer = CConversions::r8ToString(value, format))
-ZV_CONVERSION(duration, CDateTimeSpan const&, value.Print(buffer))
-ZV_CONVERSION(year, unsigned short, PrintInteger(value, buffer))
-ZV_CONVERSION(month, unsigned char, buffer = CConversions::monthToString(value))
-ZV_CONVERSION(day, unsigned char, buffer = CConversions::dayToString(value))
-ZV_CONVERSION(boolean, bool, buffer = CConversions::booleanToString(value))
-ZV_CONVERSION(decimal, CDecimal const&, buffer = CConversions::decimalToString(value, format))
-ZV_CONVERSION(integer, CBigInteger const&, buffer = CConversions::integerToString(value))
-ZV_CONVERSION(yearMonth, CDateTime const&, value.Print(buffer))
-ZV_CONVERSION(monthDay, CDateTime const&, value.Print(buffer))
-ZV_CONVERSION(date, CDateTime const&, value.Print(buffer))
-ZV_CONVERSION(datetime, CDateTime const&, value.Print(buffer))
-ZV_CONVERSION(time, CDateTime const&, value.Print(buffer))
+ZV_CONVERSION(hexBinary, CBinaryData const&, hexBinaryToText(value, buffer))
+ZV_CONVERSION(base64Binary, CBinaryData const&, base64BinaryToText(value, buffer))
+ZV_CONVERSION(i1, char, i1ToText(value, buffer))
+ZV_CONVERSION(i2, short, i2ToText(value, buffer))
+ZV_CONVERSION(i4, std::int32_t, i4ToText(value, buffer))
+ZV_CONVERSION(i8, long long, i8ToText(value, buffer))
+ZV_CONVERSION(ui1, unsigned char, ui1ToText(value, buffer))
+ZV_CONVERSION(ui2, unsigned short, ui2ToText(value, buffer))
+ZV_CONVERSION(ui4, std::uint32_t, ui4ToText(value, buffer))
+ZV_CONVERSION(ui8, unsigned long long, ui8ToText(value, buffer))
+ZV_CONVERSION(r4, float, r4ToText(value, format.c_str(), buffer))
+ZV_CONVERSION(r8, double, r8ToText(value, format.c_str(), buffer))
+ZV_CONVERSION(duration, CDateTimeSpan const&, durationToText(value, buffer))
+ZV_CONVERSION(yearMonth, CDateTime const&, dateToText(value, buffer))
+ZV_CONVERSION(monthDay, CDateTime const&, dateToText(value, buffer))
+ZV_CONVERSION(year, unsigned short, yearToText(value, buffer))
+ZV_CONVERSION(month, unsigned char, monthToText(value, buffer))
+ZV_CONVERSION(day, unsigned char, dayToText(value, buffer))
+ZV_CONVERSION(date, CDateTime const&, dateToText(value, buffer))
+ZV_CONVERSION(datetime, CDateTime const&, dateToText(value, buffer))
+ZV_CONVERSION(time, CDateTime const&, dateToText(value, buffer))
+ZV_CONVERSION(string, std::string const&, value)
+ZV_CONVERSION(boolean, bool, booleanToText(value, buffer))
+ZV_CONVERSION(decimal, CDecimal const&, decimalToText(value, format.c_str(), buffer))
+ZV_CONVERSION(integer, CBigInteger const&, integerToText(value, buffer))
 #undef ZV_CONVERSION
-
-// The value is its own text.
-template <>
-struct Conversion<ItemType_string> {
-    static std::string FromText(std::string const& source, TextRule rule) {
-        return CConversions::stringFromString(source, rule);
-    }
-    static std::string const& ToText(std::string const& value, std::string const&, std::string&) {
-        return value;
-    }
-};
 
 } // namespace
 
@@ -167,13 +153,18 @@ void ValueCollection<Policy>::Add(Argument value) {
 template <class Policy>
 void ValueCollection<Policy>::AddAt(int index, Argument value) {
     this->BeginAdd(index, value);
-    if (this->m_needsCheck)
-        CheckPrimitive(this->GetElementName().c_str(), value, Policy::kType, this->m_restrictions);
+    Check(value);
     if (this->HasListeners()) // they are shown the value behind this, too
         this->Insert(index, value);
     else
         this->Insert(index, std::forward<Argument>(value));
     this->CompleteAdd(value);
+}
+
+template <class Policy>
+void ValueCollection<Policy>::Check(Value const& value) const {
+    if (this->m_needsCheck)
+        CheckPrimitive(this->GetElementName().c_str(), value, Policy::kType, this->m_restrictions);
 }
 
 template <class Policy>
@@ -196,8 +187,27 @@ void ValueCollection<Policy>::ToXml_Int(CXmlWriter* writer, bool, char const*,
 }
 
 template <class Policy>
+CXmlElement* ValueCollection<Policy>::FromXml_Int(CXmlElement* element, CXmlElement* current,
+                                                  CSerializationContext const& ctx, bool optionalChoice) {
+    if (typeid(*this) != typeid(typename Policy::Collection))
+        return CXmlTypeCollection::FromXml_Int(element, current, ctx, optionalChoice);
+    return this->ReadTexts(current, ctx, [](CXmlTypeCollection& collection, std::string_view text) {
+        static_cast<ValueCollection&>(collection).AddText(text);
+    });
+}
+
+template <class Policy>
 void ValueCollection<Policy>::AddFromString(std::string value) {
-    Add(Conversion<Policy::kType>::FromText(value, this->m_whitespaceRule));
+    AddText(value);
+}
+
+template <class Policy>
+void ValueCollection<Policy>::AddText(std::string_view text) {
+    Value value = Conversion<Policy::kType>::FromText(text, this->m_whitespaceRule);
+    if (this->HasListeners())
+        return Add(value);
+    Check(value);
+    this->Insert(this->GetCount(), std::move(value));
 }
 
 template <class Policy>
@@ -213,14 +223,41 @@ void DateCollection<Policy>::AddAt(int index, CDateTime const& value) {
 }
 
 template <class Policy>
+void DateCollection<Policy>::Clear() {
+    ClearAs(typeid(typename Policy::Collection));
+}
+
+template <class Policy>
+void DateCollection<Policy>::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns,
+                                       CSerializationContext const& ctx, bool optionalChoice) const {
+    if (typeid(*this) != typeid(typename Policy::Collection))
+        return CdatetimeBaseCol::ToXml_Int(writer, isRoot, ns, ctx, optionalChoice);
+    WriteValues(writer, ctx, ItemType_datetime, dateToText);
+}
+
+template <class Policy>
+CXmlElement* DateCollection<Policy>::FromXml_Int(CXmlElement* element, CXmlElement* current,
+                                                 CSerializationContext const& ctx, bool optionalChoice) {
+    if (typeid(*this) != typeid(typename Policy::Collection))
+        return CXmlTypeCollection::FromXml_Int(element, current, ctx, optionalChoice);
+    return ReadTexts(current, ctx, [](CXmlTypeCollection& collection, std::string_view text) {
+        static_cast<DateCollection&>(collection).AddText(text);
+    });
+}
+
+template <class Policy>
 void DateCollection<Policy>::AddFromString(std::string value) {
-    Add(Conversion<Policy::kType>::FromText(value, m_whitespaceRule));
+    AddText(value);
+}
+
+template <class Policy>
+void DateCollection<Policy>::AddText(std::string_view text) {
+    Add(Conversion<Policy::kType>::FromText(text, m_whitespaceRule));
 }
 
 template <class Policy>
 std::string DateCollection<Policy>::ItemToString(CDateTime const& value) {
-    std::string buffer;
-    return Conversion<Policy::kType>::ToText(value, m_formatOverride, buffer);
+    return value.ToString();
 }
 
 } // namespace detail

@@ -5,6 +5,7 @@
 #include "zvxmllib/foundation/MemoryLeakHelp.h"
 
 #include <string>
+#include <string_view>
 #include <typeinfo>
 #include <vector>
 
@@ -74,9 +75,15 @@ protected:
 
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
                    bool optionalChoice) const override;
+    // Reads the texts where they lie, if nobody derives from the collection.
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
+                             bool optionalChoice) override;
     void AddFromString(std::string value) override;
 
 private:
+    void Check(Value const& value) const;
+    void AddText(std::string_view text);
+
     static Registration s_registration;
 };
 

@@ -24,11 +24,17 @@ CXmlTypeCollection::~CXmlTypeCollection() = default;
 
 CXmlElement* CXmlTypeCollection::FromXml_Int(CXmlElement*, CXmlElement* current,
                                              CSerializationContext const& ctx, bool) {
+    return ReadTexts(current, ctx, [](CXmlTypeCollection& collection, std::string_view text) {
+        collection.AddFromString(std::string(text));
+    });
+}
+
+CXmlElement* CXmlTypeCollection::ReadTexts(CXmlElement* current, CSerializationContext const& ctx,
+                                           TakeText take) {
+    std::string room;
     while (current != nullptr &&
            DoesElementNameMatch(ctx, current, GetElementName().c_str(), m_namespace.c_str())) {
-        std::string text;
-        current->GetNodeText().AppendTo(text);
-        AddFromString(std::move(text));
+        take(*this, current->GetNodeText().Read(room));
         current = current->GetNextSiblingElement();
     }
     return current;

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace ZvXmlLib16 {
 
@@ -32,6 +33,10 @@ protected:
                              bool optionalChoice) override;
     // Throws what the conversion of the type throws, and what adding the value throws.
     virtual void AddFromString(std::string value) = 0;
+
+    // FromXml_Int with another way to take a text.
+    using TakeText = void (*)(CXmlTypeCollection& collection, std::string_view text);
+    CXmlElement* ReadTexts(CXmlElement* current, CSerializationContext const& ctx, TakeText take);
 
     CPrimitiveRestrictions const m_restrictions;
     ItemType const m_itemType;

@@ -52,10 +52,17 @@ unsigned char LowByte(std::uint32_t bits) {
 CBase64::~CBase64() = default;
 
 std::string CBase64::Encode(unsigned char const* lpEncoding, std::uint32_t length) {
+    std::string text;
+    Encode(lpEncoding, length, text);
+    return text;
+}
+
+std::string& CBase64::Encode(unsigned char const* lpEncoding, std::uint32_t length, std::string& text) {
     ZV_ASSERT(lpEncoding != 0); // NOLINT(modernize-use-nullptr): the assertion's text
-    if (lpEncoding == nullptr || length == 0)
-        return std::string();
-    std::string text((std::size_t{length} + 2) / 3 * 4, '=');
+    text.clear();
+    if (lpEncoding == nullptr)
+        return text;
+    text.resize((std::size_t{length} + 2) / 3 * 4, '=');
     char* out = text.data();
     unsigned char const* in = lpEncoding;
     std::uint32_t left = length;

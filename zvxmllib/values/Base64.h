@@ -17,6 +17,8 @@ public:
 
     // The text with its padding, empty for no bytes.
     std::string Encode(unsigned char const* lpEncoding, std::uint32_t length);
+    // The same in place of the content of `text`, in the room that it has. Returns `text`.
+    std::string& Encode(unsigned char const* lpEncoding, std::uint32_t length, std::string& text);
 
     // Decodes up to the NUL into `lpOutput`, which holds at least as many bytes as the text has characters,
     // and returns the count. The low seven bits of each character count; blank, tab, line feed, carriage

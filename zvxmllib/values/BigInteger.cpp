@@ -120,8 +120,14 @@ CBigInteger& CBigInteger::operator=(CBigInteger&& other) noexcept {
 }
 
 std::string CBigInteger::ToString() const {
+    std::string text;
+    Print(text);
+    return text;
+}
+
+std::string& CBigInteger::Print(std::string& text) const {
     std::size_t const sign = m_sign < 0 && !IsZero() ? 1 : 0;
-    std::string text(sign + CountDigits(m_digits), '-');
+    text.assign(sign + CountDigits(m_digits), '-');
     PrintDigits(m_digits, text.data() + sign);
     return text;
 }

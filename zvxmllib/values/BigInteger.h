@@ -44,6 +44,8 @@ public:
     CBigInteger& operator=(CBigInteger&& other) noexcept;
 
     std::string ToString() const;
+    // ToString() in place of the content of `text`, in the room that it has. Returns `text`.
+    std::string& Print(std::string& text) const;
     operator int() const; // these two throw if the value does not fit
     operator long long() const;
 

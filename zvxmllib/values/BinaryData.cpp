@@ -40,6 +40,18 @@ std::uint32_t Doubled(std::uint32_t length) {
     return length > kGreatest / 2 ? kGreatest : length * 2;
 }
 
+std::string& WriteHex(unsigned char const* bytes, std::uint32_t length, std::string& text) {
+    if (bytes == nullptr)
+        length = 0;
+    text.resize(std::size_t{length} * 2);
+    char* out = text.data();
+    for (std::uint32_t i = 0; i < length; ++i) {
+        *out++ = kHexDigits[bytes[i] >> 4];
+        *out++ = kHexDigits[bytes[i] & 0xF];
+    }
+    return text;
+}
+
 } // namespace
 
 // The bytes that handles share. The one who changes them is their only holder.
@@ -247,7 +259,14 @@ void CBinaryData::SetBuffer(char const* text) {
 }
 
 std::string CBinaryData::GetAsBase64() const {
-    return GetLength() > 0 ? CBase64().Encode(GetData(), GetLength()) : std::string();
+    std::string text;
+    PrintBase64(text);
+    return text;
+}
+
+std::string& CBinaryData::PrintBase64(std::string& text) const {
+    text.clear();
+    return GetLength() > 0 ? CBase64().Encode(GetData(), GetLength(), text) : text;
 }
 
 void CBinaryData::SetAsBase64(char const* text) {
@@ -265,15 +284,13 @@ std::string CBinaryData::GetAsHexString() const {
 }
 
 std::string CBinaryData::GetAsHexString(unsigned char const* bytes, std::uint32_t length) {
-    if (bytes == nullptr)
-        return std::string();
-    std::string text(std::size_t{length} * 2, '\0');
-    char* out = text.data();
-    for (std::uint32_t i = 0; i < length; ++i) {
-        *out++ = kHexDigits[bytes[i] >> 4];
-        *out++ = kHexDigits[bytes[i] & 0xF];
-    }
+    std::string text;
+    WriteHex(bytes, length, text);
     return text;
+}
+
+std::string& CBinaryData::PrintHex(std::string& text) const {
+    return WriteHex(GetData(), GetLength(), text);
 }
 
 void CBinaryData::SetAsHexString(char const* text) {

@@ -57,6 +57,9 @@ public:
     std::string GetAsHexString() const;
     void SetAsHexString(char const* text);
     static std::string GetAsHexString(unsigned char const* bytes, std::uint32_t length);
+    // The same texts in place of the content of `text`, in the room that it has. They return `text`.
+    std::string& PrintBase64(std::string& text) const;
+    std::string& PrintHex(std::string& text) const;
 
     bool operator==(CBinaryData const& other) const noexcept;
     bool operator!=(CBinaryData const& other) const noexcept;

@@ -76,12 +76,15 @@ double RealFromText(std::string_view value, Rule rule, char const* typeName) {
     return read.value;
 }
 
-std::string RealToText(double value, std::string const& format, int digits, std::size_t limit) {
+std::string const& RealToText(double value, char const* format, int digits, std::size_t limit,
+                              std::string& buffer) {
     if (std::isnan(value))
-        return "NaN";
+        return buffer = "NaN";
     if (std::isinf(value))
-        return value < 0 ? "-INF" : "INF";
-    return format.empty() ? detail::PrintReal(value, digits) : detail::PrintReal(value, format, limit);
+        return buffer = value < 0 ? "-INF" : "INF";
+    if (format == nullptr || *format == '\0')
+        return detail::PrintReal(value, digits, buffer);
+    return detail::PrintReal(value, format, limit, buffer);
 }
 
 constexpr int kDigitsR4 = 7;
@@ -134,94 +137,81 @@ double r8FromText(std::string_view text, TextRule rule) {
     return RealFromText(text, rule, "r8");
 }
 
+std::string const& i1ToText(char value, std::string& buffer) {
+    return PrintInteger(static_cast<int>(static_cast<signed char>(value)), buffer);
+}
+
+std::string const& i2ToText(short value, std::string& buffer) {
+    return PrintInteger(value, buffer);
+}
+
+std::string const& i4ToText(std::int32_t value, std::string& buffer) {
+    return PrintInteger(value, buffer);
+}
+
+std::string const& i8ToText(long long value, std::string& buffer) {
+    return PrintInteger(value, buffer);
+}
+
+std::string const& ui1ToText(unsigned char value, std::string& buffer) {
+    return PrintInteger(static_cast<unsigned>(value), buffer);
+}
+
+std::string const& ui2ToText(unsigned short value, std::string& buffer) {
+    return PrintInteger(value, buffer);
+}
+
+std::string const& ui4ToText(std::uint32_t value, std::string& buffer) {
+    return PrintInteger(value, buffer);
+}
+
+std::string const& ui8ToText(unsigned long long value, std::string& buffer) {
+    return PrintInteger(value, buffer);
+}
+
+std::string const& r4ToText(float value, char const* format, std::string& buffer) {
+    return RealToText(static_cast<double>(value), format, kDigitsR4, kLimitR4, buffer);
+}
+
+std::string const& r8ToText(double value, char const* format, std::string& buffer) {
+    return RealToText(value, format, kDigitsR8, kLimitR8, buffer);
+}
+
 } // namespace detail
 
-std::string CConversions::i1ToString(char value) {
-    return detail::PrintInteger(static_cast<int>(static_cast<signed char>(value)));
-}
+#define ZV_CONVERSION(name, Value)                                                                           \
+    std::string CConversions::name##ToString(Value value) {                                                  \
+        std::string text;                                                                                    \
+        detail::name##ToText(value, text);                                                                   \
+        return text;                                                                                         \
+    }                                                                                                        \
+    Value CConversions::name##FromString(std::string const& value, WhitespaceRule rule) {                    \
+        return detail::name##FromText(value, rule);                                                          \
+    }
+ZV_CONVERSION(i1, char)
+ZV_CONVERSION(i2, short)
+ZV_CONVERSION(i4, std::int32_t)
+ZV_CONVERSION(i8, long long)
+ZV_CONVERSION(ui1, unsigned char)
+ZV_CONVERSION(ui2, unsigned short)
+ZV_CONVERSION(ui4, std::uint32_t)
+ZV_CONVERSION(ui8, unsigned long long)
+#undef ZV_CONVERSION
 
-char CConversions::i1FromString(std::string const& value, WhitespaceRule rule) {
-    return detail::i1FromText(value, rule);
-}
-
-std::string CConversions::i2ToString(short value) {
-    return detail::PrintInteger(value);
-}
-
-short CConversions::i2FromString(std::string const& value, WhitespaceRule rule) {
-    return detail::i2FromText(value, rule);
-}
-
-std::string CConversions::i4ToString(std::int32_t value) {
-    return detail::PrintInteger(value);
-}
-
-std::int32_t CConversions::i4FromString(std::string const& value, WhitespaceRule rule) {
-    return detail::i4FromText(value, rule);
-}
-
-std::string CConversions::i8ToString(long long value) {
-    return detail::PrintInteger(value);
-}
-
-long long CConversions::i8FromString(std::string const& value, WhitespaceRule rule) {
-    return detail::i8FromText(value, rule);
-}
-
-std::string CConversions::ui1ToString(unsigned char value) {
-    return detail::PrintInteger(static_cast<unsigned>(value));
-}
-
-unsigned char CConversions::ui1FromString(std::string const& value, WhitespaceRule rule) {
-    return detail::ui1FromText(value, rule);
-}
-
-std::string CConversions::ui2ToString(unsigned short value) {
-    return detail::PrintInteger(value);
-}
-
-unsigned short CConversions::ui2FromString(std::string const& value, WhitespaceRule rule) {
-    return detail::ui2FromText(value, rule);
-}
-
-std::string CConversions::ui4ToString(std::uint32_t value) {
-    return detail::PrintInteger(value);
-}
-
-std::uint32_t CConversions::ui4FromString(std::string const& value, WhitespaceRule rule) {
-    return detail::ui4FromText(value, rule);
-}
-
-std::string CConversions::ui8ToString(unsigned long long value) {
-    return detail::PrintInteger(value);
-}
-
-unsigned long long CConversions::ui8FromString(std::string const& value, WhitespaceRule rule) {
-    return detail::ui8FromText(value, rule);
-}
-
-std::string CConversions::r4ToString(float value) {
-    return r4ToString(value, std::string());
-}
-
-std::string CConversions::r4ToString(float value, std::string const& format) {
-    return RealToText(static_cast<double>(value), format, kDigitsR4, kLimitR4);
-}
-
-float CConversions::r4FromString(std::string const& value, WhitespaceRule rule) {
-    return detail::r4FromText(value, rule);
-}
-
-std::string CConversions::r8ToString(double value) {
-    return r8ToString(value, std::string());
-}
-
-std::string CConversions::r8ToString(double value, std::string const& format) {
-    return RealToText(value, format, kDigitsR8, kLimitR8);
-}
-
-double CConversions::r8FromString(std::string const& value, WhitespaceRule rule) {
-    return detail::r8FromText(value, rule);
-}
+#define ZV_REAL_CONVERSION(name, Value)                                                                      \
+    std::string CConversions::name##ToString(Value value) {                                                  \
+        return name##ToString(value, std::string());                                                         \
+    }                                                                                                        \
+    std::string CConversions::name##ToString(Value value, std::string const& format) {                       \
+        std::string text;                                                                                    \
+        detail::name##ToText(value, format.c_str(), text);                                                   \
+        return text;                                                                                         \
+    }                                                                                                        \
+    Value CConversions::name##FromString(std::string const& value, WhitespaceRule rule) {                    \
+        return detail::name##FromText(value, rule);                                                          \
+    }
+ZV_REAL_CONVERSION(r4, float)
+ZV_REAL_CONVERSION(r8, double)
+#undef ZV_REAL_CONVERSION
 
 } // namespace ZvXmlLib16

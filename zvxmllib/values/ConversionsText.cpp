@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace ZvXmlLib16 {
 
@@ -25,13 +26,13 @@ namespace detail {
 
 CBinaryData hexBinaryFromText(std::string_view text, TextRule rule) {
     CBinaryData data;
-    data.SetAsHexString(std::string(RuledText(rule, text).Get()).c_str());
+    data.SetAsHexString(TerminatedText(RuledText(rule, text).Get()).Get());
     return data;
 }
 
 CBinaryData base64BinaryFromText(std::string_view text, TextRule rule) {
     CBinaryData data;
-    data.SetAsBase64(std::string(RuledText(rule, text).Get()).c_str());
+    data.SetAsBase64(TerminatedText(RuledText(rule, text).Get()).Get());
     return data;
 }
 
@@ -42,6 +43,13 @@ char charFromText(std::string_view text, TextRule rule) {
     return ruled.Get()[0];
 }
 
+std::string stringFromText(std::string_view text, TextRule rule) {
+    RuledText ruled(rule, text);
+    if (std::string* const own = ruled.Own())
+        return std::move(*own);
+    return std::string(text);
+}
+
 bool booleanFromText(std::string_view text, TextRule rule) {
     RuledText const ruled(rule, text);
     std::string_view const word = ruled.Get();
@@ -50,6 +58,22 @@ bool booleanFromText(std::string_view text, TextRule rule) {
     if (EqualsWithoutCase(word, "false") || word == "0")
         return false;
     FailBooleanText(text);
+}
+
+std::string const& hexBinaryToText(CBinaryData const& value, std::string& buffer) {
+    return value.PrintHex(buffer);
+}
+
+std::string const& base64BinaryToText(CBinaryData const& value, std::string& buffer) {
+    return value.PrintBase64(buffer);
+}
+
+std::string const& charToText(char value, std::string& buffer) {
+    return buffer.assign(1, value);
+}
+
+std::string const& booleanToText(bool value, std::string& buffer) {
+    return buffer = value ? "true" : "false";
 }
 
 } // namespace detail

@@ -14,6 +14,7 @@ namespace ZvXmlLib16 {
 namespace {
 
 using detail::RuledText;
+using detail::TerminatedText;
 using detail::TextRule;
 
 CDateTime DateFromText(CDateTime::DTType type, std::string_view text, TextRule rule) {
@@ -22,16 +23,24 @@ CDateTime DateFromText(CDateTime::DTType type, std::string_view text, TextRule r
     return value;
 }
 
-// Of gMonth and gDay: two digits behind dashes.
-std::string PartToString(char const* dashes, unsigned char value) {
-    std::string text = dashes;
-    if (value < 10)
-        text += '0';
-    return text += std::to_string(static_cast<unsigned>(value));
+// Of gMonth and gDay: two digits, or three, behind dashes.
+std::string const& PartToText(char const* dashes, unsigned char value, std::string& buffer) {
+    buffer = dashes;
+    if (value >= 100)
+        buffer += static_cast<char>('0' + value / 100);
+    buffer += static_cast<char>('0' + value / 10 % 10);
+    return buffer += static_cast<char>('0' + value % 10);
+}
+
+template <class Value>
+std::string TextOf(std::string const& (*toText)(Value, std::string&), Value value) {
+    std::string text;
+    toText(value, text);
+    return text;
 }
 
 // The number at the head of a format, as atoi reads it; 0 if there is none.
-int DecimalPlaces(std::string const& format) {
+int DecimalPlaces(std::string_view format) {
     detail::IntegerText const number = detail::ScanInteger(format);
     constexpr auto kGreatest = static_cast<unsigned long long>(std::numeric_limits<int>::max());
     int const magnitude = number.isBeyond64Bits || number.magnitude > kGreatest
@@ -89,71 +98,69 @@ CDateTime timeFromText(std::string_view text, TextRule rule) {
 }
 
 CDecimal decimalFromText(std::string_view text, TextRule rule) {
-    return CDecimal(std::string(RuledText(rule, text).Get()).c_str());
+    return CDecimal(TerminatedText(RuledText(rule, text).Get()).Get());
 }
 
 CBigInteger integerFromText(std::string_view text, TextRule rule) {
-    return CBigInteger(std::string(RuledText(rule, text).Get()).c_str());
+    return CBigInteger(TerminatedText(RuledText(rule, text).Get()).Get());
+}
+
+std::string const& durationToText(CDateTimeSpan const& value, std::string& buffer) {
+    return value.Print(buffer);
+}
+
+std::string const& yearToText(unsigned short value, std::string& buffer) {
+    return PrintInteger(value, buffer);
+}
+
+std::string const& monthToText(unsigned char value, std::string& buffer) {
+    return PartToText("--", value, buffer);
+}
+
+std::string const& dayToText(unsigned char value, std::string& buffer) {
+    return PartToText("---", value, buffer);
+}
+
+std::string const& dateToText(CDateTime const& value, std::string& buffer) {
+    return value.Print(buffer);
+}
+
+std::string const& decimalToText(CDecimal const& value, char const* format, std::string& buffer) {
+    if (format == nullptr || *format == '\0')
+        return value.Print(buffer);
+    return buffer = value.ToString(DecimalPlaces(format));
+}
+
+std::string const& integerToText(CBigInteger const& value, std::string& buffer) {
+    return value.Print(buffer);
 }
 
 } // namespace detail
 
-std::string CConversions::durationToString(CDateTimeSpan const& value) {
-    return value.ToString();
-}
-
-std::string CConversions::yearToString(unsigned short value) {
-    return detail::PrintInteger(value);
-}
-
-std::string CConversions::monthToString(unsigned char value) {
-    return PartToString("--", value);
-}
-
-std::string CConversions::dayToString(unsigned char value) {
-    return PartToString("---", value);
-}
-
-std::string CConversions::decimalToString(CDecimal const& value) {
-    return value.ToString();
-}
-
 std::string CConversions::decimalToString(CDecimal const& value, std::string const& format) {
-    if (format.empty())
-        return value.ToString();
-    return value.ToString(DecimalPlaces(format));
+    std::string text;
+    detail::decimalToText(value, format.c_str(), text);
+    return text;
 }
 
-std::string CConversions::integerToString(CBigInteger const& value) {
-    return value.ToString();
-}
-
-#define ZV_DATE(name)                                                                                        \
-    std::string CConversions::name##ToString(CDateTime const& value) {                                       \
-        return value.ToString("s");                                                                          \
-    }
-ZV_DATE(yearMonth)
-ZV_DATE(monthDay)
-ZV_DATE(date)
-ZV_DATE(datetime)
-ZV_DATE(time)
-#undef ZV_DATE
-
-#define ZV_FROM(name, Value)                                                                                 \
+#define ZV_CONVERSION(name, Value, Argument, text)                                                           \
+    std::string CConversions::name##ToString(Argument value) {                                               \
+        return text;                                                                                         \
+    }                                                                                                        \
     Value CConversions::name##FromString(std::string const& value, WhitespaceRule rule) {                    \
         return detail::name##FromText(value, rule);                                                          \
     }
-ZV_FROM(duration, CDateTimeSpan)
-ZV_FROM(yearMonth, CDateTime)
-ZV_FROM(monthDay, CDateTime)
-ZV_FROM(year, unsigned short)
-ZV_FROM(month, unsigned char)
-ZV_FROM(day, unsigned char)
-ZV_FROM(date, CDateTime)
-ZV_FROM(datetime, CDateTime)
-ZV_FROM(time, CDateTime)
-ZV_FROM(decimal, CDecimal)
-ZV_FROM(integer, CBigInteger)
-#undef ZV_FROM
+ZV_CONVERSION(duration, CDateTimeSpan, CDateTimeSpan const&, value.ToString())
+ZV_CONVERSION(yearMonth, CDateTime, CDateTime const&, value.ToString())
+ZV_CONVERSION(monthDay, CDateTime, CDateTime const&, value.ToString())
+ZV_CONVERSION(year, unsigned short, unsigned short, TextOf(detail::yearToText, value))
+ZV_CONVERSION(month, unsigned char, unsigned char, TextOf(detail::monthToText, value))
+ZV_CONVERSION(day, unsigned char, unsigned char, TextOf(detail::dayToText, value))
+ZV_CONVERSION(date, CDateTime, CDateTime const&, value.ToString())
+ZV_CONVERSION(datetime, CDateTime, CDateTime const&, value.ToString())
+ZV_CONVERSION(time, CDateTime, CDateTime const&, value.ToString())
+ZV_CONVERSION(decimal, CDecimal, CDecimal const&, value.ToString())
+ZV_CONVERSION(integer, CBigInteger, CBigInteger const&, value.ToString())
+#undef ZV_CONVERSION
 
 } // namespace ZvXmlLib16

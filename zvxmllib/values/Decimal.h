@@ -54,6 +54,8 @@ public:
     // Without trailing zeros, and without a point for a whole number. A text with a point is cut to 1023
     // characters.
     std::string ToString() const;
+    // ToString() in place of the content of `text`, in the room that it has. Returns `text`.
+    std::string& Print(std::string& text) const;
     // Rounds to so many fraction digits, halves away from zero.
     std::string ToString(int places) const;
     // Round, halves towards zero. Throws CZvOverFlowException if the value does not fit.
@@ -112,7 +114,7 @@ private:
     detail::Magnitude ScaledTo(std::int32_t divider) const;
     int CompareFractions(CDecimal const& right) const;
     // With a point and all fraction digits.
-    std::string PrintParts() const;
+    std::string& PrintParts(std::string& text) const;
 
     static constexpr std::int32_t kGuardDigits = 2; // of a quotient before it is rounded
     static std::int32_t m_maxDivider;

@@ -188,11 +188,11 @@ void CDecimal::MovePointLeft(std::int64_t places) {
 }
 
 // A whole part of -0 prints its sign.
-std::string CDecimal::PrintParts() const {
+std::string& CDecimal::PrintParts(std::string& text) const {
     std::size_t const sign = m_integerPart.m_sign < 0 ? 1U : 0U;
     std::size_t const whole = CountDigits(m_integerPart.m_digits);
     auto const places = static_cast<std::size_t>(m_fractionDivider);
-    std::string text(sign + whole + 1 + places, '0');
+    text.assign(sign + whole + 1 + places, '0');
     char* out = text.data();
     if (sign != 0)
         *out++ = '-';
@@ -204,9 +204,15 @@ std::string CDecimal::PrintParts() const {
 }
 
 std::string CDecimal::ToString() const {
+    std::string text;
+    Print(text);
+    return text;
+}
+
+std::string& CDecimal::Print(std::string& text) const {
     if (m_fractionPart.IsZero())
-        return m_integerPart.ToString();
-    std::string text = PrintParts();
+        return m_integerPart.Print(text);
+    PrintParts(text);
     if (text.size() > kLongestWithPoint)
         text.resize(kLongestWithPoint);
     return text;
@@ -219,7 +225,8 @@ std::string CDecimal::ToString(int places) const {
     if (digits < MostPlaces()) // beyond, the half unit itself is rounded to nothing
         half = CDecimal(CBigInteger(sign, Magnitude()), CBigInteger(sign * 5), digits + 1);
     CDecimal const rounded = *this + half;
-    std::string text = rounded.PrintParts();
+    std::string text;
+    rounded.PrintParts(text);
     if (rounded.m_fractionDivider > digits)
         text.resize(text.size() - static_cast<std::size_t>(rounded.m_fractionDivider - digits));
     return text;

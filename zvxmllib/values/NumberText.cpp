@@ -71,21 +71,21 @@ RealText ScanReal(std::string_view text) {
     return result;
 }
 
-std::string PrintReal(double value, int digits) {
+std::string& PrintReal(double value, int digits, std::string& text) {
     char buffer[kFormattedSize];
     std::to_chars_result const printed =
         std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, digits);
-    return std::string(buffer, printed.ptr);
+    return text.assign(buffer, printed.ptr);
 }
 
-std::string PrintReal(double value, std::string const& format, std::size_t limit) {
+std::string& PrintReal(double value, char const* format, std::size_t limit, std::string& text) {
     char buffer[kFormattedSize] = "";
     platform::CNumericLocaleGuard const guard;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral" // the format is the application's own
-    int const printed = std::snprintf(buffer, std::min(limit + 1, sizeof buffer), format.c_str(), value);
+    int const printed = std::snprintf(buffer, std::min(limit + 1, sizeof buffer), format, value);
 #pragma GCC diagnostic pop
-    return printed > 0 ? std::string(buffer) : std::string();
+    return text.assign(printed > 0 ? buffer : "");
 }
 
 } // namespace ZvXmlLib16::detail

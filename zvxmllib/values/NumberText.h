@@ -50,10 +50,10 @@ std::string PrintInteger(Integer value) {
     return text;
 }
 
-// As "%.<digits>g", at most 17 digits. The value is finite.
-std::string PrintReal(double value, int digits);
+// As "%.<digits>g", at most 17 digits. The value is finite. This and the next print as PrintInteger does.
+std::string& PrintReal(double value, int digits, std::string& text);
 
 // By a printf format for one double, cut to `limit` characters, at most 47.
-std::string PrintReal(double value, std::string const& format, std::size_t limit);
+std::string& PrintReal(double value, char const* format, std::size_t limit, std::string& text);
 
 } // namespace ZvXmlLib16::detail

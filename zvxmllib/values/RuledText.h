@@ -1,4 +1,5 @@
-// A text after its whitespace rule, without a copy where the rule changes nothing.
+// A text after its whitespace rule, without a copy where the rule changes nothing; and one with a NUL behind
+// it.
 #pragma once
 
 #include "zvxmllib/values/Whitespace.h"
@@ -49,6 +50,26 @@ private:
     std::string_view m_text;
     std::string m_changed;
     bool m_isChanged = false;
+};
+
+// A text with a NUL behind it, for what reads up to one; on the heap only if it is long.
+class TerminatedText {
+public:
+    explicit TerminatedText(std::string_view text) {
+        if (text.size() >= sizeof m_short) {
+            m_long = text;
+            return;
+        }
+        *std::copy(text.begin(), text.end(), m_short) = '\0';
+    }
+    TerminatedText(TerminatedText const&) = delete;
+    TerminatedText& operator=(TerminatedText const&) = delete;
+
+    char const* Get() const noexcept { return m_long.empty() ? m_short : m_long.c_str(); }
+
+private:
+    char m_short[64];
+    std::string m_long;
 };
 
 } // namespace ZvXmlLib16::detail

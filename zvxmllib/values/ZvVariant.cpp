@@ -8,7 +8,6 @@
 #include "zvxmllib/values/Decimal.h"
 #include "zvxmllib/values/Failures.h"
 
-#include <new>
 #include <utility>
 
 namespace ZvXmlLib16 {
@@ -27,6 +26,7 @@ ZvVariant::ZvVariant(ZvVariant&& other) noexcept : m_ui8(0) {
 
 ZvVariant::~ZvVariant() {
     DropValue();
+    DeleteObject();
 }
 
 ZvVariant& ZvVariant::operator=(ZvVariant const& other) {
@@ -75,26 +75,10 @@ void ZvVariant::DropValue() noexcept {
         switch (m_type) {
         case ItemType_hexBinary:
         case ItemType_base64Binary:
-            m_binary.~CBinaryData();
+            m_pBinary->Clear(); // others may share the bytes
             break;
         case ItemType_string:
             m_text.clear();
-            break;
-        case ItemType_duration:
-            delete m_pDuration;
-            break;
-        case ItemType_yearMonth:
-        case ItemType_monthDay:
-        case ItemType_date:
-        case ItemType_datetime:
-        case ItemType_time:
-            delete m_pDateTime;
-            break;
-        case ItemType_decimal:
-            delete m_pDecimal;
-            break;
-        case ItemType_integer:
-            delete m_pBigInteger;
             break;
         case ItemType_XmlObjectBase:
             if (m_pXmlObj != nullptr)
@@ -104,7 +88,7 @@ void ZvVariant::DropValue() noexcept {
             if (m_pXmlCol != nullptr)
                 m_pXmlCol->Release();
             break;
-        default: // in the slot itself
+        default: // in the slot itself, or in the object that stays
             break;
         }
     }
@@ -123,27 +107,27 @@ void ZvVariant::CopyValue(ZvVariant const& other) {
         switch (other.m_type) {
         case ItemType_hexBinary:
         case ItemType_base64Binary:
-            ::new (&m_binary) CBinaryData(other.m_binary);
+            SetObject(other.m_type, m_pBinary, *other.m_pBinary);
             break;
         case ItemType_string:
             m_text = other.m_text;
             m_pString = &m_text;
             break;
         case ItemType_duration:
-            m_pDuration = new CDateTimeSpan(*other.m_pDuration);
+            SetObject(other.m_type, m_pDuration, *other.m_pDuration);
             break;
         case ItemType_yearMonth:
         case ItemType_monthDay:
         case ItemType_date:
         case ItemType_datetime:
         case ItemType_time:
-            m_pDateTime = new CDateTime(*other.m_pDateTime);
+            SetObject(other.m_type, m_pDateTime, *other.m_pDateTime);
             break;
         case ItemType_decimal:
-            m_pDecimal = new CDecimal(*other.m_pDecimal);
+            SetObject(other.m_type, m_pDecimal, *other.m_pDecimal);
             break;
         case ItemType_integer:
-            m_pBigInteger = new CBigInteger(*other.m_pBigInteger);
+            SetObject(other.m_type, m_pBigInteger, *other.m_pBigInteger);
             break;
         case ItemType_XmlObjectBase:
             m_pXmlObj = other.m_pXmlObj;
@@ -170,20 +154,17 @@ void ZvVariant::CopyValue(ZvVariant const& other) {
 void ZvVariant::TakeValue(ZvVariant& other) noexcept {
     if (!other.m_isNil) {
         switch (other.m_type) {
-        case ItemType_hexBinary:
-        case ItemType_base64Binary:
-            ::new (&m_binary) CBinaryData(std::move(other.m_binary));
-            other.m_binary.~CBinaryData();
-            break;
         case ItemType_string:
             m_text.swap(other.m_text);
             m_pString = &m_text;
             break;
-        default: // a pointer changes hands with what it owns or counts
+        default: // a counted pointer changes hands with its count
             m_ui8 = other.m_ui8;
             break;
         }
     }
+    std::swap(m_object, other.m_object);
+    std::swap(m_objectClass, other.m_objectClass);
     m_type = std::exchange(other.m_type, ItemType_invalid);
     m_isNil = std::exchange(other.m_isNil, false);
     other.m_ui8 = 0;
@@ -215,36 +196,62 @@ ZV_SCALAR(Month, month, unsigned char, m_ui1)
 ZV_SCALAR(Day, day, unsigned char, m_ui1)
 #undef ZV_SCALAR
 
-// A value of the same class is assigned to, so that a property that is set again allocates nothing. The new
-// one is made before the old one goes, in which `value` may live.
-template <class Value>
-void ZvVariant::SetOwned(ItemType type, Value*& slot, bool isAlive, Value const& value) {
-    if (isAlive) {
-        *slot = value;
-        m_type = type;
-        return;
+void ZvVariant::DeleteObject() noexcept {
+    switch (m_objectClass) {
+    case NumberOf(static_cast<CBinaryData*>(nullptr)):
+        delete static_cast<CBinaryData*>(m_object);
+        break;
+    case NumberOf(static_cast<CDateTime*>(nullptr)):
+        delete static_cast<CDateTime*>(m_object);
+        break;
+    case NumberOf(static_cast<CDateTimeSpan*>(nullptr)):
+        delete static_cast<CDateTimeSpan*>(m_object);
+        break;
+    case NumberOf(static_cast<CDecimal*>(nullptr)):
+        delete static_cast<CDecimal*>(m_object);
+        break;
+    case NumberOf(static_cast<CBigInteger*>(nullptr)):
+        delete static_cast<CBigInteger*>(m_object);
+        break;
+    default: // none yet
+        break;
     }
-    Value* const made = new Value(value);
-    BeginValue(type);
-    slot = made;
 }
 
-#define ZV_OWNED(Name, type, Value, field, assertion)                                                        \
+// `value` may live in what this variant holds, so the old value goes last.
+template <class Value>
+void ZvVariant::SetObject(ItemType type, Value*& slot, Value const& value) {
+    constexpr std::uint8_t kClass = NumberOf(static_cast<Value*>(nullptr));
+    if (m_objectClass == kClass) {
+        Value fresh(value);
+        BeginValue(type);
+        *static_cast<Value*>(m_object) = std::move(fresh);
+    } else {
+        Value* const fresh = new Value(value);
+        BeginValue(type);
+        DeleteObject();
+        m_object = fresh;
+        m_objectClass = kClass;
+    }
+    slot = static_cast<Value*>(m_object);
+}
+
+#define ZV_OBJECT(Name, type, Value, field, assertion)                                                       \
     Value ZvVariant::Get##Name() const {                                                                     \
         ZV_ASSERT(assertion);                                                                                \
         Value const* const value = Find##field();                                                            \
         return value != nullptr ? *value : Value();                                                          \
     }                                                                                                        \
     void ZvVariant::Set##Name(Value const& value) {                                                          \
-        SetOwned(ItemType_##type, m_p##field, Find##field() != nullptr, value);                              \
+        SetObject(ItemType_##type, m_p##field, value);                                                       \
     }
-ZV_OWNED(Duration, duration, CDateTimeSpan, Duration, m_type == ItemType_duration)
-ZV_OWNED(YearMonth, yearMonth, CDateTime, DateTime, m_type == ItemType_yearMonth)
-ZV_OWNED(MonthDay, monthDay, CDateTime, DateTime, m_type == ItemType_monthDay)
-ZV_OWNED(Date, date, CDateTime, DateTime, m_type == ItemType_date)
-ZV_OWNED(DateTime, datetime, CDateTime, DateTime, m_type == ItemType_datetime)
-ZV_OWNED(Time, time, CDateTime, DateTime, m_type == ItemType_time)
-#undef ZV_OWNED
+ZV_OBJECT(Duration, duration, CDateTimeSpan, Duration, m_type == ItemType_duration)
+ZV_OBJECT(YearMonth, yearMonth, CDateTime, DateTime, m_type == ItemType_yearMonth)
+ZV_OBJECT(MonthDay, monthDay, CDateTime, DateTime, m_type == ItemType_monthDay)
+ZV_OBJECT(Date, date, CDateTime, DateTime, m_type == ItemType_date)
+ZV_OBJECT(DateTime, datetime, CDateTime, DateTime, m_type == ItemType_datetime)
+ZV_OBJECT(Time, time, CDateTime, DateTime, m_type == ItemType_time)
+#undef ZV_OBJECT
 
 CDateTimeSpan const* ZvVariant::FindDuration() const noexcept {
     return m_type == ItemType_duration && !m_isNil ? m_pDuration : nullptr;
@@ -272,7 +279,7 @@ CDecimal ZvVariant::GetDecimal() const {
 }
 
 void ZvVariant::SetDecimal(CDecimal const& value) {
-    SetOwned(ItemType_decimal, m_pDecimal, FindDecimal() != nullptr, value);
+    SetObject(ItemType_decimal, m_pDecimal, value);
 }
 
 CBigInteger ZvVariant::GetInteger() const {
@@ -283,7 +290,7 @@ CBigInteger ZvVariant::GetInteger() const {
 }
 
 void ZvVariant::SetInteger(CBigInteger const& value) {
-    SetOwned(ItemType_integer, m_pBigInteger, FindInteger() != nullptr, value);
+    SetObject(ItemType_integer, m_pBigInteger, value);
 }
 
 CBinaryData ZvVariant::GetHexBinary() const {
@@ -292,7 +299,7 @@ CBinaryData ZvVariant::GetHexBinary() const {
 }
 
 void ZvVariant::SetHexBinary(CBinaryData const& value) {
-    SetBinary(ItemType_hexBinary, value);
+    SetObject(ItemType_hexBinary, m_pBinary, value);
 }
 
 CBinaryData ZvVariant::GetBase64Binary() const {
@@ -301,18 +308,12 @@ CBinaryData ZvVariant::GetBase64Binary() const {
 }
 
 void ZvVariant::SetBase64Binary(CBinaryData const& value) {
-    SetBinary(ItemType_base64Binary, value);
+    SetObject(ItemType_base64Binary, m_pBinary, value);
 }
 
 CBinaryData ZvVariant::GetBinary() const noexcept {
     bool const isBinary = m_type == ItemType_hexBinary || m_type == ItemType_base64Binary;
-    return isBinary && !m_isNil ? m_binary : CBinaryData();
-}
-
-void ZvVariant::SetBinary(ItemType type, CBinaryData const& value) {
-    CBinaryData share(value); // the value may live in what this variant holds
-    BeginValue(type);
-    ::new (&m_binary) CBinaryData(std::move(share));
+    return isBinary && !m_isNil ? *m_pBinary : CBinaryData();
 }
 
 std::string ZvVariant::GetString() const {

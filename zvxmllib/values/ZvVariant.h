@@ -16,7 +16,8 @@ namespace ZvXmlLib16 {
 
 // One value of any ItemType, in one of three states: invalid (no type), nil (a type without a value, as by
 // xsi:nil), holding. Values are copies; an object or a collection is shared by its count. A variant that is
-// used for many values keeps the room of its string. Belongs to one thread at a time.
+// used for many values keeps the room of its string, and that of a date, duration or number. Belongs to one
+// thread at a time.
 class ZV_API ZvVariant {
 public:
     ZvVariant() noexcept;
@@ -142,14 +143,21 @@ private:
     void DropValue() noexcept;
     void BeginValue(ItemType type) noexcept;
     void TextBecomesValue() noexcept;
-    void SetBinary(ItemType type, CBinaryData const& value);
+    // The number of a value class, for what m_object points to.
+    static constexpr std::uint8_t NumberOf(CBinaryData const*) noexcept { return 1; }
+    static constexpr std::uint8_t NumberOf(CDateTime const*) noexcept { return 2; }
+    static constexpr std::uint8_t NumberOf(CDateTimeSpan const*) noexcept { return 3; }
+    static constexpr std::uint8_t NumberOf(CDecimal const*) noexcept { return 4; }
+    static constexpr std::uint8_t NumberOf(CBigInteger const*) noexcept { return 5; }
     template <class Value>
-    void SetOwned(ItemType type, Value*& slot, bool isAlive, Value const& value);
+    void SetObject(ItemType type, Value*& slot, Value const& value);
+    void DeleteObject() noexcept;
     CBinaryData GetBinary() const noexcept;
     void CopyValue(ZvVariant const& other);
     void TakeValue(ZvVariant& other) noexcept;
 
     bool m_isNil = false;
+    std::uint8_t m_objectClass = 0; // of m_object, by NumberOf
     ItemType m_type = ItemType_invalid;
     // The slot: which member is alive follows from m_type, and none but m_ui8, at 0, while there is no value.
     // Scalars are written over a slot of 0, so that all of its 64 bits can be copied.
@@ -167,15 +175,16 @@ private:
         char m_char;
         bool m_boolean;
         std::string* m_pString; // m_text, while that is the value
-        CBinaryData m_binary;
-        CDateTime* m_pDateTime; // owned, as the next three
+        CBinaryData* m_pBinary; // m_object, as the next four, while that is the value
+        CDateTime* m_pDateTime;
         CDateTimeSpan* m_pDuration;
         CDecimal* m_pDecimal;
         CBigInteger* m_pBigInteger;
         CXmlObjectBase* m_pXmlObj; // counted, as the next one
         CXmlCollectionBase* m_pXmlCol;
     };
-    std::string m_text; // beside the slot, so that its room stays; empty unless it is the value
+    std::string m_text;       // beside the slot, so that its room stays; empty unless it is the value
+    void* m_object = nullptr; // owned; stays when its value goes, for the next one of its class
 };
 
 } // namespace ZvXmlLib16

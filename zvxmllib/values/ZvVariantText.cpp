@@ -1,9 +1,7 @@
 // ZvVariant to and from text.
-#include "zvxmllib/values/Conversions.h"
 #include "zvxmllib/values/DateTimeSpan.h"
 #include "zvxmllib/values/Decimal.h"
 #include "zvxmllib/values/Failures.h"
-#include "zvxmllib/values/NumberText.h"
 #include "zvxmllib/values/RuledText.h"
 #include "zvxmllib/values/TextValues.h"
 #include "zvxmllib/values/ZvVariant.h"
@@ -26,6 +24,12 @@ bool IsNamed(ItemType type) {
     return type >= ItemType_hexBinary && type <= ItemType_integer;
 }
 
+// The text of a value, or of the empty one where there is none.
+template <class Value, class ToText>
+std::string const& TextOf(Value const* value, ToText toText) {
+    return value != nullptr ? toText(*value) : toText(Value());
+}
+
 } // namespace
 
 std::string ZvVariant::GetType() const {
@@ -43,64 +47,60 @@ std::string ZvVariant::ToString(char const* format) const {
 }
 
 std::string const& ZvVariant::ToText(char const* format, std::string& buffer) const {
-    auto const formatText = [format] { return std::string(format != nullptr ? format : ""); };
+    using namespace detail;
     switch (m_type) {
     case ItemType_hexBinary:
-        return buffer = CConversions::hexBinaryToString(GetBinary());
+        return hexBinaryToText(GetBinary(), buffer);
     case ItemType_base64Binary:
-        return buffer = CConversions::base64BinaryToString(GetBinary());
+        return base64BinaryToText(GetBinary(), buffer);
     case ItemType_i1:
-        return detail::PrintInteger(static_cast<int>(static_cast<signed char>(m_i1)), buffer);
+        return i1ToText(m_i1, buffer);
     case ItemType_i2:
-        return detail::PrintInteger(m_i2, buffer);
+        return i2ToText(m_i2, buffer);
     case ItemType_i4:
-        return detail::PrintInteger(m_i4, buffer);
+        return i4ToText(m_i4, buffer);
     case ItemType_i8:
-        return detail::PrintInteger(m_i8, buffer);
+        return i8ToText(m_i8, buffer);
     case ItemType_ui1:
-        return detail::PrintInteger(static_cast<unsigned>(m_ui1), buffer);
+        return ui1ToText(m_ui1, buffer);
     case ItemType_ui2:
-        return detail::PrintInteger(m_ui2, buffer);
+        return ui2ToText(m_ui2, buffer);
     case ItemType_ui4:
-        return detail::PrintInteger(m_ui4, buffer);
+        return ui4ToText(m_ui4, buffer);
     case ItemType_ui8:
-        return detail::PrintInteger(m_ui8, buffer);
+        return ui8ToText(m_ui8, buffer);
     case ItemType_r4:
-        return buffer = CConversions::r4ToString(m_r4, formatText());
+        return r4ToText(m_r4, format, buffer);
     case ItemType_r8:
-        return buffer = CConversions::r8ToString(m_r8, formatText());
-    case ItemType_duration: {
-        CDateTimeSpan const* const value = FindDuration();
-        return value != nullptr ? value->Print(buffer) : CDateTimeSpan().Print(buffer);
-    }
+        return r8ToText(m_r8, format, buffer);
+    case ItemType_duration:
+        return TextOf(
+            FindDuration(), [&](auto const& value) -> auto& { return durationToText(value, buffer); });
     case ItemType_yearMonth:
     case ItemType_monthDay:
     case ItemType_date:
     case ItemType_datetime:
-    case ItemType_time: {
-        CDateTime const* const value = FindDateTime();
-        return value != nullptr ? value->Print(buffer) : CDateTime().Print(buffer);
-    }
+    case ItemType_time:
+        return TextOf(
+            FindDateTime(), [&](auto const& value) -> auto& { return dateToText(value, buffer); });
     case ItemType_year:
-        return detail::PrintInteger(m_ui2, buffer);
+        return yearToText(m_ui2, buffer);
     case ItemType_month:
-        return buffer = CConversions::monthToString(m_ui1);
+        return monthToText(m_ui1, buffer);
     case ItemType_day:
-        return buffer = CConversions::dayToString(m_ui1);
-    case ItemType_decimal: {
-        CDecimal const* const value = FindDecimal();
-        return buffer = CConversions::decimalToString(value != nullptr ? *value : CDecimal(), formatText());
-    }
-    case ItemType_integer: {
-        CBigInteger const* const value = FindInteger();
-        return buffer = CConversions::integerToString(value != nullptr ? *value : CBigInteger());
-    }
+        return dayToText(m_ui1, buffer);
+    case ItemType_decimal:
+        return TextOf(
+            FindDecimal(), [&](auto const& value) -> auto& { return decimalToText(value, format, buffer); });
+    case ItemType_integer:
+        return TextOf(
+            FindInteger(), [&](auto const& value) -> auto& { return integerToText(value, buffer); });
     case ItemType_char:
-        return buffer = CConversions::charToString(m_char);
+        return charToText(m_char, buffer);
     case ItemType_string:
         return m_text;
     case ItemType_boolean:
-        return buffer = CConversions::booleanToString(m_boolean);
+        return booleanToText(m_boolean, buffer);
     default:
         FailTypeToString(m_type);
     }
