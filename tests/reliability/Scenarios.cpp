@@ -70,6 +70,22 @@ std::string ThroughBytes() {
     return copy->ToXml(false, false, EOLType_LF, ctx);
 }
 
+template <bool isSuggested>
+std::string ThroughFastInfoset() {
+    CSerializationContext ctx = AlertContext();
+    if (isSuggested)
+        ctx.GetFIContext().SetSuggestedValues();
+    CBinaryData const bytes = Alert(ctx)->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None);
+    CSmartPtr<cap::CAlert> const copy(new cap::CAlert);
+    copy->FromXmlStream(bytes, ctx);
+    return copy->ToXml(false, false, EOLType_LF, ctx);
+}
+
+std::string WriteJson() {
+    CSerializationContext const ctx = AlertContext();
+    return Alert(ctx)->ToJson(true, EOLType_LF, ctx);
+}
+
 std::string CopyObject() {
     CSerializationContext const ctx = AlertContext();
     CSerializationContext const copied(ctx);
@@ -111,6 +127,9 @@ std::vector<Scenario> const& MemoryScenarios() {
         {"XML that the facets refuse", RefuseInvalid},
         {"XML bytes", ThroughBytes<CompressionType_None, XmlEncoding_UTF16>},
         {"compressed XML bytes", ThroughBytes<CompressionType_GZip, XmlEncoding_UTF8>},
+        {"Fast Infoset", ThroughFastInfoset<false>},
+        {"Fast Infoset with suggested encodings", ThroughFastInfoset<true>},
+        {"JSON text", WriteJson},
         {"copies", CopyObject},
     };
     return scenarios;
