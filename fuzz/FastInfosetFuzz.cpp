@@ -10,13 +10,25 @@ using namespace ZvXmlLib16;
 
 namespace {
 
-std::optional<std::string> Rewrite(std::string octets) {
+// An untyped object that stands for a whole document.
+class CWholeDocument : public CElement {
+public:
+    explicit CWholeDocument(CXmlDocument const& document) : CElement("") {
+        CXmlElement* const root = document.GetDocumentElement();
+        FromXml_Int(root, root, CSerializationContext::GetDefaultContext(), false);
+    }
+
+protected:
+    ~CWholeDocument() override = default;
+};
+
+std::optional<std::string> Rewrite(std::string const& octets) {
     try {
-        CSmartPtr<CElement> const element(new CElement(""));
-        element->FromXmlStream(reinterpret_cast<unsigned char*>(octets.data()),
-                               static_cast<std::uint32_t>(octets.size()),
-                               CSerializationContext::GetDefaultContext());
-        CBinaryData const written = element->ToFastInfosetStream(
+        CXmlDocument document;
+        document.LoadXmlStream(reinterpret_cast<unsigned char const*>(octets.data()),
+                               static_cast<std::uint32_t>(octets.size()));
+        CSmartPtr<CWholeDocument> const object(new CWholeDocument(document));
+        CBinaryData const written = object->ToFastInfosetStream(
             FInfoDecl_None, CSerializationContext::GetDefaultContext(), CompressionType_None);
         return std::string(reinterpret_cast<char const*>(written.GetData()), written.GetLength());
     } catch (CZvException const&) {
