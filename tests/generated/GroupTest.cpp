@@ -1,6 +1,7 @@
 // Groups nested in a sequence: where the cursor goes, with unknown elements before, between and behind.
 #include "tests/generated/Reading.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/TypedCols.h"
 
 using namespace entries;
 
@@ -184,18 +185,12 @@ TEST(GroupInASequence, OfAnAllGroup) {
 }
 
 TEST(GroupInASequence, OfACollectionTestsItsCount) {
-    Model item;
-    item.name = "i";
-    item.contentIndex = 0;
-    item.contentType = ItemType_i4;
-    item.Finish();
     for (bool const isChoice : {false, true}) {
         Group group(isChoice ? XmlElementGroupType_Choice : XmlElementGroupType_Sequence,
-                    {isChoice ? static_cast<CElementInfo*>(
-                                    new CElementInfoChoiceClsCol("i", "", 0, XmlElementType_Element))
-                              : new CElementInfoSeqClsCol("i", "", 0, XmlElementType_Element)});
-        group.init = [&item](Probe& probe) {
-            probe.properties[0].SetXmlCollection(new ProbeCol(item, 2, 3));
+                    {isChoice ? static_cast<CElementInfo*>(new CElementInfoChoicePrimCol("i", "", 0))
+                              : new CElementInfoSeqPrimCol("i", "", 0)});
+        group.init = [](Probe& probe) {
+            probe.properties[0].SetXmlCollection(NewCol<Ci4Col>({"i", "", 2, 3}));
         };
         Order order(Kind::kOptional);
         for (auto const& [letters, outcome] : {std::pair("aiiz", "02()"), std::pair("aiiiz", "02()"),

@@ -1,0 +1,256 @@
+// Collections of values inside a class: in a sequence, a choice, an all group and nested groups, with events.
+#include "tests/generated/Reading.h"
+#include "tests/support/MessageOf.h"
+#include "tests/support/TypedCols.h"
+#include "zvxmllib/writers/XmlWriter.h"
+
+using namespace entries;
+using testing::ElementsAre;
+
+namespace {
+
+CSerializationContext const ctx;
+
+ColSetup Setup(char const* name, int minOccurs, int maxOccurs, char const* maxInclusive = "") {
+    ColSetup setup;
+    setup.name = name;
+    setup.minOccurs = minOccurs;
+    setup.maxOccurs = maxOccurs;
+    setup.facets.maxInclusive = maxInclusive;
+    return setup;
+}
+
+// A repeating element of an enumeration, as generated code has it: its values are i4.
+class ColourCol : public Ci4Col {
+public:
+    using Ci4Col::Ci4Col;
+
+protected:
+    void AddFromString(std::string value) override { Add(TextToColour(value.c_str())); }
+    void ToXml_Int(CXmlWriter* writer, bool, char const*, CSerializationContext const& context,
+                   bool) const override {
+        ValidateCount(context);
+        for (std::int32_t const colour : *this) {
+            writer->WriteElementStart(GetElementName(), m_namespace);
+            writer->WriteElementValue(ColourToText(colour), ItemType_string, false);
+            writer->WriteElementEnd();
+        }
+    }
+};
+
+// Numbers up to 10, one to three of them; dates, none to two; colours, any number.
+void Fill(Probe& probe) {
+    probe.properties[0].SetXmlCollection(NewCol<Ci4Col>(Setup("n", 1, 3, "10")));
+    probe.properties[1].SetXmlCollection(NewCol<CdateCol>(Setup("d", 0, 2)));
+    probe.properties[2].SetXmlCollection(NewCol<ColourCol>(Setup("c", 0, -1)));
+}
+
+struct Values : Model {
+    Values(XmlElementGroupType groupType, std::vector<CElementInfo*> entries) {
+        group = groupType;
+        elements = std::move(entries);
+        init = Fill;
+        Finish();
+    }
+};
+
+struct SequenceOfValues : Values {
+    SequenceOfValues()
+        : Values(XmlElementGroupType_Sequence,
+                 {new CElementInfoSeqPrimCol("n", "", 0), new CElementInfoSeqPrimCol("d", "", 1),
+                  new CElementInfoSeqEnumCol("c", "", 2), Prim<CElementInfoSeqPrimOpt>("z", 3)}) {}
+};
+
+struct ChoiceOfValues : Values {
+    ChoiceOfValues()
+        : Values(XmlElementGroupType_Choice,
+                 {new CElementInfoChoicePrimCol("n", "", 0), new CElementInfoChoicePrimCol("d", "", 1),
+                  new CElementInfoChoiceEnumCol("c", "", 2)}) {}
+};
+
+struct AllOfValues : Values {
+    AllOfValues()
+        : Values(XmlElementGroupType_All,
+                 {new CElementInfoAllPrimCol("n", "", 0), new CElementInfoAllPrimCol("d", "", 1),
+                  new CElementInfoAllCol("c", "", 2), Prim<CElementInfoAllPrimOpt>("z", 3)}) {}
+};
+
+// The outcome of children of the order; an empty one is that they are written as they were.
+struct Row {
+    std::string children;
+    std::string outcome;
+};
+
+void ExpectOutcomes(Model& model, std::vector<Row> const& rows, CSerializationContext const& context = ctx) {
+    for (Row const& row : rows) {
+        std::string const xml = "<order>" + row.children + "</order>";
+        bool const isFailure = row.outcome.find('\n') != std::string::npos;
+        EXPECT_EQ(Outcome(model, xml.c_str(), context), row.outcome.empty() ? xml
+                                                        : isFailure         ? row.outcome
+                                                                    : "<order>" + row.outcome + "</order>");
+    }
+}
+
+std::string Failed(char const* text) {
+    return std::string("Failed to process the element.\nPath: /order\n") + text;
+}
+
+std::string Unread(char const* child) {
+    return std::string(
+               "Failed read all the elements held within the element [order]. The unexpected element [") +
+           child + "] remains un processed\nPath: /order";
+}
+
+constexpr char kTooFew[] = "The Minimum number of [n] elements allowed in this collection is 1";
+constexpr char kTooMany[] = "The Maximum number of [n] elements allowed in this collection is 3";
+
+TEST(Values, InASequence) {
+    SequenceOfValues model;
+    ExpectOutcomes(
+        model,
+        {
+            {"<n>1</n><n>2</n><d>2026-11-23</d><d>2026-11-24Z</d><c>red</c><c>blue</c><z>3</z>", ""},
+            {"<n a='1'> 10 <x/></n><z>3</z>", "<n>10</n><z>3</z>"}, // nothing but the text is looked at
+            {"<d>2026-11-23</d>", Failed(kTooFew)},
+            {"<n>1</n><n>2</n><n>3</n><n>4</n>", Failed(kTooMany)},
+            {"<n>1</n><d>2026-11-23</d><n>2</n>", Unread("n")},
+            {"<n>11</n>", Failed("Invalid Value for n [11]")},
+            {"<n>1</n><n/>", Failed("The value [] can not be converted to a i4")},
+            {"<n>1</n><d>2026-11</d>", Failed("Dates added to this collection must be of type dt_date")},
+            {"<n>1</n><c>green</c>", Failed("no colour: green")},
+        });
+    ExpectOutcomes(model, {{"<n>1</n><n>2</n><n>3</n><n>4</n>", ""}, {"<z>3</z>", ""}},
+                   Ignoring(&CSerializationContext::SetIgnoreInvalidCollectionCounts));
+    ExpectOutcomes(model, {{"<x/><n>1</n><x/><z>3</z>", Failed(kTooFew)}},
+                   Ignoring(&CSerializationContext::SetIgnoreUnknownElements));
+
+    CSmartPtr<Probe> const probe(new Probe(model));
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
+              std::string("Failed to convert the element [order] to XML\n") + kTooFew);
+}
+
+TEST(Values, InAChoice) {
+    ChoiceOfValues model;
+    ExpectOutcomes(model, {
+                              {"<n>1</n><n>2</n>", ""},
+                              {"<d>2026-11-23</d>", ""},
+                              {"<c>red</c><c>red</c>", ""},
+                              {"<n>1</n><d>2026-11-23</d>", Unread("d")},
+                              {"<n>1</n><n>2</n><n>3</n><n>4</n>", Failed(kTooMany)},
+                              {"<d>x</d>", Failed("Invalid XSD Date [x] expected CCYY-MM-DD[Z|[+|-]hh:mm]")},
+                          });
+    CSmartPtr<Probe> const probe(new Probe(model));
+    EXPECT_TRUE(probe->DoesElementContainOptionalElements()) << "two of its members may be empty";
+}
+
+TEST(Values, InAnAllGroup) {
+    AllOfValues model;
+    ExpectOutcomes(model, {
+                              {"<c>red</c><n>1</n><z>3</z><d>2026-11-23</d><n>2</n><c>blue</c>",
+                               "<n>1</n><n>2</n><d>2026-11-23</d><c>red</c><c>blue</c><z>3</z>"},
+                              {"<z>3</z>", Failed(kTooFew)},
+                              {"<n>1</n><n>2</n><z>3</z><n>3</n><n>4</n>", Failed(kTooMany)},
+                              {"<n>1</n><x/>", Unread("x")},
+                          });
+}
+
+Model* s_group = nullptr;
+
+// Between an a and a z that both may be absent.
+TEST(Values, InNestedGroupsTestTheirCounts) {
+    SequenceOfValues sequence;
+    ChoiceOfValues choice;
+    AllOfValues all;
+    for (Values* const group :
+         {static_cast<Values*>(&sequence), static_cast<Values*>(&choice), static_cast<Values*>(&all)}) {
+        s_group = group;
+        group->info = std::make_unique<CParentElementInfo>(group->group, XmlElementType_Pseudo, "", "", false,
+                                                           false, -1, ItemType_invalid, nullptr, false);
+        Model order;
+        order.elements = {Prim<CElementInfoSeqPrimOpt>("a", 0),
+                          new CElementInfoSeqClsOpt(
+                              "group", "", 1, XmlElementType_Pseudo,
+                              [](int, char const*) { return CSmartPtr<CXmlObjectBase>(new Probe(*s_group)); },
+                              0),
+                          Prim<CElementInfoSeqPrimOpt>("y", 2)};
+        order.Finish();
+        ExpectOutcomes(order, {{"<a>1</a><n>1</n><n>2</n><y>3</y>", ""}, {"<a>1</a><y>3</y>", ""}});
+        // All the groups give back what is too many, as if nothing had stood there.
+        EXPECT_EQ(Outcome(order, "<order><a>1</a><n>1</n><n>2</n><n>3</n><n>4</n></order>"), Unread("n"))
+            << group->group;
+        EXPECT_EQ(Outcome(order, "<order><a>1</a><n>11</n></order>"), Failed("Invalid Value for n [11]"));
+    }
+}
+
+// Listens to its collections as a generated class does that is a choice.
+class Chooser : public Probe {
+public:
+    Chooser(Model& model, std::vector<std::string>& log) : Probe(model), m_log(log) { Listen(); }
+
+    template <class Col>
+    Col& Collection(int index) {
+        auto& property = properties[static_cast<std::size_t>(index)];
+        return dynamic_cast<Col&>(*property.FindXmlCollection());
+    }
+    // The collections of a fresh object are new ones.
+    void Init() override {
+        Probe::Init();
+        selected.clear();
+        Listen();
+    }
+
+    std::string selected;
+
+protected:
+    ~Chooser() override = default;
+    void OnEvent(CXmlObjectBase* sender, MsgType type, void* data) override {
+        auto& collection = static_cast<CXmlCollectionBase&>(*sender);
+        bool const isNumber = sender == properties[0].FindXmlCollection();
+        char const* const name = isNumber ? "n" : "d";
+        if (type == MsgCollectionAdd) {
+            m_log.push_back(name + (isNumber ? std::to_string(*static_cast<std::int32_t*>(data))
+                                             : static_cast<CDateTime*>(data)->ToString()));
+        } else if (type == MsgCollectionChange) {
+            m_log.push_back(name + ("=" + std::to_string(collection.GetCount())));
+            Choice_CollectionChanged(name, collection.GetCount(), selected);
+        }
+    }
+
+private:
+    void Listen() {
+        for (std::size_t const index : {0U, 1U})
+            properties[index].FindXmlCollection()->AddEventListener(this);
+    }
+
+    std::vector<std::string>& m_log;
+};
+
+TEST(Values, TellTheirClassOfEachChange) {
+    ChoiceOfValues model;
+    std::vector<std::string> log;
+    CSmartPtr<Chooser> const chooser(new Chooser(model, log));
+    chooser->FromXml("<order><n>1</n><n>2</n></order>", ctx);
+    EXPECT_THAT(log, ElementsAre("n1", "n=1", "n2", "n=2"));
+    EXPECT_EQ(chooser->selected, "n");
+
+    log.clear();
+    EXPECT_EQ(MessageOf<CZvException>([&] { chooser->Collection<Ci4Col>(0).Add(11); }),
+              "Invalid Value for n [11]");
+    EXPECT_EQ(MessageOf<CZvInvalidParamException>([&] { chooser->Collection<CdateCol>(1).Add(CDateTime()); }),
+              "Dates added to this collection must be of type dt_date");
+    EXPECT_THAT(log, ElementsAre("n11")) << "a number is told before it is looked at, a date after";
+    EXPECT_EQ(Write(*chooser), "<order><n>1</n><n>2</n></order>");
+    EXPECT_THROW(chooser->Collection<CdateCol>(1).Add(CDateTime(2026, 11, 23)), CZvInvalidStateException);
+
+    log.clear();
+    chooser->Collection<Ci4Col>(0).Clear();
+    EXPECT_THAT(log, ElementsAre("n=1", "n=0"));
+    EXPECT_EQ(chooser->selected, "");
+
+    log.clear();
+    chooser->FromXml("<order><d>2026-11-23</d></order>", ctx);
+    EXPECT_THAT(log, ElementsAre("d2026-11-23", "d=1")) << "what it held before ends silently";
+    EXPECT_EQ(chooser->selected, "d");
+}
+
+} // namespace
