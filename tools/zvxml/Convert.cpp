@@ -154,8 +154,8 @@ void Write(std::string const& file, CDocumentObject& object, ConvertOptions cons
 
 std::string ConvertHelp() {
     return "Usage: zvxml convert [OPTION]... IN OUT\n"
-           "Reads IN, whatever form the library recognises in it (XML text; gzip or zlib\n"
-           "around it), and writes it to OUT. \"-\" is standard input or output.\n\n" +
+           "Reads IN, whatever form the library recognises in it (XML text or Fast Infoset; gzip\n"
+           "or zlib around it), and writes it to OUT. \"-\" is standard input or output.\n\n" +
            OptionsHelp(OptionTable()) +
            "\nOf options that exclude each other the last one holds. Elements, attributes, texts\n"
            "and namespaces are kept; comments, processing instructions, the document type\n"
