@@ -1,6 +1,7 @@
 // The fastest ways known to us to read and write single values, without the rules that the library follows.
 #include "benchmarks/values/BestKnown.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>
@@ -19,6 +20,22 @@ constexpr std::array<unsigned char, 256> MakeValues() {
 }
 
 constexpr std::array<unsigned char, 256> kValues = MakeValues();
+
+constexpr std::array<std::uint64_t, 20> MakePowers() {
+    std::array<std::uint64_t, 20> powers{};
+    std::uint64_t power = 1;
+    for (std::uint64_t& each : powers) {
+        each = power;
+        power *= 10; // the last one overflows, and is not used
+    }
+    return powers;
+}
+
+constexpr std::array<std::uint64_t, 20> kPowers = MakePowers();
+
+Int128 PowerOfTen(int exponent) {
+    return static_cast<Int128>(kPowers[static_cast<std::size_t>(exponent)]);
+}
 
 template <class Value>
 Value Read(std::string_view text) {
@@ -63,57 +80,44 @@ std::string WriteDouble(double value) {
 }
 
 FixedPoint ReadFixedPoint(std::string_view text) {
-    constexpr int kDigitsOfWord = 19;
     bool const isNegative = !text.empty() && text.front() == '-';
-    if (isNegative)
-        text.remove_prefix(1);
+    char const* at = text.data() + (isNegative ? 1 : 0);
+    char const* const end = text.data() + text.size();
     FixedPoint result;
-    std::size_t point = text.size();
-    std::uint64_t word = 0;
-    std::uint64_t scale = 1;
-    int count = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '.') {
-            point = i + 1;
-            continue;
-        }
-        word = word * 10 + static_cast<std::uint64_t>(text[i] - '0');
-        scale *= 10;
-        if (++count == kDigitsOfWord) {
-            result.digits = result.digits * static_cast<Int128>(scale) + static_cast<Int128>(word);
-            word = 0;
-            scale = 1;
-            count = 0;
-        }
+    std::uint64_t whole = 0;
+    for (; at != end && *at != '.'; ++at)
+        whole = whole * 10 + static_cast<std::uint64_t>(*at - '0');
+    std::uint64_t fraction = 0;
+    if (at != end) {
+        char const* const start = ++at;
+        for (; at != end; ++at)
+            fraction = fraction * 10 + static_cast<std::uint64_t>(*at - '0');
+        result.places = static_cast<int>(at - start);
     }
-    result.digits = result.digits * static_cast<Int128>(scale) + static_cast<Int128>(word);
+    result.digits = static_cast<Int128>(whole) * PowerOfTen(result.places) + static_cast<Int128>(fraction);
     if (isNegative)
         result.digits = -result.digits;
-    result.places = static_cast<int>(text.size() - point);
     return result;
 }
 
 std::string WriteFixedPoint(FixedPoint const& value) {
-    constexpr Int128 kWord = 1000000000000000000;
     char buffer[48];
-    char* const end = buffer + sizeof buffer;
-    char* at = end;
-    int left = value.places;
-    auto const put = [&](std::uint64_t word, int digits) {
-        for (; digits > 0 || word != 0; --digits, word /= 10) {
-            if (left-- == 0 && value.places != 0)
-                *--at = '.';
-            *--at = static_cast<char>('0' + word % 10);
-        }
-    };
-    Int128 const digits = value.digits < 0 ? -value.digits : value.digits;
-    auto const high = static_cast<std::uint64_t>(digits / kWord);
-    put(static_cast<std::uint64_t>(digits % kWord), high != 0 ? 18 : value.places + 1);
-    if (high != 0)
-        put(high, value.places + 1 - 18);
+    char* at = buffer;
     if (value.digits < 0)
-        *--at = '-';
-    return std::string(at, end);
+        *at++ = '-';
+    Int128 const digits = value.digits < 0 ? -value.digits : value.digits;
+    Int128 const scale = PowerOfTen(value.places);
+    at = std::to_chars(at, buffer + sizeof buffer, static_cast<std::uint64_t>(digits / scale)).ptr;
+    if (value.places > 0) {
+        *at++ = '.';
+        char fraction[20];
+        char const* const end =
+            std::to_chars(fraction, fraction + sizeof fraction, static_cast<std::uint64_t>(digits % scale))
+                .ptr;
+        at = std::fill_n(at, value.places - (end - fraction), '0');
+        at = std::copy(static_cast<char const*>(fraction), end, at);
+    }
+    return std::string(buffer, at);
 }
 
 std::vector<unsigned char> ReadBase64(std::string_view text) {

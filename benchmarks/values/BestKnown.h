@@ -9,7 +9,7 @@ namespace bench {
 
 __extension__ typedef __int128 Int128;
 
-// Up to 38 digits in one number, and how many of them stand behind the point.
+// Up to nineteen digits on each side of the point, in one number, and how many of them stand behind it.
 struct FixedPoint {
     Int128 digits = 0;
     int places = 0;
@@ -23,7 +23,7 @@ std::string WriteLongLong(long long value);
 double ReadDouble(std::string_view text);
 std::string WriteDouble(double value); // as "%.16g"
 
-// By hand, at most 19 digits at a time.
+// By hand: digit by digit in, std::to_chars out.
 FixedPoint ReadFixedPoint(std::string_view text);
 std::string WriteFixedPoint(FixedPoint const& value);
 

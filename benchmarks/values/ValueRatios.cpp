@@ -129,8 +129,9 @@ int main() {
         [](std::string const& text) { return CConversions::r8FromString(text, kCollapse); },
         [](double value) { return CConversions::r8ToString(value); }, bench::ReadDouble, bench::WriteDouble);
     PrintRow(
-        "decimal", MakeTexts(AnyDecimal), [](std::string const& text) { return CDecimal(text.c_str()); },
-        [](CDecimal const& value) { return value.ToString(); }, bench::ReadFixedPoint,
+        "decimal", MakeTexts(AnyDecimal),
+        [](std::string const& text) { return CConversions::decimalFromString(text, kCollapse); },
+        [](CDecimal const& value) { return CConversions::decimalToString(value); }, bench::ReadFixedPoint,
         bench::WriteFixedPoint);
     PrintBase64("base64, 30 B", 30);
     PrintBase64("base64, 4 KB", 4096);

@@ -2,6 +2,7 @@
 #include "zvxmllib/values/Base64.h"
 
 #include "zvxmllib/foundation/Assert.h"
+#include "zvxmllib/values/Base64Text.h"
 
 #include <array>
 #include <cstring>
@@ -31,6 +32,22 @@ constexpr std::array<std::uint8_t, 256> MakeValues() {
 
 constexpr std::array<std::uint8_t, 256> kValues = MakeValues();
 
+// The value of each character at each place in a group of four, or kNoGroup.
+constexpr std::uint32_t kNoGroup = 1U << 24U;
+
+using Groups = std::array<std::array<std::uint32_t, 256>, 4>;
+
+constexpr Groups MakeGroups() {
+    Groups groups{};
+    for (unsigned place = 0; place < 4; ++place)
+        for (unsigned i = 0; i < 256; ++i)
+            groups[place][i] =
+                kValues[i] < kSkipped ? std::uint32_t{kValues[i]} << (18 - 6 * place) : kNoGroup;
+    return groups;
+}
+
+constexpr Groups kGroups = MakeGroups();
+
 // The two characters for each twelve bits.
 constexpr std::array<char, 2 * 4096> MakePairs() {
     std::array<char, 2 * 4096> pairs{};
@@ -42,6 +59,10 @@ constexpr std::array<char, 2 * 4096> MakePairs() {
 }
 
 constexpr std::array<char, 2 * 4096> kPairs = MakePairs();
+
+unsigned char Octet(char c) {
+    return static_cast<unsigned char>(c);
+}
 
 unsigned char LowByte(std::uint32_t bits) {
     return static_cast<unsigned char>(bits & 0xFF);
@@ -85,19 +106,26 @@ std::uint32_t CBase64::Decode(char const* szDecoding, unsigned char* lpOutput) {
     ZV_ASSERT(lpOutput != 0);   // NOLINT(modernize-use-nullptr): the assertion's text
     if (szDecoding == nullptr || lpOutput == nullptr)
         return 0;
-    auto const value = [](char c) { return std::uint32_t{kValues[static_cast<unsigned char>(c)]}; };
-    char const* in = szDecoding;
-    char const* const end = in + std::strlen(in);
+    return detail::DecodeBase64(szDecoding, lpOutput);
+}
+
+namespace detail {
+
+// The text is cut at its NUL.
+std::uint32_t DecodeBase64(std::string_view text, unsigned char* lpOutput) {
+    text = text.substr(0, text.find('\0'));
+    char const* in = text.data();
+    char const* const end = in + text.size();
     unsigned char* out = lpOutput;
     std::uint32_t store = 0; // its low `bits` bits are still to be put out
     unsigned bits = 0;
     while (in != end) {
         if (bits == 0) { // plain groups of four
             for (; end - in >= 4; in += 4, out += 3) {
-                std::uint32_t const a = value(in[0]), b = value(in[1]), c = value(in[2]), d = value(in[3]);
-                if ((a | b | c | d) >= kSkipped)
+                std::uint32_t const group = kGroups[0][Octet(in[0])] | kGroups[1][Octet(in[1])] |
+                                            kGroups[2][Octet(in[2])] | kGroups[3][Octet(in[3])];
+                if (group >= kNoGroup)
                     break;
-                std::uint32_t const group = a << 18 | b << 12 | c << 6 | d;
                 out[0] = LowByte(group >> 16);
                 out[1] = LowByte(group >> 8);
                 out[2] = LowByte(group);
@@ -105,7 +133,7 @@ std::uint32_t CBase64::Decode(char const* szDecoding, unsigned char* lpOutput) {
             if (in == end)
                 break;
         }
-        std::uint32_t const next = value(*in++);
+        std::uint32_t const next = kValues[Octet(*in++)];
         if (next == kInvalid)
             return 0;
         if (next == kSkipped)
@@ -119,5 +147,7 @@ std::uint32_t CBase64::Decode(char const* szDecoding, unsigned char* lpOutput) {
     }
     return static_cast<std::uint32_t>(out - lpOutput);
 }
+
+} // namespace detail
 
 } // namespace ZvXmlLib16

@@ -71,12 +71,7 @@ CBigInteger const CBigInteger::MIN_LONGLONG(-1, kMinLongLong);
 CBigInteger const CBigInteger::MAX_DOUBLE(1, kMaxDouble.limbs);
 CBigInteger const CBigInteger::MIN_DOUBLE(-1, kMaxDouble.limbs);
 
-CBigInteger::CBigInteger() noexcept : m_sign(1) {}
-
 CBigInteger::CBigInteger(CBigInteger const& other) = default;
-
-CBigInteger::CBigInteger(CBigInteger&& other) noexcept
-    : m_sign(std::exchange(other.m_sign, 1)), m_digits(std::move(other.m_digits)) {}
 
 CBigInteger::CBigInteger(int value) noexcept : m_sign(SignOf(value)), m_digits(MagnitudeOf(value)) {}
 
@@ -119,16 +114,17 @@ CBigInteger& CBigInteger::operator=(CBigInteger&& other) noexcept {
     return *this;
 }
 
-std::string CBigInteger::ToString() const {
-    std::string text;
-    Print(text);
+std::string& CBigInteger::Print(std::string& text) const {
+    std::size_t const sign = m_sign < 0 && !IsZero() ? 1 : 0;
+    text.resize(sign + CountDigits(m_digits));
+    text.front() = '-';
+    PrintDigits(m_digits, text.data() + sign);
     return text;
 }
 
-std::string& CBigInteger::Print(std::string& text) const {
-    std::size_t const sign = m_sign < 0 && !IsZero() ? 1 : 0;
-    text.assign(sign + CountDigits(m_digits), '-');
-    PrintDigits(m_digits, text.data() + sign);
+std::string CBigInteger::ToString() const {
+    std::string text;
+    Print(text);
     return text;
 }
 
@@ -250,21 +246,34 @@ CBigInteger& CBigInteger::operator-() noexcept {
     return *this;
 }
 
-void CBigInteger::Parse(char const* text) {
-    std::string_view rest = text != nullptr ? text : "";
-    if (!std::all_of(rest.begin(), rest.end(), IsIntegerCharacter)) {
-        *this = CBigInteger(CDecimal(text));
-        return;
-    }
-    while (!rest.empty() && rest.back() == ' ')
-        rest.remove_suffix(1);
-    while (!rest.empty() && rest.front() == ' ')
-        rest.remove_prefix(1);
-    m_sign = !rest.empty() && rest.front() == '-' ? -1 : 1;
-    std::size_t start = rest.size();
-    while (start > 0 && IsDigit(rest[start - 1]))
+bool CBigInteger::ReadPlain(std::string_view text, CBigInteger& value) {
+    std::string_view digits = text;
+    if (!digits.empty() && (digits.front() == '-' || digits.front() == '+'))
+        digits.remove_prefix(1);
+    if (digits.empty() || !std::all_of(digits.begin(), digits.end(), IsDigit))
+        return false;
+    value.m_digits = Magnitude::OfDigits(digits);
+    value.m_sign = text.front() == '-' ? -1 : 1;
+    return true;
+}
+
+CBigInteger CBigInteger::FromText(std::string_view text) {
+    text = text.substr(0, text.find('\0'));
+    if (!std::all_of(text.begin(), text.end(), IsIntegerCharacter))
+        return CDecimal::FromText(text).ToBigInteger();
+    while (!text.empty() && text.back() == ' ')
+        text.remove_suffix(1);
+    while (!text.empty() && text.front() == ' ')
+        text.remove_prefix(1);
+    std::size_t start = text.size();
+    while (start > 0 && IsDigit(text[start - 1]))
         --start;
-    m_digits = Magnitude::OfDigits(rest.substr(start));
+    return CBigInteger(!text.empty() && text.front() == '-' ? -1 : 1,
+                       Magnitude::OfDigits(text.substr(start)));
+}
+
+void CBigInteger::Parse(char const* text) {
+    *this = FromText(text != nullptr ? text : "");
 }
 
 int CBigInteger::Compare(CBigInteger const& right) const noexcept {

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace ZvXmlLib16 {
 
@@ -23,9 +24,12 @@ public:
     static CBigInteger const MAX_DOUBLE; // 1.7E+308
     static CBigInteger const MIN_DOUBLE;
 
-    CBigInteger() noexcept;
+    CBigInteger() noexcept : m_sign(1) {}
     CBigInteger(CBigInteger const& other);
-    CBigInteger(CBigInteger&& other) noexcept; // leaves 0
+    CBigInteger(CBigInteger&& other) noexcept // leaves 0
+        : m_sign(other.m_sign), m_digits(static_cast<detail::Magnitude&&>(other.m_digits)) {
+        other.m_sign = 1;
+    }
     CBigInteger(int value) noexcept;
     CBigInteger(unsigned int value) noexcept;
     CBigInteger(long value) noexcept;
@@ -74,6 +78,10 @@ public:
     // digits at the right end count, and none there read as 0. A text with any other character is read as
     // CDecimal reads it, and rounded. Null counts as empty.
     void Parse(char const* text);
+    // The same from a piece of text, which a NUL ends.
+    static CBigInteger FromText(std::string_view text);
+    // False, and leaves the value alone, if the text is more than a sign and digits.
+    static bool ReadPlain(std::string_view text, CBigInteger& value);
 
     // The last two are "not greater" and "not less", so -0 >= 0 is false.
     bool operator==(CBigInteger const& right) const noexcept;

@@ -3,6 +3,7 @@
 
 #include "zvxmllib/foundation/Assert.h"
 #include "zvxmllib/values/Base64.h"
+#include "zvxmllib/values/Base64Text.h"
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/HexText.h"
 
@@ -12,6 +13,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <string_view>
 #include <utility>
 
 namespace ZvXmlLib16 {
@@ -274,8 +276,8 @@ void CBinaryData::SetAsBase64(char const* text) {
     std::uint32_t const textLength = TextLength(text);
     if (textLength == 0)
         return;
-    std::unique_ptr<unsigned char[]> bytes(new unsigned char[std::size_t{textLength} + 1]);
-    std::uint32_t const length = CBase64().Decode(text, bytes.get());
+    std::unique_ptr<unsigned char[]> bytes(new unsigned char[detail::RoomForBase64(textLength)]);
+    std::uint32_t const length = detail::DecodeBase64(std::string_view(text, textLength), bytes.get());
     CBinaryData(bytes.release(), length, true).Swap(*this);
 }
 

@@ -14,7 +14,6 @@ namespace ZvXmlLib16 {
 namespace {
 
 using detail::RuledText;
-using detail::TerminatedText;
 using detail::TextRule;
 
 CDateTime DateFromText(CDateTime::DTType type, std::string_view text, TextRule rule) {
@@ -98,11 +97,17 @@ CDateTime timeFromText(std::string_view text, TextRule rule) {
 }
 
 CDecimal decimalFromText(std::string_view text, TextRule rule) {
-    return CDecimal(TerminatedText(RuledText(rule, text).Get()).Get());
+    CDecimal value;
+    if (!IsKnownRule(rule) || !CDecimal::ReadPlain(text, value)) // no rule changes a plain text
+        value = CDecimal::FromText(RuledText(rule, text).Get());
+    return value;
 }
 
 CBigInteger integerFromText(std::string_view text, TextRule rule) {
-    return CBigInteger(TerminatedText(RuledText(rule, text).Get()).Get());
+    CBigInteger value;
+    if (!IsKnownRule(rule) || !CBigInteger::ReadPlain(text, value))
+        value = CBigInteger::FromText(RuledText(rule, text).Get());
+    return value;
 }
 
 std::string const& durationToText(CDateTimeSpan const& value, std::string& buffer) {

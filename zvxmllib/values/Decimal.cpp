@@ -38,8 +38,6 @@ std::int32_t CDecimal::MostPlaces() noexcept {
     return std::clamp(m_maxDivider, std::int32_t{0}, kMostPlaces);
 }
 
-CDecimal::CDecimal() noexcept : m_fractionDivider(1) {}
-
 CDecimal::CDecimal(CDecimal const& other) = default;
 
 CDecimal::CDecimal(CDecimal&& other) noexcept

@@ -5,6 +5,7 @@
 #include "zvxmllib/platform/Api.h"
 #include "zvxmllib/values/BigInteger.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -18,7 +19,7 @@ namespace ZvXmlLib16 {
 // fraction digits, -0.5 is a negative zero and -5, 1.05 is 1 and 5 with two digits.
 class ZV_API CDecimal {
 public:
-    CDecimal() noexcept;
+    CDecimal() noexcept : m_fractionDivider(1) {}
     CDecimal(CDecimal const& other);
     CDecimal(CDecimal&& other) noexcept; // leaves 0
     CDecimal(int value) noexcept;
@@ -35,6 +36,10 @@ public:
     // number of fraction digits, halves towards zero. Throws CZvInvalidValueException for other characters
     // and for an exponent above 65536. Null counts as empty.
     CDecimal(char const* text);
+    // The same from a piece of text, which a NUL ends.
+    static CDecimal FromText(std::string_view text);
+    // False, and leaves the value alone, if the text is more than a sign, digits and a point.
+    static bool ReadPlain(std::string_view text, CDecimal& value);
     virtual ~CDecimal();
 
     CDecimal& operator=(CDecimal const& other);
@@ -99,9 +104,13 @@ private:
     // The greatest number of fraction digits, as it is used.
     static std::int32_t MostPlaces() noexcept;
 
-    void Parse(char const* text);
-    // The parts are digits only, and may be empty.
-    void SetParts(std::int32_t sign, std::string_view integer, std::string_view fraction);
+    void Parse(std::string_view text);
+    // Of a text that had so many fraction digits.
+    void SetSignAndDivider(std::int32_t sign, std::size_t places) noexcept {
+        m_integerPart.m_sign = sign;
+        m_fractionPart.m_sign = sign;
+        m_fractionDivider = places != 0 ? static_cast<std::int32_t>(places) : 1;
+    }
     void MovePointLeft(std::int64_t places);
     void MovePointRight(std::size_t places);
     // As many fraction digits as told; rounds halves towards zero.
@@ -114,7 +123,7 @@ private:
     detail::Magnitude ScaledTo(std::int32_t divider) const;
     int CompareFractions(CDecimal const& right) const;
     // With a point and all fraction digits.
-    std::string& PrintParts(std::string& text) const;
+    void PrintParts(std::string& text) const;
 
     static constexpr std::int32_t kGuardDigits = 2; // of a quotient before it is rounded
     static std::int32_t m_maxDivider;

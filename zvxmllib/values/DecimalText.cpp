@@ -3,6 +3,7 @@
 
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/MagnitudeArithmetic.h"
+#include "zvxmllib/values/NumberText.h"
 #include "zvxmllib/values/Whitespace.h"
 
 #include <algorithm>
@@ -32,8 +33,7 @@ public:
     DigitRuns(DigitRuns const&) = delete;
     DigitRuns& operator=(DigitRuns const&) = delete;
 
-    void Add(char const* begin, char const* end) {
-        std::string_view const run(begin, static_cast<std::size_t>(end - begin));
+    void Add(std::string_view run) {
         if (run.empty())
             return;
         if (m_digits.empty()) {
@@ -60,17 +60,51 @@ struct DecimalText {
     std::size_t exponentAt = 0;
 };
 
-char const* PassDigits(char const* at, DigitRuns& digits) {
-    char const* const begin = at;
-    while (IsDigit(*at))
+// The scanners below return where their section ends. A NUL belongs to none, and ends the text.
+char const* PassDigits(char const* at, char const* end) {
+    while (at != end && IsDigit(*at))
         ++at;
-    digits.Add(begin, at);
     return at;
 }
 
-char const* PassSign(char const* at, std::int32_t& sign) {
-    sign = *at == '-' ? -1 : 1;
-    return at + 1;
+// A run of digits, and their value if it fits.
+struct Run {
+    char const* begin;
+    char const* end;
+    std::uint64_t value;
+
+    std::size_t Size() const { return static_cast<std::size_t>(end - begin); }
+};
+
+Run ReadRun(char const* begin, char const* end) {
+    char const* at = begin;
+    std::uint64_t value = 0;
+    std::uint32_t eight = 0;
+    for (; end - at >= 8 && detail::ReadEightDigits(at, eight); at += 8)
+        value = value * 100000000 + eight;
+    for (; at != end; ++at) {
+        unsigned const digit = static_cast<unsigned char>(*at) - unsigned{'0'};
+        if (digit > 9)
+            break;
+        value = value * 10 + digit;
+    }
+    return {begin, at, value};
+}
+
+inline void SetDigits(Magnitude& magnitude, Run run) {
+    constexpr std::size_t kDigitsOf64Bits = 19;
+    if (run.Size() <= kDigitsOf64Bits)
+        magnitude.Set(run.value);
+    else
+        magnitude = Magnitude::OfDigits(std::string_view(run.begin, run.Size()));
+}
+
+std::string_view Between(char const* begin, char const* end) {
+    return std::string_view(begin, static_cast<std::size_t>(end - begin));
+}
+
+std::int32_t SignOf(char c) {
+    return c == '-' ? -1 : 1;
 }
 
 bool IsSign(char c) {
@@ -78,56 +112,65 @@ bool IsSign(char c) {
 }
 
 // Signs may stand anywhere, and the last one counts.
-char const* ScanIntegerSection(char const* at, DecimalText& found) {
-    for (;;) {
-        at = PassDigits(at, found.integer);
-        if (IsSign(*at))
-            at = PassSign(at, found.sign);
-        else if (CWhitespaceUtils::IsWhiteSpace(*at))
-            ++at;
-        else
+char const* ScanIntegerSection(char const* at, char const* end, DecimalText& found) {
+    for (;; ++at) {
+        char const* const run = at;
+        at = PassDigits(at, end);
+        found.integer.Add(Between(run, at));
+        if (at != end && IsSign(*at))
+            found.sign = SignOf(*at);
+        else if (at == end || !CWhitespaceUtils::IsWhiteSpace(*at))
             return at;
     }
 }
 
-char const* ScanFractionSection(char const* at, DecimalText& found) {
-    for (;;) {
-        at = PassDigits(at, found.fraction);
-        if (!CWhitespaceUtils::IsWhiteSpace(*at))
+char const* ScanFractionSection(char const* at, char const* end, DecimalText& found) {
+    for (;; ++at) {
+        char const* const run = at;
+        at = PassDigits(at, end);
+        found.fraction.Add(Between(run, at));
+        if (at == end || !CWhitespaceUtils::IsWhiteSpace(*at))
             return at;
-        ++at;
     }
 }
 
-char const* ScanExponentSection(char const* at, DecimalText& found) {
+char const* ScanExponentSection(char const* at, char const* end, DecimalText& found) {
     std::int32_t sign = 1;
-    while (CWhitespaceUtils::IsWhiteSpace(*at))
+    while (at != end && CWhitespaceUtils::IsWhiteSpace(*at))
         ++at;
-    while (IsSign(*at))
-        at = PassSign(at, sign);
+    for (; at != end && IsSign(*at); ++at)
+        sign = SignOf(*at);
     std::int64_t exponent = 0;
-    for (; IsDigit(*at); ++at)
+    for (; at != end && IsDigit(*at); ++at)
         exponent = std::min(exponent * 10 + (*at - '0'), kExponentBeyondAll);
     found.exponent = sign * exponent;
     return at;
 }
 
-void ScanDecimal(char const* text, DecimalText& found) {
-    char const* at = ScanIntegerSection(text, found);
-    if (*at == '.')
-        at = ScanFractionSection(at + 1, found);
-    if (*at == 'e' || *at == 'E') {
-        found.exponentAt = static_cast<std::size_t>(at - text);
-        at = ScanExponentSection(at + 1, found);
+void ScanDecimal(std::string_view text, DecimalText& found) {
+    char const* const end = text.data() + text.size();
+    char const* at = ScanIntegerSection(text.data(), end, found);
+    if (at != end && *at == '.')
+        at = ScanFractionSection(at + 1, end, found);
+    if (at != end && (*at == 'e' || *at == 'E')) {
+        found.exponentAt = Between(text.data(), at).size();
+        at = ScanExponentSection(at + 1, end, found);
     }
-    if (*at != '\0')
-        FailDecimalText(static_cast<std::size_t>(at - text), text);
+    if (at != end && *at != '\0')
+        FailDecimalText(Between(text.data(), at).size(), text);
 }
 
 } // namespace
 
 CDecimal::CDecimal(char const* text) : CDecimal() {
-    Parse(text != nullptr ? text : "");
+    if (text != nullptr)
+        Parse(text);
+}
+
+CDecimal CDecimal::FromText(std::string_view text) {
+    CDecimal value;
+    value.Parse(text);
+    return value;
 }
 
 CDecimal::CDecimal(double value) : CDecimal() {
@@ -138,14 +181,37 @@ CDecimal::CDecimal(double value) : CDecimal() {
     else
         end = std::copy_n(std::isnan(value) ? "nan" : "inf", 3, text);
     *end++ = '\n';
-    *end = '\0';
-    Parse(text);
+    Parse(Between(text, end));
 }
 
-void CDecimal::Parse(char const* text) {
+bool CDecimal::ReadPlain(std::string_view text, CDecimal& value) {
+    char const* const end = text.data() + text.size();
+    char const* const start = text.data() + (!text.empty() && IsSign(text.front()) ? 1 : 0);
+    Run const integer = ReadRun(start, end);
+    bool const hasPoint = integer.end != end && *integer.end == '.';
+    Run const fraction = ReadRun(hasPoint ? integer.end + 1 : integer.end, end);
+    if (fraction.end != end || fraction.Size() > kMostFractionDigits)
+        return false;
+    std::int32_t const sign = start != text.data() ? SignOf(text.front()) : 1;
+    SetDigits(value.m_integerPart.m_digits, integer);
+    SetDigits(value.m_fractionPart.m_digits, fraction);
+    value.SetSignAndDivider(sign, fraction.Size());
+    if (fraction.Size() > 1 && end[-1] == '0')
+        value.Rationalise();
+    if (value.m_fractionDivider > m_maxDivider)
+        value.LimitFractionalDivider();
+    return true;
+}
+
+void CDecimal::Parse(std::string_view text) {
+    if (ReadPlain(text, *this))
+        return;
     DecimalText found;
     ScanDecimal(text, found);
-    SetParts(found.sign, found.integer.Get(), found.fraction.Get());
+    std::string_view const fraction = found.fraction.Get().substr(0, kMostFractionDigits);
+    m_integerPart.m_digits = Magnitude::OfDigits(found.integer.Get());
+    m_fractionPart.m_digits = Magnitude::OfDigits(fraction);
+    SetSignAndDivider(found.sign, fraction.size());
     if (found.exponent != 0) {
         if (m_integerPart.IsZero() && m_fractionPart.IsZero())
             *this = CDecimal();
@@ -158,15 +224,6 @@ void CDecimal::Parse(char const* text) {
     }
     Rationalise();
     LimitFractionalDivider();
-}
-
-void CDecimal::SetParts(std::int32_t sign, std::string_view integer, std::string_view fraction) {
-    fraction = fraction.substr(0, kMostFractionDigits);
-    m_integerPart.m_digits = Magnitude::OfDigits(integer);
-    m_integerPart.m_sign = sign;
-    m_fractionPart.m_digits = Magnitude::OfDigits(fraction);
-    m_fractionPart.m_sign = sign;
-    m_fractionDivider = fraction.empty() ? 1 : static_cast<std::int32_t>(fraction.size());
 }
 
 // The product with a power of ten.
@@ -188,25 +245,20 @@ void CDecimal::MovePointLeft(std::int64_t places) {
 }
 
 // A whole part of -0 prints its sign.
-std::string& CDecimal::PrintParts(std::string& text) const {
+void CDecimal::PrintParts(std::string& text) const {
     std::size_t const sign = m_integerPart.m_sign < 0 ? 1U : 0U;
     std::size_t const whole = CountDigits(m_integerPart.m_digits);
+    std::size_t const fraction = m_fractionPart.IsZero() ? 0 : CountDigits(m_fractionPart.m_digits);
     auto const places = static_cast<std::size_t>(m_fractionDivider);
-    text.assign(sign + whole + 1 + places, '0');
+    text.resize(sign + whole + 1 + places);
     char* out = text.data();
     if (sign != 0)
         *out++ = '-';
     out = PrintDigits(m_integerPart.m_digits, out);
     *out++ = '.';
-    if (!m_fractionPart.IsZero())
-        PrintDigits(m_fractionPart.m_digits, out + (places - CountDigits(m_fractionPart.m_digits)));
-    return text;
-}
-
-std::string CDecimal::ToString() const {
-    std::string text;
-    Print(text);
-    return text;
+    out = std::fill_n(out, places - fraction, '0');
+    if (fraction != 0)
+        PrintDigits(m_fractionPart.m_digits, out);
 }
 
 std::string& CDecimal::Print(std::string& text) const {
@@ -215,6 +267,12 @@ std::string& CDecimal::Print(std::string& text) const {
     PrintParts(text);
     if (text.size() > kLongestWithPoint)
         text.resize(kLongestWithPoint);
+    return text;
+}
+
+std::string CDecimal::ToString() const {
+    std::string text;
+    Print(text);
     return text;
 }
 

@@ -68,10 +68,10 @@ void FailInfiniteInteger() {
     throw CZvInvalidValueException("ERROR: An infinite value can not be converted to an integer.");
 }
 
-void FailDecimalText(std::size_t position, char const* text) {
+void FailDecimalText(std::size_t position, std::string_view text) {
     throw CZvInvalidValueException(
         FormatString("The string representing a Decimal, contained an invalid char at position %d [%s].",
-                     static_cast<int>(position), text));
+                     static_cast<int>(position), std::string(text).c_str()));
 }
 
 void FailBeyondDecimalTarget(char const* typeName) {

@@ -30,7 +30,7 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailInfiniteInteger();
 
 // CDecimal. The position is counted from 0.
-[[noreturn]] void FailDecimalText(std::size_t position, char const* text);
+[[noreturn]] void FailDecimalText(std::size_t position, std::string_view text);
 [[noreturn]] void FailBeyondDecimalTarget(char const* typeName);
 
 // The variant.

@@ -20,11 +20,6 @@ constexpr Limb kPowers[kDigitsOfLimb + 1] = {1,      10,      100,      1000,   
 
 } // namespace
 
-Magnitude::Magnitude(unsigned long long value) noexcept : Magnitude() {
-    for (; value != 0; value /= kBase)
-        m_inPlace[m_size++] = static_cast<Limb>(value % kBase);
-}
-
 Magnitude::Magnitude(Magnitude const& other) : m_size(other.m_size), m_capacity(kInPlace), m_inPlace{} {
     if (other.m_capacity == kInPlace) {
         std::memcpy(m_inPlace, other.m_inPlace, sizeof m_inPlace);
@@ -37,41 +32,10 @@ Magnitude::Magnitude(Magnitude const& other) : m_size(other.m_size), m_capacity(
     std::copy_n(other.Limbs(), m_size, Limbs());
 }
 
-Magnitude::Magnitude(Magnitude&& other) noexcept : Magnitude() {
-    TakeFrom(other);
-}
-
 Magnitude& Magnitude::operator=(Magnitude const& other) {
     if (this != &other)
         *this = Magnitude(other);
     return *this;
-}
-
-Magnitude& Magnitude::operator=(Magnitude&& other) noexcept {
-    if (this != &other) {
-        if (IsOwner())
-            delete[] m_owned;
-        TakeFrom(other);
-    }
-    return *this;
-}
-
-Magnitude::~Magnitude() {
-    if (IsOwner())
-        delete[] m_owned;
-}
-
-void Magnitude::TakeFrom(Magnitude& other) noexcept {
-    m_size = other.m_size;
-    m_capacity = other.m_capacity;
-    if (m_capacity == kInPlace)
-        std::memcpy(m_inPlace, other.m_inPlace, sizeof m_inPlace);
-    else if (m_capacity == kBorrowed)
-        m_borrowed = other.m_borrowed;
-    else
-        m_owned = other.m_owned;
-    other.m_size = 0;
-    other.m_capacity = kInPlace;
 }
 
 Magnitude Magnitude::OfSize(std::size_t size) {

@@ -1,5 +1,6 @@
 // A natural number of any size: its decimal digits. Both ways take time in proportion to their count.
 #include "zvxmllib/values/MagnitudeArithmetic.h"
+#include "zvxmllib/values/NumberText.h"
 
 #include <array>
 #include <cstring>
@@ -27,14 +28,10 @@ Limb Digit(char c) {
     return static_cast<Limb>(c - '0');
 }
 
-Limb Pair(char const* digits) {
-    return Digit(digits[0]) * 10 + Digit(digits[1]);
-}
-
 Limb ReadLimb(char const* digits) {
-    Limb const high = Pair(digits) * 100 + Pair(digits + 2);
-    Limb const low = Pair(digits + 4) * 100 + Pair(digits + 6);
-    return (high * 10000 + low) * 10 + Digit(digits[8]);
+    Limb eight = 0;
+    ReadEightDigits(digits, eight);
+    return eight * 10 + Digit(digits[8]);
 }
 
 void PrintFour(Limb value, char* out) {
