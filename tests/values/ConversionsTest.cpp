@@ -297,6 +297,8 @@ TEST(Conversions, TextAndBytesFollowTheirRule) {
         {ItemType_hexBinary, kNone, "0", "plain: Invalid length in hex string"},
         {ItemType_hexBinary, kNone, "0g", "plain: Invalid char in hex string [g]"},
         {ItemType_base64Binary, kCollapse, " TWFu\nTQ== ", "TWFuTQ=="},
+        {ItemType_base64Binary, kNone, std::string("TWFuTW\0FuTQ==", 13), "TWFuTQ=="},
+        {ItemType_base64Binary, kNone, std::string("\0TWFu", 5), ""},
     });
     EXPECT_EQ(CConversions::stringFromString(" a ", kCollapse), "a");
 }

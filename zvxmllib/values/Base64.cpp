@@ -111,9 +111,7 @@ std::uint32_t CBase64::Decode(char const* szDecoding, unsigned char* lpOutput) {
 
 namespace detail {
 
-// The text is cut at its NUL.
 std::uint32_t DecodeBase64(std::string_view text, unsigned char* lpOutput) {
-    text = text.substr(0, text.find('\0'));
     char const* in = text.data();
     char const* const end = in + text.size();
     unsigned char* out = lpOutput;
@@ -133,7 +131,10 @@ std::uint32_t DecodeBase64(std::string_view text, unsigned char* lpOutput) {
             if (in == end)
                 break;
         }
-        std::uint32_t const next = kValues[Octet(*in++)];
+        char const c = *in++;
+        if (c == '\0')
+            break;
+        std::uint32_t const next = kValues[Octet(c)];
         if (next == kInvalid)
             return 0;
         if (next == kSkipped)
