@@ -3,6 +3,7 @@
 // hand, its best known way in BestKnown.h.
 #include "benchmarks/MedianRatio.h"
 #include "benchmarks/values/BestKnown.h"
+#include "benchmarks/values/DateTimeByHand.h"
 
 #include "zvxmllib/ZvXmlLib.h"
 
@@ -106,6 +107,33 @@ void PrintBase64(char const* name, std::size_t size) {
         bench::WriteBase64);
 }
 
+// With a zone, Z or an offset, and with a fraction, or without either.
+std::string AnyDateTime(bool hasZone, bool hasFraction) {
+    auto const number = [](int from, int to) {
+        return from + static_cast<int>(random_() % static_cast<unsigned>(to - from + 1));
+    };
+    bench::PlainDateTime value;
+    value.year = number(1900, 2100);
+    value.month = number(1, 12);
+    value.day = number(1, 28);
+    value.hour = number(0, 23);
+    value.minute = number(0, 59);
+    value.second = number(0, 59);
+    value.nanoSecond = hasFraction ? number(1, 999) * 1'000'000 : 0;
+    value.hasZone = hasZone;
+    value.isOffset = hasZone && number(0, 1) == 0;
+    value.zone = value.isOffset ? number(1, 14) * 60 : 0;
+    return bench::WriteDateTime(value);
+}
+
+void PrintDateTime(char const* name, bool hasZone, bool hasFraction) {
+    PrintRow(
+        name, MakeTexts([&] { return AnyDateTime(hasZone, hasFraction); }),
+        [](std::string const& text) { return CConversions::datetimeFromString(text, kCollapse); },
+        [](CDateTime const& value) { return CConversions::datetimeToString(value); }, bench::ReadDateTime,
+        bench::WriteDateTime);
+}
+
 } // namespace
 
 int main() {
@@ -133,6 +161,9 @@ int main() {
         [](std::string const& text) { return CConversions::decimalFromString(text, kCollapse); },
         [](CDecimal const& value) { return CConversions::decimalToString(value); }, bench::ReadFixedPoint,
         bench::WriteFixedPoint);
+    PrintDateTime("dateTime", false, false);
+    PrintDateTime("dateTime, zone", true, false);
+    PrintDateTime("dateTime, .fff", true, true);
     PrintBase64("base64, 30 B", 30);
     PrintBase64("base64, 4 KB", 4096);
 }
