@@ -15,13 +15,14 @@ namespace detail {
 
 namespace {
 
-// Text of the values of each type, which is the value itself or stands in the buffer, and back.
+// The collection of each type, and the text of its values, which is the value itself or stands in the buffer.
 template <ItemType type>
 struct Conversion;
 
 #define ZV_CONVERSION(type, Value, text)                                                                     \
     template <>                                                                                              \
     struct Conversion<ItemType_##type> {                                                                     \
+        static constexpr char const* kClassName = "C" #type "Col";                                           \
         static constexpr auto FromText = &type##FromText;                                                    \
         static std::string const& ToText(Value value, [[maybe_unused]] std::string const& format,            \
                                          [[maybe_unused]] std::string& buffer) {                             \
@@ -54,6 +55,10 @@ ZV_CONVERSION(boolean, bool, booleanToText(value, buffer))
 ZV_CONVERSION(decimal, CDecimal const&, decimalToText(value, format.c_str(), buffer))
 ZV_CONVERSION(integer, CBigInteger const&, integerToText(value, buffer))
 #undef ZV_CONVERSION
+
+// Instances are counted by the names of the collections.
+template <ItemType type>
+CInstanceMonitor::Registration registration(Conversion<type>::kClassName);
 
 } // namespace
 
@@ -133,11 +138,11 @@ void ValueStore<Value>::WriteValues(CXmlWriter* writer, CSerializationContext co
 
 template <class Policy>
 ValueCollection<Policy>::ValueCollection(ZV_PARAMETERS)
-    : ValueStore<Value>(Policy::kType, ZV_ARGUMENTS), CInstanceMonitor(s_registration) {}
+    : ValueStore<Value>(Policy::kType, ZV_ARGUMENTS), CInstanceMonitor(registration<Policy::kType>) {}
 
 template <class Policy>
 DateCollection<Policy>::DateCollection(ZV_PARAMETERS)
-    : CdatetimeBaseCol(Policy::kType, ZV_ARGUMENTS), CInstanceMonitor(s_registration) {}
+    : CdatetimeBaseCol(Policy::kType, ZV_ARGUMENTS), CInstanceMonitor(registration<Policy::kType>) {}
 
 #undef ZV_PARAMETERS
 #undef ZV_ARGUMENTS
@@ -295,37 +300,31 @@ void CdatetimeBaseCol::ToXml_Int(CXmlWriter* writer, bool, char const*, CSeriali
 
 namespace detail {
 
-#define ZV_COLLECTION(Base, name, Policy)                                                                    \
-    template <>                                                                                              \
-    CInstanceMonitor::Registration Base<Policy>::s_registration("C" #name "Col");                            \
-    template class Base<Policy>;
-ZV_COLLECTION(ValueCollection, hexBinary, HexBinaryItem)
-ZV_COLLECTION(ValueCollection, base64Binary, Base64BinaryItem)
-ZV_COLLECTION(ValueCollection, i1, I1Item)
-ZV_COLLECTION(ValueCollection, i2, I2Item)
-ZV_COLLECTION(ValueCollection, i4, I4Item)
-ZV_COLLECTION(ValueCollection, i8, I8Item)
-ZV_COLLECTION(ValueCollection, ui1, UI1Item)
-ZV_COLLECTION(ValueCollection, ui2, UI2Item)
-ZV_COLLECTION(ValueCollection, ui4, UI4Item)
-ZV_COLLECTION(ValueCollection, ui8, UI8Item)
-ZV_COLLECTION(ValueCollection, r4, R4Item)
-ZV_COLLECTION(ValueCollection, r8, R8Item)
-ZV_COLLECTION(ValueCollection, duration, DurationItem)
-ZV_COLLECTION(ValueCollection, year, YearItem)
-ZV_COLLECTION(ValueCollection, month, MonthItem)
-ZV_COLLECTION(ValueCollection, day, DayItem)
-ZV_COLLECTION(ValueCollection, string, StringItem)
-ZV_COLLECTION(ValueCollection, boolean, BooleanItem)
-ZV_COLLECTION(ValueCollection, decimal, DecimalItem)
-ZV_COLLECTION(ValueCollection, integer, IntegerItem)
-ZV_COLLECTION(DateCollection, yearMonth, YearMonthItem)
-ZV_COLLECTION(DateCollection, monthDay, MonthDayItem)
-ZV_COLLECTION(DateCollection, date, DateItem)
-ZV_COLLECTION(DateCollection, datetime, DatetimeItem)
-ZV_COLLECTION(DateCollection, time, TimeItem)
-#undef ZV_COLLECTION
-
+template class ValueCollection<HexBinaryItem>;
+template class ValueCollection<Base64BinaryItem>;
+template class ValueCollection<I1Item>;
+template class ValueCollection<I2Item>;
+template class ValueCollection<I4Item>;
+template class ValueCollection<I8Item>;
+template class ValueCollection<UI1Item>;
+template class ValueCollection<UI2Item>;
+template class ValueCollection<UI4Item>;
+template class ValueCollection<UI8Item>;
+template class ValueCollection<R4Item>;
+template class ValueCollection<R8Item>;
+template class ValueCollection<DurationItem>;
+template class ValueCollection<YearItem>;
+template class ValueCollection<MonthItem>;
+template class ValueCollection<DayItem>;
+template class ValueCollection<StringItem>;
+template class ValueCollection<BooleanItem>;
+template class ValueCollection<DecimalItem>;
+template class ValueCollection<IntegerItem>;
+template class DateCollection<YearMonthItem>;
+template class DateCollection<MonthDayItem>;
+template class DateCollection<DateItem>;
+template class DateCollection<DatetimeItem>;
+template class DateCollection<TimeItem>;
 template class ValueStore<CBinaryData>;
 template class ValueStore<char>;
 template class ValueStore<short>;
