@@ -18,3 +18,4 @@ build/release/benchmarks/bench_typed_ratios
 build/release/benchmarks/bench_json_writing
 build/release/benchmarks/bench_fi_reading
 build/release/benchmarks/bench_values
+build/release/benchmarks/bench_fi_writing
