@@ -16,7 +16,6 @@ std::string Written(void (OctetOutput::*write)(unsigned, std::uint32_t), unsigne
     CBinaryStream sink;
     OctetOutput out(sink);
     (out.*write)(current, value);
-    out.Flush();
     return BytesOf(sink.GetData());
 }
 
@@ -109,7 +108,6 @@ TEST(WrittenForms, LengthsOfOctetStrings) {
         CBinaryStream sink;
         OctetOutput out(sink);
         row.write(out, row.current, text);
-        out.Flush();
         std::string const octets = BytesOf(sink.GetData());
         ASSERT_GT(octets.size(), row.length);
         EXPECT_EQ(Hex(octets.substr(0, octets.size() - row.length)), row.octets) << row.length;

@@ -11,6 +11,8 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -76,6 +78,26 @@ TEST(EncodedText, RefusesAnUnknownEncoding) {
         EXPECT_EQ(MessageOf<CZvException>([&] { Encode("x", encoding); }),
                   "Unknown Encoding, select UTF-8 (contact our support team)");
     }
+}
+
+// The stream writes on behind the bytes that a handle shows, without touching them.
+TEST(BinaryStream, LeavesHandlesOnItsBytesAlone) {
+    CBinaryData given;
+    given.Append(std::string("0"));
+    CBinaryStream stream(given);
+    std::string expected = "0";
+    std::vector<std::pair<CBinaryData, std::string>> handles;
+    for (std::uint32_t const length : {1U, 0U, 5000U, 8192U, 3U}) {
+        handles.emplace_back(stream.GetData(), expected);
+        stream.Append('x');
+        stream.Append(reinterpret_cast<unsigned char const*>(std::string(length, 'y').c_str()), length);
+        expected += 'x' + std::string(length, 'y');
+    }
+    stream.Append(stream.GetData());
+    EXPECT_EQ(Text(stream.GetData()), expected + expected);
+    for (auto const& [data, text] : handles)
+        EXPECT_EQ(Text(data), text);
+    EXPECT_EQ(Text(given), "0");
 }
 
 TEST(BinaryStream, CollectsBytes) {

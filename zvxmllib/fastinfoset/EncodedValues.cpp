@@ -95,8 +95,10 @@ void AppendBooleans(std::string_view octets, std::string& text) {
 template <class Integer>
 void AppendInteger(Integer value, std::string& octets) {
     auto const bits = static_cast<std::make_unsigned_t<Integer>>(value);
-    for (unsigned left = sizeof bits; left != 0; --left)
-        octets += static_cast<char>(bits >> 8 * (left - 1) & 0xFF);
+    char bytes[sizeof bits];
+    for (unsigned i = 0; i < sizeof bits; ++i)
+        bytes[i] = static_cast<char>(bits >> 8 * (sizeof bits - 1 - i) & 0xFF);
+    octets.append(bytes, sizeof bytes);
 }
 
 template <class Bits, class Real>
@@ -112,6 +114,29 @@ void AppendBase64(std::string const& text, std::string& octets) {
     octets.resize(begin + text.size());
     auto* const output = reinterpret_cast<unsigned char*>(&octets[begin]);
     octets.resize(begin + CBase64().Decode(text.c_str(), output));
+}
+
+// Eight bytes at a time. A true answer is exact, which is all that matters.
+template <class Word>
+bool AreAsciiWithoutZero(char const* p) noexcept {
+    constexpr Word kOnes = static_cast<Word>(0x0101010101010101U);
+    Word word;
+    std::memcpy(&word, p, sizeof word);
+    return ((word | (word - kOnes)) & kOnes << 7U) == 0;
+}
+
+bool IsAsciiWithoutZero(std::string_view text) noexcept {
+    char const* p = text.data();
+    char const* const end = p + text.size();
+    if (text.size() < 4)
+        return std::all_of(p, end, [](char c) { return static_cast<signed char>(c) > 0; });
+    if (text.size() < 8)
+        return AreAsciiWithoutZero<std::uint32_t>(p) && AreAsciiWithoutZero<std::uint32_t>(end - 4);
+    for (; end - p > 8; p += 8) {
+        if (!AreAsciiWithoutZero<std::uint64_t>(p))
+            return false;
+    }
+    return AreAsciiWithoutZero<std::uint64_t>(end - 8);
 }
 
 // As CBinaryData reads it.
@@ -160,6 +185,8 @@ void AppendEncodedOctets(std::uint32_t algorithm, std::string const& text, std::
 }
 
 std::string_view AsUtf8(std::string_view text, std::string& room) {
+    if (IsAsciiWithoutZero(text))
+        return text;
     text = text.substr(0, text.find('\0'));
     if (IsAscii(text) || IsASCIIOnly() || (IsLocalTextUtf8() && IsValidUtf8(text)))
         return text;

@@ -107,7 +107,7 @@ void CFIVocabulary::AddQNameToVector(std::uint32_t prefix, std::uint32_t ns, std
 }
 
 void CFIVocabulary::AddQName(IndexMap::QName const& name, IndexMap& map, CFIQNameTable& table) {
-    std::uint64_t const hash = IndexMap::Hash(name, IndexMap::Hash(name.namespaceName));
+    std::uint64_t const hash = IndexMap::Hash(name);
     if (map.Find(name, hash) != 0)
         return;
     std::uint32_t const prefix =

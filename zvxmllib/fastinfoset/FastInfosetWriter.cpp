@@ -45,8 +45,7 @@ constexpr std::string_view kDefaultVocabularyUri = "urn:zvxmllib:vocabulary";
 } // namespace
 
 CFastInfosetWriter::CFastInfosetWriter(CFastInfosetContext& context, CBinaryStream& sink)
-    : CXmlWriter(s_registration), m_context(context), m_out(sink), m_isTraced(IsDebugTraceEnabled()),
-      m_lastNamespaceHash(IndexMap::Hash(m_lastNamespace)) {
+    : CXmlWriter(s_registration), m_context(context), m_out(sink), m_isTraced(IsDebugTraceEnabled()) {
     if (context.GetUseGeneratedVocabulary())
         m_vocabulary = context.GetVocabulary()->m_maps;
 }
@@ -72,20 +71,17 @@ void CFastInfosetWriter::WriteDocumentHead(FInfoDecl declaration) {
         m_out.WriteLengthBit2(0x00, uri.size());
         m_out.WriteOctets(uri);
     }
-    m_out.Flush();
 }
 
 void CFastInfosetWriter::WriteDocumentTerminator() {
     m_out.WriteOctet(m_bTerminatorPending ? kDoubleEnd : kEnd);
     m_bTerminatorPending = false;
-    m_out.Flush();
 }
 
 void CFastInfosetWriter::WriteComment(std::string const&) {}
 
 void CFastInfosetWriter::WriteProcessingInstruction(std::string const&) {
     WritePendingElement(false);
-    m_out.Flush();
 }
 
 void CFastInfosetWriter::WriteInlineSchema(std::string const&) {}
@@ -98,16 +94,18 @@ void CFastInfosetWriter::WriteElementStart(std::string const& name, std::string 
         ++m_pContext->m_childCount;
         CloseStartTag();
     }
-    if (m_isTraced) {
-        DebugTrace(m_pContext == nullptr ? "Root Elm: %s::%s\n" : "New Elm: %s::%s\n", ns.c_str(),
-                   name.c_str());
-        m_tracedNames.emplace_back(ns, name);
-    }
-    PushContext();
+    if (m_isTraced)
+        TraceStart(name, ns);
+    CXmlWriterContext const& context = PushContext();
     m_isPending = true;
-    m_name = name;
-    m_namespace = ns;
-    m_out.Flush();
+    bool const hasPrefix = !ns.empty() && !detail::Equals(ns, context.GetDefaultNamespace());
+    IndexMap::QName const qname{name, ns, hasPrefix ? AliasOf(ns) : std::string_view()};
+    m_pendingIndex = m_elementNames.Find(qname);
+    if (m_pendingIndex == 0) {
+        m_pendingName = qname.localName;
+        m_pendingNamespace = qname.namespaceName;
+        m_pendingPrefix = qname.prefix;
+    }
 }
 
 void CFastInfosetWriter::WriteElementValue(std::string const& text, ItemType type, bool) {
@@ -120,7 +118,6 @@ void CFastInfosetWriter::WriteElementValue(std::string const& text, ItemType typ
         DebugTrace("Elm Val: %s\n", text.c_str());
     if (!text.empty())
         WriteCharacterChunk(text, m_context.GetElementMaxAddLength(), type);
-    m_out.Flush();
 }
 
 // The end is held back: together with the next one it is one octet.
@@ -132,13 +129,9 @@ void CFastInfosetWriter::WriteElementEnd() {
     if (m_bTerminatorPending)
         m_out.WriteOctet(kDoubleEnd);
     m_bTerminatorPending = !m_bTerminatorPending;
-    if (m_isTraced && !m_tracedNames.empty()) {
-        auto const& [ns, name] = m_tracedNames.back();
-        DebugTrace("End Elm: %s::%s\n", ns.c_str(), name.c_str());
-        m_tracedNames.pop_back();
-    }
+    if (m_isTraced)
+        TraceEnd();
     PopContext();
-    m_out.Flush();
 }
 
 void CFastInfosetWriter::WriteAttribute(std::string const& name, std::string const& ns,
@@ -154,7 +147,6 @@ void CFastInfosetWriter::WriteAttribute(std::string const& name, std::string con
     }
     WriteAttributeQName(0x00, {name, ns, alias});
     WriteAttributeValue(value, m_context.GetAttributeMaxAddLength(), type);
-    m_out.Flush();
 }
 
 void CFastInfosetWriter::WriteTypeAttribute(std::string const& ns, std::string const& typeName,
@@ -173,6 +165,17 @@ void CFastInfosetWriter::WriteTypeAttribute(std::string const& ns, std::string c
 void CFastInfosetWriter::WriteNilAttribute() {
     RequireOpenStartTag();
     WriteAttribute("nil", SchemaInstanceNamespace(), "true", ItemType_boolean);
+}
+
+void CFastInfosetWriter::TraceStart(std::string const& name, std::string const& ns) {
+    DebugTrace(m_pContext == nullptr ? "Root Elm: %s::%s\n" : "New Elm: %s::%s\n", ns.c_str(), name.c_str());
+    m_tracedNames.emplace_back(ns, name);
+}
+
+void CFastInfosetWriter::TraceEnd() {
+    auto const& [ns, name] = m_tracedNames.back();
+    DebugTrace("End Elm: %s::%s\n", ns.c_str(), name.c_str());
+    m_tracedNames.pop_back();
 }
 
 void CFastInfosetWriter::RequireOpenStartTag() {
@@ -206,8 +209,7 @@ void CFastInfosetWriter::WritePendingElement(bool hasAttributes) {
         WriteNamespaceAttributes();
         current = 0x00;
     }
-    bool const hasPrefix = !m_namespace.empty() && m_namespace != m_pContext->GetDefaultNamespace();
-    WriteElementQName(current, {m_name, m_namespace, hasPrefix ? AliasOf(m_namespace) : std::string_view()});
+    WriteElementQName(current);
 }
 
 // What is known before the root. There is always something, be it the XML namespace, which needs no
@@ -233,26 +235,22 @@ std::string_view CFastInfosetWriter::AliasOf(std::string const& ns) {
     return known != nullptr ? *known : GenerateAlias(*m_pContext, ns);
 }
 
-void CFastInfosetWriter::WriteElementQName(unsigned current, IndexMap::QName const& name) {
-    std::uint64_t const hash = HashName(name);
-    IndexMap& names = m_vocabulary.elementNames;
-    if (std::uint32_t const index = names.Find(name, hash))
-        m_out.WriteIntegerBit3(current, index);
+void CFastInfosetWriter::WriteElementQName(unsigned current) {
+    if (m_pendingIndex != 0)
+        m_out.WriteIntegerBit3(current, m_pendingIndex);
     else
-        WriteLiteralQName(current | 0x3C, name, hash, names);
+        WriteLiteralQName(current | 0x3C, {m_pendingName, m_pendingNamespace, m_pendingPrefix},
+                          m_elementNames);
 }
 
 void CFastInfosetWriter::WriteAttributeQName(unsigned current, IndexMap::QName const& name) {
-    std::uint64_t const hash = HashName(name);
-    IndexMap& names = m_vocabulary.attributeNames;
-    if (std::uint32_t const index = names.Find(name, hash))
+    if (std::uint32_t const index = m_attributeNames.Find(name))
         m_out.WriteIntegerBit2(current, index);
     else
-        WriteLiteralQName(current | 0x78, name, hash, names);
+        WriteLiteralQName(current | 0x78, name, m_attributeNames);
 }
 
-void CFastInfosetWriter::WriteLiteralQName(unsigned current, IndexMap::QName const& name, std::uint64_t hash,
-                                           IndexMap& names) {
+void CFastInfosetWriter::WriteLiteralQName(unsigned current, IndexMap::QName const& name, Names& names) {
     m_out.WriteOctet(current | (name.prefix.empty() ? 0x00U : 0x02U) |
                      (name.namespaceName.empty() ? 0x00U : 0x01U));
     if (!name.prefix.empty())
@@ -260,16 +258,28 @@ void CFastInfosetWriter::WriteLiteralQName(unsigned current, IndexMap::QName con
     if (!name.namespaceName.empty())
         WriteIdentifyingString(name.namespaceName, m_vocabulary.namespaceNames);
     WriteIdentifyingString(name.localName, m_vocabulary.localNames);
-    names.Add(name, hash);
+    names.Add(name);
 }
 
-// A namespace name is long, and most often that of the name before.
-std::uint64_t CFastInfosetWriter::HashName(IndexMap::QName const& name) {
-    if (name.namespaceName != m_lastNamespace) {
-        m_lastNamespace = name.namespaceName;
-        m_lastNamespaceHash = IndexMap::Hash(m_lastNamespace);
-    }
-    return IndexMap::Hash(name, m_lastNamespaceHash);
+std::uint32_t CFastInfosetWriter::Names::LookUp(IndexMap::QName const& name) {
+    std::uint32_t const index = map.Find(name, IndexMap::Hash(name));
+    if (index != 0)
+        NoteNext(index);
+    return index;
+}
+
+void CFastInfosetWriter::Names::Add(IndexMap::QName const& name) {
+    std::uint32_t const count = map.GetCount();
+    map.Add(name, IndexMap::Hash(name));
+    if (map.GetCount() != count)
+        NoteNext(map.GetCount());
+}
+
+void CFastInfosetWriter::Names::NoteNext(std::uint32_t index) {
+    if (likelyNext.size() <= map.GetCount())
+        likelyNext.resize(2 * map.GetCount() + 16);
+    likelyNext[last] = index;
+    last = index;
 }
 
 void CFastInfosetWriter::WriteIdentifyingString(std::string_view text, IndexMap& table) {

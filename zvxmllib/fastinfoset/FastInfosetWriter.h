@@ -2,6 +2,7 @@
 #pragma once
 
 #include "zvxmllib/fastinfoset/IndexMap.h"
+#include "zvxmllib/fastinfoset/NameText.h"
 #include "zvxmllib/fastinfoset/OctetOutput.h"
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/Forward.h"
@@ -50,6 +51,27 @@ private:
         std::string_view octets;
     };
 
+    // The names of elements or of attributes, and which one is likely to come: documents repeat themselves.
+    struct Names {
+        explicit Names(IndexMap& names) noexcept : map(names) {}
+        // 0 if it is not there.
+        std::uint32_t Find(IndexMap::QName const& name) {
+            std::uint32_t const likely = last < likelyNext.size() ? likelyNext[last] : 0;
+            if (likely != 0 && detail::Equals(name, map.GetText(likely)))
+                return last = likely;
+            return LookUp(name);
+        }
+        std::uint32_t LookUp(IndexMap::QName const& name);
+        void Add(IndexMap::QName const& name);
+        void NoteNext(std::uint32_t index);
+
+        IndexMap& map;
+        std::vector<std::uint32_t> likelyNext; // by index: the one that followed it last time, 0 for none
+        std::uint32_t last = 0;                // 0 for none
+    };
+
+    void TraceStart(std::string const& name, std::string const& ns);
+    void TraceEnd();
     void WritePendingElement(bool hasAttributes);
     void WriteNamespaceAttributes();
     void WritePendingTerminator();
@@ -57,11 +79,9 @@ private:
     void CloseStartTag();
     std::string_view AliasOf(std::string const& ns);
 
-    void WriteElementQName(unsigned current, IndexMap::QName const& name);
+    void WriteElementQName(unsigned current);
     void WriteAttributeQName(unsigned current, IndexMap::QName const& name);
-    void WriteLiteralQName(unsigned current, IndexMap::QName const& name, std::uint64_t hash,
-                           IndexMap& names);
-    std::uint64_t HashName(IndexMap::QName const& name);
+    void WriteLiteralQName(unsigned current, IndexMap::QName const& name, Names& names);
     void WriteIdentifyingString(std::string_view text, IndexMap& table);
     void WriteAttributeValue(std::string const& value, std::uint32_t maxLength, ItemType type);
     void WriteCharacterChunk(std::string const& text, std::uint32_t maxLength, ItemType type);
@@ -72,14 +92,18 @@ private:
     CFastInfosetContext& m_context;
     OctetOutput m_out;
     detail::IndexMaps m_vocabulary;
-    bool m_isPending = false; // the current element has been started, and its head is not yet written
-    bool m_bTerminatorPending = false;
+    Names m_elementNames{m_vocabulary.elementNames};
+    Names m_attributeNames{m_vocabulary.attributeNames};
     bool m_isTraced;
+    bool m_bTerminatorPending = false;
 
-    std::string m_name; // of the element that is pending
-    std::string m_namespace;
-    std::string m_lastNamespace; // of a name that was written
-    std::uint64_t m_lastNamespaceHash;
+    // The element that has been started and whose head is not yet written, which is the current one.
+    bool m_isPending = false;
+    std::uint32_t m_pendingIndex = 0; // 0 for a new name, which is in the next three
+    std::string m_pendingName;
+    std::string m_pendingNamespace;
+    std::string m_pendingPrefix;
+
     std::string m_octets;                                           // of one value
     std::vector<std::pair<std::string, std::string>> m_tracedNames; // of the open elements
 };

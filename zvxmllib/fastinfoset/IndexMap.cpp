@@ -1,8 +1,7 @@
 #include "zvxmllib/fastinfoset/IndexMap.h"
 
+#include "zvxmllib/fastinfoset/NameText.h"
 #include "zvxmllib/writers/XmlNamespaces.h"
-
-#include <cstring>
 
 namespace ZvXmlLib16 {
 namespace detail {
@@ -10,7 +9,7 @@ namespace detail {
 namespace {
 
 constexpr std::size_t kFirstSlots = 32;
-constexpr char kSeparator = '\1';
+constexpr std::size_t kTextOfSlot = 4; // bytes, a guess
 constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15U;
 
 // Differs from process to process where addresses do, so that nobody prepares texts that meet in one slot.
@@ -21,26 +20,6 @@ std::uint64_t Seed() noexcept {
 std::uint64_t Mix(std::uint64_t hash, std::uint64_t word) noexcept {
     hash = (hash ^ word) * kMultiplier;
     return hash ^ hash >> 32U;
-}
-
-template <class Word>
-std::uint64_t WordAt(char const* p) noexcept {
-    Word word;
-    std::memcpy(&word, p, sizeof word);
-    return word;
-}
-
-bool Equals(std::string_view key, char const* text, std::size_t length) noexcept {
-    return key.size() == length && std::memcmp(key.data(), text, length) == 0;
-}
-
-bool Equals(IndexMap::QName const& key, char const* text, std::size_t length) noexcept {
-    std::size_t const namespaceBegin = key.localName.size() + 1;
-    std::size_t const prefixBegin = namespaceBegin + key.namespaceName.size() + 1;
-    return prefixBegin + key.prefix.size() == length && text[namespaceBegin - 1] == kSeparator &&
-           text[prefixBegin - 1] == kSeparator && Equals(key.localName, text, key.localName.size()) &&
-           Equals(key.namespaceName, text + namespaceBegin, key.namespaceName.size()) &&
-           Equals(key.prefix, text + prefixBegin, key.prefix.size());
 }
 
 } // namespace
@@ -64,8 +43,8 @@ std::uint64_t IndexMap::Hash(std::string_view text) noexcept {
                          WordAt<std::uint8_t>(p + length - 1));
 }
 
-std::uint64_t IndexMap::Hash(QName const& name, std::uint64_t namespaceHash) noexcept {
-    return Mix(Mix(namespaceHash, Hash(name.localName)), Hash(name.prefix));
+std::uint64_t IndexMap::Hash(QName const& name) noexcept {
+    return Mix(Mix(Hash(name.localName), Hash(name.namespaceName)), Hash(name.prefix));
 }
 
 std::uint32_t IndexMap::Find(std::string_view text, std::uint64_t hash) const noexcept {
@@ -85,39 +64,40 @@ std::uint32_t IndexMap::FindKey(Key const& key, std::uint64_t hash) const noexce
     for (std::size_t at = hash & mask; m_slots[at].index != 0; at = (at + 1) & mask) {
         if (m_slots[at].hash != shortHash)
             continue;
-        std::string_view const text = GetText(m_slots[at].index);
-        if (Equals(key, text.data(), text.size()))
+        if (Equals(key, GetText(m_slots[at].index)))
             return m_slots[at].index;
     }
     return 0;
 }
 
-std::string_view IndexMap::GetText(std::uint32_t index) const noexcept {
-    std::size_t const begin = index == 1 ? 0 : m_ends[index - 2];
-    return std::string_view(m_texts).substr(begin, m_ends[index - 1] - begin);
-}
-
 void IndexMap::Add(std::string_view text, std::uint64_t hash) {
-    if (GetCount() == kMostEntries)
+    if (!MakeRoom())
         return;
     m_texts += text;
     AddEnd(hash);
 }
 
 void IndexMap::Add(QName const& name, std::uint64_t hash) {
-    if (GetCount() == kMostEntries)
+    if (!MakeRoom())
         return;
     m_texts += name.localName;
-    m_texts += kSeparator;
+    m_texts += kNameSeparator;
     m_texts += name.namespaceName;
-    m_texts += kSeparator;
+    m_texts += kNameSeparator;
     m_texts += name.prefix;
     AddEnd(hash);
 }
 
-void IndexMap::AddEnd(std::uint64_t hash) {
+// False if the map is full.
+bool IndexMap::MakeRoom() {
+    if (GetCount() == kMostEntries)
+        return false;
     if (2 * m_ends.size() >= m_slots.size())
         Grow();
+    return true;
+}
+
+void IndexMap::AddEnd(std::uint64_t hash) {
     m_ends.push_back(m_texts.size());
     Enter({static_cast<std::uint32_t>(hash), GetCount()});
 }
@@ -132,7 +112,9 @@ void IndexMap::Enter(Slot slot) noexcept {
 
 void IndexMap::Grow() {
     std::vector<Slot> const old = std::move(m_slots);
-    m_slots.assign(old.empty() ? kFirstSlots : 4 * old.size(), Slot{0, 0});
+    m_slots.resize(old.empty() ? kFirstSlots : 4 * old.size());
+    m_ends.reserve(m_slots.size() / 2);
+    m_texts.reserve(kTextOfSlot * m_slots.size());
     for (Slot const& slot : old) {
         if (slot.index != 0)
             Enter(slot);

@@ -1,8 +1,6 @@
 // IndexMap, which finds the index of a text that stood in a document before, and the seven of a writer.
 #pragma once
 
-#include "zvxmllib/platform/Api.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -15,7 +13,7 @@ namespace detail {
 // Texts numbered from 1 in the order in which they were added, found by their hash with open addressing: what
 // a text costs does not grow with the map. All texts lie one behind the other, so that a copy of the map
 // copies three blocks.
-class ZV_API IndexMap {
+class IndexMap {
 public:
     // More are not taken (X.891, 7.13.7).
     static constexpr std::uint32_t kMostEntries = std::uint32_t{1} << 20U;
@@ -29,8 +27,7 @@ public:
 
     // A text and a name have one hash in all maps of the process.
     static std::uint64_t Hash(std::string_view text) noexcept;
-    // `namespaceHash` is that of the namespace name, which many names share.
-    static std::uint64_t Hash(QName const& name, std::uint64_t namespaceHash) noexcept;
+    static std::uint64_t Hash(QName const& name) noexcept;
 
     // 0 if it is not there.
     std::uint32_t Find(std::string_view text) const noexcept { return Find(text, Hash(text)); }
@@ -43,16 +40,20 @@ public:
 
     std::uint32_t GetCount() const noexcept { return static_cast<std::uint32_t>(m_ends.size()); }
     // The text of an index, valid until the map changes.
-    std::string_view GetText(std::uint32_t index) const noexcept;
+    std::string_view GetText(std::uint32_t index) const noexcept {
+        std::size_t const begin = index == 1 ? 0 : m_ends[index - 2];
+        return {m_texts.data() + begin, m_ends[index - 1] - begin};
+    }
 
 private:
     struct Slot {
-        std::uint32_t hash;
-        std::uint32_t index; // 0 for none
+        std::uint32_t hash = 0;
+        std::uint32_t index = 0; // 0 for none
     };
 
     template <class Key>
     std::uint32_t FindKey(Key const& key, std::uint64_t hash) const noexcept;
+    bool MakeRoom();
     void AddEnd(std::uint64_t hash);
     void Enter(Slot slot) noexcept;
     void Grow();
@@ -63,7 +64,7 @@ private:
 };
 
 // What a document that is being written refers to by index. A new one has what X.891 gives every document.
-struct ZV_API IndexMaps {
+struct IndexMaps {
     IndexMaps();
 
     IndexMap attributeNames;

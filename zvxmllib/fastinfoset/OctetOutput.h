@@ -3,42 +3,27 @@
 
 #include "zvxmllib/streams/BinaryStream.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 #include <new>
 #include <string_view>
 
 namespace ZvXmlLib16 {
 
-// Gathers the octets of one operation of the writer, so that the sink takes them in one piece. Numbers begin
-// in an octet whose first bits are given as `current`. Bits are counted from 1, the highest.
+// Numbers begin in an octet whose first bits are given as `current`. Bits are counted from 1, the highest.
 class OctetOutput {
 public:
     // `sink` is borrowed and outlives the output.
     explicit OctetOutput(CBinaryStream& sink) noexcept : m_sink(sink) {}
 
-    void WriteOctet(unsigned octet) {
-        if (m_length == m_octets.size())
-            Flush();
-        m_octets[m_length++] = static_cast<unsigned char>(octet);
-    }
+    void WriteOctet(unsigned octet) { m_sink.Append(static_cast<unsigned char>(octet)); }
 
     void WriteOctets(std::string_view octets) {
-        if (octets.size() > m_octets.size() - m_length) {
-            Flush();
-            if (octets.size() > m_octets.size())
-                return WriteToSink(octets);
-        }
-        std::memcpy(m_octets.data() + m_length, octets.data(), octets.size());
-        m_length += octets.size();
-    }
-
-    void Flush() {
-        m_sink.Append(m_octets.data(), static_cast<std::uint32_t>(m_length));
-        m_length = 0;
+        if (octets.size() > std::numeric_limits<std::uint32_t>::max())
+            throw std::bad_alloc(); // more than the sink takes
+        m_sink.Append(reinterpret_cast<unsigned char const*>(octets.data()),
+                      static_cast<std::uint32_t>(octets.size()));
     }
 
     // Integers from 1 to 2^20 on the second bit (C.25), the third (C.27) and the fourth (C.28).
@@ -114,16 +99,7 @@ private:
         WriteTail<4>(current, static_cast<std::uint32_t>(length - least));
     }
 
-    void WriteToSink(std::string_view octets) {
-        if (octets.size() > std::numeric_limits<std::uint32_t>::max())
-            throw std::bad_alloc();
-        m_sink.Append(reinterpret_cast<unsigned char const*>(octets.data()),
-                      static_cast<std::uint32_t>(octets.size()));
-    }
-
     CBinaryStream& m_sink;
-    std::array<unsigned char, 512> m_octets;
-    std::size_t m_length = 0;
 };
 
 } // namespace ZvXmlLib16

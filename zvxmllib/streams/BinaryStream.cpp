@@ -20,4 +20,27 @@ CBinaryStream::CBinaryStream(Registration& registration, CBinaryData const& data
 
 CBinaryStream::~CBinaryStream() = default;
 
+void CBinaryStream::Append(CBinaryData const& data) {
+    CBinaryData const kept(data); // it may be a handle on the bytes of this stream
+    Append(kept.GetData(), kept.GetLength());
+}
+
+CBinaryData CBinaryStream::GetData() const {
+    GiveUpRoom();
+    return m_data;
+}
+
+void CBinaryStream::MakeRoom(std::uint32_t least) {
+    GiveUpRoom();
+    std::uint32_t room = 0;
+    m_room = m_next = m_data.BeginAppend(least, room);
+    m_end = m_room + room;
+}
+
+void CBinaryStream::GiveUpRoom() const noexcept {
+    if (m_next != m_room)
+        m_data.EndAppend(static_cast<std::uint32_t>(m_next - m_room));
+    m_room = m_next = m_end = nullptr;
+}
+
 } // namespace ZvXmlLib16

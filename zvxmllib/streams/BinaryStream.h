@@ -4,7 +4,9 @@
 #include "zvxmllib/foundation/MemoryLeakHelp.h"
 #include "zvxmllib/values/BinaryData.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace ZvXmlLib16 {
 
@@ -15,18 +17,37 @@ public:
     explicit CBinaryStream(CBinaryData const& data);
     ~CBinaryStream() override;
 
-    void Append(unsigned char byte) { m_data.Append(byte); }
-    void Append(CBinaryData const& data) { m_data.Append(data); }
-    void Append(unsigned char const* bytes, std::uint32_t length) { m_data.Append(bytes, length); }
+    void Append(unsigned char byte) {
+        if (m_next == m_end)
+            MakeRoom(1);
+        *m_next++ = byte;
+    }
+    void Append(CBinaryData const& data);
+    void Append(unsigned char const* bytes, std::uint32_t length) {
+        if (length > static_cast<std::size_t>(m_end - m_next))
+            MakeRoom(length);
+        if (length != 0)
+            std::memcpy(m_next, bytes, length);
+        m_next += length;
+    }
 
     // A handle on the bytes so far.
-    CBinaryData GetData() const { return m_data; }
+    CBinaryData GetData() const;
 
 protected:
     explicit CBinaryStream(Registration& registration);
     CBinaryStream(Registration& registration, CBinaryData const& data);
 
-    CBinaryData m_data;
+private:
+    void MakeRoom(std::uint32_t least);
+    // What was written into the room belongs to the data then, and there is no room.
+    void GiveUpRoom() const noexcept;
+
+    // The room lies behind the data, which it is a part of before anybody sees it.
+    mutable CBinaryData m_data;
+    mutable unsigned char* m_room = nullptr;
+    mutable unsigned char* m_next = nullptr;
+    mutable unsigned char* m_end = nullptr;
 };
 
 } // namespace ZvXmlLib16

@@ -23,11 +23,12 @@ CFileBinaryStream::CFileBinaryStream(char const* fileName, XmlEncoding encoding,
 CFileBinaryStream::~CFileBinaryStream() = default;
 
 void CFileBinaryStream::WriteToFile() {
+    CBinaryData const data = GetData();
     platform::File file;
     bool const written =
         file.Create(m_fileName.c_str()) &&
         (!HasByteOrderMark(m_encoding) || file.Write(kByteOrderMark, sizeof kByteOrderMark)) &&
-        file.Write(m_data.GetData(), m_data.GetLength()) && file.Close();
+        file.Write(data.GetData(), data.GetLength()) && file.Close();
     if (!written)
         FailWriteFile(m_fileName.c_str(), file.Error());
 }

@@ -109,13 +109,14 @@ public:
         m_dwLen = newLength;
     }
 
-    // False if the block is shared or full.
-    bool AppendInPlace(unsigned char byte) noexcept {
-        if (m_dwLen == m_dwBufferLen || IsShared())
-            return false;
-        m_lpData[m_dwLen++] = byte;
-        return true;
+    unsigned char* BeginAppend(std::uint32_t least, std::uint32_t& room) {
+        std::uint32_t const needed = CheckedLength(std::size_t{m_dwLen} + least);
+        if (needed > m_dwBufferLen)
+            MoveTo(Doubled(needed));
+        room = m_dwBufferLen - m_dwLen;
+        return m_lpData.get() + m_dwLen;
     }
+    void EndAppend(std::uint32_t length) noexcept { m_dwLen += length; }
 
     void Reserve(std::uint32_t room) {
         if (room > m_dwBufferLen)
@@ -247,6 +248,17 @@ void CBinaryData::Reserve(std::uint32_t length) {
     }
     MakePrivate();
     m_buffer->Reserve(length);
+}
+
+unsigned char* CBinaryData::BeginAppend(std::uint32_t least, std::uint32_t& room) {
+    if (m_buffer == nullptr)
+        m_buffer = new CBinaryDataBuffer(nullptr, 0, std::max(least, kSmallestRoom));
+    MakePrivate();
+    return m_buffer->BeginAppend(least, room);
+}
+
+void CBinaryData::EndAppend(std::uint32_t length) noexcept {
+    m_buffer->EndAppend(length);
 }
 
 // The new bytes are taken before the old ones go, since they may be a part of them.

@@ -44,6 +44,10 @@ public:
     void Append(CBinaryData const& data);
     // Makes room for `length` bytes in all, so that appending up to it allocates nothing.
     void Reserve(std::uint32_t length);
+    // For who puts bytes together in place: `room` bytes behind the data, at least `least`, valid until the
+    // data is used in another way; then how many of them belong to it now.
+    unsigned char* BeginAppend(std::uint32_t least, std::uint32_t& room);
+    void EndAppend(std::uint32_t length) noexcept;
 
     void SetBuffer(unsigned char const* bytes, std::uint32_t length);
     void SetBuffer(char const* text);
@@ -76,7 +80,7 @@ private:
     void MakePrivate();
     void Swap(CBinaryData& other) noexcept;
 
-    CBinaryDataBuffer* m_buffer = nullptr; // of length zero only between Reserve and the first Append
+    CBinaryDataBuffer* m_buffer = nullptr; // of length zero only until the first Append
 };
 
 } // namespace ZvXmlLib16
