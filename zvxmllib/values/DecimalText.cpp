@@ -18,7 +18,7 @@ using detail::Magnitude;
 namespace {
 
 constexpr std::int64_t kGreatestExponent = 65536; // so that a few characters cannot ask for gigabytes
-constexpr std::int64_t kExponentBeyondAll = std::int64_t{1} << 60U;
+constexpr std::int64_t kExponentBeyondAll = std::int64_t{1} << 56U; // has room for one digit more
 constexpr std::size_t kLongestWithPoint = 1023;
 constexpr std::size_t kMostFractionDigits = std::size_t{1} << 30U; // of a text
 
