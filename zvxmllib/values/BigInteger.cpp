@@ -128,6 +128,10 @@ std::string CBigInteger::ToString() const {
     return text;
 }
 
+std::size_t CBigInteger::GetTextLength() const noexcept {
+    return CountDigits(m_digits) + (m_sign < 0 && !IsZero() ? 1 : 0);
+}
+
 CBigInteger::operator int() const {
     if (*this < MIN_LONG || *this > MAX_LONG)
         FailBeyondIntegerType("int");

@@ -50,6 +50,7 @@ public:
     std::string ToString() const;
     // ToString() in place of the content of `text`, in the room that it has. Returns `text`.
     std::string& Print(std::string& text) const;
+    std::size_t GetTextLength() const noexcept; // of ToString()
     operator int() const; // these two throw if the value does not fit
     operator long long() const;
 

@@ -1,12 +1,10 @@
 // The four bounds of a restriction as values of a type, parsed once. Header only.
 #pragma once
 
-#include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/values/PrimitiveRestrictions.h"
 #include "zvxmllib/values/Whitespace.h"
 
 #include <array>
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -22,19 +20,14 @@ inline std::string const& BoundText(CPrimitiveRestrictions const& facets, std::s
 
 // Bounds of some type, with the texts that they were parsed from, so that a facet which was changed since is
 // seen.
-class AnyBounds {
+class AnyBounds : public PreparedFacets {
 public:
-    AnyBounds(ItemType type, CPrimitiveRestrictions const& facets) : m_type(type) {
+    AnyBounds(ItemType type, CPrimitiveRestrictions const& facets) : PreparedFacets(type) {
         for (std::size_t bound = 0; bound < kBounds; ++bound)
             m_texts[bound] = BoundText(facets, bound);
     }
-    AnyBounds(AnyBounds const&) = delete;
-    AnyBounds& operator=(AnyBounds const&) = delete;
-    virtual ~AnyBounds() = default;
 
-    bool AreOf(ItemType type, CPrimitiveRestrictions const& facets) const noexcept {
-        if (type != m_type)
-            return false;
+    bool AreOf(CPrimitiveRestrictions const& facets) const noexcept {
         for (std::size_t bound = 0; bound < kBounds; ++bound) {
             if (m_texts[bound] != BoundText(facets, bound))
                 return false;
@@ -43,7 +36,6 @@ public:
     }
 
 private:
-    ItemType m_type;
     std::array<std::string, kBounds> m_texts;
 };
 

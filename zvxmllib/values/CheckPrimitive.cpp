@@ -1,9 +1,7 @@
 // A value against the facets of its type.
 #include "zvxmllib/values/CheckPrimitive.h"
 
-#include "zvxmllib/foundation/Encoder.h"
 #include "zvxmllib/foundation/Exceptions.h"
-#include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/values/BinaryData.h"
 #include "zvxmllib/values/Bounds.h"
 #include "zvxmllib/values/Conversions.h"
@@ -66,16 +64,19 @@ bool Keeps(std::size_t bound, CDateTimeSpan const& value, CDateTimeSpan const& l
 template <class Value>
 detail::Bounds<Value> const* FindBounds(ItemType type, FromText<Value> fromText,
                                         CPrimitiveRestrictions const& facets) {
-    detail::AnyBounds const* bounds = facets.GetBoundsSlot().Get();
-    if (bounds == nullptr) {
+    detail::PreparedFacets const* prepared = facets.GetPreparedSlot().Get();
+    if (prepared == nullptr) {
         try {
-            bounds =
-                facets.GetBoundsSlot().Put(std::make_unique<detail::Bounds<Value>>(type, facets, fromText));
+            prepared =
+                facets.GetPreparedSlot().Put(std::make_unique<detail::Bounds<Value>>(type, facets, fromText));
         } catch (CZvException const&) {
             return nullptr;
         }
     }
-    return bounds->AreOf(type, facets) ? static_cast<detail::Bounds<Value> const*>(bounds) : nullptr;
+    if (prepared->GetType() != type)
+        return nullptr;
+    auto const* const bounds = static_cast<detail::Bounds<Value> const*>(prepared);
+    return bounds->AreOf(facets) ? bounds : nullptr;
 }
 
 // The first bound that is not kept decides: one behind it is not looked at, and may be no value of the type.
@@ -180,27 +181,19 @@ ItemType TypeOfDate(CDateTime const& value) {
     }
 }
 
-std::size_t CountDigits(CBigInteger const& number) {
-    std::string const text = number.ToString();
-    return text.size() - (text[0] == '-' ? 1 : 0);
+// Of the whole part of a decimal, where 0 has none.
+std::size_t CountWholeDigits(CBigInteger const& whole) {
+    CBigInteger const zero(0);
+    return whole == zero ? 0 : whole.GetTextLength() - (whole < zero ? 1 : 0);
 }
 
 bool HasDigits(CDecimal const& value, CPrimitiveRestrictions const& facets) {
     if (facets.totalDigits == -1 && facets.fractionDigits == -1)
         return true;
     bool const isWhole = value.GetFractionPart() == CBigInteger(0);
-    bool const isBelowOne = value.GetIntegerPart() == CBigInteger(0);
     std::size_t const fraction = isWhole ? 0 : static_cast<std::size_t>(value.GetFractionDivider());
-    std::size_t const integer = isBelowOne ? 0 : CountDigits(value.GetIntegerPart());
+    std::size_t const integer = CountWholeDigits(value.GetIntegerPart());
     return HasAtMost(facets.totalDigits, integer + fraction) && HasAtMost(facets.fractionDigits, fraction);
-}
-
-// The pattern is UTF-8 for those who match it; ASCII is so already.
-bool MatchesLocalPattern(std::string const& pattern, std::string const& value) {
-    if (IsAscii(pattern))
-        return MatchesPattern(pattern, value);
-    CBinaryData const utf8 = LocalToUtf8(pattern.c_str());
-    return MatchesPattern(std::string(utf8.GetData(), utf8.GetData() + utf8.GetLength()), value);
 }
 
 void CheckPattern(char const* name, std::string const& value, CPrimitiveRestrictions const& facets) {
@@ -208,7 +201,7 @@ void CheckPattern(char const* name, std::string const& value, CPrimitiveRestrict
         return;
     bool isMatch = false;
     try {
-        isMatch = MatchesLocalPattern(facets.pattern, value);
+        isMatch = MatchesPattern(facets, value);
     } catch (CZvException const& failure) {
         FailPattern(failure.GetFullMessage(), name, value);
     }
@@ -324,9 +317,24 @@ void CheckPrimitive(char const* name, CDecimal const& value, CPrimitiveRestricti
 
 void CheckPrimitive(char const* name, CBigInteger const& value, CPrimitiveRestrictions const& restrictions) {
     if (!IsWithinBounds(value, ItemType_integer, CConversions::integerFromString, restrictions) ||
-        (restrictions.totalDigits != -1 && !HasAtMost(restrictions.totalDigits, value.ToString().size())))
+        (restrictions.totalDigits != -1 && !HasAtMost(restrictions.totalDigits, value.GetTextLength())))
         FailFacetOfText(name, value.ToString());
 }
+
+namespace {
+
+// The value where the variant holds it. The getter, which copies, gives that of a nil variant, and asserts
+// that the type is the variant's.
+template <class Value>
+void CheckHeld(char const* name, ZvVariant const& variant, Value const* held,
+               Value (ZvVariant::*getter)() const, ItemType type, CPrimitiveRestrictions const& facets) {
+    if (held != nullptr && variant.GetTypeAsEnum() == type)
+        CheckPrimitive(name, *held, type, facets);
+    else
+        CheckPrimitive(name, (variant.*getter)(), type, facets);
+}
+
+} // namespace
 
 void CheckPrimitiveVariant(char const* name, ZvVariant const& value, ItemType type,
                            CPrimitiveRestrictions const& restrictions) {
@@ -362,17 +370,17 @@ void CheckPrimitiveVariant(char const* name, ZvVariant const& value, ItemType ty
     case ItemType_boolean:
         return CheckPrimitive(name, value.GetBoolean(), restrictions);
     case ItemType_duration:
-        return CheckPrimitive(name, value.GetDuration(), restrictions);
+        return CheckHeld(name, value, value.FindDuration(), &ZvVariant::GetDuration, type, restrictions);
     case ItemType_yearMonth:
-        return CheckPrimitive(name, value.GetYearMonth(), type, restrictions);
+        return CheckHeld(name, value, value.FindDateTime(), &ZvVariant::GetYearMonth, type, restrictions);
     case ItemType_monthDay:
-        return CheckPrimitive(name, value.GetMonthDay(), type, restrictions);
+        return CheckHeld(name, value, value.FindDateTime(), &ZvVariant::GetMonthDay, type, restrictions);
     case ItemType_date:
-        return CheckPrimitive(name, value.GetDate(), type, restrictions);
+        return CheckHeld(name, value, value.FindDateTime(), &ZvVariant::GetDate, type, restrictions);
     case ItemType_datetime:
-        return CheckPrimitive(name, value.GetDateTime(), type, restrictions);
+        return CheckHeld(name, value, value.FindDateTime(), &ZvVariant::GetDateTime, type, restrictions);
     case ItemType_time:
-        return CheckPrimitive(name, value.GetTime(), type, restrictions);
+        return CheckHeld(name, value, value.FindDateTime(), &ZvVariant::GetTime, type, restrictions);
     case ItemType_year:
         return CheckPrimitive(name, value.GetYear(), type, restrictions);
     case ItemType_month:
@@ -380,9 +388,9 @@ void CheckPrimitiveVariant(char const* name, ZvVariant const& value, ItemType ty
     case ItemType_day:
         return CheckPrimitive(name, value.GetDay(), type, restrictions);
     case ItemType_decimal:
-        return CheckPrimitive(name, value.GetDecimal(), restrictions);
+        return CheckHeld(name, value, value.FindDecimal(), &ZvVariant::GetDecimal, type, restrictions);
     case ItemType_integer:
-        return CheckPrimitive(name, value.GetInteger(), restrictions);
+        return CheckHeld(name, value, value.FindInteger(), &ZvVariant::GetInteger, type, restrictions);
     default:
         FailFacetsOfType(value.GetType());
     }

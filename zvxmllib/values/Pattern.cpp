@@ -5,11 +5,10 @@
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/values/BinaryData.h"
 #include "zvxmllib/values/Failures.h"
+#include "zvxmllib/values/PrimitiveRestrictions.h"
 #include "zvxmllib/values/Regex.h"
 
-#include <array>
 #include <deque>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
@@ -41,11 +40,17 @@ constexpr Replacement kReplacements[] = {
     {kPlaceholder, kEscapedBackslash},
 };
 
+// No replacement makes a text that a later place could begin with, so that one pass over the text replaces
+// what a search from its start, again and again, would.
 std::string Translate(std::string text) {
     for (auto const& [search, replacement] : kReplacements) {
+        std::string const source = std::move(text);
+        text.clear();
+        std::size_t begin = 0;
         std::size_t const length = std::char_traits<char>::length(search);
-        for (std::size_t at; (at = text.find(search)) != std::string::npos;)
-            text.replace(at, length, replacement);
+        for (std::size_t at; (at = source.find(search, begin)) != std::string::npos; begin = at + length)
+            text.append(source, begin, at - begin).append(replacement);
+        text.append(source, begin);
     }
     return "^(" + text + ")$";
 }
@@ -95,33 +100,63 @@ PatternCache& SharedCache() {
     return cache;
 }
 
-// The thread's own few, in front of the shared ones, so that warm patterns cost no lock.
-SharedRegex const& FindRegex(std::string const& pattern) {
-    struct Entry {
-        std::string pattern;
-        SharedRegex regex;
-    };
-    static thread_local std::array<Entry, 16> entries;
-    Entry& entry = entries[std::hash<std::string>()(pattern) % entries.size()];
-    if (entry.regex == nullptr || entry.pattern != pattern) {
-        SharedRegex regex = SharedCache().Find(pattern);
-        entry.regex.reset(); // stays so if the next step fails
-        entry.pattern = pattern;
-        entry.regex = std::move(regex);
+// What is kept beside facets. Only text that is UTF-8 as it stands, so that the pattern stays the same as
+// long as that is so.
+class PreparedPattern final : public detail::PreparedFacets {
+public:
+    explicit PreparedPattern(std::string const& pattern)
+        : PreparedFacets(ItemType_string), m_pattern(pattern), m_isAscii(IsAscii(pattern)),
+          m_regex(SharedCache().Find(pattern.c_str())) {}
+
+    bool IsOf(std::string const& pattern) const noexcept {
+        return m_pattern == pattern && (m_isAscii || IsLocalTextUtf8());
     }
-    return entry.regex;
+    detail::CompiledRegex const& GetRegex() const noexcept { return *m_regex; }
+
+private:
+    std::string m_pattern;
+    bool m_isAscii;
+    SharedRegex m_regex;
+};
+
+// Text that is the same in UTF-8.
+bool IsUtf8AsItStands(std::string_view local) noexcept {
+    return IsLocalTextUtf8() ? IsValidUtf8(local) : IsAscii(local);
+}
+
+std::string_view TextOf(CBinaryData const& data) {
+    return std::string_view(reinterpret_cast<char const*>(data.GetData()), data.GetLength());
+}
+
+bool MatchesRegex(detail::CompiledRegex const& regex, std::string_view value) {
+    std::string_view const subject = value.substr(0, value.find('\0'));
+    if (IsUtf8AsItStands(subject))
+        return detail::MatchesWhole(regex, subject, true);
+    return detail::MatchesWhole(regex, TextOf(LocalToUtf8(std::string(subject).c_str())), false);
+}
+
+// Null if there is none for this pattern, and none can be kept.
+PreparedPattern const* FindPrepared(CPrimitiveRestrictions const& facets) {
+    detail::PreparedFacets const* prepared = facets.GetPreparedSlot().Get();
+    if (prepared == nullptr && IsUtf8AsItStands(facets.pattern))
+        prepared = facets.GetPreparedSlot().Put(std::make_unique<PreparedPattern>(facets.pattern));
+    if (prepared == nullptr || prepared->GetType() != ItemType_string)
+        return nullptr;
+    auto const* const pattern = static_cast<PreparedPattern const*>(prepared);
+    return pattern->IsOf(facets.pattern) ? pattern : nullptr;
 }
 
 } // namespace
 
 bool MatchesPattern(std::string const& pattern, std::string_view value) {
-    SharedRegex const& regex = FindRegex(pattern);
-    std::string_view const subject = value.substr(0, value.find('\0'));
-    if (IsLocalTextUtf8() && IsValidUtf8(subject))
-        return detail::MatchesWhole(*regex, subject, true);
-    CBinaryData const utf8 = LocalToUtf8(std::string(subject).c_str());
-    return detail::MatchesWhole(
-        *regex, std::string_view(reinterpret_cast<char const*>(utf8.GetData()), utf8.GetLength()), false);
+    return MatchesRegex(*SharedCache().Find(pattern), value);
+}
+
+bool MatchesPattern(CPrimitiveRestrictions const& facets, std::string_view value) {
+    if (PreparedPattern const* const prepared = FindPrepared(facets))
+        return MatchesRegex(prepared->GetRegex(), value);
+    CBinaryData const utf8 = LocalToUtf8(facets.pattern.c_str());
+    return MatchesPattern(std::string(TextOf(utf8)), value);
 }
 
 } // namespace ZvXmlLib16

@@ -1,26 +1,26 @@
 // CPrimitiveRestrictions, the record of the facets of a type, without whiteSpace and enumeration.
 #include "zvxmllib/values/PrimitiveRestrictions.h"
 
-#include "zvxmllib/values/Bounds.h"
-
 namespace ZvXmlLib16 {
 
 namespace detail {
 
-BoundsSlot::~BoundsSlot() {
-    delete m_bounds.load(std::memory_order_relaxed);
+PreparedFacets::~PreparedFacets() = default;
+
+PreparedSlot::~PreparedSlot() {
+    delete m_facets.load(std::memory_order_relaxed);
 }
 
-BoundsSlot& BoundsSlot::operator=(BoundsSlot const& other) noexcept {
+PreparedSlot& PreparedSlot::operator=(PreparedSlot const& other) noexcept {
     if (this != &other)
-        delete m_bounds.exchange(nullptr);
+        delete m_facets.exchange(nullptr);
     return *this;
 }
 
-AnyBounds const* BoundsSlot::Put(std::unique_ptr<AnyBounds> bounds) const noexcept {
-    AnyBounds* present = nullptr;
-    if (m_bounds.compare_exchange_strong(present, bounds.get()))
-        return bounds.release();
+PreparedFacets const* PreparedSlot::Put(std::unique_ptr<PreparedFacets> facets) const noexcept {
+    PreparedFacets* present = nullptr;
+    if (m_facets.compare_exchange_strong(present, facets.get()))
+        return facets.release();
     return present;
 }
 

@@ -1,6 +1,7 @@
 // CPrimitiveRestrictions, the record of the facets of a type, without whiteSpace and enumeration.
 #pragma once
 
+#include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/platform/Api.h"
 
 #include <atomic>
@@ -12,23 +13,35 @@ namespace ZvXmlLib16 {
 
 namespace detail {
 
-class AnyBounds;
-
-// Keeps the parsed bounds beside their texts: made when a value is first checked, by whatever thread, and
-// shared by all. A copy begins without.
-class ZV_API BoundsSlot {
+// What facets were made into for the checks of one type: parsed bounds, or a compiled pattern.
+class ZV_API PreparedFacets {
 public:
-    BoundsSlot() noexcept = default;
-    BoundsSlot(BoundsSlot const&) noexcept {}
-    BoundsSlot& operator=(BoundsSlot const& other) noexcept;
-    ~BoundsSlot();
+    explicit PreparedFacets(ItemType type) noexcept : m_type(type) {}
+    PreparedFacets(PreparedFacets const&) = delete;
+    PreparedFacets& operator=(PreparedFacets const&) = delete;
+    virtual ~PreparedFacets();
 
-    AnyBounds const* Get() const noexcept { return m_bounds.load(std::memory_order_acquire); }
-    // Owns `bounds` from now on, unless another thread was faster, whose bounds it then returns.
-    AnyBounds const* Put(std::unique_ptr<AnyBounds> bounds) const noexcept;
+    ItemType GetType() const noexcept { return m_type; }
 
 private:
-    mutable std::atomic<AnyBounds*> m_bounds{nullptr};
+    ItemType m_type;
+};
+
+// Keeps them beside their texts: made when a value is first checked, by whatever thread, and shared by all.
+// A copy begins without.
+class ZV_API PreparedSlot {
+public:
+    PreparedSlot() noexcept = default;
+    PreparedSlot(PreparedSlot const&) noexcept {}
+    PreparedSlot& operator=(PreparedSlot const& other) noexcept;
+    ~PreparedSlot();
+
+    PreparedFacets const* Get() const noexcept { return m_facets.load(std::memory_order_acquire); }
+    // Owns `facets` from now on, unless another thread was faster, whose it then returns.
+    PreparedFacets const* Put(std::unique_ptr<PreparedFacets> facets) const noexcept;
+
+private:
+    mutable std::atomic<PreparedFacets*> m_facets{nullptr};
 };
 
 } // namespace detail
@@ -67,10 +80,10 @@ public:
     std::int32_t fractionDigits = -1;
 
     // For the check of values.
-    detail::BoundsSlot const& GetBoundsSlot() const noexcept { return m_boundsSlot; }
+    detail::PreparedSlot const& GetPreparedSlot() const noexcept { return m_preparedSlot; }
 
 private:
-    detail::BoundsSlot m_boundsSlot;
+    detail::PreparedSlot m_preparedSlot;
 };
 
 } // namespace ZvXmlLib16

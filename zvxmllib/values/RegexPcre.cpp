@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 #include <new>
+#include <vector>
 
 #include <pcre.h>
 
@@ -15,17 +16,22 @@ constexpr int kFirstJitStack = 32 * 1024;
 // The interpreter recurses on the machine stack, where a thread may have little.
 constexpr unsigned long kMostInterpreterStack = 512 * 1024;
 
-// The stack of compiled matching code, one for each thread, made when it is first needed.
+// The stack of compiled matching code, one for each thread, made when it is first needed. Objects that are
+// destroyed at the end of the process, after those of the thread, have the library's own, which is small.
 pcre_jit_stack* JitStackOfThread(void*) {
-    struct Stack {
-        pcre_jit_stack* handle = pcre_jit_stack_alloc(kFirstJitStack, static_cast<int>(kMostMatchMemory));
-        ~Stack() {
+    static thread_local pcre_jit_stack* handle = nullptr;
+    struct Owner {
+        Owner() { handle = pcre_jit_stack_alloc(kFirstJitStack, static_cast<int>(kMostMatchMemory)); }
+        Owner(Owner const&) = delete;
+        Owner& operator=(Owner const&) = delete;
+        ~Owner() {
             if (handle != nullptr)
                 pcre_jit_stack_free(handle);
+            handle = nullptr;
         }
     };
-    static thread_local Stack const stack;
-    return stack.handle; // null is the library's own, which is small
+    static thread_local Owner const owner;
+    return handle;
 }
 
 // The library tells the size of a frame of its interpreter, as a negative number, for these arguments.
@@ -50,7 +56,33 @@ struct CompiledRegex {
 
     pcre* code = nullptr;
     pcre_extra* extra = nullptr;
+    bool isMatchedAllWays = false;
 };
+
+namespace {
+
+// The offsets are set if the result is not negative.
+int MatchByGoingBack(CompiledRegex const& regex, std::string_view subject, int options, int (&offsets)[3]) {
+    pcre_extra extra = *regex.extra; // other threads have their own limits
+    extra.match_limit = MostSteps(subject.size());
+    // Room for the match itself. With more groups the result is 0 and the match is told all the same.
+    return pcre_exec(regex.code, &extra, subject.data(), static_cast<int>(subject.size()), 0, options,
+                     offsets, 3);
+}
+
+// The longest match is the first that is told. The limits of going back are refused here.
+int MatchAllWays(CompiledRegex const& regex, std::string_view subject, int options, int (&offsets)[3]) {
+    std::vector<int> workspace(WordsOfWays(MostWays(subject.size())));
+    return pcre_dfa_exec(regex.code, nullptr, subject.data(), static_cast<int>(subject.size()), 0, options,
+                         offsets, 2, workspace.data(), static_cast<int>(workspace.size()));
+}
+
+bool IsLimit(int result) {
+    return result == PCRE_ERROR_MATCHLIMIT || result == PCRE_ERROR_RECURSIONLIMIT ||
+           result == PCRE_ERROR_JIT_STACKLIMIT;
+}
+
+} // namespace
 
 void ReleaseRegex::operator()(CompiledRegex* regex) const noexcept {
     delete regex;
@@ -75,21 +107,23 @@ RegexPtr CompileRegex(std::string const& expression, std::string& error) {
     if (regex->extra == nullptr)
         throw std::bad_alloc();
     regex->extra->flags |= PCRE_EXTRA_MATCH_LIMIT | PCRE_EXTRA_MATCH_LIMIT_RECURSION;
-    regex->extra->match_limit = kMostMatchSteps;
     regex->extra->match_limit_recursion = MostInterpreterDepth();
     pcre_assign_jit_stack(regex->extra, JitStackOfThread, nullptr);
+    regex->isMatchedAllWays = IsMatchedAllWays(expression);
     return regex;
 }
 
 bool MatchesWhole(CompiledRegex const& regex, std::string_view subject, bool isValidUtf8) {
     if (subject.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
         return false;
-    int const length = static_cast<int>(subject.size());
-    // Room for the match itself. With more groups the result is 0 and the match is told all the same.
+    if (subject.data() == nullptr)
+        subject = ""; // the library wants a place
+    int const options = isValidUtf8 ? PCRE_NO_UTF8_CHECK : 0;
     int offsets[3] = {-1, -1, -1};
-    int const result = pcre_exec(regex.code, regex.extra, subject.data(), length, 0,
-                                 isValidUtf8 ? PCRE_NO_UTF8_CHECK : 0, offsets, 3);
-    return result >= 0 && offsets[0] == 0 && offsets[1] == length;
+    int result = MatchByGoingBack(regex, subject, options, offsets);
+    if (IsLimit(result) && regex.isMatchedAllWays && HasOneEnd(subject))
+        result = MatchAllWays(regex, subject, options, offsets);
+    return result >= 0 && offsets[0] == 0 && offsets[1] == static_cast<int>(subject.size());
 }
 
 } // namespace ZvXmlLib16::detail

@@ -1,7 +1,9 @@
 // Regular expressions by PCRE2.
 #include "zvxmllib/values/Regex.h"
 
+#include <cstdint>
 #include <new>
+#include <vector>
 
 #define PCRE2_CODE_UNIT_WIDTH 8
 #include <pcre2.h>
@@ -17,7 +19,6 @@ struct Workspace {
     Workspace() {
         if (data == nullptr || context == nullptr)
             throw std::bad_alloc();
-        pcre2_set_match_limit(context, kMostMatchSteps);
         pcre2_set_heap_limit(context, kMostMatchMemory / 1024); // kibibytes
         if (stack != nullptr)                                   // null is the library's own, which is small
             pcre2_jit_stack_assign(context, nullptr, stack);
@@ -36,6 +37,30 @@ struct Workspace {
     pcre2_jit_stack* stack = pcre2_jit_stack_create(kFirstJitStack, kMostMatchMemory, nullptr);
 };
 
+// That of the thread. Objects that are destroyed at the end of the process, after those of the thread, have
+// one more, which stays.
+Workspace& WorkspaceOfThread() {
+    static thread_local Workspace* workspace = nullptr;
+    struct Owner {
+        Owner() { workspace = new Workspace; }
+        Owner(Owner const&) = delete;
+        Owner& operator=(Owner const&) = delete;
+        ~Owner() {
+            delete workspace;
+            workspace = nullptr;
+        }
+    };
+    static thread_local Owner const owner;
+    if (workspace == nullptr)
+        workspace = new Workspace;
+    return *workspace;
+}
+
+bool IsLimit(int result) {
+    return result == PCRE2_ERROR_MATCHLIMIT || result == PCRE2_ERROR_DEPTHLIMIT ||
+           result == PCRE2_ERROR_HEAPLIMIT || result == PCRE2_ERROR_JIT_STACKLIMIT;
+}
+
 } // namespace
 
 struct CompiledRegex {
@@ -45,6 +70,7 @@ struct CompiledRegex {
     ~CompiledRegex() { pcre2_code_free(code); }
 
     pcre2_code* code = nullptr;
+    bool isMatchedAllWays = false;
 };
 
 void ReleaseRegex::operator()(CompiledRegex* regex) const noexcept {
@@ -67,17 +93,27 @@ RegexPtr CompileRegex(std::string const& expression, std::string& error) {
         return nullptr;
     }
     pcre2_jit_compile(regex->code, PCRE2_JIT_COMPLETE); // where there is none, the interpreter matches
+    regex->isMatchedAllWays = IsMatchedAllWays(expression);
     return regex;
 }
 
 bool MatchesWhole(CompiledRegex const& regex, std::string_view subject, bool isValidUtf8) {
-    static thread_local Workspace const workspace;
-    int const result =
-        pcre2_match(regex.code, reinterpret_cast<PCRE2_SPTR>(subject.data()), subject.size(), 0,
-                    isValidUtf8 ? PCRE2_NO_UTF_CHECK : 0, workspace.data, workspace.context);
+    if (subject.data() == nullptr)
+        subject = ""; // older ones want a place
+    Workspace& own = WorkspaceOfThread();
+    auto const text = reinterpret_cast<PCRE2_SPTR>(subject.data());
+    std::uint32_t const options = isValidUtf8 ? PCRE2_NO_UTF_CHECK : 0;
+    pcre2_set_match_limit(own.context, static_cast<std::uint32_t>(MostSteps(subject.size())));
+    int result = pcre2_match(regex.code, text, subject.size(), 0, options, own.data, own.context);
+    if (IsLimit(result) && regex.isMatchedAllWays && HasOneEnd(subject)) {
+        std::vector<int> words(WordsOfWays(MostWays(subject.size())));
+        // The longest match is the first that is told.
+        result = pcre2_dfa_match(regex.code, text, subject.size(), 0, options, own.data, own.context,
+                                 words.data(), words.size());
+    }
     if (result < 0)
         return false;
-    PCRE2_SIZE const* const offsets = pcre2_get_ovector_pointer(workspace.data);
+    PCRE2_SIZE const* const offsets = pcre2_get_ovector_pointer(own.data);
     return offsets[0] == 0 && offsets[1] == subject.size();
 }
 
