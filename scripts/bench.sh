@@ -5,6 +5,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 need_build_packages
 need_header benchmark/benchmark.h libbenchmark-dev
+need_header nlohmann/json.hpp nlohmann-json3-dev
 install_missing_packages
 
 configure release -DZVXMLLIB_BUILD_BENCHMARKS=ON -DZVXMLLIB_BUILD_TESTS=OFF
@@ -19,3 +20,4 @@ build/release/benchmarks/bench_json_writing
 build/release/benchmarks/bench_fi_reading
 build/release/benchmarks/bench_values
 build/release/benchmarks/bench_fi_writing
+build/release/benchmarks/bench_json_reading

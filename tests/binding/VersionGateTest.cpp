@@ -117,19 +117,6 @@ TEST(VersionGate, ComesBehindTheTestOfTheCompressionOfFiles) {
               "ZLIB Compression only available for To Stream methods.");
 }
 
-TEST(VersionGate, LetsFormatsThatAreNotThereSaySo) {
-    CSmartPtr<WrittenObject> const object(new WrittenObject);
-    for (char const* format : {"JSON"}) {
-        for (EntryPoint const& entryPoint : EntryPointsOf(format)) {
-            if (std::string_view(entryPoint.name).substr(0, 6) == "ToJson")
-                continue;
-            EXPECT_EQ(MessageOf<CZvException>([&] { entryPoint.call(*object); }),
-                      std::string(format) + " is not supported by this version of the library.")
-                << entryPoint.name;
-        }
-    }
-}
-
 // A process of its own, in which no bound object has been made so far.
 TEST(VersionGateDeathTest, TheFirstObjectOfAProcessShowsTheMismatchOnce) {
     testing::GTEST_FLAG(death_test_style) = "threadsafe";

@@ -13,10 +13,6 @@ void FailWrongVersion(std::int32_t generatorMajor, std::int32_t generatorMinor) 
                                     generatorMinor));
 }
 
-void FailFormatNotSupported(char const* format) {
-    throw CZvException(FormatString("%s is not supported by this version of the library.", format));
-}
-
 void FailNestingTooDeep(int limit) {
     throw CZvException(FormatString("The nesting of elements exceeds the limit of %d levels.", limit));
 }

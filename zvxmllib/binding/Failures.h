@@ -7,7 +7,6 @@
 namespace ZvXmlLib16 {
 
 [[noreturn]] void FailWrongVersion(std::int32_t generatorMajor, std::int32_t generatorMinor);
-[[noreturn]] void FailFormatNotSupported(char const* format);
 [[noreturn]] void FailNestingTooDeep(int limit);
 
 [[noreturn]] void FailPropertyIsNull(std::string const& name);

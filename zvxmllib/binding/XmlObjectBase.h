@@ -49,7 +49,8 @@ public:
                                      CSerializationContext const& ctx, CompressionType compression);
 
     // File and stream forms recognise gzip, zlib, Fast Infoset and XML text by their content; the text
-    // forms take XML text as it is.
+    // forms take XML text as it is. JSON becomes XML by the JSON options of the context, and goes through
+    // FromXmlStream; without round trip in full the context ignores namespaces for the length of the call.
     virtual void FromXmlFile(char const* fileName, CSerializationContext const& ctx);
     virtual void FromJsonFile(char const* fileName, CSerializationContext const& ctx);
     virtual void FromXml(wchar_t const* text, CSerializationContext const& ctx);
@@ -96,6 +97,7 @@ public:
 
     // As the wchar_t forms, for UTF-16 text.
     void FromXml(char16_t const* text, CSerializationContext const& ctx);
+    void FromJson(char16_t const* text, CSerializationContext const& ctx);
 
 protected:
     CXmlObjectBase();
@@ -156,6 +158,7 @@ private:
     void WriteJsonText(CTextStream& sink, bool formatted, EOLType eol,
                        CSerializationContext const& ctx) const;
     void ReadDocument(CXmlDocument& document, CSerializationContext const& ctx);
+    void FromJson_Int(CBinaryData const& xml, CSerializationContext const& ctx);
 
     std::string m_elementName;
     std::atomic<std::int32_t> m_refCount{0};

@@ -23,23 +23,6 @@ std::unique_ptr<unsigned char[]> NewBuffer(std::size_t length) {
     return std::unique_ptr<unsigned char[]>(new unsigned char[length]);
 }
 
-std::unique_ptr<unsigned char[]> ReadFile(char const* fileName, std::size_t& length) {
-    platform::File file;
-    if (!file.OpenForReading(fileName))
-        FailOpen(fileName, file.Error());
-    std::uint64_t size = 0;
-    if (!file.GetSize(size))
-        FailSize(fileName, file.Error());
-    if (size > std::numeric_limits<std::uint32_t>::max())
-        FailSize(fileName, platform::File::TooLargeError());
-    length = static_cast<std::size_t>(size);
-    std::unique_ptr<unsigned char[]> data = NewBuffer(length);
-    std::size_t count = 0;
-    if (!file.Read(data.get(), length, count) || count != length)
-        FailRead(fileName, file.Error());
-    return data;
-}
-
 } // namespace
 
 CXmlDocument::CXmlDocument() : CXmlDocument(nullptr, CSerializationContext::GetDefaultContext()) {}
@@ -60,6 +43,23 @@ CXmlDocument::~CXmlDocument() {
 void CXmlDocument::Cleanup() {
     m_tree.reset();
     m_namespaces.clear();
+}
+
+std::unique_ptr<unsigned char[]> CXmlDocument::ReadFile(char const* fileName, std::size_t& length) {
+    platform::File file;
+    if (!file.OpenForReading(fileName))
+        FailOpen(fileName, file.Error());
+    std::uint64_t size = 0;
+    if (!file.GetSize(size))
+        FailSize(fileName, file.Error());
+    if (size > std::numeric_limits<std::uint32_t>::max())
+        FailSize(fileName, platform::File::TooLargeError());
+    length = static_cast<std::size_t>(size);
+    std::unique_ptr<unsigned char[]> data = NewBuffer(length);
+    std::size_t count = 0;
+    if (!file.Read(data.get(), length, count) || count != length)
+        FailRead(fileName, file.Error());
+    return data;
 }
 
 void CXmlDocument::Load(char const* fileName) {

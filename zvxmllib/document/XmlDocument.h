@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace ZvXmlLib16 {
 
@@ -47,6 +48,15 @@ public:
     // As Load. Throws for no bytes.
     void LoadXmlStream(unsigned char const* data, std::uint32_t length);
 
+    // The XML document that a JSON text stands for, by the JSON options of the context: UTF-8, with its
+    // declaration. The tree stays empty. Files and bytes are UTF-8, in gzip or zlib form too. Throws for an
+    // empty text, for no bytes, and CZvValidationException for what is no JSON.
+    CBinaryData LoadJsonFile(char const* fileName);
+    CBinaryData LoadJson(char const* text);
+    CBinaryData LoadJson(wchar_t const* text);
+    CBinaryData LoadJson(char16_t const* text);
+    CBinaryData LoadJsonStream(unsigned char const* data, std::uint32_t length);
+
     // The root, null while the document is empty.
     CXmlElement* GetDocumentElement() const noexcept;
 
@@ -64,12 +74,16 @@ private:
     friend class CExpatReader;
     friend class CFastInfosetReader;
 
+    // The whole file.
+    static std::unique_ptr<unsigned char[]> ReadFile(char const* fileName, std::size_t& length);
     void LoadOverlapped(char const* fileName);
     void ParseOverlapped(ChunkedFile& file);
     void Parse(unsigned char const* data, std::size_t length);
     // False, with nothing done, for input in another form. Defined by the format.
     bool ParseFastInfoset(unsigned char const* data, std::size_t length);
     void ParseText(unsigned char const* data, std::size_t length);
+    CBinaryData ParseJson(unsigned char const* data, std::size_t length);
+    CBinaryData ParseJsonText(std::string_view text);
     void MakeTree();
     void EndElement();
 

@@ -6,12 +6,142 @@
 
 namespace ZvXmlLib16 {
 
+namespace {
+
+// All failures of the grammar end with the place.
+[[noreturn]] void FailAt(JsonPlace const& place, std::string const& what) {
+    throw CZvValidationException(what + FormatString(" at line %d, position %d.", place.line, place.position),
+                                 place.path);
+}
+
+// What is expected, and the character found in its place.
+[[noreturn]] void FailFound(JsonPlace const& place, char const* expected, char found) {
+    FailAt(place, FormatString("%s, found '%c'", expected, found));
+}
+
+} // namespace
+
 void FailUnknownNamespace(std::string const& ns) {
     throw CZvException(FormatString("Unknown Namespace: %s.", ns.c_str()));
 }
 
 void FailContentAfterScalar() {
     throw CZvException("In JSON nothing can follow the text of an element that began with its text.");
+}
+
+void FailJsonTooDeep(JsonPlace const& place) {
+    FailAt(place, "JSON exceeded depth limit");
+}
+
+void FailExpectedValue(char found, JsonPlace const& place) {
+    FailFound(place, "Expected Value '{', '[', '\"', '0-9', '-', 'true', 'false' or 'null'", found);
+}
+
+void FailEndBehindBrace(JsonPlace const& place) {
+    FailAt(place, "Unexpected End of File. Expected Object terminator character '}}'");
+}
+
+void FailEndInObject(JsonPlace const& place) {
+    FailAt(place, "Unexpected End of File. Expected Object terminator character '}'");
+}
+
+void FailExpectedName(char found, JsonPlace const& place) {
+    FailFound(place, "Expected quotation mark character '\"' before Name", found);
+}
+
+void FailEndBehindName(JsonPlace const& place) {
+    FailAt(place, "Unexpected End of File. Expected Object Name/Value separator character ':'");
+}
+
+void FailExpectedColon(char found, JsonPlace const& place) {
+    FailFound(place, "Expected Object Name/Value separator character ':'", found);
+}
+
+void FailEndBehindColon(JsonPlace const& place) {
+    FailAt(place, "Unexpected End of File. Expected Object Value");
+}
+
+void FailExpectedObjectComma(char found, JsonPlace const& place) {
+    FailFound(place, "Expected Object separator character ','", found);
+}
+
+void FailEndInArray(JsonPlace const& place) {
+    FailAt(place, "Unexpected End of File. Expected Array terminator character ']'");
+}
+
+void FailExpectedArrayComma(char found, JsonPlace const& place) {
+    FailFound(place, "Expected Array separator character ','", found);
+}
+
+void FailEndInString(JsonPlace const& place) {
+    FailAt(place, "Unexpected End of File. Expected string value");
+}
+
+void FailEndInCharacterCode(JsonPlace const& place) {
+    FailAt(place, "Unexpected End of File. Expected 4 hexadecimal digits'\\uxxxx'");
+}
+
+void FailInvalidEscape(char found, JsonPlace const& place) {
+    FailAt(place, FormatString("Invalid Escape Character '%c'", found));
+}
+
+void FailEndBehindSign(JsonPlace const& place) {
+    FailAt(place, "Unexpected End of File. Expected a number");
+}
+
+void FailEndBehindExponentMark(JsonPlace const& place) {
+    FailAt(place, "Unexpected End of File. Expected '+', '-' or a number");
+}
+
+void FailEndBeforeDigit(JsonPlace const& place) {
+    FailAt(place, "Unexpected End of File. Expected a digit '0' to '9'");
+}
+
+void FailExpectedDigit(char found, JsonPlace const& place) {
+    FailFound(place, "Expected a digit '0' to '9'", found);
+}
+
+void FailEndInWord(char const* word, JsonPlace const& place) {
+    FailAt(place, FormatString("Unexpected End of File. Expected value '%s'", word));
+}
+
+void FailWrongWord(char const* word, JsonPlace const& place) {
+    FailAt(place, FormatString("Expected '%s'", word));
+}
+
+void FailEmptyName(std::string const& path) {
+    throw CZvValidationException("JSON item has an empty Name.", path);
+}
+
+void FailArrayWithoutName(std::string const& path) {
+    throw CZvValidationException("JSON Array has no Name.", path);
+}
+
+void FailElementName(std::string const& name) {
+    throw CZvInvalidStateException(
+        FormatString("Failed to convert name '%s' to Element name in XML.", name.c_str()));
+}
+
+void FailAttributeValue(std::string const& value) {
+    throw CZvInvalidStateException(
+        FormatString("Failed to convert value '%s' to Attribute string value in XML.", value.c_str()));
+}
+
+void FailElementValue(std::string const& value) {
+    throw CZvInvalidStateException(
+        FormatString("Failed to convert value '%s' to Element string value in XML.", value.c_str()));
+}
+
+void FailEmptyJsonText() {
+    throw CZvException("JSON String is empty!");
+}
+
+void FailEmptyJsonStream() {
+    throw CZvException("JSON Stream is empty!");
+}
+
+void FailReadingConvertedXml(std::string const& xml, CZvException const& cause) {
+    throw CZvException("Error converting JSON to XML:\n" + xml, cause);
 }
 
 } // namespace ZvXmlLib16

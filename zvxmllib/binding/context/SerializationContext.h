@@ -101,6 +101,8 @@ public:
     CFastInfosetContext& GetFIContext() const;
 
 private:
+    friend class IgnoredNamespaces; // of a JSON read
+
     OnDemandPart<CJsonContext> m_json;
     OnDemandPart<CFastInfosetContext> m_fastInfoset;
     std::string m_defaultNamespaceUri;
@@ -117,7 +119,7 @@ private:
     bool m_ignoreMissingMandatoryElements = false;
     bool m_ignoreUnknownElements = false;
     bool m_ignoreUnknownAttributes = false;
-    bool m_ignoreNamespaces = false;
+    mutable bool m_ignoreNamespaces = false;
     bool m_noOptionalAttributeDefaultOutput = false;
     bool m_writeDefaultElementValues = false;
     bool m_stripCDATA = true;

@@ -1,0 +1,357 @@
+// The JSON parser: events of what is JSON, and the exact failure of what is not.
+#include "zvxmllib/json/JsonTextReader.h"
+#include "tests/support/LocalEncoding.h"
+#include "tests/support/MessageOf.h"
+#include "zvxmllib/foundation/Functions.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <string_view>
+
+using namespace ZvXmlLib16;
+using namespace std::string_literals;
+
+namespace {
+
+constexpr char kValueExpected[] =
+    "Expected Value '{', '[', '\"', '0-9', '-', 'true', 'false' or 'null', found '";
+
+// Writes each event down in short form.
+class Recorder : public IJsonReaderHandler {
+public:
+    explicit Recorder(std::string& events) : m_events(events) {}
+    void StartDocument() override { m_events += '<'; }
+    void EndDocument() override { m_events += '>'; }
+    void OnName(std::string const& name) override { m_events += name + ':'; }
+    void OnString(std::string const& value) override { m_events += '\'' + value + '\''; }
+    void OnNumber(std::string const& text) override { m_events += '#' + text; }
+    void StartObject() override { m_events += '{'; }
+    void EndObject() override { m_events += '}'; }
+    void StartArray() override { m_events += '['; }
+    void EndArray() override { m_events += ']'; }
+    void OnBool(bool value) override { m_events += value ? 't' : 'f'; }
+    void OnNull() override { m_events += 'n'; }
+
+private:
+    std::string& m_events;
+};
+
+struct Options {
+    bool allowsComments = true;
+    std::string rootName;
+};
+
+std::string EventsOf(std::string_view json, Options const& options = {}) {
+    std::string events;
+    CJsonTextReader reader(json);
+    reader.SetHandler(std::make_unique<Recorder>(events));
+    reader.SetAllowComments(options.allowsComments);
+    reader.SetRootElementName(options.rootName);
+    reader.Parse();
+    return events;
+}
+
+// The message of a text that is no JSON; its events if it is.
+std::string OutcomeOf(std::string_view json, Options const& options = {}) {
+    std::string events;
+    std::string const message = MessageOf<CZvValidationException>([&] { events = EventsOf(json, options); });
+    return events.empty() ? message : events;
+}
+
+std::string Repeat(std::string const& text, int times) {
+    std::string result;
+    for (int i = 0; i < times; ++i)
+        result += text;
+    return result;
+}
+
+TEST(JsonTextReader, SendsTheEventsOfATextInItsOrder) {
+    struct {
+        std::string json;
+        char const* events;
+    } const rows[] = {
+        {"", "<>"},
+        {" \t\r\n ", "<>"},
+        {R"({"a":[1,{"b":"x"},[]],"c":{},"a":null})", "<{a:[#1{b:'x'}[]]c:{}a:n}>"},
+        {"{ \"a\" :\t[ true ,\r\nfalse\n] } ", "<{a:[tf]}>"},
+        {R"(["\"\\\/\b\f\n\r\t"])", "<['\"\\/\b\f\n\r\t']>"},
+        {"[\"a\tb\x01\r\x7F\"]", "<['a\tb\x01\r\x7F']>"},
+        {R"(["x\u0041\u002fy"])", "<['xA/y']>"},
+        {"[0,-0,-1,10.5,1e5,1E+5,0.5e-10]", "<[#0#-0#-1#10.5#1e5#1E+5#0.5e-10]>"},
+        // What follows the first value is not looked at.
+        {"1 x", "<#1>"},
+        {"01", "<#0>"},
+        {"1/", "<#1>"},
+        {"{} ]", "<{}>"},
+        {"nullify", "<n>"},
+        // A line feed is never a character.
+        {"[1\n2]", "<[#12]>"},
+        {"[-\n1\n.\n5\ne\n+\n3\n]", "<[#-1.5e+3]>"},
+        {"[\"a\nb\\\nn\"]", "<['ab\n']>"},
+        // A text ends at its first NUL.
+        {"[\"ab\0cd\",1]"s, "<['ab'#1]>"},
+        {R"({"a\u0000b":"\u0000"})", "<{a:''}>"},
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(OutcomeOf(row.json), row.events) << row.json;
+}
+
+TEST(JsonTextReader, PassesOverCommentsBetweenTokensWhereTheyAreAllowed) {
+    std::string const commented = "/**/{//x\n/*a*//***/\"a\"/*\n*/:/*/*/ 1 /* b */,\"b\"://\n[/**/]}";
+    EXPECT_EQ(OutcomeOf(commented), "<{a:#1b:[]}>");
+    EXPECT_EQ(OutcomeOf("// only"), "<>");
+    EXPECT_EQ(OutcomeOf("/* only"), "<>");
+    EXPECT_EQ(OutcomeOf("[/* no *\n/ end]"),
+              "Unexpected End of File. Expected Array terminator character ']' at line 2, position 6.");
+    EXPECT_EQ(OutcomeOf("[/*/]"),
+              "Unexpected End of File. Expected Array terminator character ']' at line 1, position 5.");
+    // They count for line and position.
+    EXPECT_EQ(OutcomeOf("[/* \n ab */ x]"), kValueExpected + "x' at line 2, position 8."s);
+    EXPECT_EQ(OutcomeOf("[/**/", {false, ""}), kValueExpected + "/' at line 1, position 2."s);
+    EXPECT_EQ(OutcomeOf("[1 /**/]", {false, ""}),
+              "Expected Array separator character ',', found '/' at line 1, position 4.");
+    // A number does not look behind itself.
+    EXPECT_EQ(OutcomeOf("[1/**/]"),
+              "Expected Array separator character ',', found '/' at line 1, position 3.");
+}
+
+TEST(JsonTextReader, ReadsTheTextAsTheValueOfTheRootGiven) {
+    EXPECT_EQ(OutcomeOf("5", {true, "r"}), "<{r:#5}>");
+    EXPECT_EQ(OutcomeOf("[{}]", {true, "r"}), "<{r:[{}]}>");
+    EXPECT_EQ(OutcomeOf("", {true, "r"}), "<{r:}>");
+    EXPECT_EQ(OutcomeOf("[x", {true, "r"}), kValueExpected + "x' at line 1, position 2."s);
+    EXPECT_EQ(OutcomeOf("{\"a\":", {true, "r"}),
+              "Unexpected End of File. Expected Object Value at line 1, position 5.\nPath: .a.r");
+}
+
+TEST(JsonTextReader, TellsWhatIsWrongAndWhere) {
+    std::string const objectEnd = "Unexpected End of File. Expected Object terminator character '}' at line ";
+    std::string const arrayEnd = "Unexpected End of File. Expected Array terminator character ']' at line ";
+    std::string const digitEnd = "Unexpected End of File. Expected a digit '0' to '9' at line ";
+    struct {
+        char const* json;
+        std::string message;
+    } const rows[] = {
+        {"{", "Unexpected End of File. Expected Object terminator character '}}' at line 1, position 1."},
+        {"{\"a\"",
+         "Unexpected End of File. Expected Object Name/Value separator character ':' at line 1, position 4."
+         "\nPath: .a"},
+        {"{\"a\":", "Unexpected End of File. Expected Object Value at line 1, position 5.\nPath: .a"},
+        {"{\"a\":1", objectEnd + "1, position 6.\nPath: .a"},
+        {"{\"a\":1, ", objectEnd + "1, position 8.\nPath: .a"},
+        {"{\"a\":1\n,\n", objectEnd + "3, position 0.\nPath: .a"},
+        {"[", arrayEnd + "1, position 1."},
+        {"[1", arrayEnd + "1, position 2."},
+        {"[1,\n ", arrayEnd + "2, position 1."},
+        {"[\"a", "Unexpected End of File. Expected string value at line 1, position 3."},
+        {"[\"a\\", "Unexpected End of File. Expected string value at line 1, position 4."},
+        {"[\"\\u12", "Unexpected End of File. Expected 4 hexadecimal digits'\\uxxxx' at line 1, position 6."},
+        {"[\"\\u\n123", "Invalid Escape Character '\n' at line 1, position 5."},
+        {"[-", "Unexpected End of File. Expected a number at line 1, position 2."},
+        {"[1.", digitEnd + "1, position 3."},
+        {"[1e", "Unexpected End of File. Expected '+', '-' or a number at line 1, position 3."},
+        {"[1e+", "Unexpected End of File. Expected a number at line 1, position 4."},
+        {"[1e+x", digitEnd + "1, position 5."},
+        {"[nu", "Unexpected End of File. Expected value 'NULL' at line 1, position 3."},
+        {"[tru", "Unexpected End of File. Expected value 'true' at line 1, position 4."},
+        {"[f", "Unexpected End of File. Expected value 'false' at line 1, position 2."},
+        {"[NULL]", kValueExpected + "N' at line 1, position 2."s},
+        {"[trUe]", "Expected 'true' at line 1, position 5."},
+        {"[fal\nse]", "Expected 'false' at line 1, position 6."},
+        {"[1,]", kValueExpected + "]' at line 1, position 4."s},
+        {"{\"a\":1,}",
+         "Expected quotation mark character '\"' before Name, found '}' at line 1, position 8.\nPath: .a"},
+        {"[01]", "Expected Array separator character ',', found '1' at line 1, position 3."},
+        {"\r\n\n [\n  1 2]", "Expected Array separator character ',', found '2' at line 4, position 5."},
+        {"[\xFE]", kValueExpected + "\xFE' at line 1, position 2."s},
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(OutcomeOf(row.json), row.message) << row.json;
+}
+
+TEST(JsonTextReader, GivesThePathOfTheOpenMembersFromTheInsideOut) {
+    struct {
+        char const* json;
+        char const* path;
+    } const rows[] = {
+        {R"({"r":{"list":[{"a":1},7,{"b":x}]}})", ".b.list[1].r"},
+        {R"({"r":{"done":{"a":[{}]},"b":x}})", ".b.r"},
+        {R"({"r":[[{"b":x}]]})", ".b.[0]"},
+        {R"({"r":{"a":[1,x]}})", ".r"},
+        {R"({"r":{"a":1 x}})", ".a.r"},
+        {R"({"":x})", "."},
+        {R"({"r":[{"a":1}, x]})", ""},
+    };
+    for (auto const& row : rows) {
+        try {
+            EventsOf(row.json);
+            ADD_FAILURE() << row.json;
+        } catch (CZvValidationException const& failure) {
+            EXPECT_EQ(failure.GetPath(), row.path) << row.json;
+        }
+    }
+}
+
+// A place in the grammar, and what may stand there.
+struct State {
+    char const* before;
+    std::string allowed;
+    std::string message; // with the wrong character behind it, if it ends so
+    char const* path = "";
+    char const* behind = "";
+};
+
+// Where a wrong character is shown the message ends with its opening quotation mark.
+std::string MessageOf(State const& state, char found) {
+    std::size_t const position = std::string(state.before).size() + 1;
+    std::string message = state.message;
+    if (message.back() == '\'' && message.find("found '") + 7 == message.size())
+        message += std::string(1, found) + '\'';
+    else if (message.find("Escape Character '") + 18 == message.size())
+        message += std::string(1, found) + '\'';
+    message += " at line 1, position " + std::to_string(position) + '.';
+    return message + (*state.path == '\0' ? "" : "\nPath: "s + state.path);
+}
+
+TEST(JsonTextReader, RefusesEveryWrongCharacterInEveryState) {
+    std::string const space = " \t\r\n";
+    std::string const value = "{[\"ntf-0123456789" + space;
+    std::string const digits = "0123456789\n";
+    std::string const name = "Expected quotation mark character '\"' before Name, found '";
+    std::string const colon = "Expected Object Name/Value separator character ':', found '";
+    std::string const member = "Expected Object separator character ',', found '";
+    std::string const item = "Expected Array separator character ',', found '";
+    std::string const digit = "Expected a digit '0' to '9', found '";
+    std::string const exponent = "Unexpected End of File. Expected a digit '0' to '9'";
+    for (State const& state : {
+             State{"", value, kValueExpected},
+             State{"{", "\"}" + space, name},
+             State{"{\"a\"", ":" + space, colon, ".a"},
+             State{"{\"a\":", value, kValueExpected, ".a"},
+             State{"{\"a\":\"\"", ",}" + space, member, ".a"},
+             State{"{\"a\":{}", ",}" + space, member},
+             State{"{\"a\":1", "0123456789.eE,}" + space, member, ".a"},
+             State{"{\"a\":\"\",", "\"" + space, name, ".a"},
+             State{"[", "]" + value, kValueExpected},
+             State{"[\"\"", ",]" + space, item},
+             State{"[0", ".eE,]" + space, item},
+             State{"[1", ".eE,]0123456789" + space, item},
+             State{"[1.5", "eE,]0123456789" + space, item},
+             State{"[1e5", ",]0123456789" + space, item},
+             State{"[null", ",]" + space, item},
+             State{"[\"\",", value, kValueExpected},
+             State{"[\"\\", "\"\\/bfnrtu\n", "Invalid Escape Character '"},
+             State{"[\"\\u", "0123456789abcdefABCDEF", "Invalid Escape Character '", "", "000"},
+             State{"[\"\\u00a", "0123456789abcdefABCDEF", "Invalid Escape Character '"},
+             State{"[-", digits, digit},
+             State{"[1.", digits, digit},
+             State{"[1e", "+-" + digits, exponent},
+             State{"[1e+", digits, exponent},
+             State{"[nul", "l", "Expected 'NULL'"},
+             State{"[tru", "e", "Expected 'true'"},
+             State{"[fals", "e", "Expected 'false'"},
+         }) {
+        for (int byte = 0; byte < 256; ++byte) {
+            char const c = static_cast<char>(byte);
+            std::string const json = state.before + std::string(1, c) + state.behind;
+            bool const isAllowed = state.allowed.find(c) != std::string::npos;
+            EXPECT_EQ(OutcomeOf(json) == MessageOf(state, c), !isAllowed) << state.before << " and " << byte;
+        }
+    }
+}
+
+TEST(JsonTextReader, TellsTheEndOfTheTextWhereverItComes) {
+    std::string const json = "{\"a\": [1, -2.5e+3, {\"b\": null, \"c\": \"x\\u00e9\\n\"}],\n"
+                             "/* c */ \"d\" :\ttrue, // line\n\"e\": [\"\", false] }";
+    ASSERT_THAT(OutcomeOf(json), testing::EndsWith("}>"));
+    for (std::size_t length = 1; length < json.size(); ++length) {
+        std::string const part = json.substr(0, length);
+        std::size_t const lineFeed = part.rfind('\n');
+        std::size_t const position = lineFeed == std::string::npos ? length : length - lineFeed - 1;
+        std::string const place = " at line " +
+                                  std::to_string(1 + std::count(part.begin(), part.end(), '\n')) +
+                                  ", position " + std::to_string(position) + '.';
+        std::string outcome = OutcomeOf(part);
+        outcome = outcome.substr(0, outcome.find("\nPath"));
+        // The first half of a comment's beginning is no comment.
+        bool const isSlash = part.back() == '/' && (json[length] == '/' || json[length] == '*');
+        std::string const start = isSlash ? "Expected quotation" : "Unexpected End of File. Expected ";
+        EXPECT_THAT(outcome, testing::StartsWith(start)) << part;
+        EXPECT_THAT(outcome, testing::EndsWith(place)) << part;
+    }
+}
+
+TEST(JsonTextReader, JoinsSurrogatesAndReplacesLoneOnes) {
+    struct Row {
+        char const* json;
+        char const* utf8;
+        char const* windows1252;
+    };
+    for (Row const& row : {
+             Row{R"("\u00e4\u00E4")", "\xC3\xA4\xC3\xA4", "\xE4\xE4"},
+             Row{R"("\u20ac")", "\xE2\x82\xAC", "\x80"},
+             Row{R"("a\ud83d\ude00b")",
+                 "a\xF0\x9F\x98\x80"
+                 "b",
+                 "a?b"},
+             Row{"\"\\ud83d\n\\ude00\"", "\xF0\x9F\x98\x80", "?"},
+             Row{R"("\ud83d")", "\xEF\xBF\xBD", "?"},
+             Row{R"("\ude00x")", "\xEF\xBF\xBDx", "?x"},
+             Row{R"("\ud83dx\ude00")", "\xEF\xBF\xBDx\xEF\xBF\xBD", "?x?"},
+             Row{R"("\ud83d\n")", "\xEF\xBF\xBD\n", "?\n"},
+             Row{R"("\ud83d\ud83d\ude00")", "\xEF\xBF\xBD\xF0\x9F\x98\x80", "??"},
+         }) {
+        auto const expected = [](char const* text) { return "<'" + std::string(text) + "'>"; };
+        {
+            LocalEncoding const local(65001);
+            EXPECT_EQ(EventsOf(row.json), expected(row.utf8)) << row.json;
+        }
+        {
+            LocalEncoding const local(1252);
+            EXPECT_EQ(EventsOf(row.json), expected(row.windows1252)) << row.json;
+        }
+        LocalEncoding const local(1252, true);
+        EXPECT_EQ(EventsOf(row.json), expected(row.utf8)) << row.json;
+    }
+}
+
+TEST(JsonTextReader, BoundsTheDepthAndNothingElse) {
+    auto const nested = [](std::string const& open, std::string const& inside, std::string const& close,
+                           int depth) { return Repeat(open, depth) + inside + Repeat(close, depth); };
+    EXPECT_EQ(OutcomeOf(nested("[", "", "]", 100)), '<' + nested("[", "", "]", 100) + '>');
+    EXPECT_EQ(OutcomeOf(nested("[", "", "]", 101)), "JSON exceeded depth limit at line 1, position 101.");
+    EXPECT_EQ(OutcomeOf(nested("[", "5", "]", 100)), "JSON exceeded depth limit at line 1, position 101.");
+    EXPECT_EQ(OutcomeOf(nested("[", "5", "]", 99)), '<' + nested("[", "#5", "]", 99) + '>');
+    EXPECT_THAT(OutcomeOf(nested("{\"a\":\n", "1", "}", 100)),
+                testing::StartsWith("JSON exceeded depth limit at line 101, position 1.\nPath: .a.a"));
+    EXPECT_EQ(OutcomeOf(Repeat("[", 1000000)), "JSON exceeded depth limit at line 1, position 101.");
+    // The root given is no level.
+    EXPECT_EQ(OutcomeOf(nested("[", "", "]", 100), {true, "r"}), "<{r:" + nested("[", "", "]", 100) + "}>");
+
+    std::string const comments = Repeat("/**/", 150000) + Repeat("//\n", 150000);
+    EXPECT_EQ(OutcomeOf(comments + '[' + comments + "1 " + comments + ']'), "<[#1]>");
+    std::string const large(100000000, 'x');
+    std::string const events = EventsOf("\"" + large + "\"");
+    EXPECT_EQ(events.size(), large.size() + 4);
+    EXPECT_EQ(OutcomeOf("\"" + large),
+              "Unexpected End of File. Expected string value at line 1, position 100000001.");
+}
+
+std::string s_trace;
+
+TEST(JsonTextReader, TracesEveryEventForAListener) {
+    SetDebugTraceSink([](char const* text) { s_trace += text; });
+    std::string const events = EventsOf(R"({"a":[1,"x%s",true,false,null,{}]})");
+    SetDebugTraceSink(nullptr);
+    EXPECT_EQ(events, "<{a:[#1'x%s'tfn{}]}>");
+    EXPECT_EQ(s_trace, "StartDocument\nStartObject\nName: a\nStartArray\nNumber: 1\nString: x%s\nBool: true\n"
+                       "Bool: false\nNull\nStartObject\nEndObject\nEndArray\nEndObject\nEndDocument\n");
+    s_trace.clear();
+    EventsOf("[]");
+    EXPECT_EQ(s_trace, "");
+}
+
+} // namespace

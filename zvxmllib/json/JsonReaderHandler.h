@@ -1,0 +1,43 @@
+// What the JSON parser tells: its events, and where in the text a failure arose.
+#pragma once
+
+#include "zvxmllib/foundation/MemoryLeakHelp.h"
+
+#include <string>
+
+namespace ZvXmlLib16 {
+
+// Receives the events of one parse in the order of the text. Strings are local text without NULs, and belong
+// to the parser; they are valid during the call.
+class IJsonReaderHandler : public CInstanceMonitor {
+public:
+    IJsonReaderHandler();
+    IJsonReaderHandler(IJsonReaderHandler const&) = delete;
+    IJsonReaderHandler& operator=(IJsonReaderHandler const&) = delete;
+    ~IJsonReaderHandler() override;
+
+    virtual void StartDocument() = 0;
+    virtual void EndDocument() = 0;
+    // The value of this member comes next.
+    virtual void OnName(std::string const& name) = 0;
+    virtual void OnString(std::string const& value) = 0;
+    // The number as it stands in the text.
+    virtual void OnNumber(std::string const& text) = 0;
+    virtual void StartObject() = 0;
+    virtual void EndObject() = 0;
+    virtual void StartArray() = 0;
+    virtual void EndArray() = 0;
+    virtual void OnBool(bool value) = 0;
+    virtual void OnNull() = 0;
+};
+
+class IErrorPathProvider {
+public:
+    // The open members from the inside out, each with a point before it; arrays are not in it.
+    virtual std::string GetErrorPath() const = 0;
+
+protected:
+    ~IErrorPathProvider() = default;
+};
+
+} // namespace ZvXmlLib16

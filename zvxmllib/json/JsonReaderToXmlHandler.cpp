@@ -1,0 +1,163 @@
+#include "zvxmllib/json/JsonReaderToXmlHandler.h"
+
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/json/Failures.h"
+#include "zvxmllib/writers/XmlTextWriter.h"
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+constexpr char kTextName[] = "#text";
+constexpr char kAttributeMark = '@';
+
+std::string const kNoNamespace; // aliases stay part of the names
+std::string const kTrue = "true";
+std::string const kFalse = "false";
+
+} // namespace
+
+CJsonReaderToXmlHandler::CJsonReaderToXmlHandler(CXmlTextWriter& writer, JsonRoundTrip roundTrip,
+                                                 IErrorPathProvider const& errorPath)
+    : m_writer(writer), m_errorPath(errorPath), m_isRoundTrip(roundTrip != JsonRoundTrip_None) {}
+
+CJsonReaderToXmlHandler::~CJsonReaderToXmlHandler() = default;
+
+void CJsonReaderToXmlHandler::StartDocument() {
+    m_writer.WriteDeclaration();
+}
+
+void CJsonReaderToXmlHandler::EndDocument() {}
+
+void CJsonReaderToXmlHandler::OnName(std::string const& name) {
+    if (name.empty())
+        FailEmptyName(m_errorPath.GetErrorPath());
+    if (m_isRoundTrip && name == kTextName) {
+        m_bTextMember = true;
+        m_bInAttribute = false;
+    } else if (m_isRoundTrip && name[0] == kAttributeMark) {
+        m_bInAttribute = true;
+        m_strCurrentName.assign(name, 1, std::string::npos);
+    } else {
+        StartElement(name);
+    }
+}
+
+void CJsonReaderToXmlHandler::OnString(std::string const& value) {
+    WriteValue(value);
+}
+
+void CJsonReaderToXmlHandler::OnNumber(std::string const& text) {
+    WriteValue(text);
+}
+
+void CJsonReaderToXmlHandler::OnBool(bool value) {
+    WriteValue(value ? kTrue : kFalse);
+}
+
+// An empty element; of an attribute, nothing.
+void CJsonReaderToXmlHandler::OnNull() {
+    StartArrayItemIfDue();
+    WriteDueElementStart();
+    EndItem();
+}
+
+// An object behind a name belongs to the element that the name has started; each further one of an array
+// starts an element of the array's name.
+void CJsonReaderToXmlHandler::StartObject() {
+    if (m_strCurrentName.empty() && !m_arrayStack.empty())
+        StartElement(m_arrayStack.back());
+    WriteDueElementStart();
+}
+
+void CJsonReaderToXmlHandler::EndObject() {
+    if (!m_bTextMember)
+        EndItem();
+    m_bTextMember = false;
+}
+
+void CJsonReaderToXmlHandler::StartArray() {
+    if (m_strCurrentName.empty())
+        FailArrayWithoutName(m_errorPath.GetErrorPath());
+    m_arrayStack.push_back(m_strCurrentName);
+    m_isArrayEmpty = true;
+}
+
+void CJsonReaderToXmlHandler::EndArray() {
+    if (m_isArrayEmpty)
+        DropEmptyArray();
+    m_arrayStack.pop_back();
+}
+
+// The first item of an array is the element that the name has started, so an array without items leaves
+// nothing, whatever the name stood for. Only the root is written all the same, empty.
+void CJsonReaderToXmlHandler::DropEmptyArray() {
+    m_isArrayEmpty = false;
+    m_bInAttribute = false;
+    m_bTextMember = false;
+    if (m_isStartDue && m_openElements == 1) {
+        WriteDueElementStart();
+        EndItem();
+    } else if (m_isStartDue) {
+        m_isStartDue = false;
+        --m_openElements;
+    }
+    m_strCurrentName.clear();
+}
+
+// The start itself is written when it is certain that the element has an item.
+void CJsonReaderToXmlHandler::StartElement(std::string const& name) {
+    m_bInAttribute = false;
+    m_strCurrentName = name;
+    ++m_openElements;
+    m_isStartDue = true;
+}
+
+void CJsonReaderToXmlHandler::StartArrayItemIfDue() {
+    if (m_strCurrentName.empty() && !m_bTextMember && !m_arrayStack.empty())
+        StartElement(m_arrayStack.back());
+}
+
+void CJsonReaderToXmlHandler::WriteDueElementStart() {
+    m_isArrayEmpty = false;
+    if (!m_isStartDue)
+        return;
+    m_isStartDue = false;
+    try {
+        m_writer.WriteElementStart(m_strCurrentName, kNoNamespace);
+    } catch (CZvException const&) {
+        FailElementName(m_strCurrentName);
+    }
+}
+
+void CJsonReaderToXmlHandler::WriteValue(std::string const& text) {
+    StartArrayItemIfDue();
+    WriteDueElementStart();
+    if (m_bInAttribute) {
+        try {
+            m_writer.WriteAttribute(m_strCurrentName, kNoNamespace, text, ItemType_string);
+        } catch (CZvException const&) {
+            FailAttributeValue(text);
+        }
+    } else {
+        try {
+            m_writer.WriteElementValue(text, ItemType_string, false);
+        } catch (CZvException const&) {
+            FailElementValue(text);
+        }
+    }
+    EndItem();
+}
+
+// The value of an attribute leaves its element open.
+void CJsonReaderToXmlHandler::EndItem() {
+    m_strCurrentName.clear();
+    if (m_bInAttribute) {
+        m_bInAttribute = false;
+    } else if (m_openElements != 0) {
+        --m_openElements;
+        m_writer.WriteElementEnd();
+    }
+}
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,104 @@
+// CJsonTextReader, the JSON parser.
+#pragma once
+
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/MemoryLeakHelp.h"
+#include "zvxmllib/json/JsonReaderDefaultHandler.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+struct JsonPlace;
+
+// Sends the events of a JSON text (RFC 8259) to a chain of handlers, without keeping any of it. Comments may
+// stand between tokens, control characters in strings pass as they are, except that line feeds are dropped
+// everywhere, and what follows the first value is not looked at. Throws CZvValidationException with the line
+// and position of what is no JSON, and the path of the members that are open there. Belongs to one thread.
+class CJsonTextReader : public CInstanceMonitor {
+public:
+    // `text` is local text, borrowed, and outlives the reader.
+    explicit CJsonTextReader(std::string_view text);
+    CJsonTextReader(CJsonTextReader const&) = delete;
+    CJsonTextReader& operator=(CJsonTextReader const&) = delete;
+    ~CJsonTextReader() override;
+
+    void SetHandler(std::unique_ptr<IJsonReaderHandler> handler) noexcept;
+    // Owned by the reader.
+    IErrorPathProvider const& GetErrorPathProvider() const noexcept { return m_handler; }
+    // True at first.
+    void SetAllowComments(bool allow) noexcept { m_allowComments = allow; }
+    // The text is the value of a member of this name then; empty at first, for a text that names its root.
+    void SetRootElementName(std::string name) { m_rootElementName = std::move(name); }
+
+    // Once for each reader. What a handler throws passes through.
+    void Parse();
+
+    // The XML document that the JSON text stands for, by the context's JSON options: UTF-8, with its
+    // declaration.
+    static CBinaryData ConvertToXml(std::string_view json, CSerializationContext const& ctx);
+
+private:
+    // The next byte that is no line feed becomes the current character. False at the end of the text.
+    bool ReadByte() noexcept {
+        while (m_next != m_end) {
+            char const byte = *m_next++;
+            if (byte != '\n') {
+                m_current = byte;
+                return true;
+            }
+            CountLine();
+        }
+        m_isAtEnd = true;
+        return false;
+    }
+    // The same past white space and comments.
+    bool ReadSignificant() noexcept;
+    bool SkipComment() noexcept;
+    void SkipBlockComment() noexcept;
+    // The next `count` bytes, line feeds included. False if there are fewer, which are read all the same.
+    bool ReadBlock(std::size_t count, std::string_view& block) noexcept;
+    void CountLine() noexcept {
+        ++m_line;
+        m_lineStart = m_next;
+    }
+
+    void ParseValue(std::int32_t depth);
+    void ParseObject(std::int32_t depth);
+    void ParseMember(std::int32_t depth);
+    void ParseArray(std::int32_t depth);
+    void ParseWord(std::string_view rest, char const* shownWord);
+    // Both leave what they read in m_token.
+    void ParseString();
+    void ParseNumber();
+    void ParseEscape();
+    void ParseCharacterCode();
+    void AppendCharacters();
+    void ParseFraction();
+    void ParseExponent();
+    void TakeCurrent();
+    void TakeDigits();
+
+    JsonPlace Place() const;
+
+    CJsonReaderDefaultHandler m_handler;
+    bool m_allowComments = true;
+    std::string m_rootElementName;
+
+    char const* m_next;
+    char const* m_end;
+    char const* m_lineStart; // the position on the line is counted from here
+    std::int32_t m_line = 1;
+    char m_current = '\0'; // the byte read last
+    bool m_isAtEnd = false;
+
+    std::string m_token;
+    bool m_hasNul = false;       // in m_token, which ends there
+    std::u16string m_characters; // of \u escapes that follow each other
+};
+
+} // namespace ZvXmlLib16
