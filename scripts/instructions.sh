@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Counts the instructions of reading an 11 KB document into typed objects and of writing it, as XML, of writing it
-# as JSON and of reading it as Fast Infoset, and compares them with those on record (g++ 12, release): fails if one has grown by more than a twentieth.
-# With --record it writes the new counts down.
+# Counts the instructions of reading an 11 KB document into typed objects and of writing it, as XML, of writing
+# it as JSON and of reading it as Fast Infoset, and compares them with those on record (g++ 12, release): fails
+# if one has grown by more than a twentieth. With --record it writes the new counts down.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 need_build_packages
