@@ -19,5 +19,6 @@ build/release/benchmarks/bench_typed_ratios
 build/release/benchmarks/bench_json_writing
 build/release/benchmarks/bench_fi_reading
 build/release/benchmarks/bench_values
+build/release/benchmarks/bench_patterns
 build/release/benchmarks/bench_fi_writing
 build/release/benchmarks/bench_json_reading

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# fuzz.sh TARGET [SECONDS]: builds the fuzzer TARGET (xml, fastinfoset, dates, inflate) with clang and runs it,
+# fuzz.sh TARGET [SECONDS]: builds the fuzzer TARGET (xml, fastinfoset, dates, inflate, patterns) with clang and runs it,
 # 60 seconds by default. Found inputs stay in build/fuzz/found.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."

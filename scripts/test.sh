@@ -11,6 +11,7 @@ need_header gtest/gtest.h libgtest-dev
 need_header gmock/gmock.h libgmock-dev
 need_header nlohmann/json.hpp nlohmann-json3-dev
 need_header pcre2.h libpcre2-dev # the tests of patterns run with both libraries
+need_header pcre.h "$pattern_library"
 install_missing_packages
 
 presets=("$@")

@@ -13,6 +13,8 @@ namespace ZvXmlLib16::detail {
 namespace {
 
 constexpr int kFirstJitStack = 32 * 1024;
+// Up to this length all subjects have the steps that stand in the expression.
+constexpr std::size_t kShortSubject = 250;
 // The interpreter recurses on the machine stack, where a thread may have little.
 constexpr unsigned long kMostInterpreterStack = 512 * 1024;
 
@@ -63,11 +65,16 @@ namespace {
 
 // The offsets are set if the result is not negative.
 int MatchByGoingBack(CompiledRegex const& regex, std::string_view subject, int options, int (&offsets)[3]) {
+    // Room for the match itself. With more groups the result is 0 and the match is told all the same.
+    auto const match = [&](pcre_extra const* extra) {
+        return pcre_exec(regex.code, extra, subject.data(), static_cast<int>(subject.size()), 0, options,
+                         offsets, 3);
+    };
+    if (subject.size() <= kShortSubject)
+        return match(regex.extra);
     pcre_extra extra = *regex.extra; // other threads have their own limits
     extra.match_limit = MostSteps(subject.size());
-    // Room for the match itself. With more groups the result is 0 and the match is told all the same.
-    return pcre_exec(regex.code, &extra, subject.data(), static_cast<int>(subject.size()), 0, options,
-                     offsets, 3);
+    return match(&extra);
 }
 
 // The longest match is the first that is told. The limits of going back are refused here.
@@ -107,6 +114,7 @@ RegexPtr CompileRegex(std::string const& expression, std::string& error) {
     if (regex->extra == nullptr)
         throw std::bad_alloc();
     regex->extra->flags |= PCRE_EXTRA_MATCH_LIMIT | PCRE_EXTRA_MATCH_LIMIT_RECURSION;
+    regex->extra->match_limit = MostSteps(kShortSubject);
     regex->extra->match_limit_recursion = MostInterpreterDepth();
     pcre_assign_jit_stack(regex->extra, JitStackOfThread, nullptr);
     regex->isMatchedAllWays = IsMatchedAllWays(expression);
