@@ -20,6 +20,8 @@ TEST(ZvxmlOnRealDocuments, KeepsElementsAttributesTextsAndNamespaces) {
                  Form{"--encoding utf-16 --declaration", "form.xml", Texts::All},
                  Form{"", "form.xml.gz", Texts::All},
                  Form{"--eol crlf", "form.xml.zz", Texts::All},
+                 Form{"", "form.fi", Texts::All},
+                 Form{"--add-length 1000000 --declaration", "form.finf.gz", Texts::All},
                  Form{"--pretty", "form.xml", Texts::OfElementsWithoutChildren},
              }) {
             std::string const what = document + ' ' + form.options + ' ' + form.file;

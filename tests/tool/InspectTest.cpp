@@ -30,7 +30,8 @@ TEST(ZvxmlInspect, GivesTheSizesOfTheFilesThatConvertWrites) {
         char const* options;
     };
     for (Row const& row : {Row{"compact", ""}, Row{"pretty", "--pretty"}, Row{"UTF-16", "--encoding utf-16"},
-                           Row{"gzip", "--gzip"}, Row{"zlib", "--zlib"}, Row{"JSON", "--to json"}}) {
+                           Row{"gzip", "--gzip"}, Row{"zlib", "--zlib"}, Row{"JSON", "--to json"},
+                           Row{"Fast Infoset", "--to fi"}}) {
         ASSERT_EQ(scratch.Run("convert " + std::string(row.options) + " '" + document + "' out").exitCode, 0);
         std::string size = std::to_string(scratch.Read("out").size());
         std::string title = row.title;

@@ -83,7 +83,7 @@ TEST(ZvxmlMessages, RefusesCommandLinesThatMakeNoSense) {
                  "zvxml: --indent takes a number of blanks from 0 to 99, or 'tab'\n"},
              Row{"convert --json some a.xml b.json",
                  "zvxml: --json takes full or no-namespaces or none, not 'some'\n"},
-             Row{"convert --to yaml a.xml b.xml", "zvxml: unknown format 'yaml'; known: xml, json\n"},
+             Row{"convert --to yaml a.xml b.xml", "zvxml: unknown format 'yaml'; known: xml, json, fi\n"},
              Row{"convert --eol cr a.xml b.xml", "zvxml: --eol takes lf or crlf, not 'cr'\n"},
              Row{"convert --encoding latin1 a.xml b.xml",
                  "zvxml: --encoding takes utf-8 or utf-16, not 'latin1'\n"},
@@ -112,7 +112,7 @@ TEST(ZvxmlMessages, GivesHelpAndVersionOnStandardOutput) {
              Row{"--version", "zvxml " ZV_TOOL_VERSION "\n"},
              Row{"convert --help", "--declaration"},
              Row{"convert --pretty -h", "Usage: zvxml convert [OPTION]... IN OUT\n"},
-             Row{"inspect --help", "Usage: zvxml inspect FILE\n"},
+             Row{"inspect --help", "Usage: zvxml inspect [OPTION]... FILE\n"},
          }) {
         ToolResult const result = scratch.Run(row.arguments);
         EXPECT_EQ(result.exitCode, 0) << row.arguments;

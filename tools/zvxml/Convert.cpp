@@ -9,6 +9,8 @@
 #include "Progress.h"
 
 #include <cerrno>
+#include <charconv>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -26,6 +28,7 @@ struct ConvertOptions {
     WriteOptions write;
     std::string indent = "\t";
     JsonRoundTrip jsonMode = JsonRoundTrip_Full;
+    std::optional<std::uint32_t> addLength;
 };
 
 std::string ParseIndent(std::string const& value) {
@@ -34,6 +37,15 @@ std::string ParseIndent(std::string const& value) {
     if (value.empty() || value.size() > 2 || value.find_first_not_of("0123456789") != std::string::npos)
         throw UsageError("--indent takes a number of blanks from 0 to 99, or 'tab'");
     return std::string(std::stoul(value), ' ');
+}
+
+std::uint32_t ParseAddLength(std::string const& value) {
+    std::uint32_t length = 0;
+    char const* const end = value.data() + value.size();
+    auto const [last, fault] = std::from_chars(value.data(), end, length);
+    if (fault != std::errc() || last != end)
+        throw UsageError("--add-length takes a number from 0 to 4294967295");
+    return length;
 }
 
 template <class Value>
@@ -96,6 +108,10 @@ std::vector<Option<Options>> const& OptionTable() {
          "what is\n"
          "an attribute",
          [](Options& o, Text const& v) { o.jsonMode = ParseChoice("--json", v, kJsonModes); }},
+        {"--add-length", "N",
+         "in Fast Infoset, write texts and attribute values of\nfewer than N bytes once and then as numbers "
+         "(6)",
+         [](Options& o, Text const& v) { o.addLength = ParseAddLength(v); }},
     };
     return table;
 }
@@ -172,6 +188,10 @@ void Convert(std::vector<std::string> const& arguments, Progress& progress) {
     CSerializationContext ctx;
     ctx.SetIndentChars(options.indent.c_str());
     ctx.GetJsonContext().SetSupportRoundtrip(options.jsonMode);
+    if (options.addLength) {
+        ctx.GetFIContext().SetAttributeMaxAddLength(*options.addLength);
+        ctx.GetFIContext().SetElementMaxAddLength(*options.addLength);
+    }
     CSmartPtr<CDocumentObject> const object = new CDocumentObject;
     std::unique_ptr<CXmlDocument> document = ReadDocument(operands[0], ctx, progress);
     try {

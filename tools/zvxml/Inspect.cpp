@@ -128,6 +128,7 @@ constexpr WrittenForm kWrittenForms[] = {
     {"gzip", "xml", false, XmlEncoding_UTF8, CompressionType_GZip},
     {"zlib", "xml", false, XmlEncoding_UTF8, CompressionType_ZLib},
     {"JSON", "json", false, XmlEncoding_UTF8, CompressionType_None},
+    {"Fast Infoset", "fi", false, XmlEncoding_UTF8, CompressionType_None},
     {"pretty", "xml", true, XmlEncoding_UTF8, CompressionType_None}, // last: it drops white space
 };
 
@@ -161,9 +162,9 @@ void PrintSizes(CXmlDocument const& document) {
             object->DropWhiteSpaceBetweenElements();
         std::optional<std::uint32_t> const size = SizeOf(form, *object, ctx);
         if (size)
-            std::printf("  %-11s %10u bytes\n", form.title, static_cast<unsigned>(*size));
+            std::printf("  %-12s%10u bytes\n", form.title, static_cast<unsigned>(*size));
         else
-            std::printf("  %-11s does not shrink\n", form.title);
+            std::printf("  %-12sdoes not shrink\n", form.title);
     }
 }
 

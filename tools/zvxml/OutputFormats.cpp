@@ -54,10 +54,28 @@ void ToJsonFile(char const* fileName, CXmlObjectBase const& object, WriteOptions
     object.ToJsonFile(fileName, options.isPretty, options.encoding, options.eol, ctx, options.compression);
 }
 
+// Namespaces stand as they are.
+void RequireNothing(CSerializationContext const&) {}
+
+FInfoDecl DeclarationOf(WriteOptions const& options) {
+    return options.hasDeclaration ? FInfoDecl_Version10 : FInfoDecl_None;
+}
+
+CBinaryData ToFastInfosetBytes(CXmlObjectBase& object, WriteOptions const& options,
+                               CSerializationContext const& ctx) {
+    return object.ToFastInfosetStream(DeclarationOf(options), ctx, options.compression);
+}
+
+void ToFastInfosetFile(char const* fileName, CXmlObjectBase const& object, WriteOptions const& options,
+                       CSerializationContext const& ctx) {
+    object.ToFastInfosetFile(fileName, DeclarationOf(options), ctx, options.compression);
+}
+
 // The first one is what file names mean that say nothing else.
 constexpr OutputFormat kFormats[] = {
     {"xml", ".xml", "XML text", true, &RequireWritableInXml, &ToXmlBytes, &ToXmlFile},
     {"json", ".json", "JSON text", false, &RequireWritableInJson, &ToJsonBytes, &ToJsonFile},
+    {"fi", ".fi .finf", "Fast Infoset", false, &RequireNothing, &ToFastInfosetBytes, &ToFastInfosetFile},
 };
 
 struct CompressionEnding {
