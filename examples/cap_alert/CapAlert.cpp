@@ -12,6 +12,7 @@ namespace {
 
 CPrimitiveRestrictions const kNoFacets;
 constexpr auto kPreserve = CWhitespaceUtils::WhitespaceRule_Preserve;
+constexpr auto kCollapse = CWhitespaceUtils::WhitespaceRule_Collapse;
 
 // The two functions of an enumeration, from the names of its values.
 template <auto& kNames>
@@ -26,6 +27,10 @@ struct Names {
     }
 };
 
+constexpr char const* kCategories[] = {"Geo",    "Met", "Safety",    "Security", "Rescue", "Fire",
+                                       "Health", "Env", "Transport", "Infra",    "CBRNE",  "Other"};
+constexpr char const* kResponseTypes[] = {"Shelter", "Evacuate", "Prepare",  "Execute", "Avoid",
+                                          "Monitor", "Assess",   "AllClear", "None"};
 constexpr char const* kStatuses[] = {"Actual", "Exercise", "System", "Test", "Draft"};
 constexpr char const* kMsgTypes[] = {"Alert", "Update", "Cancel", "Ack", "Error"};
 constexpr char const* kScopes[] = {"Public", "Restricted", "Private"};
@@ -38,9 +43,27 @@ CElementInfo* Mandatory(char const* name, int index) {
                                       kNoFacets, nullptr);
 }
 
-CElementInfo* Optional(char const* name, int index, char const* defaultValue = nullptr) {
+CElementInfo* Optional(char const* name, int index) {
     return new CElementInfoSeqPrimOpt(name, kNamespace, index, false, ItemType_string, nullptr, kPreserve,
-                                      kNoFacets, defaultValue);
+                                      kNoFacets, nullptr);
+}
+
+CElementInfo* OptionalOf(ItemType type, char const* name, int index) {
+    return new CElementInfoSeqPrimOpt(name, kNamespace, index, false, type, nullptr, kCollapse, kNoFacets,
+                                      nullptr);
+}
+
+CElementInfo* Sent(int index) {
+    return new CElementInfoSeqPrimMnd("sent", kNamespace, index, false, ItemType_datetime, nullptr, kCollapse,
+                                      kNoFacets, nullptr);
+}
+
+// xs:language, "en-US" by default.
+CElementInfo* Language(int index) {
+    CPrimitiveRestrictions language;
+    language.pattern = "[a-zA-Z]{1,8}(-[a-zA-Z0-9]{1,8})*";
+    return new CElementInfoSeqPrimOpt("language", kNamespace, index, false, ItemType_string, nullptr,
+                                      kCollapse, language, "en-US");
 }
 
 template <auto& kNames>
@@ -53,12 +76,22 @@ CElementInfo* Typed(char const* name, int index) {
     return new CElementInfoSeqClsCol(name, kNamespace, index, XmlElementType_Element);
 }
 
-CElementInfo* Untyped(char const* name, int index) {
-    return new CElementInfoSeqUntpdCol(name, kNamespace, index);
+CElementInfo* Strings(char const* name, int index) {
+    return new CElementInfoSeqPrimCol(name, kNamespace, index);
 }
 
-CElementCol* NewUntypedCol() {
-    return new CElementCol(kNamespace, "##any", kNamespace, 0, -1);
+CElementInfo* Enumerators(char const* name, int index) {
+    return new CElementInfoSeqEnumCol(name, kNamespace, index);
+}
+
+CstringCol* NewStringCol(char const* name) {
+    return new CstringCol(name, kNamespace, 0, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1,
+                          -1, -1, kPreserve, nullptr);
+}
+
+template <auto& kNames>
+CEnumCol* NewEnumCol(char const* name, int minOccurs) {
+    return new CEnumCol(name, minOccurs, Names<kNames>::ToText, Names<kNames>::FromText);
 }
 
 // The tables, each built at its first use. The index of an entry is that of its property.
@@ -68,31 +101,32 @@ Tables& NameValueTables() {
 }
 
 Tables& ResourceTables() {
-    static Tables s_tables("resource",
-                           {Mandatory("resourceDesc", 0), Mandatory("mimeType", 1), Optional("size", 2),
-                            Optional("uri", 3), Optional("derefUri", 4), Optional("digest", 5)});
+    static Tables s_tables("resource", {Mandatory("resourceDesc", 0), Mandatory("mimeType", 1),
+                                        OptionalOf(ItemType_integer, "size", 2), Optional("uri", 3),
+                                        Optional("derefUri", 4), Optional("digest", 5)});
     return s_tables;
 }
 
 Tables& AreaTables() {
-    static Tables s_tables("area", {Mandatory("areaDesc", 0), Untyped("polygon", 1), Untyped("circle", 2),
-                                    Typed("geocode", 3), Optional("altitude", 4), Optional("ceiling", 5)});
+    static Tables s_tables("area", {Mandatory("areaDesc", 0), Strings("polygon", 1), Strings("circle", 2),
+                                    Typed("geocode", 3), OptionalOf(ItemType_decimal, "altitude", 4),
+                                    OptionalOf(ItemType_decimal, "ceiling", 5)});
     return s_tables;
 }
 
 Tables& InfoTables() {
-    static Tables s_tables("info", {Optional("language", 0, "en-US"),
-                                    Untyped("category", 1),
+    static Tables s_tables("info", {Language(0),
+                                    Enumerators("category", 1),
                                     Mandatory("event", 2),
-                                    Untyped("responseType", 3),
+                                    Enumerators("responseType", 3),
                                     OneOf<kUrgencies>("urgency", 4),
                                     OneOf<kSeverities>("severity", 5),
                                     OneOf<kCertainties>("certainty", 6),
                                     Optional("audience", 7),
                                     Typed("eventCode", 8),
-                                    Optional("effective", 9),
-                                    Optional("onset", 10),
-                                    Optional("expires", 11),
+                                    OptionalOf(ItemType_datetime, "effective", 9),
+                                    OptionalOf(ItemType_datetime, "onset", 10),
+                                    OptionalOf(ItemType_datetime, "expires", 11),
                                     Optional("senderName", 12),
                                     Optional("headline", 13),
                                     Optional("description", 14),
@@ -106,13 +140,12 @@ Tables& InfoTables() {
 }
 
 Tables& AlertTables() {
-    static Tables s_tables("alert",
-                           {Mandatory("identifier", 0), Mandatory("sender", 1), Mandatory("sent", 2),
-                            OneOf<kStatuses>("status", 3), OneOf<kMsgTypes>("msgType", 4),
-                            Optional("source", 5), OneOf<kScopes>("scope", 6), Optional("restriction", 7),
-                            Optional("addresses", 8), Untyped("code", 9), Optional("note", 10),
-                            Optional("references", 11), Optional("incidents", 12), Typed("info", 13),
-                            new CElementInfoSeqUntpdCol("AnyElement", kNamespace, 14)});
+    static Tables s_tables(
+        "alert", {Mandatory("identifier", 0), Mandatory("sender", 1), Sent(2), OneOf<kStatuses>("status", 3),
+                  OneOf<kMsgTypes>("msgType", 4), Optional("source", 5), OneOf<kScopes>("scope", 6),
+                  Optional("restriction", 7), Optional("addresses", 8), Strings("code", 9),
+                  Optional("note", 10), Optional("references", 11), Optional("incidents", 12),
+                  Typed("info", 13), new CElementInfoSeqUntpdCol("AnyElement", kNamespace, 14)});
     return s_tables;
 }
 
@@ -152,6 +185,22 @@ void CType::Init() {
     MakeCollections();
 }
 
+CEnumCol::CEnumCol(char const* elementName, int minOccurs, char const* (*toText)(int),
+                   int (*fromText)(char const*))
+    : Ci4Col(elementName, kNamespace, minOccurs, -1, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1,
+             -1, -1, kCollapse, nullptr),
+      m_toText(toText), m_fromText(fromText) {}
+
+void CEnumCol::ToXml_Int(CXmlWriter* writer, bool, char const*, CSerializationContext const& ctx,
+                         bool) const {
+    ValidateCount(ctx);
+    for (std::int32_t const value : *this) {
+        writer->WriteElementStart(GetElementName(), m_namespace);
+        writer->WriteElementValue(m_toText(value), ItemType_string, false);
+        writer->WriteElementEnd();
+    }
+}
+
 CNameValue::CNameValue(char const* elementName) : CType(NameValueTables(), elementName) {}
 
 CResource::CResource(char const* elementName) : CType(ResourceTables(), elementName) {}
@@ -161,8 +210,8 @@ CArea::CArea(char const* elementName) : CType(AreaTables(), elementName) {
 }
 
 void CArea::MakeCollections() {
-    SetCollection(1, NewUntypedCol());
-    SetCollection(2, NewUntypedCol());
+    SetCollection(1, NewStringCol("polygon"));
+    SetCollection(2, NewStringCol("circle"));
     SetCollection(3, new CTypeCol<CNameValue>("geocode"));
 }
 
@@ -171,8 +220,8 @@ CInfo::CInfo(char const* elementName) : CType(InfoTables(), elementName) {
 }
 
 void CInfo::MakeCollections() {
-    SetCollection(1, NewUntypedCol());
-    SetCollection(3, NewUntypedCol());
+    SetCollection(1, NewEnumCol<kCategories>("category", 1));
+    SetCollection(3, NewEnumCol<kResponseTypes>("responseType", 0));
     SetCollection(8, new CTypeCol<CNameValue>("eventCode"));
     SetCollection(18, new CTypeCol<CNameValue>("parameter"));
     SetCollection(19, new CTypeCol<CResource>("resource"));
@@ -184,9 +233,13 @@ CAlert::CAlert() : CType(AlertTables(), "alert") {
 }
 
 void CAlert::MakeCollections() {
-    SetCollection(9, NewUntypedCol());
+    SetCollection(9, NewStringCol("code"));
     SetCollection(13, new CTypeCol<CInfo>("info"));
-    SetCollection(14, NewUntypedCol());
+    SetCollection(14, new CElementCol(kNamespace, "##any", kNamespace, 0, -1));
+}
+
+char const* ToText(Category category) {
+    return kCategories[static_cast<int>(category)];
 }
 
 char const* ToText(Severity severity) {

@@ -1,6 +1,4 @@
-// A binding of the Common Alerting Protocol 1.2 (OASIS), written by hand. Dates, times and numbers are string
-// properties; elements that repeat without structure (code, category, polygon ...) are untyped ones of
-// that name.
+// A binding of the Common Alerting Protocol 1.2 (OASIS), written by hand.
 #pragma once
 
 #include <zvxmllib/ZvXmlLib.h>
@@ -12,6 +10,8 @@ namespace cap {
 
 inline constexpr char kNamespace[] = "urn:oasis:names:tc:emergency:cap:1.2";
 
+enum class Category { Geo, Met, Safety, Security, Rescue, Fire, Health, Env, Transport, Infra, CBRNE, Other };
+enum class ResponseType { Shelter, Evacuate, Prepare, Execute, Avoid, Monitor, Assess, AllClear, None };
 enum class Status { Actual, Exercise, System, Test, Draft };
 enum class MsgType { Alert, Update, Cancel, Ack, Error };
 enum class Scope { Public, Restricted, Private };
@@ -52,6 +52,10 @@ protected:
 
     // Empty for a property that is not set.
     std::string const& Text(int index) const { return Value(index).GetText(); }
+    // Null for a property that is not set.
+    ZvXmlLib16::CDateTime const* Time(int index) const { return Value(index).FindDateTime(); }
+    ZvXmlLib16::CDecimal const* Decimal(int index) const { return Value(index).FindDecimal(); }
+    ZvXmlLib16::CBigInteger const* Integer(int index) const { return Value(index).FindInteger(); }
     void SetText(int index, std::string const& text) {
         m_values[static_cast<std::size_t>(index)].SetString(text);
     }
@@ -116,6 +120,23 @@ protected:
     }
 };
 
+// A repeating element of an enumeration. Its values are the enumerators.
+class CEnumCol : public ZvXmlLib16::Ci4Col {
+public:
+    CEnumCol(char const* elementName, int minOccurs, char const* (*toText)(int),
+             int (*fromText)(char const*));
+
+protected:
+    ~CEnumCol() override = default;
+    void ToXml_Int(ZvXmlLib16::CXmlWriter* writer, bool isRoot, char const* ns,
+                   ZvXmlLib16::CSerializationContext const& ctx, bool optionalChoice) const override;
+    void AddFromString(std::string value) override { Add(m_fromText(value.c_str())); }
+
+private:
+    char const* (*m_toText)(int);
+    int (*m_fromText)(char const*);
+};
+
 // eventCode, parameter, geocode
 class CNameValue : public CType {
 public:
@@ -131,6 +152,7 @@ public:
     explicit CResource(char const* elementName = "resource");
     std::string const& GetResourceDesc() const { return Text(0); }
     std::string const& GetMimeType() const { return Text(1); }
+    ZvXmlLib16::CBigInteger const* GetSize() const { return Integer(2); }
     std::string const& GetUri() const { return Text(3); }
 };
 
@@ -139,8 +161,11 @@ public:
     explicit CArea(char const* elementName = "area");
     std::string const& GetAreaDesc() const { return Text(0); }
     void SetAreaDesc(std::string const& text) { SetText(0, text); }
-    CSmartPtr<ZvXmlLib16::CElementCol> GetPolygons() const { return Collection<ZvXmlLib16::CElementCol>(1); }
+    CSmartPtr<ZvXmlLib16::CstringCol> GetPolygons() const { return Collection<ZvXmlLib16::CstringCol>(1); }
+    CSmartPtr<ZvXmlLib16::CstringCol> GetCircles() const { return Collection<ZvXmlLib16::CstringCol>(2); }
     CSmartPtr<CTypeCol<CNameValue>> GetGeocodes() const { return Collection<CTypeCol<CNameValue>>(3); }
+    ZvXmlLib16::CDecimal const* GetAltitude() const { return Decimal(4); }
+    ZvXmlLib16::CDecimal const* GetCeiling() const { return Decimal(5); }
 
 protected:
     void MakeCollections() override;
@@ -151,14 +176,16 @@ public:
     explicit CInfo(char const* elementName = "info");
     // "en-US" by default.
     std::string const& GetLanguage() const { return Text(0); }
-    CSmartPtr<ZvXmlLib16::CElementCol> GetCategories() const {
-        return Collection<ZvXmlLib16::CElementCol>(1);
-    }
+    CSmartPtr<CEnumCol> GetCategories() const { return Collection<CEnumCol>(1); }
     std::string const& GetEvent() const { return Text(2); }
     Urgency GetUrgency() const { return Enumerator<Urgency>(4); }
     Severity GetSeverity() const { return Enumerator<Severity>(5); }
     void SetSeverity(Severity severity) { SetEnumerator(5, severity); }
     Certainty GetCertainty() const { return Enumerator<Certainty>(6); }
+    CSmartPtr<CEnumCol> GetResponseTypes() const { return Collection<CEnumCol>(3); }
+    ZvXmlLib16::CDateTime const* GetEffective() const { return Time(9); }
+    ZvXmlLib16::CDateTime const* GetOnset() const { return Time(10); }
+    ZvXmlLib16::CDateTime const* GetExpires() const { return Time(11); }
     std::string const& GetHeadline() const { return Text(13); }
     void SetHeadline(std::string const& text) { SetText(13, text); }
     CSmartPtr<CTypeCol<CNameValue>> GetParameters() const { return Collection<CTypeCol<CNameValue>>(18); }
@@ -173,16 +200,18 @@ public:
     CAlert();
     std::string const& GetIdentifier() const { return Text(0); }
     std::string const& GetSender() const { return Text(1); }
-    std::string const& GetSent() const { return Text(2); }
+    ZvXmlLib16::CDateTime const* GetSent() const { return Time(2); }
     Status GetStatus() const { return Enumerator<Status>(3); }
     void SetStatus(Status status) { SetEnumerator(3, status); }
     MsgType GetMsgType() const { return Enumerator<MsgType>(4); }
+    CSmartPtr<ZvXmlLib16::CstringCol> GetCodes() const { return Collection<ZvXmlLib16::CstringCol>(9); }
     CSmartPtr<CTypeCol<CInfo>> GetInfos() const { return Collection<CTypeCol<CInfo>>(13); }
 
 protected:
     void MakeCollections() override;
 };
 
+char const* ToText(Category category);
 char const* ToText(Severity severity);
 
 } // namespace cap

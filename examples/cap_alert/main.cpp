@@ -11,11 +11,16 @@ namespace {
 
 void Print(CAlert const& alert) {
     std::cout << "alert " << alert.GetIdentifier() << "\n  from " << alert.GetSender() << ", sent "
-              << alert.GetSent() << '\n';
+              << alert.GetSent()->ToString() << '\n';
     for (int i = 0; i < alert.GetInfos()->GetCount(); ++i) {
         CSmartPtr<CInfo> const info = alert.GetInfos()->Item(i);
-        std::cout << "  " << info->GetEvent() << ", " << ToText(info->GetSeverity()) << ": "
-                  << info->GetHeadline() << "\n  " << info->GetParameters()->GetCount() << " parameters";
+        std::cout << "  ";
+        for (std::int32_t const category : *info->GetCategories())
+            std::cout << ToText(static_cast<Category>(category)) << ": ";
+        std::cout << info->GetEvent() << ", " << ToText(info->GetSeverity()) << ": " << info->GetHeadline()
+                  << "\n  " << info->GetParameters()->GetCount() << " parameters";
+        if (CDateTime const* const expires = info->GetExpires())
+            std::cout << "; until " << expires->ToString();
         for (int area = 0; area < info->GetAreas()->GetCount(); ++area)
             std::cout << "; " << info->GetAreas()->Item(area)->GetAreaDesc();
         std::cout << '\n';

@@ -43,7 +43,20 @@ int TextToStatus(char const* text) {
 }
 
 enum ItemProperty { Item_sku, Item_name, Item_quantity, Item_price };
-enum OrderProperty { Order_number, Order_status, Order_customer, Order_items, Order_note };
+enum OrderProperty {
+    Order_number,
+    Order_date,
+    Order_status,
+    Order_customer,
+    Order_items,
+    Order_deliveries,
+    Order_note
+};
+
+CdateCol* NewDeliveries() {
+    return new CdateCol("delivery", kNamespace, 0, 3, nullptr, -1, -1, "2000-01-01", nullptr, nullptr,
+                        nullptr, -1, -1, -1, kCollapse, nullptr);
+}
 
 } // namespace
 
@@ -67,18 +80,22 @@ void CItem::BuildTables() {
     CPrimitiveRestrictions quantity;
     quantity.minInclusive = "1";
     quantity.maxInclusive = "1000";
+    CPrimitiveRestrictions price;
+    price.fractionDigits = 2;
+    CPrimitiveRestrictions sku;
+    sku.pattern = "[a-z]+(-\\d+)?";
     s_elements = new CElementInfo* [4] {
         new CElementInfoSeqPrimMnd("name", kNamespace, Item_name, false, ItemType_string, nullptr, kPreserve,
                                    kNoFacets, nullptr),
             new CElementInfoSeqPrimMnd("quantity", kNamespace, Item_quantity, false, ItemType_i4, nullptr,
                                        kCollapse, quantity, nullptr),
-            new CElementInfoSeqPrimMnd("price", kNamespace, Item_price, false, ItemType_r8, "%.2f", kCollapse,
-                                       kNoFacets, nullptr),
+            new CElementInfoSeqPrimMnd("price", kNamespace, Item_price, false, ItemType_decimal, "2",
+                                       kCollapse, price, nullptr),
             nullptr
     };
     s_attributes = new CAttributeInfo* [2] {
-        new CAttributeInfoPrimitive("sku", "", Item_sku, false, ItemType_string, nullptr, kPreserve,
-                                    kNoFacets, nullptr),
+        new CAttributeInfoPrimitive("sku", "", Item_sku, false, ItemType_string, nullptr, kPreserve, sku,
+                                    nullptr),
             nullptr
     };
     s_info = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "item", kNamespace,
@@ -113,7 +130,7 @@ void CItem::AccessProperty(int index, bool read, ZvVariant& value) {
     case Item_quantity:
         return read ? value.SetI4(m_quantity) : SetQuantity(value.GetI4());
     case Item_price:
-        return read ? value.SetR8(m_price) : SetPrice(value.GetR8());
+        return read ? value.SetDecimal(m_price) : SetPrice(value.GetDecimal());
     default:
         FailUnknownProperty(index);
     }
@@ -123,7 +140,7 @@ void CItem::Init() {
     m_sku.clear();
     m_name.clear();
     m_quantity = 0;
-    m_price = 0;
+    m_price = CDecimal();
 }
 
 // CItemCol
@@ -167,7 +184,7 @@ CParentElementInfo* COrder::s_info = nullptr;
 CElementInfo** COrder::s_elements = nullptr;
 CAttributeInfo** COrder::s_attributes = nullptr;
 
-COrder::COrder() : m_items(new CItemCol) {
+COrder::COrder() : m_items(new CItemCol), m_deliveries(NewDeliveries()) {
     BuildTables();
     SetElementName("order");
 }
@@ -178,17 +195,20 @@ void COrder::BuildTables() {
     TableLock const lock(m_csInit);
     if (s_info != nullptr)
         return;
-    s_elements = new CElementInfo* [4] {
+    s_elements = new CElementInfo* [5] {
         new CElementInfoSeqPrimMnd("customer", kNamespace, Order_customer, false, ItemType_string, nullptr,
                                    kPreserve, kNoFacets, nullptr),
             new CElementInfoSeqClsCol("item", kNamespace, Order_items, XmlElementType_Element),
+            new CElementInfoSeqPrimCol("delivery", kNamespace, Order_deliveries),
             new CElementInfoSeqPrimOpt("note", kNamespace, Order_note, false, ItemType_string, nullptr,
                                        kPreserve, kNoFacets, nullptr),
             nullptr
     };
-    s_attributes = new CAttributeInfo* [3] {
+    s_attributes = new CAttributeInfo* [4] {
         new CAttributeInfoPrimitive("number", "", Order_number, false, ItemType_i4, nullptr, kCollapse,
                                     kNoFacets, nullptr),
+            new CAttributeInfoPrimitive("date", "", Order_date, true, ItemType_date, nullptr, kCollapse,
+                                        kNoFacets, nullptr),
             new CAttributeInfoEnum("status", "", Order_status, true, StatusToText, TextToStatus, "draft"),
             nullptr
     };
@@ -215,6 +235,12 @@ std::string COrder::GetTargetNamespace() {
     return kNamespace;
 }
 
+void COrder::SetDate(CDateTime const& date) {
+    if (date.GetType() != CDateTime::dt_date)
+        throw CZvInvalidValueException("[" + date.ToString() + "] is not a date");
+    m_date = date;
+}
+
 void COrder::SetNote(std::string const& note) {
     m_note = note;
     m_hasNote = true;
@@ -229,6 +255,10 @@ void COrder::AccessProperty(int index, bool read, ZvVariant& value) {
     switch (index) {
     case Order_number:
         return read ? value.SetI4(m_number) : SetNumber(value.GetI4());
+    case Order_date:
+        if (!read)
+            return SetDate(value.GetDate());
+        return IsDateValid() ? value.SetDate(m_date) : value.SetInvalid();
     case Order_status:
         return read ? value.SetI4(m_status) : SetStatus(static_cast<Status>(value.GetI4()));
     case Order_customer:
@@ -237,6 +267,10 @@ void COrder::AccessProperty(int index, bool read, ZvVariant& value) {
         if (!read)
             throw CZvInvalidStateException("The collection of items is filled, not replaced");
         return value.SetXmlCollection(m_items);
+    case Order_deliveries:
+        if (!read)
+            throw CZvInvalidStateException("The collection of deliveries is filled, not replaced");
+        return value.SetXmlCollection(m_deliveries);
     case Order_note:
         if (!read)
             return SetNote(value.TakeString());
@@ -248,9 +282,11 @@ void COrder::AccessProperty(int index, bool read, ZvVariant& value) {
 
 void COrder::Init() {
     m_number = 0;
+    m_date = CDateTime();
     m_status = Status_draft;
     m_customer.clear();
     m_items->Clear();
+    m_deliveries->Clear();
     RemoveNote();
 }
 

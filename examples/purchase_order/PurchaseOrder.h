@@ -4,10 +4,12 @@
 //     <xs:element name="order"> sequence of
 //         customer  xs:string                 mandatory
 //         item      complex, see CItem        one or more
+//         delivery  xs:date                   up to three days on which somebody is there
 //         note      xs:string                 optional
-//       attributes: number xs:int required; status "draft" or "sent", "draft" by default
+//       attributes: number xs:int required; date xs:date; status "draft" or "sent", "draft" by default
 //
-// One class for each complex type, one collection for each element of it that repeats.
+// One class for each complex type, one collection class for each of them that repeats; the collections of
+// simple types are the library's.
 #pragma once
 
 #include <zvxmllib/ZvXmlLib.h>
@@ -18,7 +20,8 @@ namespace purchase_order {
 
 enum Status { Status_draft, Status_sent };
 
-// <item sku="..."> with name xs:string, quantity xs:int from 1 to 1000, price xs:double.
+// <item sku="..."> with name xs:string, quantity xs:int from 1 to 1000, price xs:decimal with at most two
+// fraction digits. A sku is letters, and perhaps a number behind a dash.
 class CItem : public ZvXmlLib16::CXmlGeneratedClass {
 public:
     CItem();
@@ -29,8 +32,8 @@ public:
     void SetName(std::string const& name) { m_name = name; }
     std::int32_t GetQuantity() const { return m_quantity; }
     void SetQuantity(std::int32_t quantity) { m_quantity = quantity; }
-    double GetPrice() const { return m_price; }
-    void SetPrice(double price) { m_price = price; }
+    ZvXmlLib16::CDecimal const& GetPrice() const { return m_price; }
+    void SetPrice(ZvXmlLib16::CDecimal const& price) { m_price = price; }
 
     using CXmlObjectBase::GetBase;
     ZvXmlLib16::CXmlObjectBase* GetBase() override { return this; }
@@ -54,7 +57,7 @@ private:
     std::string m_sku;
     std::string m_name;
     std::int32_t m_quantity = 0;
-    double m_price = 0;
+    ZvXmlLib16::CDecimal m_price;
 
     static ZvXmlLib16Data::CParentElementInfo* s_info;
     static ZvXmlLib16Data::CElementInfo** s_elements;
@@ -86,12 +89,17 @@ public:
 
     std::int32_t GetNumber() const { return m_number; }
     void SetNumber(std::int32_t number) { m_number = number; }
+    bool IsDateValid() const { return m_date.GetType() != ZvXmlLib16::CDateTime::dt_yearZero; }
+    ZvXmlLib16::CDateTime const& GetDate() const { return m_date; }
+    // Throws CZvInvalidValueException for what is no date, such as a year.
+    void SetDate(ZvXmlLib16::CDateTime const& date);
     Status GetStatus() const { return m_status; }
     void SetStatus(Status status) { m_status = status; }
     std::string const& GetCustomer() const { return m_customer; }
     void SetCustomer(std::string const& customer) { m_customer = customer; }
     // Never null.
     CSmartPtr<CItemCol> GetItems() const { return m_items; }
+    CSmartPtr<ZvXmlLib16::CdateCol> GetDeliveries() const { return m_deliveries; }
     bool IsNoteValid() const { return m_hasNote; }
     std::string const& GetNote() const { return m_note; }
     void SetNote(std::string const& note);
@@ -116,9 +124,11 @@ private:
     static void BuildTables();
 
     std::int32_t m_number = 0;
+    ZvXmlLib16::CDateTime m_date; // of type dt_yearZero for none
     Status m_status = Status_draft;
     std::string m_customer;
     CSmartPtr<CItemCol> m_items;
+    CSmartPtr<ZvXmlLib16::CdateCol> m_deliveries;
     bool m_hasNote = false;
     std::string m_note;
 
