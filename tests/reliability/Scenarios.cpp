@@ -75,6 +75,8 @@ std::string ThroughFastInfoset() {
     CSerializationContext ctx = AlertContext();
     if (isSuggested)
         ctx.GetFIContext().SetSuggestedValues();
+    // The alphabet of dates has no plus, which the zones of alerts have.
+    ctx.GetFIContext().SetEncoding(ItemType_datetime, {CFastInfosetContext::EncodingType_String, 0});
     CBinaryData const bytes = Alert(ctx)->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None);
     CSmartPtr<cap::CAlert> const copy(new cap::CAlert);
     copy->FromXmlStream(bytes, ctx);
@@ -93,9 +95,11 @@ std::string CopyObject() {
     text.SetString("a value that is too long to be kept in place, whatever the string class");
     ZvVariant const other(text);
     ZvVariant number;
-    number.FromString("12.5", ItemType_r8, CWhitespaceUtils::WhitespaceRule_Collapse);
+    number.FromString("123456789012345678901234567890.5", ItemType_decimal,
+                      CWhitespaceUtils::WhitespaceRule_Collapse);
+    ZvVariant const sameNumber(number);
     return Alert(copied)->ToXml(false, false, EOLType_LF, copied) + other.ToString(nullptr) +
-           number.ToString(nullptr);
+           sameNumber.ToString(nullptr);
 }
 
 template <CompressionType type, bool isAsync>
