@@ -3,8 +3,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-
 namespace {
 
 TEST(ZvxmlOnRealDocuments, KeepsElementsAttributesTextsAndNamespaces) {
@@ -36,26 +34,6 @@ TEST(ZvxmlOnRealDocuments, KeepsElementsAttributesTextsAndNamespaces) {
             std::vector<std::string> const expected = DescribeDocument(document, form.texts);
             EXPECT_TRUE(DescribeDocument(scratch.Path(form.file), form.texts) == expected) << what;
             EXPECT_TRUE(DescribeDocument(scratch.Path("back.xml"), form.texts) == expected) << what;
-        }
-    }
-}
-
-// JSON text has no form for line feeds, which its reader drops, so texts are compared without them.
-TEST(ZvxmlOnRealDocuments, ComeBackFromJsonButForLineFeeds) {
-    auto const describe = [](std::string const& file) {
-        std::vector<std::string> lines = DescribeDocument(file, Texts::All);
-        for (std::string& line : lines)
-            line.erase(std::remove(line.begin(), line.end(), '\n'), line.end());
-        return lines;
-    };
-    ScratchDirectory const scratch;
-    for (std::string const& document : RealDocuments()) {
-        for (char const* const file : {"form.json", "form.json.gz"}) {
-            ToolResult const there = scratch.Run("convert '" + document + "' " + file);
-            ASSERT_EQ(there.exitCode, 0) << document << '\n' << there.err;
-            ToolResult const back = scratch.Run("convert " + std::string(file) + " back.xml");
-            ASSERT_EQ(back.exitCode, 0) << document << '\n' << back.err;
-            EXPECT_TRUE(describe(scratch.Path("back.xml")) == describe(document)) << document << ' ' << file;
         }
     }
 }

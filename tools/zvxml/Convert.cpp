@@ -29,8 +29,6 @@ struct ConvertOptions {
     std::string indent = "\t";
     JsonRoundTrip jsonMode = JsonRoundTrip_Full;
     std::optional<std::uint32_t> addLength;
-    std::string jsonRoot;
-    bool allowsComments = true;
 };
 
 std::string ParseIndent(std::string const& value) {
@@ -108,17 +106,8 @@ std::vector<Option<Options>> const& OptionTable() {
         {"--json", "full|no-namespaces|none",
          "\nhow much of the XML a JSON text keeps: all of it (the\ndefault), all but namespaces, or not even "
          "what is\n"
-         "an attribute; on reading, how much of it is looked for",
+         "an attribute",
          [](Options& o, Text const& v) { o.jsonMode = ParseChoice("--json", v, kJsonModes); }},
-        {"--root", "NAME",
-         "the name of the root element, for JSON text that is\nits value and does not name it",
-         [](Options& o, Text const& v) {
-             if (v.empty())
-                 throw UsageError("--root takes a name");
-             o.jsonRoot = v;
-         }},
-        {"--no-comments", nullptr, "refuse comments in JSON text",
-         [](Options& o, Text const&) { o.allowsComments = false; }},
         {"--add-length", "N",
          "in Fast Infoset, write texts and attribute values of\nfewer than N bytes once and then as numbers "
          "(6)",
@@ -181,8 +170,8 @@ void Write(std::string const& file, CDocumentObject& object, ConvertOptions cons
 
 std::string ConvertHelp() {
     return "Usage: zvxml convert [OPTION]... IN OUT\n"
-           "Reads IN, whatever form the library recognises in it (XML text, JSON or Fast Infoset;\n"
-           "gzip or zlib around it), and writes it to OUT. \"-\" is standard input or output.\n\n" +
+           "Reads IN, whatever form the library recognises in it (XML text or Fast Infoset; gzip\n"
+           "or zlib around it), and writes it to OUT. \"-\" is standard input or output.\n\n" +
            OptionsHelp(OptionTable()) +
            "\nOf options that exclude each other the last one holds. Elements, attributes, texts\n"
            "and namespaces are kept; comments, processing instructions, the document type\n"
@@ -199,8 +188,6 @@ void Convert(std::vector<std::string> const& arguments, Progress& progress) {
     CSerializationContext ctx;
     ctx.SetIndentChars(options.indent.c_str());
     ctx.GetJsonContext().SetSupportRoundtrip(options.jsonMode);
-    ctx.GetJsonContext().SetRootElementName(options.jsonRoot.c_str());
-    ctx.GetJsonContext().GetAllowComments(options.allowsComments);
     if (options.addLength) {
         ctx.GetFIContext().SetAttributeMaxAddLength(*options.addLength);
         ctx.GetFIContext().SetElementMaxAddLength(*options.addLength);

@@ -19,11 +19,7 @@ std::string InputName(std::string const& file);
 // All bytes of a file or of standard input. Throws FileError.
 ZvXmlLib16::CBinaryData ReadBytes(std::string const& file);
 
-// True for JSON text, by its first significant byte; with a name for the root any value will do.
-bool IsJson(ZvXmlLib16::CBinaryData const& content, ZvXmlLib16::CSerializationContext const& ctx);
-
-// Reads what the library recognises by its content, and JSON by the options in `ctx`, which must outlive the
-// document. Throws FileError.
+// Reads what the library recognises by its content. `ctx` must outlive the document. Throws FileError.
 std::unique_ptr<ZvXmlLib16::CXmlDocument>
 ReadDocument(std::string const& file, ZvXmlLib16::CSerializationContext const& ctx, Progress& progress);
 

@@ -170,8 +170,6 @@ void PrintSizes(CXmlDocument const& document) {
 
 std::string FormOf(CBinaryData const& content) {
     std::string_view const octets = View(content);
-    if (IsJson(content, CSerializationContext()))
-        return "JSON text";
     if (!CFastInfosetReader::IsFastInfoset(content.GetData(), content.GetLength()))
         return "XML text, " + EncodingOf(octets);
     if (octets[0] != '<')
