@@ -27,7 +27,9 @@ struct ConvertOptions {
     std::optional<CompressionType> compression;
     WriteOptions write;
     std::string indent = "\t";
-    JsonRoundTrip jsonMode = JsonRoundTrip_Full;
+    JsonRoundTrip jsonMode = JsonRoundTrip_Full; // read and written
+    std::string jsonRoot;
+    bool hasJsonComments = true;
     std::optional<std::uint32_t> addLength;
 };
 
@@ -104,10 +106,16 @@ std::vector<Option<Options>> const& OptionTable() {
         {"--declaration", nullptr, "begin with an XML declaration",
          [](Options& o, Text const&) { o.write.hasDeclaration = true; }},
         {"--json", "full|no-namespaces|none",
-         "\nhow much of the XML a JSON text keeps: all of it (the\ndefault), all but namespaces, or not even "
+         "\nhow much of the XML a JSON text keeps or kept: all of it (the\ndefault), all but namespaces, or "
+         "not even "
          "what is\n"
          "an attribute",
          [](Options& o, Text const& v) { o.jsonMode = ParseChoice("--json", v, kJsonModes); }},
+        {"--root", "NAME",
+         "read the whole of a JSON text as the element NAME, in\nplace of its member as the root",
+         [](Options& o, Text const& v) { o.jsonRoot = v; }},
+        {"--no-comments", nullptr, "refuse comments in a JSON text",
+         [](Options& o, Text const&) { o.hasJsonComments = false; }},
         {"--add-length", "N",
          "in Fast Infoset, write texts and attribute values of\nfewer than N bytes once and then as numbers "
          "(6)",
@@ -170,8 +178,8 @@ void Write(std::string const& file, CDocumentObject& object, ConvertOptions cons
 
 std::string ConvertHelp() {
     return "Usage: zvxml convert [OPTION]... IN OUT\n"
-           "Reads IN, whatever form the library recognises in it (XML text or Fast Infoset; gzip\n"
-           "or zlib around it), and writes it to OUT. \"-\" is standard input or output.\n\n" +
+           "Reads IN, whatever form the library recognises in it (XML text, JSON or Fast Infoset;\n"
+           "gzip or zlib around it), and writes it to OUT. \"-\" is standard input or output.\n\n" +
            OptionsHelp(OptionTable()) +
            "\nOf options that exclude each other the last one holds. Elements, attributes, texts\n"
            "and namespaces are kept; comments, processing instructions, the document type\n"
@@ -188,21 +196,25 @@ void Convert(std::vector<std::string> const& arguments, Progress& progress) {
     CSerializationContext ctx;
     ctx.SetIndentChars(options.indent.c_str());
     ctx.GetJsonContext().SetSupportRoundtrip(options.jsonMode);
+    ctx.GetJsonContext().SetRootElementName(options.jsonRoot.c_str());
+    ctx.GetJsonContext().GetAllowComments(options.hasJsonComments);
     if (options.addLength) {
         ctx.GetFIContext().SetAttributeMaxAddLength(*options.addLength);
         ctx.GetFIContext().SetElementMaxAddLength(*options.addLength);
     }
     CSmartPtr<CDocumentObject> const object = new CDocumentObject;
-    std::unique_ptr<CXmlDocument> document = ReadDocument(operands[0], ctx, progress);
+    InputDocument input = ReadDocument(operands[0], ctx, progress);
     try {
         progress.StartStep("taking them over");
-        object->ReadRootOf(*document, ctx);
-        UsePrefixesOf(*document, ctx);
+        object->ReadRootOf(*input.document, ctx);
+        if (input.isFromJson)
+            object->DropFormatting();
+        UsePrefixesOf(*input.document, ctx);
         options.format->requireWritable(ctx);
     } catch (CZvException const& e) {
         throw FileError(InputName(operands[0]), e.GetFullMessage());
     }
-    document.reset(); // its memory is needed for writing
+    input.document.reset(); // its memory is needed for writing
     if (options.write.isPretty)
         object->DropWhiteSpaceBetweenElements();
 

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 using namespace ZvXmlLib16;
@@ -14,20 +15,25 @@ namespace {
 constexpr std::string_view kCDataStart = "<![CDATA[";
 constexpr std::string_view kCDataEnd = "]]>";
 
-// Calls `visit` for `root` and all elements in it, without recursion.
+// Calls `visit` for `root` and all elements in it, with their depths, without recursion.
 template <class Visitor>
-void ForEachElement(CElement* root, Visitor visit) {
-    std::vector<CElement*> pending{root}; // kept alive by the tree
+void ForEachElementWithDepth(CElement* root, Visitor visit) {
+    std::vector<std::pair<CElement*, std::size_t>> pending{{root, 0}}; // kept alive by the tree
     while (!pending.empty()) {
-        CElement* const element = pending.back();
+        auto const [element, depth] = pending.back();
         pending.pop_back();
-        visit(*element);
+        visit(*element, depth);
         if (!element->HasChildElements()) // asking for the collection would make one
             continue;
         CSmartPtr<CElementCol> const children = element->GetChildElements();
         for (auto child = children->begin(); child != children->end(); ++child)
-            pending.push_back(*child);
+            pending.emplace_back(*child, depth + 1);
     }
+}
+
+template <class Visitor>
+void ForEachElement(CElement* root, Visitor visit) {
+    ForEachElementWithDepth(root, [&visit](CElement& element, std::size_t) { visit(element); });
 }
 
 bool IsWhiteSpace(std::string_view text) {
@@ -56,6 +62,17 @@ void CDocumentObject::ReadRootOf(CXmlDocument const& document, CSerializationCon
     ForEachElement(this, [](CElement& element) {
         if (std::string_view(element.GetText()).substr(0, kCDataStart.size()) == kCDataStart)
             element.SetText(AsCDataSection(element.GetText()).c_str());
+    });
+}
+
+void CDocumentObject::DropFormatting() {
+    ForEachElementWithDepth(this, [](CElement& element, std::size_t depth) {
+        if (!element.HasChildElements())
+            return;
+        Formatting const formatting(static_cast<std::size_t>(element.GetChildElements()->GetCount()), depth);
+        std::string const text = element.GetText();
+        std::size_t const length = text.size() - formatting.before - formatting.behind;
+        element.SetText(text.substr(formatting.before, length).c_str());
     });
 }
 

@@ -42,6 +42,16 @@ CBinaryData ReadAll(std::FILE* stream, std::string const& name) {
     return bytes;
 }
 
+// Only files of their own are looked at beforehand: pipes give their bytes once. XML text begins with "<".
+bool MayBeJson(std::string const& file) {
+    std::error_code unknown;
+    if (!std::filesystem::is_regular_file(file, unknown))
+        return false;
+    FileHandle const stream(std::fopen(file.c_str(), "rb"), &std::fclose);
+    unsigned char first = '<';
+    return stream != nullptr && std::fread(&first, 1, 1, stream.get()) == 1 && first != '<';
+}
+
 } // namespace
 
 std::string InputName(std::string const& file) {
@@ -57,30 +67,35 @@ CBinaryData ReadBytes(std::string const& file) {
     return ReadAll(stream.get(), file);
 }
 
-std::unique_ptr<CXmlDocument> ReadDocument(std::string const& file, CSerializationContext const& ctx,
-                                           Progress& progress) {
-    if (file == kStandardStream)
+InputDocument ReadDocument(std::string const& file, CSerializationContext const& ctx, Progress& progress) {
+    if (file == kStandardStream || MayBeJson(file))
         return ReadDocument(file, ReadBytes(file), ctx, progress);
     std::error_code unknown; // of pipes, for instance
     std::uintmax_t const size = std::filesystem::file_size(file, unknown);
-    std::unique_ptr<CXmlDocument> document = MakeDocument(file, unknown ? 0 : size, ctx, progress);
+    InputDocument input{MakeDocument(file, unknown ? 0 : size, ctx, progress)};
     try {
-        document->Load(file.c_str());
+        input.document->Load(file.c_str());
     } catch (CZvException const& e) {
         throw FileError(file, e.GetFullMessage());
     }
-    return document;
+    return input;
 }
 
-std::unique_ptr<CXmlDocument> ReadDocument(std::string const& file, CBinaryData const& bytes,
-                                           CSerializationContext const& ctx, Progress& progress) {
-    std::unique_ptr<CXmlDocument> document = MakeDocument(file, bytes.GetLength(), ctx, progress);
+InputDocument ReadDocument(std::string const& file, CBinaryData const& bytes,
+                           CSerializationContext const& ctx, Progress& progress) {
+    InputDocument input{MakeDocument(file, bytes.GetLength(), ctx, progress)};
     try {
-        document->LoadXmlStream(bytes.GetData(), bytes.GetLength());
+        input.isFromJson = CXmlDocument::IsJson(bytes.GetData(), bytes.GetLength());
+        if (input.isFromJson) {
+            CBinaryData const xml = CXmlDocument(ctx).LoadJsonStream(bytes.GetData(), bytes.GetLength());
+            input.document->LoadXmlStream(xml.GetData(), xml.GetLength());
+        } else {
+            input.document->LoadXmlStream(bytes.GetData(), bytes.GetLength());
+        }
     } catch (CZvException const& e) {
         throw FileError(InputName(file), e.GetFullMessage());
     }
-    return document;
+    return input;
 }
 
 } // namespace zvxml

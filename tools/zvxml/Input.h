@@ -19,14 +19,20 @@ std::string InputName(std::string const& file);
 // All bytes of a file or of standard input. Throws FileError.
 ZvXmlLib16::CBinaryData ReadBytes(std::string const& file);
 
-// Reads what the library recognises by its content. `ctx` must outlive the document. Throws FileError.
-std::unique_ptr<ZvXmlLib16::CXmlDocument>
-ReadDocument(std::string const& file, ZvXmlLib16::CSerializationContext const& ctx, Progress& progress);
+struct InputDocument {
+    std::unique_ptr<ZvXmlLib16::CXmlDocument> document;
+    // The library makes formatted XML of JSON: the texts of elements with children hold its line ends and
+    // tabs.
+    bool isFromJson = false;
+};
+
+// Reads what the library recognises by its content, and JSON, told by its first byte that is no white space,
+// by the context's JSON options. `ctx` must outlive the document. Throws FileError.
+InputDocument ReadDocument(std::string const& file, ZvXmlLib16::CSerializationContext const& ctx,
+                           Progress& progress);
 
 // The same from bytes at hand; `file` is for messages.
-std::unique_ptr<ZvXmlLib16::CXmlDocument> ReadDocument(std::string const& file,
-                                                       ZvXmlLib16::CBinaryData const& bytes,
-                                                       ZvXmlLib16::CSerializationContext const& ctx,
-                                                       Progress& progress);
+InputDocument ReadDocument(std::string const& file, ZvXmlLib16::CBinaryData const& bytes,
+                           ZvXmlLib16::CSerializationContext const& ctx, Progress& progress);
 
 } // namespace zvxml

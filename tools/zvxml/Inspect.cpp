@@ -31,6 +31,7 @@ constexpr std::size_t kFirstEntries = 20;
 
 struct InspectOptions {
     bool listsWholeVocabulary = false;
+    std::string jsonRoot;
 };
 
 std::vector<Option<InspectOptions>> const& OptionTable() {
@@ -38,6 +39,8 @@ std::vector<Option<InspectOptions>> const& OptionTable() {
         {"--vocabulary", nullptr,
          "all entries of the vocabulary that a Fast Infoset\ndocument builds, not the first ones only",
          [](InspectOptions& o, std::string const&) { o.listsWholeVocabulary = true; }},
+        {"--root", "NAME", "read the whole of a JSON text as the element NAME",
+         [](InspectOptions& o, std::string const& v) { o.jsonRoot = v; }},
     };
     return table;
 }
@@ -45,6 +48,7 @@ std::vector<Option<InspectOptions>> const& OptionTable() {
 // A document, and what read it where it is Fast Infoset.
 struct InspectedDocument {
     std::unique_ptr<CXmlDocument> document;
+    bool isFromJson = false;
     std::unique_ptr<CFastInfosetReader> reader;
 };
 
@@ -100,15 +104,27 @@ struct Counts {
     unsigned long depth = 0;
 };
 
-Counts CountTree(CXmlDocument const& document) {
+std::size_t CountChildren(CXmlElement const& element) {
+    std::size_t count = 0;
+    for (CXmlElement const* child = element.GetFirstElement(); child != nullptr;
+         child = child->GetNextSiblingElement())
+        ++count;
+    return count;
+}
+
+Counts CountTree(InspectedDocument const& inspected) {
     Counts counts;
     std::string text;
-    for (TreeWalk walk(document.GetDocumentElement()); walk.Current() != nullptr; walk.Advance()) {
+    for (TreeWalk walk(inspected.document->GetDocumentElement()); walk.Current() != nullptr; walk.Advance()) {
         ++counts.elements;
         counts.attributes += walk.Current()->GetAttributeCount();
         text.clear();
         walk.Current()->GetNodeText().AppendTo(text);
         counts.textBytes += text.size();
+        if (inspected.isFromJson) {
+            Formatting const formatting(CountChildren(*walk.Current()), walk.Depth() - 1);
+            counts.textBytes -= formatting.before + formatting.behind;
+        }
         counts.depth = std::max(counts.depth, walk.Depth());
     }
     return counts;
@@ -151,11 +167,14 @@ std::optional<std::uint32_t> SizeOf(WrittenForm const& form, CDocumentObject& ob
     return bytes.GetLength();
 }
 
-void PrintSizes(CXmlDocument const& document) {
+void PrintSizes(InspectedDocument const& inspected) {
+    CXmlDocument const& document = *inspected.document;
     CSerializationContext ctx;
     UsePrefixesOf(document, ctx);
     CSmartPtr<CDocumentObject> const object = new CDocumentObject;
     object->ReadRootOf(document, ctx);
+    if (inspected.isFromJson)
+        object->DropFormatting();
     std::printf("written as\n");
     for (WrittenForm const& form : kWrittenForms) {
         if (form.isPretty)
@@ -170,6 +189,8 @@ void PrintSizes(CXmlDocument const& document) {
 
 std::string FormOf(CBinaryData const& content) {
     std::string_view const octets = View(content);
+    if (CXmlDocument::IsJson(content.GetData(), content.GetLength()))
+        return "JSON text";
     if (!CFastInfosetReader::IsFastInfoset(content.GetData(), content.GetLength()))
         return "XML text, " + EncodingOf(octets);
     if (octets[0] != '<')
@@ -181,7 +202,9 @@ InspectedDocument ReadInspected(std::string const& file, CBinaryData const& cont
                                 CSerializationContext const& ctx, Progress& progress) {
     InspectedDocument result;
     if (!CFastInfosetReader::IsFastInfoset(content.GetData(), content.GetLength())) {
-        result.document = ReadDocument(file, content, ctx, progress);
+        InputDocument input = ReadDocument(file, content, ctx, progress);
+        result.document = std::move(input.document);
+        result.isFromJson = input.isFromJson;
         return result;
     }
     result.document = std::make_unique<CXmlDocument>(ctx);
@@ -195,9 +218,9 @@ InspectedDocument ReadInspected(std::string const& file, CBinaryData const& cont
 }
 
 void PrintReport(std::string const& file, CBinaryData const& bytes, Unwrapped const& unwrapped,
-                 CXmlDocument const& document) {
-    CXmlElement const& root = *document.GetDocumentElement();
-    Counts const counts = CountTree(document);
+                 InspectedDocument const& inspected) {
+    CXmlElement const& root = *inspected.document->GetDocumentElement();
+    Counts const counts = CountTree(inspected);
     std::printf("file          %s\n", InputName(file).c_str());
     std::printf("size          %u bytes\n", static_cast<unsigned>(bytes.GetLength()));
     std::printf("wrapper       %s\n", unwrapped.wrapper);
@@ -229,18 +252,19 @@ void Inspect(std::vector<std::string> const& arguments, Progress& progress) {
         throw UsageError("inspect takes one file");
     std::string const& file = operands[0];
 
-    CSerializationContext const ctx;
+    CSerializationContext ctx;
+    ctx.GetJsonContext().SetRootElementName(options.jsonRoot.c_str());
     CBinaryData const bytes = ReadBytes(file);
     Unwrapped const unwrapped = Unwrap(bytes);
     InspectedDocument const inspected = ReadInspected(file, unwrapped.content, ctx, progress);
     progress.Finish();
-    PrintReport(file, bytes, unwrapped, *inspected.document);
+    PrintReport(file, bytes, unwrapped, inspected);
     if (inspected.reader != nullptr)
         PrintVocabulary(*inspected.reader->GetVocabulary(), options.listsWholeVocabulary
                                                                 ? std::numeric_limits<std::size_t>::max()
                                                                 : kFirstEntries);
     try {
-        PrintSizes(*inspected.document);
+        PrintSizes(inspected);
     } catch (CZvException const& e) {
         throw FileError(InputName(file), e.GetFullMessage());
     }

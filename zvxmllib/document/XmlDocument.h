@@ -56,6 +56,9 @@ public:
     CBinaryData LoadJson(wchar_t const* text);
     CBinaryData LoadJson(char16_t const* text);
     CBinaryData LoadJsonStream(unsigned char const* data, std::uint32_t length);
+    // True if the bytes, in gzip or zlib form or not, begin as a JSON text with an object, an array, a string
+    // or a comment, which no XML document does.
+    static bool IsJson(unsigned char const* data, std::uint32_t length);
 
     // The root, null while the document is empty.
     CXmlElement* GetDocumentElement() const noexcept;

@@ -11,7 +11,20 @@ namespace ZvXmlLib16 {
 
 namespace {
 
+constexpr std::string_view kWhiteSpace = " \t\r\n";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// What is not a complete compressed stream is no failure: it goes on as it is. `room` keeps the rest.
+std::string_view Utf8TextOf(unsigned char const* data, std::size_t length, CBinaryData& room) {
+    if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), room)) {
+        data = room.GetData();
+        length = room.GetLength();
+    }
+    std::string_view text(reinterpret_cast<char const*>(data), length);
+    if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark)
+        text.remove_prefix(kByteOrderMark.size());
+    return text;
+}
 
 // The text as it lies where nothing has to be converted, otherwise in `room`.
 std::string_view LocalTextOf(std::string_view utf8, std::string& room) {
@@ -53,18 +66,20 @@ CBinaryData CXmlDocument::LoadJsonStream(unsigned char const* data, std::uint32_
     return ParseJson(data, length);
 }
 
-// What is not a complete compressed stream is no failure: it goes on as it is.
+bool CXmlDocument::IsJson(unsigned char const* data, std::uint32_t length) {
+    if (data == nullptr)
+        return false;
+    CBinaryData room;
+    std::string_view const text = Utf8TextOf(data, length, room);
+    std::size_t const first = text.find_first_not_of(kWhiteSpace);
+    return first != std::string_view::npos &&
+           std::string_view("{[\"/").find(text[first]) != std::string_view::npos;
+}
+
 CBinaryData CXmlDocument::ParseJson(unsigned char const* data, std::size_t length) {
     CBinaryData decompressed;
-    if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), decompressed)) {
-        data = decompressed.GetData();
-        length = decompressed.GetLength();
-    }
-    std::string_view text(reinterpret_cast<char const*>(data), length);
-    if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark)
-        text.remove_prefix(kByteOrderMark.size());
-    std::string room;
-    return ParseJsonText(LocalTextOf(text, room));
+    std::string local;
+    return ParseJsonText(LocalTextOf(Utf8TextOf(data, length, decompressed), local));
 }
 
 CBinaryData CXmlDocument::ParseJsonText(std::string_view text) {
