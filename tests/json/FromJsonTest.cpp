@@ -1,6 +1,7 @@
 // JSON to XML, and the entry points that read JSON into documents and objects.
 #include "examples/cap_alert/CapAlert.h"
 #include "examples/purchase_order/PurchaseOrder.h"
+#include "tests/json/DocumentedExamples.h"
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/TemporaryFile.h"
@@ -367,6 +368,21 @@ TEST(FromJson, GivesTypedObjectsBack) {
         ctx);
     purchase_order::COrder::CleanUp();
     purchase_order::CItem::CleanUp();
+}
+
+TEST(JsonDocumentation, ShowsWhatIsRead) {
+    std::string const rootMark = "json root ";
+    std::vector<DocumentedBlock> const blocks = BlocksOfSection("From JSON to objects");
+    ASSERT_GE(blocks.size(), 6U);
+    for (std::size_t i = 0; i + 1 < blocks.size(); i += 2) {
+        bool const hasRoot = blocks[i].info.rfind(rootMark, 0) == 0;
+        CSerializationContext const ctx =
+            hasRoot ? ContextOf(JsonRoundTrip_Full, blocks[i].info.substr(rootMark.size()).c_str())
+                    : ContextOf(ModeOf(blocks[i].info));
+        EXPECT_EQ(blocks[i + 1].info, "xml");
+        EXPECT_EQ(TextOf(CXmlDocument(ctx).LoadJson(blocks[i].text.c_str())),
+                  kDeclaration + blocks[i + 1].text);
+    }
 }
 
 } // namespace
