@@ -123,6 +123,7 @@ TEST(JsonToXml, ReadsTheTextAsTheRootGiven) {
     EXPECT_EQ(XmlOfJson("[]", ctx), "<r/>");
     EXPECT_EQ(XmlOfJson("[{\"a\":1},2]", ctx), "<r><a>1</a></r><r>2</r>");
     EXPECT_EQ(XmlOfJson("null //", ctx), "<r/>");
+    EXPECT_EQ(XmlOfJson(" /**/ ", ctx), "<r/>");
     ctx.GetJsonContext().GetAllowComments(false);
     EXPECT_EQ(MessageOf<CZvValidationException>([&] { XmlOfJson("{/**/}", ctx); }),
               "Expected quotation mark character '\"' before Name, found '/' at line 1, position 2."

@@ -21,6 +21,8 @@ TEST(ZvxmlOnJson, IsToldByTheFirstSignificantByte) {
                  "<a xmlns:p=\"u\"><p:b><c/></p:b></a>"},
              Row{"--root r", "[7]", "<r>7</r>"},
              Row{"--root=r", "\"x\"", "<r>x</r>"},
+             Row{"--root r", "-1.50", "<r>-1.50</r>"},
+             Row{"--root r", " null", "<r/>"},
              Row{"--root r --pretty", "{\"b\":{\"c\":1}}", "<r>\n\t<b>\n\t\t<c>1</c>\n\t</b>\n</r>\n"},
              Row{"--to json", "{\"a\":{\"@b\":1,\"c\":2}}", R"({"a": {"@b": "1","c": "2","#text": ""}})"},
          }) {
@@ -56,6 +58,21 @@ TEST(ZvxmlOnJson, ReportsWhatIsNoJson) {
         ToolResult const result = scratch.Run("convert " + std::string(row.options) + " in.json out.xml");
         EXPECT_EQ(result.err, row.message) << row.input;
         EXPECT_EQ(result.exitCode, 1) << row.input;
+    }
+}
+
+// Names reach XML as they are, and texts with the mark of a CDATA section do, so that markup can come
+// through.
+TEST(ZvxmlOnJson, StaysWellFormedWhateverComesThrough) {
+    ScratchDirectory const scratch;
+    for (char const* const json : {R"({"r":{"a/><b":{}}})", R"({"a":"<![CDATA[]]><b/>"})",
+                                   R"({"r":{"a":{"b":1,"#text":"<![CDATA[<![CDATA[<x>]]>"}}})"}) {
+        scratch.Write("in.json", json);
+        ToolResult const there = scratch.Run("convert in.json out.xml");
+        EXPECT_EQ(there.exitCode, 0) << json << there.err;
+        ToolResult const back = scratch.Run("convert out.xml -");
+        EXPECT_EQ(back.exitCode, 0) << json << back.err;
+        EXPECT_EQ(scratch.Run("inspect in.json").exitCode, 0) << json;
     }
 }
 

@@ -50,6 +50,11 @@ std::string AsCDataSection(std::string text) {
     return std::string(kCDataStart) + text + std::string(kCDataEnd);
 }
 
+void KeepFromLookingLikeMarkup(CElement& element) {
+    if (std::string_view(element.GetText()).substr(0, kCDataStart.size()) == kCDataStart)
+        element.SetText(AsCDataSection(element.GetText()).c_str());
+}
+
 } // namespace
 
 CDocumentObject::CDocumentObject() : CElement("") {}
@@ -59,20 +64,22 @@ CDocumentObject::~CDocumentObject() = default;
 void CDocumentObject::ReadRootOf(CXmlDocument const& document, CSerializationContext const& ctx) {
     CXmlElement* const root = document.GetDocumentElement();
     FromXml_Int(root, root, ctx, false);
-    ForEachElement(this, [](CElement& element) {
-        if (std::string_view(element.GetText()).substr(0, kCDataStart.size()) == kCDataStart)
-            element.SetText(AsCDataSection(element.GetText()).c_str());
-    });
+    ForEachElement(this, KeepFromLookingLikeMarkup);
 }
 
+// A text that is shorter than its formatting was never that of the library: what stands there is markup that
+// came through a name or a CDATA section.
 void CDocumentObject::DropFormatting() {
     ForEachElementWithDepth(this, [](CElement& element, std::size_t depth) {
         if (!element.HasChildElements())
             return;
         Formatting const formatting(static_cast<std::size_t>(element.GetChildElements()->GetCount()), depth);
         std::string const text = element.GetText();
+        if (text.size() < formatting.before + formatting.behind)
+            return;
         std::size_t const length = text.size() - formatting.before - formatting.behind;
         element.SetText(text.substr(formatting.before, length).c_str());
+        KeepFromLookingLikeMarkup(element);
     });
 }
 

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <filesystem>
 #include <limits>
+#include <string_view>
 #include <system_error>
 
 using namespace ZvXmlLib16;
@@ -42,14 +43,26 @@ CBinaryData ReadAll(std::FILE* stream, std::string const& name) {
     return bytes;
 }
 
-// Only files of their own are looked at beforehand: pipes give their bytes once. XML text begins with "<".
+// True for what is read as bytes first. XML text begins with "<"; a pipe gives its bytes once, so they are
+// kept.
 bool MayBeJson(std::string const& file) {
     std::error_code unknown;
-    if (!std::filesystem::is_regular_file(file, unknown))
-        return false;
+    std::filesystem::file_status const status = std::filesystem::status(file, unknown);
+    if (!std::filesystem::is_regular_file(status))
+        return std::filesystem::is_fifo(status);
     FileHandle const stream(std::fopen(file.c_str(), "rb"), &std::fclose);
     unsigned char first = '<';
     return stream != nullptr && std::fread(&first, 1, 1, stream.get()) == 1 && first != '<';
+}
+
+// With a name for the root any value will do.
+bool IsJson(CBinaryData const& bytes, CSerializationContext const& ctx) {
+    if (CXmlDocument::IsJson(bytes.GetData(), bytes.GetLength()))
+        return true;
+    std::string_view const text(reinterpret_cast<char const*>(bytes.GetData()), bytes.GetLength());
+    std::size_t const first = text.find_first_not_of(" \t\r\n");
+    return first != std::string_view::npos && !ctx.GetJsonContext().GetRootElementName().empty() &&
+           std::string_view("-0123456789tfn").find(text[first]) != std::string_view::npos;
 }
 
 } // namespace
@@ -85,7 +98,7 @@ InputDocument ReadDocument(std::string const& file, CBinaryData const& bytes,
                            CSerializationContext const& ctx, Progress& progress) {
     InputDocument input{MakeDocument(file, bytes.GetLength(), ctx, progress)};
     try {
-        input.isFromJson = CXmlDocument::IsJson(bytes.GetData(), bytes.GetLength());
+        input.isFromJson = IsJson(bytes, ctx);
         if (input.isFromJson) {
             CBinaryData const xml = CXmlDocument(ctx).LoadJsonStream(bytes.GetData(), bytes.GetLength());
             input.document->LoadXmlStream(xml.GetData(), xml.GetLength());

@@ -120,11 +120,13 @@ Counts CountTree(InspectedDocument const& inspected) {
         counts.attributes += walk.Current()->GetAttributeCount();
         text.clear();
         walk.Current()->GetNodeText().AppendTo(text);
-        counts.textBytes += text.size();
+        std::size_t length = text.size();
         if (inspected.isFromJson) {
             Formatting const formatting(CountChildren(*walk.Current()), walk.Depth() - 1);
-            counts.textBytes -= formatting.before + formatting.behind;
+            if (std::size_t const added = formatting.before + formatting.behind; added <= length)
+                length -= added;
         }
+        counts.textBytes += length;
         counts.depth = std::max(counts.depth, walk.Depth());
     }
     return counts;

@@ -70,7 +70,9 @@ void CJsonReaderToXmlHandler::StartObject() {
     WriteDueElementStart();
 }
 
+// A root that was given a name and has no value is due still.
 void CJsonReaderToXmlHandler::EndObject() {
+    WriteDueElementStart();
     if (!m_bTextMember)
         EndItem();
     m_bTextMember = false;
