@@ -304,7 +304,6 @@ TEST(Conversions, TextAndBytesFollowTheirRule) {
 }
 
 TEST(Conversions, DatesAndExactNumbersFollowTheirRuleAndTheirClasses) {
-    constexpr auto kCollapse = CWhitespaceUtils::WhitespaceRule_Collapse;
     EXPECT_EQ(CConversions::yearToString(7), "7");
     EXPECT_EQ(CConversions::monthToString(7), "--07");
     EXPECT_EQ(CConversions::dayToString(7), "---07");
