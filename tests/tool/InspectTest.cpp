@@ -107,8 +107,8 @@ TEST(ZvxmlInspect, ListsTheVocabularyThatAFastInfosetDocumentBuilds) {
         EXPECT_THAT(result.out, HasSubstr(line));
     EXPECT_THAT(scratch.Run("inspect --vocabulary '" + document + "'").out, HasSubstr("         40  e39\n"));
     // Prefix, namespace and what cannot stand on a line.
-    std::string const small =
-        std::string("<?xml version='1.0' encoding='finf'?>\xE0\0\0\1\0\x3F\0p\0u\0a\x92\0x\ny\xFF", 56);
+    using namespace std::string_literals;
+    std::string const small = "<?xml version='1.0' encoding='finf'?>\xE0\0\0\1\0\x3F\0p\0u\0a\x92\0x\ny\xFF"s;
     EXPECT_THAT(
         scratch.Run("inspect -", small).out,
         testing::AllOf(HasSubstr("form          Fast Infoset behind <?xml version='1.0' encoding='finf'?>\n"),
