@@ -11,6 +11,7 @@
 #include <atomic>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace ZvXmlLib16 {
 
@@ -158,7 +159,7 @@ private:
     void WriteJsonText(CTextStream& sink, bool formatted, EOLType eol,
                        CSerializationContext const& ctx) const;
     void ReadDocument(CXmlDocument& document, CSerializationContext const& ctx);
-    void FromJson_Int(CBinaryData const& xml, CSerializationContext const& ctx);
+    void FromJson_Int(std::string_view json, CSerializationContext const& ctx);
 
     std::string m_elementName;
     std::atomic<std::int32_t> m_refCount{0};

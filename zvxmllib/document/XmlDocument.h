@@ -10,7 +10,6 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace ZvXmlLib16 {
 
@@ -76,6 +75,8 @@ protected:
 private:
     friend class CExpatReader;
     friend class CFastInfosetReader;
+    friend class CJsonTreeWriter;
+    friend class JsonInput;
 
     // The whole file.
     static std::unique_ptr<unsigned char[]> ReadFile(char const* fileName, std::size_t& length);
@@ -85,8 +86,6 @@ private:
     // False, with nothing done, for input in another form. Defined by the format.
     bool ParseFastInfoset(unsigned char const* data, std::size_t length);
     void ParseText(unsigned char const* data, std::size_t length);
-    CBinaryData ParseJson(unsigned char const* data, std::size_t length);
-    CBinaryData ParseJsonText(std::string_view text);
     void MakeTree();
     void EndElement();
 

@@ -2,7 +2,7 @@
 
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/json/Failures.h"
-#include "zvxmllib/writers/XmlTextWriter.h"
+#include "zvxmllib/writers/XmlWriter.h"
 
 namespace ZvXmlLib16 {
 
@@ -17,15 +17,13 @@ std::string const kFalse = "false";
 
 } // namespace
 
-CJsonReaderToXmlHandler::CJsonReaderToXmlHandler(CXmlTextWriter& writer, JsonRoundTrip roundTrip,
+CJsonReaderToXmlHandler::CJsonReaderToXmlHandler(CXmlWriter& writer, JsonRoundTrip roundTrip,
                                                  IErrorPathProvider const& errorPath)
     : m_writer(writer), m_errorPath(errorPath), m_isRoundTrip(roundTrip != JsonRoundTrip_None) {}
 
 CJsonReaderToXmlHandler::~CJsonReaderToXmlHandler() = default;
 
-void CJsonReaderToXmlHandler::StartDocument() {
-    m_writer.WriteDeclaration();
-}
+void CJsonReaderToXmlHandler::StartDocument() {}
 
 void CJsonReaderToXmlHandler::EndDocument() {}
 

@@ -18,8 +18,7 @@ class CJsonReaderToXmlHandler : public IJsonReaderHandler {
 public:
     // `writer` and `errorPath` are borrowed and outlive the handler. In JsonRoundTrip_None no name has a
     // meaning of its own.
-    CJsonReaderToXmlHandler(CXmlTextWriter& writer, JsonRoundTrip roundTrip,
-                            IErrorPathProvider const& errorPath);
+    CJsonReaderToXmlHandler(CXmlWriter& writer, JsonRoundTrip roundTrip, IErrorPathProvider const& errorPath);
     ~CJsonReaderToXmlHandler() override;
 
     void StartDocument() override;
@@ -42,7 +41,7 @@ private:
     void EndItem();
     void DropEmptyArray();
 
-    CXmlTextWriter& m_writer;
+    CXmlWriter& m_writer;
     IErrorPathProvider const& m_errorPath;
     bool const m_isRoundTrip;
     std::size_t m_openElements = 0;        // started here and not ended

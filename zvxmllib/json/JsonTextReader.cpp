@@ -62,6 +62,12 @@ void CJsonTextReader::SetHandler(std::unique_ptr<IJsonReaderHandler> handler) no
 CBinaryData CJsonTextReader::ConvertToXml(std::string_view json, CSerializationContext const& ctx) {
     CTextStream stream(XmlEncoding_UTF8);
     CXmlTextWriter writer(&stream);
+    writer.WriteDeclaration();
+    Convert(json, ctx, writer);
+    return stream.GetEncodedData();
+}
+
+void CJsonTextReader::Convert(std::string_view json, CSerializationContext const& ctx, CXmlWriter& writer) {
     CJsonContext const& options = ctx.GetJsonContext();
     CJsonTextReader reader(json);
     reader.SetHandler(std::make_unique<CJsonReaderToXmlHandler>(writer, options.GetSupportRoundtrip(),
@@ -70,7 +76,6 @@ CBinaryData CJsonTextReader::ConvertToXml(std::string_view json, CSerializationC
     reader.SetRootElementName(options.GetRootElementName());
     reader.Parse();
     writer.Close();
-    return stream.GetEncodedData();
 }
 
 void CJsonTextReader::Parse() {

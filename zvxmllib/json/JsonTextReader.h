@@ -41,6 +41,8 @@ public:
     // The XML document that the JSON text stands for, by the context's JSON options: UTF-8, with its
     // declaration.
     static CBinaryData ConvertToXml(std::string_view json, CSerializationContext const& ctx);
+    // The same into a writer, from the root to its Close.
+    static void Convert(std::string_view json, CSerializationContext const& ctx, CXmlWriter& writer);
 
 private:
     // The next byte that is no line feed becomes the current character. False at the end of the text.

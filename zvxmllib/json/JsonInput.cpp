@@ -1,0 +1,88 @@
+#include "zvxmllib/json/JsonInput.h"
+
+#include "zvxmllib/document/XmlDocument.h"
+#include "zvxmllib/foundation/Encoder.h"
+#include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/json/Failures.h"
+#include "zvxmllib/streams/ZvZip.h"
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+constexpr std::string_view kWhiteSpace = " \t\r\n";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// What is not a complete compressed stream is no failure: it goes on as it is. `room` keeps the rest.
+std::string_view Utf8Of(unsigned char const* data, std::size_t length, CBinaryData& room) {
+    if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), room)) {
+        data = room.GetData();
+        length = room.GetLength();
+    }
+    std::string_view text(reinterpret_cast<char const*>(data), length);
+    if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark)
+        text.remove_prefix(kByteOrderMark.size());
+    return text;
+}
+
+bool IsLocalAsItIs(std::string_view utf8) {
+    return IsLocalTextUtf8() &&
+           (IsASCIIOnly() || (IsValidUtf8(utf8) && utf8.find('\0') == std::string_view::npos));
+}
+
+} // namespace
+
+JsonInput JsonInput::OfFile(char const* fileName) {
+    JsonInput input;
+    std::size_t length = 0;
+    input.m_file = CXmlDocument::ReadFile(fileName == nullptr ? "" : fileName, length);
+    input.TakeUtf8(input.m_file.get(), length);
+    return input;
+}
+
+JsonInput JsonInput::OfBytes(unsigned char const* data, std::size_t length) {
+    if (data == nullptr || length == 0)
+        FailEmptyJsonStream();
+    JsonInput input;
+    input.TakeUtf8(data, length);
+    return input;
+}
+
+JsonInput JsonInput::OfText(char const* text) {
+    if (text == nullptr || *text == '\0')
+        FailEmptyJsonText();
+    JsonInput input;
+    input.m_text = text;
+    return input;
+}
+
+JsonInput JsonInput::OfText(wchar_t const* text) {
+    return OfText(text == nullptr ? u"" : UnitsFromWide(text).c_str());
+}
+
+JsonInput JsonInput::OfText(char16_t const* text) {
+    if (text == nullptr || *text == u'\0')
+        FailEmptyJsonText();
+    JsonInput input;
+    input.m_made = Utf16ToLocal(text, std::char_traits<char16_t>::length(text));
+    input.m_isMade = true;
+    return input;
+}
+
+bool JsonInput::IsJson(unsigned char const* data, std::size_t length) {
+    CBinaryData room;
+    std::string_view const text = Utf8Of(data, length, room);
+    std::size_t const first = text.find_first_not_of(kWhiteSpace);
+    return first != std::string_view::npos &&
+           std::string_view("{[\"/").find(text[first]) != std::string_view::npos;
+}
+
+void JsonInput::TakeUtf8(unsigned char const* data, std::size_t length) {
+    m_text = Utf8Of(data, length, m_decompressed);
+    if (IsLocalAsItIs(m_text))
+        return;
+    m_made = Utf8ToLocal(m_text.data(), m_text.size());
+    m_isMade = true;
+}
+
+} // namespace ZvXmlLib16
