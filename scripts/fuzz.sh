@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# fuzz.sh TARGET [SECONDS]: builds the fuzzer TARGET (xml, fastinfoset, dates, inflate, patterns) with clang and runs it,
+# fuzz.sh TARGET [SECONDS]: builds the fuzzer TARGET (xml, json, fastinfoset, dates, inflate, patterns) with clang and runs it,
 # 60 seconds by default. Found inputs stay in build/fuzz/found.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -11,7 +11,13 @@ cmake --build --preset fuzz --target "fuzz_$target"
 seeds=examples/data
 if [ "$target" = fastinfoset ]; then
     seeds=tests/data/fastinfoset
+elif [ "$target" = json ]; then
+    seeds=fuzz/seeds/json
+fi
+options=()
+if [ -f "fuzz/$target.dict" ]; then
+    options=("-dict=fuzz/$target.dict")
 fi
 mkdir -p "build/fuzz/found" "build/fuzz/corpus_$target"
 "build/fuzz/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=20000 -artifact_prefix=build/fuzz/found/ \
-    "build/fuzz/corpus_$target" "$seeds"
+    "${options[@]}" "build/fuzz/corpus_$target" "$seeds"

@@ -88,6 +88,17 @@ std::string WriteJson() {
     return Alert(ctx)->ToJson(true, EOLType_LF, ctx);
 }
 
+// A plain text, which is read straight, and one that has to go by way of XML text.
+std::string ThroughJson() {
+    CSerializationContext const ctx = AlertContext();
+    std::string const json = Alert(ctx)->ToJson(true, EOLType_LF, ctx);
+    CSmartPtr<cap::CAlert> const copy(new cap::CAlert);
+    copy->FromJson(json.c_str(), ctx);
+    CSmartPtr<CElement> const element(new CElement(""));
+    element->FromJson("{\"a\":{\"@b\":\"\\t\\ud83d\\ude00\",\"c\":[1,{\"d\":null}]}}", ctx);
+    return copy->ToXml(false, false, EOLType_LF, ctx) + element->ToXml(false, false, EOLType_LF, ctx);
+}
+
 std::string CopyObject() {
     CSerializationContext const ctx = AlertContext();
     CSerializationContext const copied(ctx);
@@ -134,6 +145,7 @@ std::vector<Scenario> const& MemoryScenarios() {
         {"Fast Infoset", ThroughFastInfoset<false>},
         {"Fast Infoset with suggested encodings", ThroughFastInfoset<true>},
         {"JSON text", WriteJson},
+        {"JSON", ThroughJson},
         {"copies", CopyObject},
     };
     return scenarios;

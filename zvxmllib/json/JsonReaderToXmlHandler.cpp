@@ -4,11 +4,13 @@
 #include "zvxmllib/json/Failures.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
+#include <string_view>
+
 namespace ZvXmlLib16 {
 
 namespace {
 
-constexpr char kTextName[] = "#text";
+constexpr std::string_view kTextName = "#text";
 constexpr char kAttributeMark = '@';
 
 std::string const kNoNamespace; // aliases stay part of the names

@@ -241,7 +241,7 @@ void CJsonTextReader::ParseString() {
             ++m_next;
         if (m_next != run) {
             AppendCharacters();
-            m_token.append(run, m_next);
+            m_token.append(run, static_cast<std::size_t>(m_next - run));
         }
         if (!ReadByte())
             FailEndInString(Place());
@@ -374,7 +374,7 @@ void CJsonTextReader::TakeDigits() {
     do {
         char const* const run = m_next - 1;
         m_next = std::find_if_not(m_next, m_end, IsDigit);
-        m_token.append(run, m_next);
+        m_token.append(run, static_cast<std::size_t>(m_next - run));
     } while (ReadByte() && IsDigit(m_current));
 }
 
