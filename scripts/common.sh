@@ -36,6 +36,16 @@ need_build_packages() {
     need_pattern_library
 }
 
+need_test_packages() {
+    need_program python3 python3
+    need_program nm binutils
+    need_header gtest/gtest.h libgtest-dev
+    need_header gmock/gmock.h libgmock-dev
+    need_header nlohmann/json.hpp nlohmann-json3-dev
+    need_header pcre2.h libpcre2-dev # the tests of patterns run with both libraries
+    need_header pcre.h "$pattern_library"
+}
+
 install_missing_packages() {
     if [ ${#missing_packages[@]} -eq 0 ]; then
         return 0

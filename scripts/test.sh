@@ -5,13 +5,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 need_build_packages
 need_program clang++ clang
-need_program python3 python3
-need_program nm binutils
-need_header gtest/gtest.h libgtest-dev
-need_header gmock/gmock.h libgmock-dev
-need_header nlohmann/json.hpp nlohmann-json3-dev
-need_header pcre2.h libpcre2-dev # the tests of patterns run with both libraries
-need_header pcre.h "$pattern_library"
+need_test_packages
 install_missing_packages
 
 presets=("$@")
