@@ -1,48 +1,59 @@
-// JSON text into an untyped object. What is read straight is what is read by way of the XML text.
-#include "zvxmllib/ZvXmlLib.h"
-
-#include <cstdlib>
-#include <optional>
-#include <string>
-
-using namespace ZvXmlLib16;
+// JSON text into an untyped object and into a bound one. What is read straight is what is read by way of the
+// XML text, failures included, and what is read in full is written as JSON and read again equal.
+#include "DocumentTree.h"
+#include "examples/purchase_order/PurchaseOrder.h"
 
 namespace {
 
-// None for what is refused.
-template <class Read>
-std::optional<std::string> Rewrite(Read read) {
+// Replaces the reading of XML, so that it gets it.
+template <class Object>
+class ByXml final : public Object {
+public:
+    using Object::FromXmlStream;
+    void FromXmlStream(CBinaryData const& data, CSerializationContext const& ctx) override {
+        Object::FromXmlStream(data, ctx);
+    }
+};
+
+// What is read as XML, or the failure.
+template <class Object>
+std::string ReadJson(std::string const& json, CSerializationContext const& ctx) {
     try {
-        CSmartPtr<CElement> const element(new CElement(""));
-        read(*element);
-        return element->ToXml(false, false, EOLType_LF, CSerializationContext::GetDefaultContext());
-    } catch (CZvException const&) {
-        return std::nullopt;
+        CSmartPtr<Object> const object(new Object);
+        object->FromJson(json.c_str(), ctx);
+        return object->ToXml(false, false, EOLType_LF, CSerializationContext::GetDefaultContext());
+    } catch (CZvException const& failure) {
+        return failure.GetFullMessage();
     }
 }
 
-void Try(std::string const& json, JsonRoundTrip mode, char const* rootName) {
+template <class Object>
+void TryBothWays(std::string const& json, JsonRoundTrip mode, char const* rootName, bool allowComments) {
     CSerializationContext ctx;
+    ctx.SetDefaultNamespaceURI("urn:example:purchase-order");
     ctx.GetJsonContext().SetSupportRoundtrip(mode);
     ctx.GetJsonContext().SetRootElementName(rootName);
-    std::optional<std::string> const straight =
-        Rewrite([&](CElement& element) { element.FromJson(json.c_str(), ctx); });
-    std::optional<std::string> const byXml = Rewrite([&](CElement& element) {
-        CBinaryData const xml = CXmlDocument(ctx).LoadJson(json.c_str());
-        element.FromXmlStream(xml, ctx);
-    });
-    if (straight != byXml)
-        std::abort();
+    ctx.GetJsonContext().GetAllowComments(allowComments);
+    Require(ReadJson<Object>(json, ctx) == ReadJson<ByXml<Object>>(json, ctx));
+}
+
+void TryAgain(std::string const& json) {
+    std::optional<WholeDocument> const document = Attempt([&] { return FromJsonText(json); });
+    if (!document)
+        return;
+    DocumentTraits const traits(**document);
+    if (!traits.FitsJson())
+        return;
+    WholeDocument const again = FromJsonText((*document)->ToJson(true, EOLType_CRLF, traits.Context()));
+    Require(TreeOf(*again, Kept::ByJson) == TreeOf(**document, Kept::ByJson));
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t size) {
-    SetGeneratorVersion(kLibraryMajorVersion, kLibraryMinorVersion);
-    SetLocalCharEncoding(65001);
-    std::string const json(reinterpret_cast<char const*>(data), size);
-    Try(json, JsonRoundTrip_Full, "");
-    Try(json, JsonRoundTrip_None, "");
-    Try(json, JsonRoundTrip_Full, "r");
+    std::string const json(TextOf(data, size));
+    TryBothWays<CWholeDocument>(json, JsonRoundTrip_Full, "", true);
+    TryBothWays<purchase_order::COrder>(json, JsonRoundTrip_None, "order", false);
+    TryAgain(json);
     return 0;
 }

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is needed, then builds and tests everything: with g++, with clang, and under the address,
-# undefined-behaviour and thread sanitizers. Other presets can be named as arguments.
+# undefined-behaviour and thread sanitizers; and runs each fuzzer for some seconds. Other presets can be named as
+# arguments.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 need_build_packages
@@ -10,7 +11,7 @@ install_missing_packages
 
 presets=("$@")
 if [ ${#presets[@]} -eq 0 ]; then
-    presets=(dev clang asan tsan)
+    presets=(dev clang asan tsan fuzz)
 fi
 
 for preset in "${presets[@]}"; do
