@@ -1,164 +1,108 @@
-// The entries of an all group: 16 classes.
+// The entries of an all group: 16 classes. Each takes at most one child, or the items of its collection, and
+// answers whether it is done.
 #pragma once
 
-#include "zvxmllib/binding/metadata/ElementParts.h"
+#include "zvxmllib/binding/metadata/ElementContents.h"
 
 namespace ZvXmlLib16Data {
 
-// A generated class or a nested group. Its object is made by Init, so factory and class id are not used.
-class ZV_API CElementInfoAllClsMnd : public CElementInfo {
+template <class Content>
+class AllMandatory : public MandatoryEntry<Content> {
+public:
+    using MandatoryEntry<Content>::MandatoryEntry;
+
+    bool Validate(Ctx const&, Object const*, bool found, bool checkMandatory) const override {
+        return this->ValidateMandatory(found, checkMandatory);
+    }
+};
+
+template <class Content>
+class AllOptional : public Content {
+public:
+    using Content::Content;
+
+    bool Validate(Ctx const&, Object const*, bool, bool) const override { return true; }
+};
+
+// An abstract class may be a group here.
+class ZV_API AllAbstractClassEntry : public AbstractClassEntry {
+public:
+    using AbstractClassEntry::AbstractClassEntry;
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+// Its object is made by Init, so factory and class id are not used.
+class ZV_API CElementInfoAllClsMnd : public AllMandatory<ClassEntry> {
 public:
     CElementInfoAllClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
                           XmlElementType elementType, ClassFactory factory, int classId,
                           bool contentMandatory);
-    ~CElementInfoAllClsMnd() override;
 
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                         char const* ns, XmlElementType parentType) override;
     bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
-    void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
 
 private:
-    ClassPart const m_class;
     bool const m_contentMandatory;
 };
 
-class ZV_API CElementInfoAllClsOpt : public CElementInfo {
+class ZV_API CElementInfoAllClsOpt : public AllOptional<ClassEntry> {
 public:
-    CElementInfoAllClsOpt(char const* name, char const* ns, std::int32_t propertyIndex,
-                          XmlElementType elementType, ClassFactory factory, int classId);
-    ~CElementInfoAllClsOpt() override;
-
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
-                        char const* ns, XmlElementType parentType) override;
-    bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
-    void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-
-private:
-    ClassPart const m_class;
+    using AllOptional::AllOptional;
 };
 
-class ZV_API CElementInfoAllAbsClsMnd : public CElementInfo {
+class ZV_API CElementInfoAllAbsClsMnd : public AllMandatory<AllAbstractClassEntry> {
 public:
     // Nothing reads `reserved`.
     CElementInfoAllAbsClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
                              XmlElementType elementType, ElementFactory factory, int reserved);
-    ~CElementInfoAllAbsClsMnd() override;
-
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
-                        char const* ns, XmlElementType parentType) override;
-    bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
-    void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-
-private:
-    AbstractClassPart const m_class;
 };
 
-class ZV_API CElementInfoAllAbsClsOpt : public CElementInfo {
+class ZV_API CElementInfoAllAbsClsOpt : public AllOptional<AllAbstractClassEntry> {
 public:
-    CElementInfoAllAbsClsOpt(char const* name, char const* ns, std::int32_t propertyIndex,
-                             XmlElementType elementType, ElementFactory factory);
-    ~CElementInfoAllAbsClsOpt() override;
-
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
-                        char const* ns, XmlElementType parentType) override;
-    bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
-    void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-
-private:
-    AbstractClassPart const m_class;
+    using AllOptional::AllOptional;
 };
 
-class ZV_API CElementInfoAllPrimMnd : public CElementInfo {
+class ZV_API CElementInfoAllPrimMnd : public AllMandatory<PrimitiveEntry> {
 public:
-    CElementInfoAllPrimMnd(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
-                           ItemType type, char const* formatOverride, CWhitespaceUtils::WhitespaceRule rule,
-                           CPrimitiveRestrictions const& restrictions, char const* defaultValue);
-    ~CElementInfoAllPrimMnd() override;
-
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
-                        char const* ns, XmlElementType parentType) override;
-    bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
+    using AllMandatory::AllMandatory;
 };
 
-class ZV_API CElementInfoAllPrimOpt : public CElementInfo {
+class ZV_API CElementInfoAllPrimOpt : public AllOptional<PrimitiveEntry> {
 public:
-    CElementInfoAllPrimOpt(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
-                           ItemType type, char const* formatOverride, CWhitespaceUtils::WhitespaceRule rule,
-                           CPrimitiveRestrictions const& restrictions, char const* defaultValue);
-    ~CElementInfoAllPrimOpt() override;
-
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
-                        char const* ns, XmlElementType parentType) override;
-    bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
+    using AllOptional::AllOptional;
 };
 
-class ZV_API CElementInfoAllEnumMnd : public CElementInfo {
+class ZV_API CElementInfoAllEnumMnd : public AllMandatory<EnumEntry> {
 public:
-    CElementInfoAllEnumMnd(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
-                           EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue);
-    ~CElementInfoAllEnumMnd() override;
-
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
-                        char const* ns, XmlElementType parentType) override;
-    bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
+    using AllMandatory::AllMandatory;
 };
 
-class ZV_API CElementInfoAllEnumOpt : public CElementInfo {
+class ZV_API CElementInfoAllEnumOpt : public AllOptional<EnumEntry> {
 public:
-    CElementInfoAllEnumOpt(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
-                           EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue);
-    ~CElementInfoAllEnumOpt() override;
-
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
-                        char const* ns, XmlElementType parentType) override;
-    bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
+    using AllOptional::AllOptional;
 };
 
-// An untyped element of this name, or a wildcard under the name "AnyElement".
-class ZV_API CElementInfoAllUntpdMnd : public CElementInfo {
+// The element is the one of the property.
+class ZV_API CElementInfoAllUntpdMnd : public AllMandatory<UntypedEntry> {
 public:
-    CElementInfoAllUntpdMnd(char const* name, char const* ns, std::int32_t propertyIndex,
-                            char const* allowedNamespaces, char const* targetNamespace);
-    ~CElementInfoAllUntpdMnd() override;
+    using AllMandatory::AllMandatory;
 
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                         char const* ns, XmlElementType parentType) override;
-    bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
-
-private:
-    UntypedPart const m_untyped;
 };
 
-class ZV_API CElementInfoAllUntpdOpt : public CElementInfo {
+class ZV_API CElementInfoAllUntpdOpt : public AllOptional<UntypedEntry> {
 public:
-    CElementInfoAllUntpdOpt(char const* name, char const* ns, std::int32_t propertyIndex,
-                            char const* allowedNamespaces, char const* targetNamespace);
-    ~CElementInfoAllUntpdOpt() override;
-
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
-                        char const* ns, XmlElementType parentType) override;
-    bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
-
-private:
-    UntypedPart const m_untyped;
+    using AllOptional::AllOptional;
 };
 
-// A collection as such, and the base of the other collections.
+// A collection as such, and the base of the other collections. It is offered the cursor in every round.
 class ZV_API CElementInfoAllCol : public CElementInfo {
 public:
     CElementInfoAllCol(char const* name, char const* ns, std::int32_t propertyIndex);
-    ~CElementInfoAllCol() override;
 
     bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
@@ -166,49 +110,30 @@ public:
     bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
 };
 
-class ZV_API CElementInfoAllClsCol : public CElementInfoAllCol {
+class ZV_API CElementInfoAllClsCol : public ObjectCollectionEntry<CElementInfoAllCol> {
 public:
-    CElementInfoAllClsCol(char const* name, char const* ns, std::int32_t propertyIndex,
-                          XmlElementType elementType);
-    ~CElementInfoAllClsCol() override;
-
-    void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-
-private:
-    XmlElementType const m_elementType;
+    using ObjectCollectionEntry::ObjectCollectionEntry;
 };
 
-class ZV_API CElementInfoAllAbsClsCol : public CElementInfoAllCol {
+class ZV_API CElementInfoAllAbsClsCol : public ObjectCollectionEntry<CElementInfoAllCol> {
 public:
-    CElementInfoAllAbsClsCol(char const* name, char const* ns, std::int32_t propertyIndex,
-                             XmlElementType elementType);
-    ~CElementInfoAllAbsClsCol() override;
-
-    void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-
-private:
-    XmlElementType const m_elementType;
+    using ObjectCollectionEntry::ObjectCollectionEntry;
 };
 
 class ZV_API CElementInfoAllPrimCol : public CElementInfoAllCol {
 public:
-    CElementInfoAllPrimCol(char const* name, char const* ns, std::int32_t propertyIndex);
-    ~CElementInfoAllPrimCol() override;
+    using CElementInfoAllCol::CElementInfoAllCol;
 };
 
 // Stays abstract: no table holds one.
 class ZV_API CElementInfoAllEnumCol : public CElementInfo {
-public:
-    ~CElementInfoAllEnumCol() override;
-
 protected:
     CElementInfoAllEnumCol(char const* name, char const* ns, std::int32_t propertyIndex);
 };
 
 class ZV_API CElementInfoAllUntpdCol : public CElementInfoAllCol {
 public:
-    CElementInfoAllUntpdCol(char const* name, char const* ns, std::int32_t propertyIndex);
-    ~CElementInfoAllUntpdCol() override;
+    using CElementInfoAllCol::CElementInfoAllCol;
 
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                         char const* ns, XmlElementType parentType) override;

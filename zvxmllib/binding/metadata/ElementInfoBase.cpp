@@ -51,6 +51,10 @@ bool CElementInfo::Validate(Ctx const&, Object const*, bool, bool) const {
 
 void CElementInfo::PseudoChildAttributeToXml(Ctx const&, Object const*, CXmlWriter*) const {}
 
+CElementInfo::ChoiceMember CElementInfo::GetChoiceMember() const noexcept {
+    return ChoiceMember::kOther;
+}
+
 void CElementInfo::CheckRestriction(ZvVariant const& value) const {
     if (!m_hasRestrictions)
         FailCheckRestriction(value.GetType());

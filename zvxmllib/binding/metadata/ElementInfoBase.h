@@ -65,9 +65,10 @@ public:
     // primitive.
     void CheckRestriction(ZvVariant const& value) const;
 
-    // Whether this entry lets its choice be empty. A bare CElementInfoChoiceCol does not.
+    // Whether this entry lets its choice be empty: always, where its collection may be, or never. A bare
+    // CElementInfoChoiceCol does not.
     enum class ChoiceMember : std::uint8_t { kOther, kOptional, kCollection };
-    ChoiceMember GetChoiceMember() const noexcept { return m_choiceMember; }
+    virtual ChoiceMember GetChoiceMember() const noexcept;
     // Whether ElementFromXml looks at `ns`.
     bool UsesClassNamespace() const noexcept { return m_usesClassNamespace; }
 
@@ -125,9 +126,6 @@ protected:
     // child, after skipping unknown elements where the context allows that; false when it lets the child be
     // absent. Throws CZvValidationException otherwise.
     bool FindMandatory(Ctx const& ctx, CXmlElement* element, CXmlElement** current) const;
-    // What the element factory makes of the element under the cursor; null if the cursor is elsewhere.
-    CSmartPtr<CXmlObjectBase> MakeSubstitute(Ctx const& ctx, CXmlElement* current,
-                                             ElementFactory factory) const;
 
     // Wildcards and untyped elements. The name of a wildcard is no test.
     bool IsWildcard() const noexcept { return m_isWildcard; }
@@ -154,9 +152,9 @@ protected:
                              Ctx const& ctx, bool optionalChoice) const;
     void AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, Ctx const& ctx) const;
 
-    // Set by the constructors of the members concerned.
-    ChoiceMember m_choiceMember = ChoiceMember::kOther;
-    bool m_usesClassNamespace = false;
+    bool IsPrimitive() const noexcept { return m_hasRestrictions; }
+
+    bool m_usesClassNamespace = false; // set by the constructors of the members concerned
     EnumToString const m_enumToString = nullptr;
 
 private:

@@ -1,131 +1,104 @@
-// The entries of a choice: 11 classes.
+// The entries of a choice: 11 classes. Each answers whether it took the child.
 #pragma once
 
-#include "zvxmllib/binding/metadata/ElementParts.h"
+#include "zvxmllib/binding/metadata/ElementContents.h"
 
 namespace ZvXmlLib16Data {
 
+template <class Content>
+class ChoiceOption : public Content {
+public:
+    using Content::Content;
+
+    CElementInfo::ChoiceMember GetChoiceMember() const noexcept override {
+        return CElementInfo::ChoiceMember::kOptional;
+    }
+};
+
 // The object is in place while it is filled; a nested choice may be empty.
-class ZV_API CElementInfoChoiceClsOpt : public CElementInfo {
+class ZV_API CElementInfoChoiceClsOpt : public ChoiceOption<ClassEntry> {
 public:
-    CElementInfoChoiceClsOpt(char const* name, char const* ns, std::int32_t propertyIndex,
-                             XmlElementType elementType, ClassFactory factory, int classId);
-    ~CElementInfoChoiceClsOpt() override;
-
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
-                        char const* ns, XmlElementType parentType) override;
-    void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-
-private:
-    ClassPart const m_class;
-};
-
-class ZV_API CElementInfoChoiceAbsClsOpt : public CElementInfo {
-public:
-    CElementInfoChoiceAbsClsOpt(char const* name, char const* ns, std::int32_t propertyIndex,
-                                XmlElementType elementType, ElementFactory factory);
-    ~CElementInfoChoiceAbsClsOpt() override;
-
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
-                        char const* ns, XmlElementType parentType) override;
-    void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-
-private:
-    AbstractClassPart const m_class;
-};
-
-class ZV_API CElementInfoChoicePrimOpt : public CElementInfo {
-public:
-    CElementInfoChoicePrimOpt(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
-                              ItemType type, char const* formatOverride,
-                              CWhitespaceUtils::WhitespaceRule rule,
-                              CPrimitiveRestrictions const& restrictions, char const* defaultValue);
-    ~CElementInfoChoicePrimOpt() override;
+    using ChoiceOption::ChoiceOption;
 
     bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                         char const* ns, XmlElementType parentType) override;
 };
 
-class ZV_API CElementInfoChoiceEnumOpt : public CElementInfo {
+// The object is in place while it is filled.
+class ZV_API CElementInfoChoiceAbsClsOpt : public ChoiceOption<AbstractClassEntry> {
 public:
-    CElementInfoChoiceEnumOpt(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
-                              EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue);
-    ~CElementInfoChoiceEnumOpt() override;
+    using ChoiceOption::ChoiceOption;
 
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                         char const* ns, XmlElementType parentType) override;
 };
 
-// An untyped element of this name, or a wildcard under the name "AnyElement".
-class ZV_API CElementInfoChoiceUntpdOpt : public CElementInfo {
+class ZV_API CElementInfoChoicePrimOpt : public ChoiceOption<PrimitiveEntry> {
 public:
-    CElementInfoChoiceUntpdOpt(char const* name, char const* ns, std::int32_t propertyIndex,
-                               char const* allowedNamespaces, char const* targetNamespace);
-    ~CElementInfoChoiceUntpdOpt() override;
+    using ChoiceOption::ChoiceOption;
+};
 
-    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
+class ZV_API CElementInfoChoiceEnumOpt : public ChoiceOption<EnumEntry> {
+public:
+    using ChoiceOption::ChoiceOption;
+};
+
+// The element is in place while it is filled.
+class ZV_API CElementInfoChoiceUntpdOpt : public ChoiceOption<UntypedEntry> {
+public:
+    using ChoiceOption::ChoiceOption;
+
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                         char const* ns, XmlElementType parentType) override;
-
-private:
-    UntypedPart const m_untyped;
 };
 
 // A collection as such, and the base of the other collections.
 class ZV_API CElementInfoChoiceCol : public CElementInfo {
 public:
     CElementInfoChoiceCol(char const* name, char const* ns, std::int32_t propertyIndex);
-    ~CElementInfoChoiceCol() override;
 
     bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                         char const* ns, XmlElementType parentType) override;
 };
 
-class ZV_API CElementInfoChoiceClsCol : public CElementInfoChoiceCol {
+// A collection that may be empty lets its choice be so.
+template <class Collection>
+class ChoiceCollection : public Collection {
 public:
-    CElementInfoChoiceClsCol(char const* name, char const* ns, std::int32_t propertyIndex,
-                             XmlElementType elementType);
-    ~CElementInfoChoiceClsCol() override;
+    using Collection::Collection;
 
-    void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-
-private:
-    XmlElementType const m_elementType;
+    CElementInfo::ChoiceMember GetChoiceMember() const noexcept override {
+        return CElementInfo::ChoiceMember::kCollection;
+    }
 };
 
-class ZV_API CElementInfoChoiceAbsClsCol : public CElementInfoChoiceCol {
+class ZV_API CElementInfoChoiceClsCol
+    : public ChoiceCollection<ObjectCollectionEntry<CElementInfoChoiceCol>> {
 public:
-    CElementInfoChoiceAbsClsCol(char const* name, char const* ns, std::int32_t propertyIndex,
-                                XmlElementType elementType);
-    ~CElementInfoChoiceAbsClsCol() override;
-
-    void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
-
-private:
-    XmlElementType const m_elementType;
+    using ChoiceCollection::ChoiceCollection;
 };
 
-class ZV_API CElementInfoChoicePrimCol : public CElementInfoChoiceCol {
+class ZV_API CElementInfoChoiceAbsClsCol
+    : public ChoiceCollection<ObjectCollectionEntry<CElementInfoChoiceCol>> {
 public:
-    CElementInfoChoicePrimCol(char const* name, char const* ns, std::int32_t propertyIndex);
-    ~CElementInfoChoicePrimCol() override;
+    using ChoiceCollection::ChoiceCollection;
 };
 
-class ZV_API CElementInfoChoiceEnumCol : public CElementInfoChoiceCol {
+class ZV_API CElementInfoChoicePrimCol : public ChoiceCollection<CElementInfoChoiceCol> {
 public:
-    CElementInfoChoiceEnumCol(char const* name, char const* ns, std::int32_t propertyIndex);
-    ~CElementInfoChoiceEnumCol() override;
+    using ChoiceCollection::ChoiceCollection;
 };
 
-class ZV_API CElementInfoChoiceUntpdCol : public CElementInfoChoiceCol {
+class ZV_API CElementInfoChoiceEnumCol : public ChoiceCollection<CElementInfoChoiceCol> {
 public:
-    CElementInfoChoiceUntpdCol(char const* name, char const* ns, std::int32_t propertyIndex);
-    ~CElementInfoChoiceUntpdCol() override;
+    using ChoiceCollection::ChoiceCollection;
+};
+
+class ZV_API CElementInfoChoiceUntpdCol : public ChoiceCollection<CElementInfoChoiceCol> {
+public:
+    using ChoiceCollection::ChoiceCollection;
 
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                         char const* ns, XmlElementType parentType) override;

@@ -1,11 +1,8 @@
-// What the entries of a sequence do. A mandatory entry that is absent fails in a real element and
-// answers false in a group; an optional one is done in any case.
 #include "zvxmllib/binding/metadata/ElementInfoSeq.h"
 
 #include "zvxmllib/binding/context/SerializationContext.h"
 #include "zvxmllib/binding/metadata/Failures.h"
 #include "zvxmllib/collections/Element.h"
-#include "zvxmllib/collections/XmlCollectionBase.h"
 #include "zvxmllib/document/XmlElement.h"
 
 namespace ZvXmlLib16Data {
@@ -15,13 +12,8 @@ namespace ZvXmlLib16Data {
 CElementInfoSeqClsMnd::CElementInfoSeqClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
                                              XmlElementType elementType, ClassFactory factory, int classId,
                                              bool contentMandatory)
-    : CElementInfo(name, ns, propertyIndex), m_class{elementType, factory, classId},
+    : MandatoryEntry(name, ns, propertyIndex, elementType, factory, classId),
       m_contentMandatory(contentMandatory) {}
-CElementInfoSeqClsMnd::~CElementInfoSeqClsMnd() = default;
-
-bool CElementInfoSeqClsMnd::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
-    return Mandatory(ElementToXmlCls(ctx, object, writer, false));
-}
 
 bool CElementInfoSeqClsMnd::ReadOptionalGroup(Ctx const& ctx, Object* object, CXmlElement* element,
                                               CXmlElement** current, XmlElementType parentType) const {
@@ -43,7 +35,7 @@ bool CElementInfoSeqClsMnd::ReadMandatoryGroup(Ctx const& ctx, Object* object, C
 
 bool CElementInfoSeqClsMnd::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
                                            CXmlElement** current, char const*, XmlElementType parentType) {
-    if (m_class.IsGroup())
+    if (IsGroup())
         return m_contentMandatory ? ReadMandatoryGroup(ctx, object, element, current, parentType)
                                   : ReadOptionalGroup(ctx, object, element, current, parentType);
     if (parentType == XmlElementType_Element) {
@@ -57,125 +49,23 @@ bool CElementInfoSeqClsMnd::ElementFromXml(Ctx const& ctx, Object* object, CXmlE
     return true;
 }
 
-void CElementInfoSeqClsMnd::PseudoChildAttributeToXml(Ctx const& ctx, Object const* object,
-                                                      CXmlWriter* writer) const {
-    ObjectAttributesToXml(ctx, object, writer, m_class.elementType);
-}
-
-// CElementInfoSeqClsOpt
-
-CElementInfoSeqClsOpt::CElementInfoSeqClsOpt(char const* name, char const* ns, std::int32_t propertyIndex,
-                                             XmlElementType elementType, ClassFactory factory, int classId)
-    : CElementInfo(name, ns, propertyIndex), m_class{elementType, factory, classId} {}
-CElementInfoSeqClsOpt::~CElementInfoSeqClsOpt() = default;
-
-bool CElementInfoSeqClsOpt::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
-    return ElementToXmlCls(ctx, object, writer, false);
-}
-
-bool CElementInfoSeqClsOpt::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
-                                           CXmlElement** current, char const*, XmlElementType) {
-    CXmlElement* const offered = *current;
-    if (m_class.IsGroup()) {
-        if (offered == nullptr)
-            return true;
-        CSmartPtr<CXmlObjectBase> const child = m_class.Make(GetElementName());
-        if (ReadGroup(ctx, child, element, current))
-            SetObjectProperty(object, child, *offered);
-        return true;
-    }
-    if (IsThisElement(ctx, offered)) {
-        CSmartPtr<CXmlObjectBase> const child = m_class.Make(GetElementName());
-        ReadRealChild(ctx, child, current, false);
-        SetObjectProperty(object, child, *offered);
-    }
-    return true;
-}
-
-void CElementInfoSeqClsOpt::PseudoChildAttributeToXml(Ctx const& ctx, Object const* object,
-                                                      CXmlWriter* writer) const {
-    ObjectAttributesToXml(ctx, object, writer, m_class.elementType);
-}
-
-// CElementInfoSeqAbsClsMnd
-
-CElementInfoSeqAbsClsMnd::CElementInfoSeqAbsClsMnd(char const* name, char const* ns,
-                                                   std::int32_t propertyIndex, XmlElementType elementType,
-                                                   ElementFactory factory)
-    : CElementInfo(name, ns, propertyIndex), m_class{elementType, factory} {}
-CElementInfoSeqAbsClsMnd::~CElementInfoSeqAbsClsMnd() = default;
-
-bool CElementInfoSeqAbsClsMnd::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
-    return Mandatory(ElementToXmlCls(ctx, object, writer, false));
-}
+// The other mandatory entries
 
 bool CElementInfoSeqAbsClsMnd::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
-                                              CXmlElement** current, char const*, XmlElementType parentType) {
-    CXmlElement* const offered = *current;
-    CSmartPtr<CXmlObjectBase> const child = MakeSubstitute(ctx, offered, m_class.factory);
-    if (child != nullptr) {
-        ReadRealChild(ctx, child, current, false);
-        SetObjectProperty(object, child, *offered);
+                                              CXmlElement** current, char const* ns,
+                                              XmlElementType parentType) {
+    if (AbstractClassEntry::ElementFromXml(ctx, object, element, current, ns, parentType))
         return true;
-    }
     if (parentType == XmlElementType_Element)
         FailNoSubstitution(GetElementName(), element->GetXPath());
     return false;
-}
-
-void CElementInfoSeqAbsClsMnd::PseudoChildAttributeToXml(Ctx const& ctx, Object const* object,
-                                                         CXmlWriter* writer) const {
-    ObjectAttributesToXml(ctx, object, writer, m_class.elementType);
-}
-
-// CElementInfoSeqAbsClsOpt
-
-CElementInfoSeqAbsClsOpt::CElementInfoSeqAbsClsOpt(char const* name, char const* ns,
-                                                   std::int32_t propertyIndex, XmlElementType elementType,
-                                                   ElementFactory factory)
-    : CElementInfo(name, ns, propertyIndex), m_class{elementType, factory} {}
-CElementInfoSeqAbsClsOpt::~CElementInfoSeqAbsClsOpt() = default;
-
-bool CElementInfoSeqAbsClsOpt::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
-    return ElementToXmlCls(ctx, object, writer, false);
-}
-
-bool CElementInfoSeqAbsClsOpt::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement*,
-                                              CXmlElement** current, char const*, XmlElementType) {
-    CXmlElement* const offered = *current;
-    CSmartPtr<CXmlObjectBase> const child = MakeSubstitute(ctx, offered, m_class.factory);
-    if (child != nullptr) {
-        ReadRealChild(ctx, child, current, false);
-        SetObjectProperty(object, child, *offered);
-    }
-    return true;
-}
-
-void CElementInfoSeqAbsClsOpt::PseudoChildAttributeToXml(Ctx const& ctx, Object const* object,
-                                                         CXmlWriter* writer) const {
-    ObjectAttributesToXml(ctx, object, writer, m_class.elementType);
-}
-
-// CElementInfoSeqPrimMnd
-
-CElementInfoSeqPrimMnd::CElementInfoSeqPrimMnd(char const* name, char const* ns, std::int32_t propertyIndex,
-                                               bool nillable, ItemType type, char const* formatOverride,
-                                               CWhitespaceUtils::WhitespaceRule rule,
-                                               CPrimitiveRestrictions const& restrictions,
-                                               char const* defaultValue)
-    : CElementInfo(name, ns, propertyIndex, nillable, type, formatOverride, rule, restrictions,
-                   defaultValue) {}
-CElementInfoSeqPrimMnd::~CElementInfoSeqPrimMnd() = default;
-
-bool CElementInfoSeqPrimMnd::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
-    return Mandatory(ElementToXmlPrim(ctx, object, writer));
 }
 
 bool CElementInfoSeqPrimMnd::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
                                             CXmlElement** current, char const*, XmlElementType parentType) {
     if (parentType == XmlElementType_Element) {
         if (FindMandatory(ctx, element, current))
-            ElementFromXmlPrim(ctx, object, current);
+            ReadValue(ctx, object, current);
         return true;
     }
     while (!IsThisElement(ctx, *current)) {
@@ -183,85 +73,18 @@ bool CElementInfoSeqPrimMnd::ElementFromXml(Ctx const& ctx, Object* object, CXml
             return false;
         *current = (*current)->GetNextSiblingElement();
     }
-    ElementFromXmlPrim(ctx, object, current);
+    ReadValue(ctx, object, current);
     return true;
-}
-
-// CElementInfoSeqPrimOpt
-
-CElementInfoSeqPrimOpt::CElementInfoSeqPrimOpt(char const* name, char const* ns, std::int32_t propertyIndex,
-                                               bool nillable, ItemType type, char const* formatOverride,
-                                               CWhitespaceUtils::WhitespaceRule rule,
-                                               CPrimitiveRestrictions const& restrictions,
-                                               char const* defaultValue)
-    : CElementInfo(name, ns, propertyIndex, nillable, type, formatOverride, rule, restrictions,
-                   defaultValue) {}
-CElementInfoSeqPrimOpt::~CElementInfoSeqPrimOpt() = default;
-
-bool CElementInfoSeqPrimOpt::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
-    return ElementToXmlPrim(ctx, object, writer);
-}
-
-bool CElementInfoSeqPrimOpt::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement*,
-                                            CXmlElement** current, char const*, XmlElementType) {
-    if (IsThisElement(ctx, *current))
-        ElementFromXmlPrim(ctx, object, current);
-    return true;
-}
-
-// CElementInfoSeqEnumMnd
-
-CElementInfoSeqEnumMnd::CElementInfoSeqEnumMnd(char const* name, char const* ns, std::int32_t propertyIndex,
-                                               bool nillable, EnumToString enumToString,
-                                               StringToEnum stringToEnum, char const* defaultValue)
-    : CElementInfo(name, ns, propertyIndex, nillable, enumToString, stringToEnum, defaultValue) {}
-CElementInfoSeqEnumMnd::~CElementInfoSeqEnumMnd() = default;
-
-bool CElementInfoSeqEnumMnd::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
-    return Mandatory(ElementToXmlEnum(ctx, object, writer, m_enumToString));
 }
 
 bool CElementInfoSeqEnumMnd::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
-                                            CXmlElement** current, char const*, XmlElementType parentType) {
-    if (parentType == XmlElementType_Element) {
-        if (FindMandatory(ctx, element, current))
-            ElementFromXmlEnum(ctx, object, current);
-        return true;
-    }
-    if (!IsThisElement(ctx, *current))
-        return false;
-    ElementFromXmlEnum(ctx, object, current);
+                                            CXmlElement** current, char const* ns,
+                                            XmlElementType parentType) {
+    if (parentType != XmlElementType_Element)
+        return ValueEntry::ElementFromXml(ctx, object, element, current, ns, parentType);
+    if (FindMandatory(ctx, element, current))
+        ReadValue(ctx, object, current);
     return true;
-}
-
-// CElementInfoSeqEnumOpt
-
-CElementInfoSeqEnumOpt::CElementInfoSeqEnumOpt(char const* name, char const* ns, std::int32_t propertyIndex,
-                                               bool nillable, EnumToString enumToString,
-                                               StringToEnum stringToEnum, char const* defaultValue)
-    : CElementInfo(name, ns, propertyIndex, nillable, enumToString, stringToEnum, defaultValue) {}
-CElementInfoSeqEnumOpt::~CElementInfoSeqEnumOpt() = default;
-
-bool CElementInfoSeqEnumOpt::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
-    return ElementToXmlEnum(ctx, object, writer, m_enumToString);
-}
-
-bool CElementInfoSeqEnumOpt::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement*,
-                                            CXmlElement** current, char const*, XmlElementType) {
-    if (IsThisElement(ctx, *current))
-        ElementFromXmlEnum(ctx, object, current);
-    return true;
-}
-
-// CElementInfoSeqUntpdMnd
-
-CElementInfoSeqUntpdMnd::CElementInfoSeqUntpdMnd(char const* name, char const* ns, std::int32_t propertyIndex,
-                                                 char const* allowedNamespaces, char const* targetNamespace)
-    : CElementInfo(name, ns, propertyIndex), m_untyped(allowedNamespaces, targetNamespace) {}
-CElementInfoSeqUntpdMnd::~CElementInfoSeqUntpdMnd() = default;
-
-bool CElementInfoSeqUntpdMnd::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
-    return Mandatory(ElementToXmlCls(ctx, object, writer, false));
 }
 
 bool CElementInfoSeqUntpdMnd::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
@@ -278,23 +101,13 @@ bool CElementInfoSeqUntpdMnd::ElementFromXml(Ctx const& ctx, Object* object, CXm
 
 // CElementInfoSeqUntpdOpt
 
-CElementInfoSeqUntpdOpt::CElementInfoSeqUntpdOpt(char const* name, char const* ns, std::int32_t propertyIndex,
-                                                 char const* allowedNamespaces, char const* targetNamespace)
-    : CElementInfo(name, ns, propertyIndex), m_untyped(allowedNamespaces, targetNamespace) {
-    m_usesClassNamespace = true;
-}
-CElementInfoSeqUntpdOpt::~CElementInfoSeqUntpdOpt() = default;
-
-bool CElementInfoSeqUntpdOpt::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
-    return ElementToXmlCls(ctx, object, writer, false);
-}
-
+// The child is made before its name is looked at, so that a namespace it may not have fails in any case.
 bool CElementInfoSeqUntpdOpt::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
                                              CXmlElement** current, char const* ns, XmlElementType) {
-    CXmlElement* const offered = *current;
+    CXmlElement const* const offered = *current;
     if (offered == nullptr)
         return true;
-    CSmartPtr<CElement> const child = NewUntyped(ns, m_untyped.allowedNamespaces, m_untyped.targetNamespace);
+    CSmartPtr<CElement> const child = MakeChild(ns);
     if (PassesNameTest(offered) && ReadGroup(ctx, child, element, current))
         SetObjectProperty(object, child, *offered);
     return true;
@@ -304,7 +117,6 @@ bool CElementInfoSeqUntpdOpt::ElementFromXml(Ctx const& ctx, Object* object, CXm
 
 CElementInfoSeqCol::CElementInfoSeqCol(char const* name, char const* ns, std::int32_t propertyIndex)
     : CElementInfo(name, ns, propertyIndex) {}
-CElementInfoSeqCol::~CElementInfoSeqCol() = default;
 
 bool CElementInfoSeqCol::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
     return ElementToXmlColOfValidCount(ctx, object, writer);
@@ -314,38 +126,6 @@ bool CElementInfoSeqCol::ElementFromXml(Ctx const& ctx, Object* object, CXmlElem
                                         CXmlElement** current, char const*, XmlElementType parentType) {
     return SeqCollectionFromXml(ctx, object, element, current, parentType, false);
 }
-
-CElementInfoSeqClsCol::CElementInfoSeqClsCol(char const* name, char const* ns, std::int32_t propertyIndex,
-                                             XmlElementType elementType)
-    : CElementInfoSeqCol(name, ns, propertyIndex), m_elementType(elementType) {}
-CElementInfoSeqClsCol::~CElementInfoSeqClsCol() = default;
-
-void CElementInfoSeqClsCol::PseudoChildAttributeToXml(Ctx const& ctx, Object const* object,
-                                                      CXmlWriter* writer) const {
-    CollectionAttributesToXml(ctx, object, writer, m_elementType);
-}
-
-CElementInfoSeqAbsClsCol::CElementInfoSeqAbsClsCol(char const* name, char const* ns,
-                                                   std::int32_t propertyIndex, XmlElementType elementType)
-    : CElementInfoSeqCol(name, ns, propertyIndex), m_elementType(elementType) {}
-CElementInfoSeqAbsClsCol::~CElementInfoSeqAbsClsCol() = default;
-
-void CElementInfoSeqAbsClsCol::PseudoChildAttributeToXml(Ctx const& ctx, Object const* object,
-                                                         CXmlWriter* writer) const {
-    CollectionAttributesToXml(ctx, object, writer, m_elementType);
-}
-
-CElementInfoSeqPrimCol::CElementInfoSeqPrimCol(char const* name, char const* ns, std::int32_t propertyIndex)
-    : CElementInfoSeqCol(name, ns, propertyIndex) {}
-CElementInfoSeqPrimCol::~CElementInfoSeqPrimCol() = default;
-
-CElementInfoSeqEnumCol::CElementInfoSeqEnumCol(char const* name, char const* ns, std::int32_t propertyIndex)
-    : CElementInfoSeqCol(name, ns, propertyIndex) {}
-CElementInfoSeqEnumCol::~CElementInfoSeqEnumCol() = default;
-
-CElementInfoSeqUntpdCol::CElementInfoSeqUntpdCol(char const* name, char const* ns, std::int32_t propertyIndex)
-    : CElementInfoSeqCol(name, ns, propertyIndex) {}
-CElementInfoSeqUntpdCol::~CElementInfoSeqUntpdCol() = default;
 
 bool CElementInfoSeqUntpdCol::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
                                              CXmlElement** current, char const*, XmlElementType parentType) {

@@ -90,13 +90,6 @@ bool CElementInfo::FindMandatory(Ctx const& ctx, CXmlElement* element, CXmlEleme
     return true;
 }
 
-CSmartPtr<CXmlObjectBase> CElementInfo::MakeSubstitute(Ctx const& ctx, CXmlElement* current,
-                                                       ElementFactory factory) const {
-    if (!IsThisElement(ctx, current))
-        return {};
-    return factory(current);
-}
-
 CXmlElement* CElementInfo::ReadCollection(Ctx const& ctx, CXmlCollectionBase& collection,
                                           CXmlElement* element, CXmlElement* current, bool isUntyped) const {
     if (isUntyped && !m_isWildcard) {
