@@ -113,24 +113,49 @@ std::string CopyObject() {
            sameNumber.ToString(nullptr);
 }
 
-template <CompressionType type, bool isAsync>
+class OverlappedFiles {
+public:
+    explicit OverlappedFiles(bool isOn) {
+        AsyncToXmlFile(isOn);
+        AsyncFromXmlFile(isOn);
+    }
+    ~OverlappedFiles() {
+        AsyncToXmlFile(false);
+        AsyncFromXmlFile(false);
+    }
+};
+
+template <CompressionType type, bool isOverlapped>
 std::string ThroughFile() {
-    struct Switches {
-        Switches() {
-            AsyncToXmlFile(isAsync);
-            AsyncFromXmlFile(isAsync);
-        }
-        ~Switches() {
-            AsyncToXmlFile(false);
-            AsyncFromXmlFile(false);
-        }
-    } const switches;
+    OverlappedFiles const overlapped(isOverlapped);
     CSerializationContext const ctx = AlertContext();
     TemporaryFile const file;
     Alert(ctx)->ToXmlFile(file.Path(), true, false, XmlEncoding_UTF16, EOLType_LF, ctx, type);
     CSmartPtr<cap::CAlert> const copy(new cap::CAlert);
     copy->FromXmlFile(file.Path(), ctx);
     return copy->ToXml(false, false, EOLType_LF, ctx);
+}
+
+// The other formats have their steps before the file in common with the scenarios in memory: a small
+// document.
+template <CompressionType type, bool isOverlapped>
+std::string ThroughFilesOfOtherFormats() {
+    OverlappedFiles const overlapped(isOverlapped);
+    CSerializationContext const& ctx = CSerializationContext::GetDefaultContext();
+    CSmartPtr<CElement> element(new CElement(""));
+    // Large enough to be worth compressing.
+    element->FromXml(
+        ("<order number='7'><item>" + std::string(500, 'x') + "</item><item/>text</order>").c_str());
+    TemporaryFile const file;
+    element->ToJsonFile(file.Path(), true, XmlEncoding_UTF8, EOLType_LF, ctx, type);
+    element = new CElement("");
+    element->FromJsonFile(file.Path(), ctx);
+    element->ToFastInfosetFile(file.Path(), FInfoDecl_Version10, ctx, type);
+    element = new CElement("");
+    // A document that is read in overlapped transfers is XML text.
+    AsyncFromXmlFile(false);
+    element->FromXmlFile(file.Path(), ctx);
+    return element->ToXml(false, false, EOLType_LF, ctx);
 }
 
 } // namespace
@@ -156,6 +181,9 @@ std::vector<Scenario> const& FileScenarios() {
         {"an XML file", ThroughFile<CompressionType_None, false>},
         {"a compressed XML file", ThroughFile<CompressionType_GZip, false>},
         {"an XML file by overlapped transfers", ThroughFile<CompressionType_None, true>},
+        {"a JSON and a Fast Infoset file", ThroughFilesOfOtherFormats<CompressionType_None, false>},
+        {"the same compressed", ThroughFilesOfOtherFormats<CompressionType_GZip, false>},
+        {"the same by overlapped transfers", ThroughFilesOfOtherFormats<CompressionType_None, true>},
     };
     return scenarios;
 }
