@@ -126,7 +126,8 @@ TEST(CheckPrimitive, EachBoundHoldsForEachValueClass) {
          {&Facets::minInclusive, &Facets::maxInclusive, &Facets::minExclusive, &Facets::maxExclusive})
         EXPECT_EQ(Check(ItemType_datetime, "2026-11-23T12:00:00", With(bound, "2026-11-23T12:00:00Z")), "");
     EXPECT_EQ(Check(ItemType_duration, "P1M", With(&Facets::minExclusive, "P30D")), "");
-    EXPECT_EQ(Check(ItemType_decimal, "-0", With(&Facets::minInclusive, "0")),
+    EXPECT_EQ(Check(ItemType_decimal, "-0", With(&Facets::minInclusive, "0")), "");
+    EXPECT_EQ(Check(ItemType_integer, "-0", With(&Facets::minInclusive, "0")),
               "plain: Invalid Value for n [0].");
 }
 

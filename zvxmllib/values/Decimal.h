@@ -85,7 +85,8 @@ public:
     CDecimal& operator--();
     CDecimal operator--(int);
 
-    // By the whole parts, where -0 is less than 0, then by the fractions.
+    // By the whole parts, where -0 is less than 0 and equal to it, then by the fractions. So -0 < 0 and
+    // -0 >= 0 both hold.
     bool operator==(CDecimal const& right) const;
     bool operator!=(CDecimal const& right) const;
     bool operator<(CDecimal const& right) const;
