@@ -34,12 +34,14 @@ auto Attempt(Function function) -> std::optional<decltype(function())> {
     }
 }
 
-inline std::optional<ZvVariant> Read(std::string const& text, ItemType type) {
-    return Attempt([&] {
-        ZvVariant value;
-        value.FromString(text, type, CWhitespaceUtils::WhitespaceRule_Collapse);
-        return value;
-    });
+inline std::optional<ZvVariant> Read(std::string_view text, ItemType type) {
+    std::optional<ZvVariant> value(std::in_place);
+    try {
+        value->FromText(text, type, CWhitespaceUtils::WhitespaceRule_Collapse);
+    } catch (CZvException const&) {
+        value.reset();
+    }
+    return value;
 }
 
 // A decimal may print a zero at its end, which reading drops.

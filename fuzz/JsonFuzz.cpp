@@ -52,8 +52,12 @@ void TryAgain(std::string const& json) {
 
 extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t size) {
     std::string const json(TextOf(data, size));
-    TryBothWays<CWholeDocument>(json, JsonRoundTrip_Full, "", true);
-    TryBothWays<purchase_order::COrder>(json, JsonRoundTrip_None, "order", false);
-    TryAgain(json);
+    // One or the other, so that a run takes half the time; texts change their length often.
+    if (size % 2 == 0) {
+        TryBothWays<CWholeDocument>(json, JsonRoundTrip_Full, "", true);
+        TryAgain(json);
+    } else {
+        TryBothWays<purchase_order::COrder>(json, JsonRoundTrip_None, "order", false);
+    }
     return 0;
 }
