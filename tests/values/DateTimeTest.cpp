@@ -55,6 +55,8 @@ FILETIME FileTime(unsigned long long ticks) {
 } // namespace
 
 TEST(DateTime, TheTypeDecidesWhichFieldsThereAre) {
+    CDateTime const converted = CDateTime::dt_gDay; // not the sixth second of 1970
+    EXPECT_EQ(converted.GetType(), CDateTime::dt_gDay);
     struct Row {
         char const* name;
         std::vector<char const*> types;

@@ -41,8 +41,8 @@ public:
     };
 
     CDateTime() noexcept = default;
-    // All fields 0.
-    explicit CDateTime(DTType type) noexcept : m_type(type) {}
+    // All fields 0. Implicit, since a type would otherwise convert as a number of seconds.
+    CDateTime(DTType type) noexcept : m_type(type) {}
     // As ParseXSDDateTime.
     CDateTime(char const* text);
     CDateTime(CDateTime const& other) noexcept = default;
