@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 namespace ZvXmlLib16 {
@@ -88,6 +89,13 @@ void CheckPrimitive(char const* name, Value const& value, ItemType,
 // invalid variant.
 ZV_API void CheckPrimitiveVariant(char const* name, ZvVariant const& value, ItemType type,
                                   CPrimitiveRestrictions const& restrictions);
+
+// True if the whole value, local text that ends at a NUL, matches the pattern, which is UTF-8 (XML Schema
+// Part 2, 4.3.4). Throws CZvException for a pattern that does not compile. Escapes for names and a few blocks
+// are translated by plain replacement, also within character classes; the rest of the pattern reaches the
+// library of regular expressions as it is. Compiled patterns are kept, a limited number of them. Safe for
+// threads.
+ZV_API bool MatchesPattern(std::string const& pattern, std::string_view value);
 
 // False if CheckPrimitiveVariant passes every value of the type, so that who writes many values need not ask.
 ZV_API bool NeedsCheck(ItemType type, CPrimitiveRestrictions const& restrictions) noexcept;
