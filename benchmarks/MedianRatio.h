@@ -33,4 +33,9 @@ double MedianRatio(Work work, Base base) {
     return ratios[static_cast<std::size_t>(rounds / 2)];
 }
 
+// The sign behind a ratio in a table.
+inline char Mark(double value, double limit) {
+    return value <= limit ? ' ' : '!';
+}
+
 } // namespace bench

@@ -48,10 +48,6 @@ double MemoryOfObject(std::string const& text) {
     return MemoryOf(text, [&] { return bench::ReadObject(text); });
 }
 
-char Mark(double value, double limit) {
-    return value <= limit ? ' ' : '!';
-}
-
 void PrintRow(bench::Document const& document) {
     std::string const& text = document.text;
     CSmartPtr<bench::CRootElement> const object = bench::ReadObject(text);
@@ -65,8 +61,9 @@ void PrintRow(bench::Document const& document) {
         bench::MedianRatio([&] { bench::WriteObject(*object); }, [&] { LoadTree(compact); });
     double const memory = MemoryOfTree(text);
     std::printf("%-28s %10zu %8.2f%c %8.2f  %8.2f%c %8.2f%c %8.2f\n", document.name.c_str(), text.size(),
-                tree, Mark(tree, kMostForTree), reading, writing, Mark(writing, kMostForWriting), memory,
-                Mark(memory, kMostMemory), MemoryOfObject(text));
+                tree, bench::Mark(tree, kMostForTree), reading, writing,
+                bench::Mark(writing, kMostForWriting), memory, bench::Mark(memory, kMostMemory),
+                MemoryOfObject(text));
     std::fflush(stdout);
 }
 

@@ -2,12 +2,10 @@
 // the same data and a program written by hand for it, and the memory of the tree. "read N" reads an 11 KB
 // document of records into typed objects N times, for a count of instructions.
 #include "benchmarks/Documents.h"
-#include "benchmarks/MedianRatio.h"
 #include "benchmarks/MemoryInUse.h"
-#include "benchmarks/typed/Record.h"
+#include "benchmarks/typed/RecordProgram.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 using namespace ZvXmlLib16;
 using namespace bench;
@@ -17,24 +15,16 @@ namespace {
 constexpr double kMostForTree = 0.5;
 constexpr double kMostForObjects = 0.65;
 
-CSerializationContext& Context() {
-    static CSerializationContext ctx;
-    ctx.SetDefaultNamespaceURI(kRecordNamespace);
-    return ctx;
-}
-
 // Values as the suggested encodings have them.
-CSerializationContext& BinaryContext() {
-    static CSerializationContext ctx;
-    ctx.SetDefaultNamespaceURI(kRecordNamespace);
+CSerializationContext SuggestedContext() {
+    CSerializationContext ctx(RecordContext());
     ctx.GetFIContext().SetSuggestedValues();
     return ctx;
 }
 
 template <class Class>
 std::string ToFastInfoset(Class& object, CSerializationContext const& ctx) {
-    CBinaryData const data = object.ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None);
-    return std::string(reinterpret_cast<char const*>(data.GetData()), data.GetLength());
+    return std::string(TextOf(object.ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None)));
 }
 
 void LoadTree(std::string const& octets) {
@@ -42,14 +32,14 @@ void LoadTree(std::string const& octets) {
     Load(document, octets);
 }
 
-void ReadRecords(std::string& octets) {
-    CSmartPtr<CRecords> const records(new CRecords);
-    records->FromXmlStream(reinterpret_cast<unsigned char*>(octets.data()),
-                           static_cast<std::uint32_t>(octets.size()), Context());
+void Read(CRecords& records, std::string& octets) {
+    records.FromXmlStream(reinterpret_cast<unsigned char*>(octets.data()),
+                          static_cast<std::uint32_t>(octets.size()), RecordContext());
 }
 
-char Mark(double value, double limit) {
-    return value <= limit ? ' ' : '!';
+void ReadNew(std::string& octets) {
+    CSmartPtr<CRecords> const records(new CRecords);
+    Read(*records, octets);
 }
 
 void PrintTreeRow(Document const& document) {
@@ -66,37 +56,27 @@ void PrintTreeRow(Document const& document) {
     std::fflush(stdout);
 }
 
-void PrintObjectsRow(char const* name, std::size_t bytes) {
-    std::string const xml = MakeRecords(bytes);
-    CSmartPtr<CRecords> const records(new CRecords);
-    records->FromXml(xml.c_str(), Context());
-    std::string text = ToFastInfoset(*records, Context());
-    std::string binary = ToFastInfoset(*records, BinaryContext());
-    double const ofText = MedianRatio([&] { ReadRecords(text); }, [&] { ReadByHand(xml); });
-    double const ofBinary = MedianRatio([&] { ReadRecords(binary); }, [&] { ReadByHand(xml); });
-    std::printf("%-28s %10zu %10zu %8.2f%c %10zu %8.2f%c\n", name, xml.size(), text.size(), ofText,
-                Mark(ofText, kMostForObjects), binary.size(), ofBinary, Mark(ofBinary, kMostForObjects));
+void PrintObjectsRow(RecordSize const& size) {
+    std::string const xml = MakeRecords(size.bytes);
+    CSmartPtr<CRecords> const records = ReadRecords(xml);
+    std::string text = ToFastInfoset(*records, RecordContext());
+    std::string binary = ToFastInfoset(*records, SuggestedContext());
+    double const ofText = MedianRatio([&] { ReadNew(text); }, [&] { ReadByHand(xml); });
+    double const ofBinary = MedianRatio([&] { ReadNew(binary); }, [&] { ReadByHand(xml); });
+    std::printf("typed records, %-13s %10zu %10zu %8.2f%c %10zu %8.2f%c\n", size.name, xml.size(),
+                text.size(), ofText, Mark(ofText, kMostForObjects), binary.size(), ofBinary,
+                Mark(ofBinary, kMostForObjects));
     std::fflush(stdout);
 }
 
-void Repeat(int times) {
-    CSmartPtr<CRecords> const records(new CRecords);
-    records->FromXml(MakeRecords(11000).c_str(), Context());
-    std::string octets = ToFastInfoset(*records, Context());
+void Repeat(std::string const&, std::string const& xml, int times) {
+    CSmartPtr<CRecords> const records = ReadRecords(xml);
+    std::string octets = ToFastInfoset(*records, RecordContext());
     for (int i = 0; i < times; ++i)
-        records->FromXmlStream(reinterpret_cast<unsigned char*>(octets.data()),
-                               static_cast<std::uint32_t>(octets.size()), Context());
+        Read(*records, octets);
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    SetGeneratorVersion(kLibraryMajorVersion, kLibraryMinorVersion);
-    SetLocalCharEncoding(65001);
-    if (argc > 2) {
-        Repeat(std::atoi(argv[2]));
-        return 0;
-    }
+void Print() {
     std::printf(
         "tree:   building the tree from Fast Infoset, by the time of building it from XML text (limit %.2f)\n"
         "memory: bytes of that tree for each byte of the XML text\n"
@@ -109,6 +89,12 @@ int main(int argc, char** argv) {
                 "      XML text (limit %.2f): values as text, then under the suggested encodings\n\n"
                 "%-28s %10s %10s %8s  %10s %8s\n",
                 kMostForObjects, "document", "xml", "octets", "read", "octets", "read");
-    PrintObjectsRow("typed records, 1 MB", std::size_t{1} << 20U);
-    PrintObjectsRow("typed records, 50 MB", std::size_t{50} << 20U);
+    for (RecordSize const& size : kRecordSizes)
+        PrintObjectsRow(size);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    return RunRecordProgram(argc, argv, Repeat, Print);
 }

@@ -1,8 +1,7 @@
 // JSON text to XML bytes and to typed objects: time as medians of ratios, against parsers that do nothing
 // with what they read, and against an expat program written by hand over the XML of the same data. "read N"
 // reads an 11 KB document N times, for a count of instructions.
-#include "benchmarks/MedianRatio.h"
-#include "benchmarks/typed/Record.h"
+#include "benchmarks/typed/RecordProgram.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -20,19 +19,13 @@ namespace {
 constexpr double kMostOfParser = 1 / 0.6; // of the time of a pass without any use of it
 constexpr double kMostOfByHand = 0.85;
 
-CSerializationContext& Context() {
-    static CSerializationContext ctx;
-    ctx.SetDefaultNamespaceURI(kRecordNamespace);
-    return ctx;
-}
-
 void Convert(std::string const& json) {
-    CXmlDocument document(Context());
+    CXmlDocument document(RecordContext());
     document.LoadJson(json.c_str());
 }
 
 void Read(CRecords& records, std::string const& json) {
-    records.FromJson(json.c_str(), Context());
+    records.FromJson(json.c_str(), RecordContext());
 }
 
 // Takes every event, and keeps nothing.
@@ -79,21 +72,16 @@ void ParseByRapidJson(std::string const& json) {
 }
 #endif
 
-char Mark(double value, double limit) {
-    return value <= limit ? ' ' : '!';
+std::string WriteJson(CRecords& records, bool isFormatted) {
+    return records.ToJson(isFormatted, EOLType_LF, RecordContext());
 }
 
 void PrintRow(char const* name, std::size_t bytes, bool isFormatted) {
     std::string const xml = MakeRecords(bytes);
-    CSmartPtr<CRecords> const records(new CRecords);
-    records->FromXml(xml.c_str(), Context());
-    std::string const json = records->ToJson(isFormatted, EOLType_LF, Context());
+    std::string const json = WriteJson(*ReadRecords(xml), isFormatted);
     CSmartPtr<CRecords> const back(new CRecords);
     Read(*back, json);
-    if (back->ToJson(isFormatted, EOLType_LF, Context()) != json) {
-        std::puts("the objects read are not those written");
-        std::exit(1);
-    }
+    Require(WriteJson(*back, isFormatted) == json, "the objects read are not those written");
     double const ofNlohmann = MedianRatio([&] { Convert(json); }, [&] { ParseByNlohmann(json); });
     double const ofByHand = MedianRatio(
         [&] {
@@ -111,23 +99,14 @@ void PrintRow(char const* name, std::size_t bytes, bool isFormatted) {
     std::fflush(stdout);
 }
 
-void Repeat(int times) {
-    CSmartPtr<CRecords> const records(new CRecords);
-    records->FromXml(MakeRecords(11000).c_str(), Context());
-    std::string const json = records->ToJson(false, EOLType_LF, Context());
+void Repeat(std::string const&, std::string const& xml, int times) {
+    CSmartPtr<CRecords> const records = ReadRecords(xml);
+    std::string const json = WriteJson(*records, false);
     for (int i = 0; i < times; ++i)
         Read(*records, json);
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    SetGeneratorVersion(kLibraryMajorVersion, kLibraryMinorVersion);
-    SetLocalCharEncoding(65001);
-    if (argc > 2) {
-        Repeat(std::atoi(argv[2]));
-        return 0;
-    }
+void Print() {
     std::printf("nlohmann: records as JSON to XML bytes, by the time in which nlohmann/json parses them\n"
                 "          without any use of it (limit %.2f)\n"
                 "by hand:  the same to objects, by the time of an expat program by hand over the records\n"
@@ -135,7 +114,13 @@ int main(int argc, char** argv) {
                 "rapid:    as nlohmann, by the time of RapidJSON, where it is installed\n"
                 "'!' is above the limit.\n\n%-16s %8s  %8s  %8s\n",
                 kMostOfParser, kMostOfByHand, "document", "nlohmann", "by hand", "rapid");
-    PrintRow("1 MB", std::size_t{1} << 20U, false);
-    PrintRow("1 MB, formatted", std::size_t{1} << 20U, true);
-    PrintRow("50 MB", std::size_t{50} << 20U, false);
+    for (auto const& [name, bytes] : kRecordSizes)
+        PrintRow(name, bytes, false);
+    PrintRow("1 MB, formatted", kRecordSizes[0].bytes, true);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    return RunRecordProgram(argc, argv, Repeat, Print);
 }

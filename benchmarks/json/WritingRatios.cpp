@@ -1,12 +1,10 @@
 // Typed objects to JSON: time as medians of ratios, against writing XML of the same objects and against a
 // serialiser written by hand for one vocabulary. "write N" writes an 11 KB document N times, for a count of
 // instructions.
-#include "benchmarks/MedianRatio.h"
-#include "benchmarks/typed/Record.h"
+#include "benchmarks/typed/RecordProgram.h"
 
 #include <charconv>
 #include <cstdio>
-#include <cstdlib>
 
 using namespace ZvXmlLib16;
 using namespace bench;
@@ -16,18 +14,8 @@ namespace {
 constexpr double kMostOfXml = 1;
 constexpr double kMostOfByHand = 2;
 
-CSerializationContext& Context() {
-    static CSerializationContext ctx;
-    ctx.SetDefaultNamespaceURI(kRecordNamespace);
-    return ctx;
-}
-
-CBinaryData WriteXml(CRecords& records) {
-    return records.ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, Context(), CompressionType_None);
-}
-
 CBinaryData WriteJson(CRecords& records) {
-    return records.ToJsonStream(false, XmlEncoding_UTF8, EOLType_LF, Context(), CompressionType_None);
+    return records.ToJsonStream(false, XmlEncoding_UTF8, EOLType_LF, RecordContext(), CompressionType_None);
 }
 
 void AppendString(std::string& out, std::string const& text) {
@@ -100,48 +88,35 @@ std::string WriteJsonByHand(std::vector<Record> const& records) {
     return out += "]}}";
 }
 
-char Mark(double value, double limit) {
-    return value <= limit ? ' ' : '!';
-}
-
-void PrintRow(char const* name, std::size_t bytes) {
-    std::string const xml = MakeRecords(bytes);
-    CSmartPtr<CRecords> const records(new CRecords);
-    records->FromXml(xml.c_str(), Context());
+void PrintRow(RecordSize const& size) {
+    std::string const xml = MakeRecords(size.bytes);
+    CSmartPtr<CRecords> const records = ReadRecords(xml);
     std::vector<Record> const byHand = ReadByHand(xml);
-    CBinaryData const written = WriteJson(*records);
-    if (std::string(reinterpret_cast<char const*>(written.GetData()), written.GetLength()) !=
-        WriteJsonByHand(byHand)) {
-        std::puts("the two programs do not agree");
-        std::exit(1);
-    }
-    double const ofXml = MedianRatio([&] { WriteJson(*records); }, [&] { WriteXml(*records); });
+    Require(TextOf(WriteJson(*records)) == WriteJsonByHand(byHand), "the two programs do not agree");
+    double const ofXml = MedianRatio([&] { WriteJson(*records); }, [&] { WriteRecordsAsXml(*records); });
     double const ofByHand = MedianRatio([&] { WriteJson(*records); }, [&] { WriteJsonByHand(byHand); });
-    std::printf("%-8s %8.2f%c %8.2f%c\n", name, ofXml, Mark(ofXml, kMostOfXml), ofByHand,
+    std::printf("%-8s %8.2f%c %8.2f%c\n", size.name, ofXml, Mark(ofXml, kMostOfXml), ofByHand,
                 Mark(ofByHand, kMostOfByHand));
     std::fflush(stdout);
 }
 
-void Repeat(int times) {
-    CSmartPtr<CRecords> const records(new CRecords);
-    records->FromXml(MakeRecords(11000).c_str(), Context());
+void Repeat(std::string const&, std::string const& xml, int times) {
+    CSmartPtr<CRecords> const records = ReadRecords(xml);
     for (int i = 0; i < times; ++i)
         WriteJson(*records);
+}
+
+void Print() {
+    std::printf("xml:     writing records as JSON, by the time of writing them as XML (limit %.1f)\n"
+                "by hand: the same, by the time of a serialiser by hand (limit %.1f)\n"
+                "'!' is above the limit.\n\n%-8s %8s  %8s\n",
+                kMostOfXml, kMostOfByHand, "document", "xml", "by hand");
+    for (RecordSize const& size : kRecordSizes)
+        PrintRow(size);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    SetGeneratorVersion(kLibraryMajorVersion, kLibraryMinorVersion);
-    SetLocalCharEncoding(65001);
-    if (argc > 2) {
-        Repeat(std::atoi(argv[2]));
-        return 0;
-    }
-    std::printf("xml:     writing records as JSON, by the time of writing them as XML (limit %.1f)\n"
-                "by hand: the same, by the time of a serialiser by hand (limit %.1f)\n"
-                "'!' is above the limit.\n\n%-8s %8s  %8s\n",
-                kMostOfXml, kMostOfByHand, "document", "xml", "by hand");
-    PrintRow("1 MB", std::size_t{1} << 20U);
-    PrintRow("50 MB", std::size_t{50} << 20U);
+    return RunRecordProgram(argc, argv, Repeat, Print);
 }

@@ -36,7 +36,7 @@ void PrintRow(char const* name, char const* pattern, char const* expression,
         std::exit(1);
     }
     double const ratio = bench::MedianRatio(check, match);
-    std::printf("%-16s %8.2f%c\n", name, ratio, ratio <= kMost ? ' ' : '!');
+    std::printf("%-16s %8.2f%c\n", name, ratio, bench::Mark(ratio, kMost));
     std::fflush(stdout);
 }
 

@@ -28,10 +28,6 @@ void Keep(Value const& value) {
     asm volatile("" : : "g"(&value) : "memory");
 }
 
-char Mark(double ratio, double limit) {
-    return ratio <= limit ? ' ' : '!';
-}
-
 template <class Items, class Convert>
 auto ForEach(Items const& items, Convert convert) {
     return [&items, convert] {
@@ -60,8 +56,8 @@ void PrintRow(char const* name, std::vector<std::string> const& texts, Read read
     }
     double const reading = bench::MedianRatio(ForEach(texts, read), ForEach(texts, bestRead));
     double const writing = bench::MedianRatio(ForEach(values, write), ForEach(bestValues, bestWrite));
-    std::printf("%-16s %8.2f%c %8.2f%c\n", name, reading, Mark(reading, limit), writing,
-                Mark(writing, limit));
+    std::printf("%-16s %8.2f%c %8.2f%c\n", name, reading, bench::Mark(reading, limit), writing,
+                bench::Mark(writing, limit));
     std::fflush(stdout);
 }
 
