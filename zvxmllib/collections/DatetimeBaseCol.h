@@ -58,8 +58,6 @@ protected:
 
 private:
     void AddText(std::string_view text);
-
-    static Registration s_registration;
 };
 
 } // namespace detail

@@ -83,8 +83,6 @@ protected:
 private:
     void Check(Value const& value) const;
     void AddText(std::string_view text);
-
-    static Registration s_registration;
 };
 
 } // namespace ZvXmlLib16::detail

@@ -4,6 +4,7 @@
 #include "zvxmllib/values/Decimal.h"
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/MagnitudeArithmetic.h"
+#include "zvxmllib/values/NumberText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,6 +14,7 @@
 
 namespace ZvXmlLib16 {
 
+using detail::IsDigit;
 using detail::Magnitude;
 
 namespace {
@@ -52,10 +54,6 @@ Magnitude MagnitudeOfDouble(double value) {
         digits += static_cast<char>('0' + static_cast<int>(std::fmod(value, 10)));
     std::reverse(digits.begin(), digits.end());
     return Magnitude::OfDigits(digits);
-}
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 bool IsIntegerCharacter(char c) {

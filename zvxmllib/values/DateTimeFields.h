@@ -2,6 +2,7 @@
 #pragma once
 
 #include "zvxmllib/values/DateTime.h"
+#include "zvxmllib/values/NumberText.h"
 
 #include <cstddef>
 #include <string_view>
@@ -30,10 +31,6 @@ constexpr bool IsOneOf(CDateTime::DTType type, unsigned types) noexcept {
 
 // Raises an assertion for a number that is no type.
 char const* TypeName(CDateTime::DTType type);
-
-constexpr bool IsDigit(char c) noexcept {
-    return c >= '0' && c <= '9';
-}
 
 // Two digits. False if there is anything else, and the number is without meaning then.
 inline bool ReadTwoDigits(char const* at, unsigned& number) noexcept {

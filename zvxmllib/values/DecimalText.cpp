@@ -13,6 +13,7 @@
 
 namespace ZvXmlLib16 {
 
+using detail::IsDigit;
 using detail::Magnitude;
 
 namespace {
@@ -21,10 +22,6 @@ constexpr std::int64_t kGreatestExponent = 65536; // so that a few characters ca
 constexpr std::int64_t kExponentBeyondAll = std::int64_t{1} << 56U; // has room for one digit more
 constexpr std::size_t kLongestWithPoint = 1023;
 constexpr std::size_t kMostFractionDigits = std::size_t{1} << 30U; // of a text
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 // The digits of one section: where they stand in the text, or a copy if something stands between them.
 class DigitRuns {

@@ -14,10 +14,6 @@ namespace {
 
 constexpr std::size_t kFormattedSize = 48;
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 // isspace of the C locale, which takes two more characters than XML does.
 bool IsSpace(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');

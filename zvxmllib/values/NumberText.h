@@ -11,6 +11,10 @@
 
 namespace ZvXmlLib16::detail {
 
+constexpr bool IsDigit(char c) noexcept {
+    return c >= '0' && c <= '9';
+}
+
 // The ordinary case: digits with at most a minus sign in front, nothing else, in range. False for all other
 // texts, which say nothing about the text being wrong.
 template <class Integer>
