@@ -1,28 +1,33 @@
-// Documents compared: as they are, and as far as JSON keeps them.
+// Documents compared: as they are, and as far as XML text and JSON keep them.
 #pragma once
 
 #include "WholeDocument.h"
 
 #include <algorithm>
 
-enum class Kept { All, ByJson };
+enum class Kept { All, ByXml, ByJson };
 
-// What a text is after JSON, which drops line ends; the parser makes the tab of an attribute a blank.
-inline std::string AfterJson(std::string text, bool isAttribute) {
-    text.erase(std::remove_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }),
-               text.end());
-    if (isAttribute)
-        std::replace(text.begin(), text.end(), '\t', ' ');
+inline bool IsDropped(char c, Kept kept) {
+    return (c == '\r' && kept != Kept::All) || (c == '\n' && kept == Kept::ByJson);
+}
+
+inline std::string TextAsKept(std::string text, Kept kept) {
+    auto const isDropped = [kept](char c) { return IsDropped(c, kept); };
+    text.erase(std::remove_if(text.begin(), text.end(), isDropped), text.end());
     return text;
 }
 
+// In both texts the tab of an attribute becomes a blank.
+inline std::string AttributeAsKept(std::string text, Kept kept) {
+    if (kept != Kept::All)
+        std::replace(text.begin(), text.end(), '\t', ' ');
+    return TextAsKept(std::move(text), kept);
+}
+
 // The text beside child elements comes back from JSON with the white space of formatted XML.
-inline std::string TextOf(CElement const& element, Kept kept) {
-    std::string text = element.GetText();
-    if (kept == Kept::All)
-        return text;
-    text = AfterJson(text, false);
-    if (element.HasChildElements())
+inline std::string TextAsKept(CElement const& element, Kept kept) {
+    std::string text = TextAsKept(element.GetText(), kept);
+    if (kept == Kept::ByJson && element.HasChildElements())
         text.erase(std::remove_if(text.begin(), text.end(), &CWhitespaceUtils::IsWhiteSpace), text.end());
     return text;
 }
@@ -33,12 +38,11 @@ inline std::string TreeOf(CElement& element, Kept kept) {
     if (element.HasAttributes()) {
         CSmartPtr<CAttributeCol> const attributes = element.GetAttributes();
         for (CAttribute* const attribute : *attributes) {
-            std::string const value = attribute->GetValue();
             tree += "\n@{" + attribute->GetNamespace() + '}' + attribute->GetName() + '=';
-            tree += kept == Kept::All ? value : AfterJson(value, true);
+            tree += AttributeAsKept(attribute->GetValue(), kept);
         }
     }
-    tree += "\n'" + TextOf(element, kept) + "'\n(";
+    tree += "\n'" + TextAsKept(element, kept) + "'\n(";
     if (element.HasChildElements()) {
         CSmartPtr<CElementCol> const children = element.GetChildElements();
         for (CElement* const child : *children)
@@ -54,8 +58,10 @@ public:
 
     // Texts that pass for markup, and attributes that pass for declarations.
     bool HasRawParts() const { return m_hasRawParts; }
-    // JSON has names and namespaces as they are, and a limit of 100 levels, of which the document is one.
-    bool FitsJson() const { return !m_hasRawParts && m_isPlain && m_depth < 99; }
+    // Namespaces are written as they are.
+    bool FitsXml() const { return !m_hasRawParts && m_isPlain; }
+    // JSON has a limit of 100 levels, of which the document is one.
+    bool FitsJson() const { return FitsXml() && m_depth < 99; }
     CSerializationContext const& Context() const { return m_context; }
 
 private:
@@ -90,7 +96,8 @@ private:
         if (!isXml && uri.compare(0, kXmlNamespace.size(), kXmlNamespace) == 0)
             m_isPlain = false;
         for (char const c : uri)
-            m_isPlain = m_isPlain && c != '"' && c != '\\' && static_cast<unsigned char>(c) >= ' ';
+            m_isPlain = m_isPlain && std::string_view("\"\\&<").find(c) == std::string_view::npos &&
+                        static_cast<unsigned char>(c) >= ' ';
     }
 
     CSerializationContext m_context;

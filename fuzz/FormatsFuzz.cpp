@@ -24,7 +24,7 @@ void TryUntyped(std::string const& xml) {
 using Order = CSmartPtr<purchase_order::COrder>;
 
 std::string XmlOf(Order const& order, CSerializationContext const& ctx) {
-    return AfterJson(order->ToXml(false, false, EOLType_LF, ctx), false);
+    return TextAsKept(order->ToXml(false, false, EOLType_LF, ctx), Kept::ByJson);
 }
 
 void TryTyped(std::string const& xml) {
