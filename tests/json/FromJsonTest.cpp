@@ -86,6 +86,10 @@ TEST(JsonToXml, MapsMembersToElementsAttributesAndTexts) {
         {R"({"r":{"x":[{"a":[]},{"b":[]}]}})", "<r><x/><x/></r>"},
         {R"({"a":[]})", "<a/>"},
         {R"({"a":[[]]})", "<a/>"},
+        // An empty array inside an array leaves the name to the next item.
+        {R"({"a":[[],1]})", "<a>1</a>"},
+        {R"({"a":[[],[[],{"b":[[],[]]}]]})", "<a/>"},
+        {R"({"r":{"x":{"@a":[[],1]},"y":{"#text":[[],2]}}})", R"(<r><x a="1"/><y>2</y></r>)"},
         {"null", ""},
         {"{}", ""},
         // Behind the text an element has ended, and values of attributes are scalars: no meaning, no harm.

@@ -82,19 +82,19 @@ void CJsonReaderToXmlHandler::StartArray() {
     if (m_strCurrentName.empty())
         FailArrayWithoutName(m_errorPath.GetErrorPath());
     m_arrayStack.push_back(m_strCurrentName);
-    m_isArrayEmpty = true;
+    ++m_emptyArrays;
 }
 
 void CJsonReaderToXmlHandler::EndArray() {
-    if (m_isArrayEmpty)
-        DropEmptyArray();
     m_arrayStack.pop_back();
+    if (m_emptyArrays != 0 && --m_emptyArrays == 0)
+        DropEmptyArray();
 }
 
 // The first item of an array is the element that the name has started, so an array without items leaves
-// nothing, whatever the name stood for. Only the root is written all the same, empty.
+// nothing, whatever the name stood for. Only the root is written all the same, empty. Inside an array it is
+// not even an item: the name waits for the next one.
 void CJsonReaderToXmlHandler::DropEmptyArray() {
-    m_isArrayEmpty = false;
     m_bInAttribute = false;
     m_bTextMember = false;
     if (m_isStartDue && m_openElements == 1) {
@@ -121,7 +121,7 @@ void CJsonReaderToXmlHandler::StartArrayItemIfDue() {
 }
 
 void CJsonReaderToXmlHandler::WriteDueElementStart() {
-    m_isArrayEmpty = false;
+    m_emptyArrays = 0;
     if (!m_isStartDue)
         return;
     m_isStartDue = false;

@@ -50,7 +50,7 @@ private:
     bool m_bInAttribute = false;           // the coming value is that of the attribute m_strCurrentName
     bool m_bTextMember = false;            // the current object's text was seen, which has ended its element
     bool m_isStartDue = false;             // the element m_strCurrentName is open here, but not yet written
-    bool m_isArrayEmpty = false;           // an array has begun, and nothing has come since
+    std::size_t m_emptyArrays = 0;         // begun inside each other behind the last name, without an item
 };
 
 } // namespace ZvXmlLib16
