@@ -125,7 +125,7 @@ TEST(BinaryData, ComparesByContent) {
     EXPECT_EQ(CBinaryData(), CBinaryData(""));
     EXPECT_EQ(CBinaryData("ab"), CBinaryData("ab"));
     EXPECT_NE(CBinaryData("ab"), CBinaryData("ac"));
-    EXPECT_NE(CBinaryData("ab"), CBinaryData("abc"));
+    EXPECT_NE(CBinaryData("ab"), "abc"); // a text is data where data is wanted
     EXPECT_NE(CBinaryData(), CBinaryData("a"));
 }
 

@@ -22,7 +22,7 @@ public:
     // on, also if the constructor throws; otherwise it is copied.
     CBinaryData(unsigned char* const data, std::uint32_t length, bool takeOwnership);
     // Copies up to the NUL; null counts as empty.
-    explicit CBinaryData(char const* text);
+    CBinaryData(char const* text);
     virtual ~CBinaryData();
 
     CBinaryData& operator=(CBinaryData const& other) noexcept;
