@@ -2,6 +2,7 @@
 #include "tests/support/MessageOf.h"
 #include "zvxmllib/binding/context/SerializationContext.h"
 #include "zvxmllib/collections/Attribute.h"
+#include "zvxmllib/json/JsonContext.h"
 
 #include <gtest/gtest.h>
 
@@ -85,6 +86,7 @@ TEST(SerializationContext, BeginsWithTheDefaultsAndCopiesEveryOption) {
     }
     ctx.SetIgnoreUnknownElements(true);
     ctx.GetAdditionalRootAttributes()->Add("x");
+    ctx.GetJsonContext().SetRootElementName("r");
 
     CSerializationContext copy(ctx);
     for (Option const& option : options)
@@ -92,6 +94,7 @@ TEST(SerializationContext, BeginsWithTheDefaultsAndCopiesEveryOption) {
     EXPECT_TRUE(copy.GetIgnoreUnknownElements());
     EXPECT_FALSE(copy.GetWriteTypeAttribute());
     EXPECT_FALSE(copy.GetStripCDATA());
+    EXPECT_EQ(copy.GetJsonContext().GetRootElementName(), "r");
     EXPECT_EQ(copy.GetDefaultNamespaceURI(), "d");
     EXPECT_EQ(copy.GetInLineSchema(), "<s/>");
     EXPECT_EQ(copy.GetIndentChars(), " ");

@@ -74,6 +74,10 @@ TEST(UntypedReading, ReadsTheFirstChildOfADocumentThroughTheGeneralForms) {
     EXPECT_EQ(XmlOf(*element), "<z a=\"1\"/>") << "reading adds to what is there";
     element->FromXml("<r/>", ctx);
     EXPECT_EQ(element->GetName(), "z") << "nothing to read changes nothing";
+    element->FromXml(L"<r><v/></r>", ctx);
+    EXPECT_EQ(element->GetName(), "v");
+    element->FromXml(u"<r><w/></r>", ctx);
+    EXPECT_EQ(element->GetName(), "w");
 }
 
 TEST(UntypedReading, LeavesToOthersWhatIsNotAllowed) {
@@ -143,9 +147,14 @@ TEST(UntypedReading, FillsAnObjectFromAnUntypedElement) {
     ElementPtr const copy(new CElement("any"));
     copy->FromXmlElement(element, ctx);
     EXPECT_EQ(copy->GetText(), "\xE4") << "by way of UTF-8";
-    EXPECT_EQ(MessageOf<CZvInvalidParamException>(
-                  [&] { object->FromXmlElement(static_cast<CElement const*>(nullptr), ctx); }),
-              "The element to read from may not be NULL");
+    CXmlDocument document(ctx);
+    document.LoadXml("<s><b/></s>");
+    object->FromXmlElement(document.GetDocumentElement(), ctx);
+    EXPECT_EQ(object->m_readElement + object->m_readCurrent, "sb");
+    for (auto const& read : std::initializer_list<std::function<void()>>{
+             [&] { object->FromXmlElement(static_cast<CElement const*>(nullptr), ctx); },
+             [&] { object->FromXmlElement(static_cast<CXmlElement const*>(nullptr), ctx); }})
+        EXPECT_EQ(MessageOf<CZvInvalidParamException>(read), "The element to read from may not be NULL");
 }
 
 std::string Nested(int levels) {

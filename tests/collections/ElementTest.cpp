@@ -114,6 +114,12 @@ TEST(ElementCol, TakesTheNamespaceOfItsItemsFromItsArguments) {
     EXPECT_EQ(named->Add("a")->GetNamespace(), "u");
     EXPECT_EQ(named->Add("a", "anything")->GetNamespace(), "anything") << "the list was for the constructor";
     EXPECT_EQ(named->GetNamespace(), "t");
+    ElementPtr const first(new CElement("first"));
+    ElementPtr const second(new CElement("second"));
+    named->AddAfter(nullptr, second);
+    named->AddBefore(second, first);
+    EXPECT_EQ(named->Item(0), first);
+    EXPECT_EQ(named->Item(1), second);
     CSmartPtr<CElementCol> const none(new CElementCol("", "uri1", "t", 1, 5));
     EXPECT_EQ(MessageOf<CZvInvalidStateException>([&] { none->Add("a"); }),
               "A Namespace has not been set for this Collection");

@@ -10,7 +10,6 @@
 #include <gmock/gmock.h>
 
 #include <functional>
-#include <map>
 #include <vector>
 
 using namespace ZvXmlLib16;
@@ -358,13 +357,6 @@ TEST_P(TypedCollection, IsCountedUnderItsName) {
 
 INSTANTIATE_TEST_SUITE_P(Each, TypedCollection, testing::ValuesIn(Rows()),
                          [](auto const& instance) { return std::string(instance.param.className); });
-
-TEST(TypedCollections, AreAllThere) {
-    std::map<ItemType, int> types;
-    for (Row const& row : Rows())
-        ++types[row.type];
-    EXPECT_EQ(types.size(), 25U);
-}
 
 TEST(TypedCollections, CheckTheirCountsWhenTheyWrite) {
     ColSetup setup;

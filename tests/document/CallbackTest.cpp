@@ -64,6 +64,21 @@ TEST_F(DocumentCallback, KeepsWhatWasAskedOfEnclosingElements) {
     EXPECT_EQ(At(document, {}).GetText(), std::string(300, '.'));
 }
 
+// What an element leaves behind is used again, unless it is too small for what comes.
+TEST_F(DocumentCallback, SeesTextsOfAnySizeInAnyOrder) {
+    CXmlDocument document(TakeAll);
+    std::string xml = "<r>";
+    std::vector<std::string> expected;
+    for (int const size : {1, 5000, 10, 300'000, 3000, 20'000, 1'000'000, 2}) {
+        std::string const text(static_cast<std::size_t>(size), static_cast<char>('a' + size % 26));
+        xml += "<e><f>" + text + "</f>" + text + "</e>";
+        expected.insert(expected.end(), {"/r/e/f=" + text + "@0", "/r/e=" + text + "@0"});
+    }
+    document.LoadXml((xml + "</r>").c_str());
+    expected.push_back("/r=@0");
+    EXPECT_TRUE(s_seen == expected);
+}
+
 TEST_F(DocumentCallback, SeesCountsThatAreUpToDate) {
     CInstanceMonitor::Cleanup();
     CXmlDocument document([](CXmlElement*) {

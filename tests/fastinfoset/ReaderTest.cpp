@@ -131,57 +131,6 @@ TEST(FastInfosetReader, DecodesEachKindOfEncodedString) {
     }
 }
 
-TEST(FastInfosetReader, TakesNamesValuesAndTextsOfAnyLength) {
-    for (std::size_t const n : {8U, 9U, 64U, 65U, 258U, 259U, 264U, 265U, 320U, 321U, 70000U}) {
-        std::string const text(n, 't');
-        std::string const onSecond = n <= 64    ? BigEndian(n - 1, 1)
-                                     : n <= 320 ? '\x40' + BigEndian(n - 65, 1)
-                                                : '\x60' + BigEndian(n - 321, 4);
-        std::string const onFifth = n <= 8     ? BigEndian(n - 1, 1)
-                                    : n <= 264 ? '\x08' + BigEndian(n - 9, 1)
-                                               : '\x0C' + BigEndian(n - 265, 4);
-        std::string const onSeventh =
-            n <= 258 ? '\x82' + BigEndian(n - 3, 1) : '\x83' + BigEndian(n - 259, 4);
-        EXPECT_EQ(Tree(Document('\x7C' + onSecond + text + Octets("78 00 'x'") + onFifth + text + '\xF0' +
-                                onSeventh + text + '\xF0')),
-                  "0 {}" + text + "\nA {}x=" + text + "\nT " + text + '\n')
-            << n;
-    }
-}
-
-// Each form of an index at its place in a document, at both sides of its boundaries.
-TEST(FastInfosetReader, FindsTheEntryOfAnyIndex) {
-    auto const name = [](int i) { return "n" + std::to_string(10000 + i); };
-    std::string content = Octets("7C 00 'r'");
-    for (int i = 1; i <= 9000; ++i)
-        content += Octets("78 05") + name(i) + '\x45' + name(i);
-    content += '\xF0';
-    for (int i = 2; i <= 2100; ++i)
-        content += Octets("3C 05") + name(i) + Octets("92 03") + name(i) + '\xF0';
-    struct Reference {
-        char const* octets;
-        char const* tree;
-    };
-    for (Reference const& row : {
-             Reference{"1F", "1 {}n10032\n"},
-             Reference{"20 00", "1 {}n10033\n"},
-             Reference{"27 FF", "1 {}n12080\n"},
-             Reference{"28 00 00", "1 {}n12081\n"},
-             Reference{"40 3F BF F0", "1 {}r\nA {}n10064=n10064\n"},
-             Reference{"40 40 00 C0 00 F0", "1 {}r\nA {}n10065=n10065\n"},
-             Reference{"40 5F FF DF FF F0", "1 {}r\nA {}n18256=n18256\n"},
-             Reference{"40 60 00 00 E0 00 00 F0", "1 {}r\nA {}n18257=n18257\n"},
-             Reference{"00 AE", "1 {}r\nT n10016\n"}, // the first chunk is that of 2
-             Reference{"00 AF", "1 {}r\nT n10017\n"},
-             Reference{"00 B0 00", "1 {}r\nT n10018\n"},
-             Reference{"00 B3 FF", "1 {}r\nT n11041\n"},
-             Reference{"00 B4 00 00", "1 {}r\nT n11042\n"},
-         }) {
-        std::string const tree = Tree(Document(content + Octets(row.octets) + '\xFF'));
-        EXPECT_THAT(tree, testing::EndsWith(row.tree)) << row.octets;
-    }
-}
-
 TEST(FastInfosetReader, ReadsOverWhatTheTreeHasNoPlaceFor) {
     ExpectTrees({
         {"E1 00 't' 00 'd' E2 00 'c' C7 00 's' 00 'p' E1 00 't' FF F0 C4 F0 3C 00 'a' FF", "0 {}a\n"},

@@ -635,12 +635,12 @@ TEST(FastInfosetWriter, GivesFilesAndCompressedStreams) {
     CSmartPtr<WrittenObject> const object(
         new WrittenObject([](CXmlWriter& w) { Element(w, "a", std::string(500, 'x')); }));
     CSerializationContext const ctx;
-    std::string const plain = BytesOf(object->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None));
+    std::string const plain = TextOf(object->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None));
     for (CompressionType const compression : {CompressionType_GZip, CompressionType_ZLib}) {
         CBinaryData data = object->ToFastInfosetStream(FInfoDecl_None, ctx, compression);
         CBinaryData decompressed;
         ASSERT_TRUE(CZvZip::TryDecompress(data.GetData(), data.GetLength(), decompressed)) << compression;
-        EXPECT_EQ(Hex(BytesOf(decompressed)), Hex(plain));
+        EXPECT_EQ(Hex(TextOf(decompressed)), Hex(plain));
     }
     TemporaryFile const file;
     object->ToFastInfosetFile(file.Path(), FInfoDecl_None, ctx, CompressionType_None);

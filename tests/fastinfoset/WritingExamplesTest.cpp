@@ -1,12 +1,13 @@
 // The examples of docs/fast-infoset.md on writing: each block of XML is read, and written as the blocks of
 // octets behind it show.
 #include "examples/purchase_order/PurchaseOrder.h"
+#include "tests/fastinfoset/Octets.h"
 #include "tests/fastinfoset/WrittenOctets.h"
+#include "tests/support/DocumentedExamples.h"
 #include "tests/support/LocalEncoding.h"
 
 #include <gmock/gmock.h>
 
-#include <fstream>
 #include <sstream>
 #include <string>
 
@@ -16,47 +17,16 @@ namespace {
 
 constexpr char kNamespace[] = "urn:example:purchase-order";
 
-struct Block {
-    std::string info; // what stands behind the fence
-    std::string text;
-};
-
-std::vector<Block> BlocksOfDocumentation() {
-    std::ifstream document(ZV_DOCS_DIR "/fast-infoset.md");
-    std::vector<Block> blocks;
-    bool isInBlock = false;
-    for (std::string line; std::getline(document, line);) {
-        bool const isFence = line.rfind("```", 0) == 0;
-        if (isFence && !isInBlock)
-            blocks.push_back({line.substr(3), ""});
-        else if (isInBlock && !isFence)
-            blocks.back().text += line + '\n';
-        isInBlock = isInBlock != isFence;
-    }
-    return blocks;
-}
-
-// A line is octets, two blanks or more, and what they are: 3C 00 61   the name "a". In the octets, a text
-// stands between apostrophes.
+// A line is octets, two blanks or more, and what they are: 3C 00 61   the name "a".
 std::string OctetsOf(std::string const& text) {
     std::string octets;
     std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
-        line = line.substr(0, line.find("  "));
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            if (line[i] == '\'') {
-                std::size_t const end = line.find('\'', i + 1);
-                octets += line.substr(i + 1, end - i - 1);
-                i = end;
-            } else if (line[i] != ' ') {
-                octets += static_cast<char>(std::stoi(line.substr(i++, 2), nullptr, 16));
-            }
-        }
-    }
+    for (std::string line; std::getline(lines, line);)
+        octets += Octets(line.substr(0, line.find("  ")));
     return octets;
 }
 
-CSmartPtr<CXmlObjectBase> ReadXml(Block const& block, CSerializationContext& ctx) {
+CSmartPtr<CXmlObjectBase> ReadXml(DocumentedBlock const& block, CSerializationContext& ctx) {
     bool const isOrder = block.info == "xml order";
     ctx.SetDefaultNamespaceURI(isOrder ? kNamespace : "");
     if (!isOrder) {
@@ -74,7 +44,7 @@ TEST(FastInfosetDocumentation, ShowsWhatIsWritten) {
     CSmartPtr<CXmlObjectBase> object;
     CSerializationContext plain;
     int examples = 0;
-    for (Block const& block : BlocksOfDocumentation()) {
+    for (DocumentedBlock const& block : BlocksOf("fast-infoset.md")) {
         if (block.info.rfind("xml", 0) == 0) {
             object = ReadXml(block, plain);
         } else if (block.info.rfind("octets", 0) == 0) {
@@ -83,7 +53,7 @@ TEST(FastInfosetDocumentation, ShowsWhatIsWritten) {
             if (block.info == "octets suggested")
                 ctx.GetFIContext().SetSuggestedValues();
             CBinaryData const data = object->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None);
-            EXPECT_EQ(Hex(BytesOf(data)), Hex(OctetsOf(block.text)));
+            EXPECT_EQ(Hex(TextOf(data)), Hex(OctetsOf(block.text)));
             ++examples;
         }
     }

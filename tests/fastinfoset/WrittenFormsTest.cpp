@@ -16,7 +16,7 @@ std::string Written(void (OctetOutput::*write)(unsigned, std::uint32_t), unsigne
     CBinaryStream sink;
     OctetOutput out(sink);
     (out.*write)(current, value);
-    return BytesOf(sink.GetData());
+    return TextOf(sink.GetData());
 }
 
 struct IntegerForm {
@@ -108,7 +108,7 @@ TEST(WrittenForms, LengthsOfOctetStrings) {
         CBinaryStream sink;
         OctetOutput out(sink);
         row.write(out, row.current, text);
-        std::string const octets = BytesOf(sink.GetData());
+        std::string const octets = TextOf(sink.GetData());
         ASSERT_GT(octets.size(), row.length);
         EXPECT_EQ(Hex(octets.substr(0, octets.size() - row.length)), row.octets) << row.length;
         EXPECT_EQ(octets.substr(octets.size() - row.length), text);

@@ -1,6 +1,7 @@
 // What is written as Fast Infoset, octet by octet.
 #pragma once
 
+#include "tests/support/Bytes.h"
 #include "tests/support/WrittenObject.h"
 #include "zvxmllib/binding/context/SerializationContext.h"
 #include "zvxmllib/fastinfoset/FastInfosetContext.h"
@@ -24,14 +25,10 @@ inline std::string Hex(std::string_view octets) {
     return text;
 }
 
-inline std::string BytesOf(CBinaryData const& data) {
-    return std::string(reinterpret_cast<char const*>(data.GetData()), data.GetLength());
-}
-
 inline std::string FastInfosetBytes(WrittenObject::Body body, CSerializationContext const& ctx,
                                     FInfoDecl declaration = FInfoDecl_None) {
     CSmartPtr<WrittenObject> const object(new WrittenObject(std::move(body)));
-    return BytesOf(object->ToFastInfosetStream(declaration, ctx, CompressionType_None));
+    return TextOf(object->ToFastInfosetStream(declaration, ctx, CompressionType_None));
 }
 
 // A document whose header has no component, in hexadecimal, without that header.

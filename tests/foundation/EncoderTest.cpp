@@ -2,6 +2,7 @@
 #include "zvxmllib/foundation/Encoder.h"
 #include "zvxmllib/values/BinaryData.h"
 
+#include "tests/support/Bytes.h"
 #include "tests/support/LocalEncoding.h"
 
 #include <gtest/gtest.h>
@@ -13,10 +14,6 @@
 using namespace ZvXmlLib16;
 
 namespace {
-
-std::string Text(CBinaryData const& data) {
-    return std::string(reinterpret_cast<char const*>(data.GetData()), data.GetLength());
-}
 
 TEST(Encoder, ConvertsBothWaysByCodePage) {
     struct Row {
@@ -40,7 +37,7 @@ TEST(Encoder, ConvertsBothWaysByCodePage) {
          }) {
         LocalEncoding const encoding(row.codePage);
         EXPECT_EQ(Utf8ToLocal(row.utf8.c_str()), row.local) << row.codePage;
-        EXPECT_EQ(Text(LocalToUtf8(row.local.c_str())), row.utf8) << row.codePage;
+        EXPECT_EQ(TextOf(LocalToUtf8(row.local.c_str())), row.utf8) << row.codePage;
     }
 }
 
@@ -78,7 +75,7 @@ TEST(Encoder, ReplacesMalformedLocalText) {
              Row{65001, "\xE2\x82z", "\xEF\xBF\xBDz"},
          }) {
         LocalEncoding const encoding(row.codePage);
-        EXPECT_EQ(Text(LocalToUtf8(row.local)), row.utf8) << row.codePage << ' ' << row.local;
+        EXPECT_EQ(TextOf(LocalToUtf8(row.local)), row.utf8) << row.codePage << ' ' << row.local;
     }
 }
 
@@ -91,7 +88,7 @@ TEST(Encoder, ConvertsLongTextWhole) {
         utf8 += "x\xE2\x82\xAC";
     }
     EXPECT_EQ(Utf8ToLocal(utf8.c_str(), utf8.size()), local);
-    EXPECT_EQ(Text(LocalToUtf8(local.c_str())), utf8);
+    EXPECT_EQ(TextOf(LocalToUtf8(local.c_str())), utf8);
     std::vector<char16_t> wide(utf8.size() + 1);
     EXPECT_EQ(Utf8ToLocal(utf8.c_str(), utf8.size(), wide.data(), wide.size(), nullptr, 0), local);
     EXPECT_EQ(Utf8ToLocal(utf8.c_str(), utf8.size(), wide.data(), 3, nullptr, 0), local);
@@ -102,8 +99,8 @@ TEST(Encoder, PassesBytesUnchangedWithTheAsciiOnlySwitch) {
     std::string const bytes("\xE4\xFF\0z", 4);
     EXPECT_TRUE(IsLocalTextUtf8());
     EXPECT_EQ(Utf8ToLocal(bytes.data(), bytes.size()), bytes);
-    EXPECT_EQ(Text(LocalToUtf8("\xE4")), "\xE4");
-    EXPECT_EQ(Text(LocalToUtf16("\xE4")), std::string("\xE4\0", 2)) << "UTF-16 is always converted";
+    EXPECT_EQ(TextOf(LocalToUtf8("\xE4")), "\xE4");
+    EXPECT_EQ(TextOf(LocalToUtf16("\xE4")), std::string("\xE4\0", 2)) << "UTF-16 is always converted";
     EXPECT_EQ(Utf16ToLocal(u"\u00E4", 1), "\xE4");
 }
 
@@ -119,20 +116,20 @@ TEST(Encoder, CutsUtf8AtANul) {
 TEST(Encoder, WritesUtf16LowByteFirstWithoutMark) {
     for (unsigned int codePage : {65001U, 1252U}) {
         LocalEncoding const encoding(codePage);
-        EXPECT_EQ(Text(LocalToUtf16("ab")), std::string("a\0b\0", 4));
+        EXPECT_EQ(TextOf(LocalToUtf16("ab")), std::string("a\0b\0", 4));
         EXPECT_EQ(LocalToUtf16("").GetLength(), 0U);
-        EXPECT_EQ(Text(LocalToUtf16(Utf8ToLocal("\xE2\x82\xAC").c_str())), "\xAC\x20");
+        EXPECT_EQ(TextOf(LocalToUtf16(Utf8ToLocal("\xE2\x82\xAC").c_str())), "\xAC\x20");
         EXPECT_EQ(Utf16ToLocal(u"a\u20AC", 2), Utf8ToLocal("a\xE2\x82\xAC"));
         EXPECT_EQ(Utf16ToLocal(nullptr, 0), "");
     }
     LocalEncoding const encoding(65001);
-    EXPECT_EQ(Text(LocalToUtf16("\xF0\x9F\x98\x80")), std::string("\x3D\xD8\x00\xDE", 4))
+    EXPECT_EQ(TextOf(LocalToUtf16("\xF0\x9F\x98\x80")), std::string("\x3D\xD8\x00\xDE", 4))
         << "a surrogate pair";
 }
 
 TEST(Encoder, GivesEmptyUtf8ForAnUnpairedSurrogate) {
-    EXPECT_EQ(Text(Utf16ToUtf8(u"ab")), "ab");
-    EXPECT_EQ(Text(Utf16ToUtf8(u"a\u20AC")), "a\xE2\x82\xAC");
+    EXPECT_EQ(TextOf(Utf16ToUtf8(u"ab")), "ab");
+    EXPECT_EQ(TextOf(Utf16ToUtf8(u"a\u20AC")), "a\xE2\x82\xAC");
     EXPECT_EQ(Utf16ToUtf8(u"").GetLength(), 0U);
     EXPECT_EQ(Utf16ToUtf8(u"abc\xDC00").GetLength(), 0U);
 }

@@ -1,5 +1,6 @@
 // What stands in an element: attributes, simple content, nil, defaults, objects, wildcards.
 #include "tests/generated/Reading.h"
+#include "tests/support/MessageOf.h"
 #include "zvxmllib/binding/ClassFactoryBase.h"
 
 using namespace entries;
@@ -44,11 +45,11 @@ std::string Order(char const* inside) {
 TEST(Attributes, AreTakenByTheFirstEntryThatFits) {
     Model model;
     model.attributes = {Attribute("a", 0, false), Attribute("b", 1, true, "5"),
-                        new CAttributeInfoEnum("c", "", 2, true, ColourToText, TextToColour, nullptr)};
+                        new CAttributeInfoEnum("c", "", 2, true, ColourToText, TextToColour, "red")};
     model.Finish();
     for (char const* xml : {"<order a=\"1\"/>", "<order a=\"1\" b=\"5\" c=\"red\"/>"})
         EXPECT_EQ(Outcome(model, xml), xml);
-    EXPECT_EQ(Outcome(model, "<order a='1' b='5'/>",
+    EXPECT_EQ(Outcome(model, "<order a='1' b='5' c='red'/>",
                       Ignoring(&CSerializationContext::SetNoOptionalAttributeDefaultOutput)),
               "<order a=\"1\"/>");
     EXPECT_EQ(Outcome(model, "<order/>"),
@@ -69,6 +70,19 @@ TEST(Attributes, AreTakenByTheFirstEntryThatFits) {
     CSerializationContext ctx = Ignoring(&CSerializationContext::SetIgnoreNamespaces);
     ctx.SetIgnoreUnknownAttributes(true);
     EXPECT_EQ(Outcome(model, foreign, ctx), "<order a=\"1\" c=\"blue\"/>");
+}
+
+// More than there is room for in place.
+TEST(Attributes, AreFoundAmongMany) {
+    Model model;
+    for (int i = 0; i < 70; ++i)
+        model.attributes.push_back(Attribute(("a" + std::to_string(i)).c_str(), 0, i != 69));
+    model.Finish();
+    CSmartPtr<Probe> const probe(new Probe(model));
+    probe->FromXml("<order a69='2'/>", CSerializationContext());
+    EXPECT_EQ(probe->properties[0].GetI4(), 2);
+    EXPECT_EQ(Outcome(model, "<order a68='1'/>"),
+              "Failed to process the element.\nPath: /order\nFailed to find the required Attribute [a69].");
 }
 
 TEST(Attributes, OfAWildcardGoToACollection) {
@@ -104,6 +118,9 @@ TEST(Content, OfAPrimitiveTypeStandsBehindTheElements) {
     model.Finish();
     EXPECT_EQ(Outcome(model, "<order>42</order>"), "<order>42</order>");
     EXPECT_EQ(Outcome(model, "<order><a>1</a>42</order>"), "<order><a>1</a>42</order>");
+    CSmartPtr<Probe> const nil(new Probe(model));
+    nil->properties[1].SetNil(ItemType_i4);
+    EXPECT_EQ(Write(*nil, InstanceContext()), Order(" i:nil=\"true\"/>"));
     EXPECT_EQ(Outcome(model, "<order>x</order>"),
               "Failed to process the element.\nPath: /order\nThe value [x] can not be converted to a i4");
     Model text;
@@ -140,10 +157,13 @@ TEST(Nil, OfAPrimitiveElementSurvives) {
               Order("><a>1</a><b>red</b></order>"));
     EXPECT_EQ(Outcome(model, Order("><a>1</a><b i:nil='true'/></order>").c_str(), ctx),
               "Invalid use of 'nil' attribute in non-nillable element.\nPath: /order/b");
-    EXPECT_EQ(Outcome(model, Order("><a i:nil='yes'/></order>").c_str(), ctx),
-              "Unexpected Value [yes] for 'nil' Attribute found.\nPath: /order/a/i:@nil");
+    EXPECT_EQ(Outcome(model, Order("><a i:nil='none'/></order>").c_str(), ctx),
+              "Unexpected Value [none] for 'nil' Attribute found.\nPath: /order/a/i:@nil");
     EXPECT_EQ(Outcome(model, Order("><a i:type='x'>1</a></order>").c_str(), ctx),
               "Unexpected Attribute found.\nPath: /order/a/i:@type");
+    CSerializationContext lenient(ctx);
+    lenient.SetIgnoreUnknownAttributes(true);
+    EXPECT_EQ(Outcome(model, Order("><a x='' i:nil='1'/></order>").c_str(), lenient), nil);
 }
 
 TEST(Nil, OfAClassLeavesItsContentOut) {
@@ -157,6 +177,8 @@ TEST(Nil, OfAClassLeavesItsContentOut) {
     probe->FromXml(Order(" i:nil='TRUE' x='3'><a>1</a></order>").c_str(), ctx);
     EXPECT_TRUE(probe->GetIsNil());
     EXPECT_EQ(Write(*probe, ctx), nil);
+    EXPECT_EQ(MessageOf<CZvException>([&] { probe->FromXml(Order(" i:nil='2'/>").c_str(), ctx); }),
+              "Unexpected Value [2] for 'nil' Attribute found.\nPath: /order/i:@nil");
     EXPECT_EQ(Outcome(model, nil.c_str(), ctx),
               "Invalid use of 'nil' attribute in non-nillable element.\nPath: /order");
 }

@@ -114,7 +114,8 @@ TEST(AllMembers, DemandWhatIsMandatory) {
     Part const part(XmlElementType_Element);
     Group abstract(XmlElementGroupType_All,
                    {new CElementInfoAllAbsClsMnd("part", "", 0, XmlElementType_Element, MakeKnown, 0)});
-    EXPECT_EQ(Outcome(abstract, "<order/>"), kMissingPart);
+    for (char const* without : {"<order/>", "<order><part/></order>"})
+        EXPECT_EQ(Outcome(abstract, without), kMissingPart);
     EXPECT_EQ(Outcome(abstract, "<order><part known='1'><n>1</n></part></order>"),
               "<order><part><n>1</n></part></order>");
     Group untyped(XmlElementGroupType_All, {new CElementInfoAllUntpdMnd("part", "", 0, "##any", "")},
@@ -122,7 +123,8 @@ TEST(AllMembers, DemandWhatIsMandatory) {
     EXPECT_EQ(Outcome(untyped, "<order/>"), kMissingPart);
     EXPECT_EQ(Outcome(untyped, "<order><part><x/></part></order>"), "<order><part><x/></part></order>");
     Group enumeration(XmlElementGroupType_All, {Enum<CElementInfoAllEnumMnd>("part", 0)});
-    EXPECT_EQ(Outcome(enumeration, "<order/>"), kMissingPart);
+    EXPECT_EQ(Outcome(enumeration, "<order><other/></order>"), kMissingPart);
+    EXPECT_EQ(Outcome(enumeration, "<order><part>red</part></order>"), "<order><part>red</part></order>");
 }
 
 TEST(AllMembers, ReadGroupsAndCollections) {
@@ -149,6 +151,83 @@ TEST(AllMembers, ReadGroupsAndCollections) {
     EXPECT_NO_THROW(probe->FromXml("<order/>", lax));
     EXPECT_EQ(Write(*probe, lax), "<order/>");
     EXPECT_THROW(Write(*probe), CZvValidationException);
+}
+
+CSmartPtr<CXmlObjectBase> MakeAnyPart(CXmlElement*) {
+    return MakePart(0, "part");
+}
+
+TEST(AllMembers, ReadEachKindOfGroup) {
+    Part const part(XmlElementType_Pseudo);
+    for (CElementInfo* const entry : std::initializer_list<CElementInfo*>{
+             new CElementInfoAllClsMnd("part", "", 0, XmlElementType_Pseudo, nullptr, 0, true),
+             new CElementInfoAllAbsClsMnd("part", "", 0, XmlElementType_Pseudo, MakeAnyPart, 0),
+             new CElementInfoAllAbsClsOpt("part", "", 0, XmlElementType_Pseudo, MakeAnyPart)}) {
+        bool const isOptional = dynamic_cast<CElementInfoAllAbsClsOpt*>(entry) != nullptr;
+        Group group(XmlElementGroupType_All, {Prim<CElementInfoAllPrimOpt>("m", 1), entry},
+                    [](Probe& probe) { probe.properties[0].SetXmlObject(new Probe(*s_part)); });
+        EXPECT_EQ(Outcome(group, "<order><n>5</n><m>1</m></order>"), "<order><m>1</m><n>5</n></order>");
+        EXPECT_EQ(Outcome(group, "<order><x/></order>"), isOptional ? Unread("x") : kMissingPart);
+        CSmartPtr<Probe> const probe(new Probe(group));
+        EXPECT_EQ(MessageOf<CZvValidationException>([&] { probe->FromXml("<order><m>1</m></order>", ctx); }),
+                  isOptional ? "nothing was thrown" : kMissingPart);
+        EXPECT_EQ(probe->properties[1].GetI4(), 1);
+    }
+}
+
+// In a group the members of a sequence leave to others what is not theirs.
+TEST(SequenceMembers, InAGroupMayBeAbsentWithIt) {
+    Part const part(XmlElementType_Element);
+    static Model* s_group = nullptr;
+    for (CElementInfo* const entry : std::initializer_list<CElementInfo*>{
+             new CElementInfoSeqClsMnd("part", "", 0, XmlElementType_Element, nullptr, 0, true),
+             new CElementInfoSeqAbsClsMnd("part", "", 0, XmlElementType_Element, MakeAnyPart),
+             new CElementInfoSeqUntpdMnd("part", "", 0, "##any", "")}) {
+        Model inner;
+        inner.type = XmlElementType_Pseudo;
+        inner.failsForUnknownAttributes = false;
+        inner.elements = {entry};
+        bool const isUntyped = dynamic_cast<CElementInfoSeqUntpdMnd*>(entry) != nullptr;
+        inner.init = [isUntyped](Probe& probe) {
+            if (isUntyped)
+                probe.properties[0].SetXmlObject(new CElement("part"));
+            else
+                probe.properties[0].SetXmlObject(new Probe(*s_part));
+        };
+        inner.Finish();
+        s_group = &inner;
+        ClassFactory const makeGroup = [](int, char const*) {
+            return CSmartPtr<CXmlObjectBase>(static_cast<CXmlObjectBase*>(new Probe(*s_group)));
+        };
+        Group group(XmlElementGroupType_Sequence,
+                    {new CElementInfoSeqClsOpt("group", "", 0, XmlElementType_Pseudo, makeGroup, 0),
+                     Prim<CElementInfoSeqPrimOpt>("z", 1)});
+        for (char const* xml : {"<order><part><n>1</n></part><z>2</z></order>", "<order><z>2</z></order>"})
+            EXPECT_EQ(Outcome(group, xml), xml);
+    }
+}
+
+TEST(GroupCollections, PutTheirAttributesOnTheElementAroundThem) {
+    Part part(XmlElementType_Pseudo);
+    delete std::exchange(part.attributes[0], Attribute("x", 1, true));
+    part.attributes.push_back(nullptr);
+    auto const pseudo = XmlElementType_Pseudo;
+    for (auto const& [type, entry] : std::initializer_list<std::pair<XmlElementGroupType, CElementInfo*>>{
+             {XmlElementGroupType_Sequence, new CElementInfoSeqClsCol("part", "", 0, pseudo)},
+             {XmlElementGroupType_Sequence, new CElementInfoSeqAbsClsCol("part", "", 0, pseudo)},
+             {XmlElementGroupType_Choice, new CElementInfoChoiceClsCol("part", "", 0, pseudo)},
+             {XmlElementGroupType_Choice, new CElementInfoChoiceAbsClsCol("part", "", 0, pseudo)},
+             {XmlElementGroupType_All, new CElementInfoAllClsCol("part", "", 0, pseudo)},
+             {XmlElementGroupType_All, new CElementInfoAllAbsClsCol("part", "", 0, pseudo)}}) {
+        Model order;
+        order.group = type;
+        order.failsForUnknownAttributes = false;
+        order.elements = {entry};
+        order.init = [](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(*s_part, 0, 1)); };
+        order.Finish();
+        EXPECT_EQ(Outcome(order, "<order x=\"5\"><n>1</n></order>"), "<order x=\"5\"><n>1</n></order>")
+            << type;
+    }
 }
 
 TEST(Options, LetNamespacesPass) {
@@ -199,6 +278,17 @@ TEST(Tables, ThatNameAWrongPropertySaySo) {
         MessageOf<CZvValidationException>([&] { probe->FromXml("<order x=''/>", ctx); }),
         "Failed to process the element.\nPath: /order\nSerialization Data Error : The collection should be a "
         "CAttributeCol, it was not!");
+    probe->properties[0].SetInvalid();
+    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
+              "Failed to convert the element [order] to XML\nFailed to convert attributes to XML\n"
+              "The Property [any] has no collection");
+    for (XmlElementType const type : {XmlElementType_Element, XmlElementType_Pseudo}) {
+        Group mandatory(XmlElementGroupType_Sequence,
+                        {new CElementInfoSeqClsMnd("part", "", 0, type, nullptr, 0, true)});
+        EXPECT_EQ(Outcome(mandatory, "<order><part/></order>"),
+                  "Failed to process the element.\nPath: /order\n"
+                  "The Property [part] is mandatory, it may not be NULL");
+    }
     Group empty(XmlElementGroupType_Sequence, {new CElementInfoSeqCol("part", "", 0)});
     CSmartPtr<Probe> const without(new Probe(empty));
     EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*without); }),

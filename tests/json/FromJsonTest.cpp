@@ -2,6 +2,7 @@
 #include "examples/cap_alert/CapAlert.h"
 #include "examples/purchase_order/PurchaseOrder.h"
 #include "tests/json/DocumentedExamples.h"
+#include "tests/support/Bytes.h"
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/TemporaryFile.h"
@@ -18,16 +19,6 @@ using namespace ZvXmlLib16;
 namespace {
 
 constexpr char kDeclaration[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-
-std::string TextOf(CBinaryData const& data) {
-    return std::string(data.GetData(), data.GetData() + data.GetLength());
-}
-
-CBinaryData DataOf(std::string const& text) {
-    CBinaryData data;
-    data.Append(reinterpret_cast<unsigned char const*>(text.data()), static_cast<std::uint32_t>(text.size()));
-    return data;
-}
 
 std::string Without(std::string text, std::string const& characters) {
     text.erase(std::remove_if(text.begin(), text.end(),
@@ -229,6 +220,7 @@ public:
     std::string m_tree;
     bool m_ignoresNamespaces = false;
     bool m_throws = false;
+    std::string m_failure;
 
 protected:
     CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
@@ -236,6 +228,8 @@ protected:
         m_ignoresNamespaces = ctx.GetIgnoreNamespaces();
         if (m_throws)
             throw 5;
+        if (!m_failure.empty())
+            throw CZvException(m_failure.c_str());
         m_tree = element->GetNamespaceURI() + '|' + element->GetLocalName() + '=' + element->GetText();
         return current;
     }
@@ -249,6 +243,10 @@ TEST(FromJson, TellsTheXmlInWhichTheFailureArose) {
                   "<a>1</a>\n<b>2</b>\n\njunk after document element at line 3");
     EXPECT_EQ(MessageOf<CZvException>([&] { object->FromJson("{}", ctx); }),
               "Error converting JSON to XML:\n" + std::string(kDeclaration) + "\nno element found at line 2");
+    // Also where the tree was made without the text.
+    object->m_failure = "refused";
+    EXPECT_EQ(MessageOf<CZvException>([&] { object->FromJson(R"({"a":1})", ctx); }),
+              "Error converting JSON to XML:\n" + std::string(kDeclaration) + "<a>1</a>\n\nrefused");
     LocalEncoding const local(1252);
     EXPECT_EQ(MessageOf<CZvException>([&] { object->FromJson("{\"a\":{\"\xE4<\":1}}", ctx); }),
               "Error converting JSON to XML:\n" + std::string(kDeclaration) +
@@ -377,7 +375,7 @@ TEST(FromJson, GivesTypedObjectsBack) {
 
 TEST(JsonDocumentation, ShowsWhatIsRead) {
     std::string const rootMark = "json root ";
-    std::vector<DocumentedBlock> const blocks = BlocksOfSection("From JSON to objects");
+    std::vector<DocumentedBlock> const blocks = BlocksOf("json.md", "From JSON to objects");
     ASSERT_GE(blocks.size(), 6U);
     for (std::size_t i = 0; i + 1 < blocks.size(); i += 2) {
         bool const hasRoot = blocks[i].info.rfind(rootMark, 0) == 0;

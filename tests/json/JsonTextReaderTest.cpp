@@ -166,6 +166,7 @@ TEST(JsonTextReader, TellsWhatIsWrongAndWhere) {
          "Expected quotation mark character '\"' before Name, found '}' at line 1, position 8.\nPath: .a"},
         {"[01]", "Expected Array separator character ',', found '1' at line 1, position 3."},
         {"\r\n\n [\n  1 2]", "Expected Array separator character ',', found '2' at line 4, position 5."},
+        {"[/x]", kValueExpected + "/' at line 1, position 2."s},
         {"[\xFE]", kValueExpected + "\xFE' at line 1, position 2."s},
     };
     for (auto const& row : rows)

@@ -1,9 +1,10 @@
 // The entry points that write JSON, for objects written by hand, untyped elements and typed classes.
-#include "examples/cap_alert/CapAlert.h"
 #include "tests/json/JsonParser.h"
+#include "tests/support/Bytes.h"
 #include "tests/support/Entries.h"
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/TemporaryFile.h"
 #include "tests/support/WrittenObject.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/json/JsonContext.h"
@@ -11,11 +12,6 @@
 #include "zvxmllib/streams/ZvZip.h"
 
 #include <gmock/gmock.h>
-
-#include <algorithm>
-#include <cstdio>
-#include <fstream>
-#include <iterator>
 
 using namespace ZvXmlLib16;
 using namespace entries;
@@ -29,31 +25,6 @@ CSmartPtr<WrittenObject> Scalar(std::string const& text) {
         w.WriteElementEnd();
     });
 }
-
-std::string TextOf(CBinaryData const& data) {
-    return std::string(data.GetData(), data.GetData() + data.GetLength());
-}
-
-std::string Utf16(std::string const& ascii) {
-    std::string bytes;
-    for (char const c : ascii)
-        bytes.append(1, c).append(1, '\0');
-    return bytes;
-}
-
-class ScratchFile {
-public:
-    ScratchFile() : m_name(testing::TempDir() + "zvxmllib_to_json_test.json") { std::remove(m_name.c_str()); }
-    ~ScratchFile() { std::remove(m_name.c_str()); }
-    char const* Name() const { return m_name.c_str(); }
-    std::string Content() const {
-        std::ifstream file(m_name, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    }
-
-private:
-    std::string m_name;
-};
 
 TEST(ToJson, GivesTheContextsOptionsToTheWriter) {
     CSerializationContext ctx;
@@ -107,17 +78,17 @@ TEST(ToJsonStream, Compresses) {
 
 TEST(ToJsonFile, WritesNoByteOrderMarkInEitherWay) {
     CSerializationContext const ctx;
-    ScratchFile const file;
+    TemporaryFile const file;
     CSmartPtr<WrittenObject> const object = Scalar(std::string(10000, 'x'));
     std::string const json = "{\"a\": \"" + std::string(10000, 'x') + "\"}";
     for (bool const isDirect : {false, true}) {
         AsyncToXmlFile(isDirect);
         for (XmlEncoding const encoding : {XmlEncoding_UTF8, XmlEncoding_UTF16}) {
-            object->ToJsonFile(file.Name(), false, encoding, EOLType_LF, ctx, CompressionType_None);
+            object->ToJsonFile(file.Path(), false, encoding, EOLType_LF, ctx, CompressionType_None);
             EXPECT_TRUE(file.Content() == (encoding == XmlEncoding_UTF8 ? json : Utf16(json)))
                 << isDirect << encoding;
         }
-        object->ToJsonFile(file.Name(), false, XmlEncoding_UTF16, EOLType_LF, ctx, CompressionType_GZip);
+        object->ToJsonFile(file.Path(), false, XmlEncoding_UTF16, EOLType_LF, ctx, CompressionType_GZip);
         EXPECT_THAT(file.Content(), testing::StartsWith("\x1F\x8B")) << isDirect;
         EXPECT_EQ(MessageOf<CZvException>([&] {
                       object->ToJsonFile("/nowhere/a", false, XmlEncoding_UTF8, EOLType_LF, ctx,
@@ -203,20 +174,6 @@ TEST(ToJson, WritesCollectionsOfTypedObjectsAsArrays) {
         object->FromXml(row.xml, ctx);
         EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), row.json);
         EXPECT_EQ(FaultOfJson(row.json), "");
-    }
-}
-
-TEST(ToJson, WritesRealAlertsAsJson) {
-    LocalEncoding const local(65001);
-    CSerializationContext ctx;
-    ctx.SetDefaultNamespaceURI(cap::kNamespace);
-    for (char const* file : {"/cap-australia.xml", "/cap-tsunami.xml"}) {
-        CSmartPtr<cap::CAlert> const alert(new cap::CAlert);
-        alert->FromXmlFile((ZV_EXAMPLE_DATA_DIR + std::string(file)).c_str(), ctx);
-        std::string json = alert->ToJson(false, EOLType_LF, ctx);
-        std::replace(json.begin(), json.end(), '\n', ' '); // of texts: nothing is formatted
-        EXPECT_THAT(json, testing::HasSubstr("\"info\": [{"));
-        EXPECT_EQ(FaultOfJson(json), "");
     }
 }
 

@@ -32,7 +32,7 @@ TEST(JsonDocumentation, ShowsWhatIsWritten) {
     ctx.SetIndentChars("  ");
     CSmartPtr<CXmlObjectBase> object;
     int examples = 0;
-    for (DocumentedBlock const& block : BlocksOfSection("From objects to JSON")) {
+    for (DocumentedBlock const& block : BlocksOf("json.md", "From objects to JSON")) {
         if (block.info.rfind("xml", 0) == 0) {
             ctx.SetDefaultNamespaceURI("");
             object = ReadXml(block, ctx);

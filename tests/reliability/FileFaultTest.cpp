@@ -2,14 +2,22 @@
 // is lost, and the same call succeeds afterwards.
 #include "Scenarios.h"
 
+#include "tests/support/TemporaryFile.h"
+#include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/streams/AsyncFiles.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
+#include <string>
+#include <system_error>
+#include <thread>
+#include <vector>
 
+#include <pthread.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
@@ -125,6 +133,40 @@ TEST(FileFault, ReachesTheCallerOrIsGoneOnFrom) {
             fault = kind;
             FailEachOperation(scenario);
         }
+    }
+}
+
+TEST(FileFault, InALaterChunkIsToldWithoutTheNameOfTheFile) {
+    TemporaryFile const file("<r>" + std::string(300'000, 'x') + "</r>");
+    std::vector<std::string> messages;
+    fault = Fault::kError;
+    ZvXmlLib16::AsyncFromXmlFile(true);
+    for (long number = 0; number < 4; ++number) {
+        successesLeft = number;
+        try {
+            ZvXmlLib16::CXmlDocument().Load(file.Path());
+        } catch (ZvXmlLib16::CZvException const& failure) {
+            messages.push_back(failure.GetFullMessage());
+        }
+        successesLeft = -1;
+    }
+    ZvXmlLib16::AsyncFromXmlFile(false);
+    EXPECT_THAT(messages, testing::Contains("Failed to read the contents of the file. Error [0x00000005]"));
+}
+
+TEST(FileFault, OfTheThreadLeavesTheTransfersToTheCaller) {
+    pthread_attr_t before;
+    pthread_attr_t impossible;
+    ASSERT_EQ(::pthread_getattr_default_np(&before), 0);
+    ASSERT_EQ(::pthread_getattr_default_np(&impossible), 0);
+    ASSERT_EQ(::pthread_attr_setstacksize(&impossible, std::size_t{1} << 47U), 0);
+    for (Scenario const& scenario : FileScenarios()) {
+        std::string const expected = scenario.run();
+        ASSERT_EQ(::pthread_setattr_default_np(&impossible), 0);
+        EXPECT_THROW(std::thread([] {}).join(), std::system_error);
+        std::string const result = scenario.run();
+        ASSERT_EQ(::pthread_setattr_default_np(&before), 0);
+        EXPECT_EQ(result, expected) << scenario.name;
     }
 }
 

@@ -7,6 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 using namespace ZvXmlLib16;
 
 namespace {
@@ -60,6 +64,23 @@ TEST(FileTextStream, PutsTheMarkAheadOf16BitText) {
         empty.Close();
         EXPECT_EQ(file.Content(), row.bytes.substr(0, row.bytes.size() - 4));
     }
+}
+
+TEST(FileTextStream, WritesToAPipe) {
+    TemporaryFile const pipe;
+    ASSERT_EQ(::mkfifo(pipe.Path(), 0600), 0);
+    int const reader = ::open(pipe.Path(), O_RDWR); // so that neither end waits for the other
+    CFileTextStream stream(pipe.Path(), XmlEncoding_UTF8);
+    stream.Open();
+    for (char const* portion : {"in ", "order"}) {
+        stream.Append(portion);
+        stream.Flush();
+    }
+    stream.Close();
+    char received[100];
+    EXPECT_EQ(std::string(received, static_cast<std::size_t>(::read(reader, received, sizeof received))),
+              "in order");
+    ::close(reader);
 }
 
 TEST(FileTextStream, SaysWhyItCannotWrite) {

@@ -2,6 +2,7 @@
 #include "zvxmllib/foundation/TextStream.h"
 #include "zvxmllib/streams/FileBinaryStream.h"
 
+#include "tests/support/Bytes.h"
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 
@@ -21,15 +22,11 @@ using namespace ZvXmlLib16;
 
 namespace {
 
-std::string Text(CBinaryData const& data) {
-    return std::string(reinterpret_cast<char const*>(data.GetData()), data.GetLength());
-}
-
 std::string Encode(std::string const& local, XmlEncoding encoding) {
     CTextStream stream(encoding);
     stream.Open();
     stream.Append(local);
-    return Text(stream.GetEncodedData());
+    return TextOf(stream.GetEncodedData());
 }
 
 TEST(EncodedText, HasTheBytesOfItsEncodingWithoutMark) {
@@ -45,6 +42,7 @@ TEST(EncodedText, HasTheBytesOfItsEncodingWithoutMark) {
 
 TEST(EncodedText, KeepsCharactersThatTwoBlocksShare) {
     LocalEncoding const encoding(65001);
+    EXPECT_EQ(Encode("", XmlEncoding_UTF8), "");
     std::string expected16;
     for (std::size_t front : {4092U, 4093U, 4094U, 4095U}) {
         CTextStream utf8(XmlEncoding_UTF8);
@@ -54,8 +52,8 @@ TEST(EncodedText, KeepsCharactersThatTwoBlocksShare) {
             for (char const octet : {'\xF0', '\x9F', '\x98', '\x80', '!'})
                 stream->Append(octet);
         }
-        EXPECT_EQ(Text(utf8.GetEncodedData()), std::string(front, 'x') + "\xF0\x9F\x98\x80!") << front;
-        std::string const units = Text(utf16.GetEncodedData());
+        EXPECT_EQ(TextOf(utf8.GetEncodedData()), std::string(front, 'x') + "\xF0\x9F\x98\x80!") << front;
+        std::string const units = TextOf(utf16.GetEncodedData());
         EXPECT_EQ(units.size(), 2 * front + 6) << front;
         EXPECT_EQ(units.substr(2 * front), std::string("\x3D\xD8\x00\xDE!\0", 6)) << front;
     }
@@ -66,10 +64,10 @@ TEST(EncodedText, ReplacesWhatIsNoUtf8AndEndsAtANul) {
     EXPECT_EQ(Encode("a\xC3z", XmlEncoding_UTF8), "a\xEF\xBF\xBDz");
     CTextStream stream(XmlEncoding_UTF8);
     stream.Append("a\0b", 3);
-    EXPECT_EQ(Text(stream.GetEncodedData()), "a");
+    EXPECT_EQ(TextOf(stream.GetEncodedData()), "a");
     ASCIIOnly(true);
     EXPECT_EQ(Encode("a\xC3z", XmlEncoding_UTF8), "a\xC3z");
-    EXPECT_EQ(Text(stream.GetEncodedData()), "a");
+    EXPECT_EQ(TextOf(stream.GetEncodedData()), "a");
 }
 
 TEST(EncodedText, RefusesAnUnknownEncoding) {
@@ -94,21 +92,10 @@ TEST(BinaryStream, LeavesHandlesOnItsBytesAlone) {
         expected += 'x' + std::string(length, 'y');
     }
     stream.Append(stream.GetData());
-    EXPECT_EQ(Text(stream.GetData()), expected + expected);
+    EXPECT_EQ(TextOf(stream.GetData()), expected + expected);
     for (auto const& [data, text] : handles)
-        EXPECT_EQ(Text(data), text);
-    EXPECT_EQ(Text(given), "0");
-}
-
-TEST(BinaryStream, CollectsBytes) {
-    CBinaryStream stream(CBinaryData("ab"));
-    unsigned char const bytes[] = {'d', 'e'};
-    CBinaryData const before = stream.GetData();
-    stream.Append(static_cast<unsigned char>('c'));
-    stream.Append(bytes, 2);
-    stream.Append(CBinaryData("f"));
-    EXPECT_EQ(Text(stream.GetData()), "abcdef");
-    EXPECT_EQ(Text(before), "ab");
+        EXPECT_EQ(TextOf(data), text);
+    EXPECT_EQ(TextOf(given), "0");
 }
 
 class FileBinaryStreamTest : public testing::Test {

@@ -3,6 +3,7 @@
 #include "zvxmllib/streams/DecompressionLimit.h"
 #include "zvxmllib/values/BinaryData.h"
 
+#include "tests/support/Bytes.h"
 #include "tests/support/MessageOf.h"
 
 #include <gtest/gtest.h>
@@ -14,21 +15,10 @@ using namespace ZvXmlLib16;
 
 namespace {
 
-std::string Text(CBinaryData const& data) {
-    return std::string(reinterpret_cast<char const*>(data.GetData()), data.GetLength());
-}
-
-CBinaryData Data(std::string const& bytes) {
-    CBinaryData data;
-    data.Append(reinterpret_cast<unsigned char const*>(bytes.data()),
-                static_cast<std::uint32_t>(bytes.size()));
-    return data;
-}
-
 std::string Compressed(std::string const& text, CompressionType type) {
-    CBinaryData data = Data(text);
+    CBinaryData data = DataOf(text);
     CZvZip::Compress(data, type);
-    return Text(data);
+    return TextOf(data);
 }
 
 // A raw buffer after Decompress; `changed` tells whether it was replaced.
@@ -79,7 +69,7 @@ TEST(ZvZip, RefusesDataThatDoesNotShrink) {
         noise.push_back(static_cast<char>(random()));
     for (CompressionType type : kTypes) {
         for (std::size_t length : {1U, 2U, 5U, 10U, 18U, 20000U, 100000U}) {
-            CBinaryData data = Data(noise.substr(0, length));
+            CBinaryData data = DataOf(noise.substr(0, length));
             EXPECT_EQ(MessageOf<CZvException>([&] { CZvZip::Compress(data, type); }),
                       "Failed to compress data. [Error Code: 0]")
                 << length;
@@ -148,12 +138,12 @@ TEST(ZvZip, TriesOnBorrowedBytes) {
     CBinaryData result("old");
     CBinaryData const plain("<a/>");
     EXPECT_FALSE(CZvZip::TryDecompress(plain.GetData(), plain.GetLength(), result));
-    EXPECT_EQ(Text(result), "old");
-    CBinaryData const packed = Data(Compressed(Repetitive(500), CompressionType_ZLib));
+    EXPECT_EQ(TextOf(result), "old");
+    CBinaryData const packed = DataOf(Compressed(Repetitive(500), CompressionType_ZLib));
     EXPECT_FALSE(CZvZip::TryDecompress(packed.GetData(), packed.GetLength() - 1, result));
-    EXPECT_EQ(Text(result), "old");
+    EXPECT_EQ(TextOf(result), "old");
     EXPECT_TRUE(CZvZip::TryDecompress(packed.GetData(), packed.GetLength(), result));
-    EXPECT_EQ(Text(result), Repetitive(500));
+    EXPECT_EQ(TextOf(result), Repetitive(500));
 }
 
 TEST(ZvZip, RefusesContentBeyondTheLimitOfTheProcess) {
@@ -164,7 +154,7 @@ TEST(ZvZip, RefusesContentBeyondTheLimitOfTheProcess) {
         SetDecompressionLimit(length - 1);
         EXPECT_EQ(MessageOf<CZvException>([&] {
                       CBinaryData result;
-                      CBinaryData const data = Data(packed);
+                      CBinaryData const data = DataOf(packed);
                       CZvZip::TryDecompress(data.GetData(), data.GetLength(), result);
                   }),
                   "Failed to decompress data. The result is larger than the limit of " +

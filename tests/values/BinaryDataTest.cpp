@@ -2,6 +2,7 @@
 #include "zvxmllib/values/BinaryData.h"
 #include "zvxmllib/values/Base64.h"
 
+#include "tests/support/Bytes.h"
 #include "tests/support/MessageOf.h"
 
 #include <gtest/gtest.h>
@@ -11,15 +12,12 @@
 #include <random>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 using namespace ZvXmlLib16;
 
 namespace {
-
-std::string Text(CBinaryData const& data) {
-    return std::string(reinterpret_cast<char const*>(data.GetData()), data.GetLength());
-}
 
 TEST(BinaryData, SharesItsBlockUntilAHandleIsWrittenTo) {
     using Change = void (*)(CBinaryData&);
@@ -31,13 +29,14 @@ TEST(BinaryData, SharesItsBlockUntilAHandleIsWrittenTo) {
              Change([](CBinaryData& data) { delete[] data.ReleaseData(); }),
              Change([](CBinaryData& data) { data.SetBuffer("x"); }),
              Change([](CBinaryData& data) { data.Reserve(100); }),
+             Change([](CBinaryData& data) { data.Reserve(100000); }),
          }) {
         CBinaryData const original("abc");
         CBinaryData copy;
         copy = original;
         EXPECT_EQ(copy.GetData(), original.GetData());
         change(copy);
-        EXPECT_EQ(Text(original), "abc");
+        EXPECT_EQ(TextOf(original), "abc");
         EXPECT_NE(copy.GetData(), original.GetData());
     }
 }
@@ -54,7 +53,7 @@ TEST(BinaryData, AppendsInEachForm) {
     data.Append(CBinaryData());
     data.Append(bytes, 0);
     data.Append("");
-    EXPECT_EQ(Text(data), std::string("abcdef\0ghi", 10));
+    EXPECT_EQ(TextOf(data), std::string("abcdef\0ghi", 10));
     EXPECT_EQ(CBinaryData("").GetData(), nullptr);
     EXPECT_EQ(CBinaryData(static_cast<char const*>(nullptr)).GetLength(), 0U);
 }
@@ -64,15 +63,15 @@ TEST(BinaryData, AppendsAndTakesPartsOfItself) {
     for (int i = 0; i < 13; ++i) // beyond the room of the first block
         data.Append(data);
     ASSERT_EQ(data.GetLength(), 3U << 13);
-    EXPECT_EQ(Text(data).substr(3 * 8191), "abc");
+    EXPECT_EQ(TextOf(data).substr(3 * 8191), "abc");
     CBinaryData const shared(data);
     data.Append(data.GetData() + 1, 2);
-    EXPECT_EQ(Text(data).substr(data.GetLength() - 5), "abcbc");
+    EXPECT_EQ(TextOf(data).substr(data.GetLength() - 5), "abcbc");
     data.SetBuffer(data.GetData() + 1, 2);
-    EXPECT_EQ(Text(data), "bc");
+    EXPECT_EQ(TextOf(data), "bc");
     CBinaryData& same = data;
     data = same;
-    EXPECT_EQ(Text(data), "bc");
+    EXPECT_EQ(TextOf(data), "bc");
 }
 
 // A new block has room for twice its length, at least 8192 bytes; the array moves when that is used up.
@@ -90,7 +89,7 @@ TEST(BinaryData, MovesOnlyWhenItsRoomIsUsedUp) {
         EXPECT_EQ(data.GetData(), start) << row.length;
         data.Append('y');
         EXPECT_NE(data.GetData(), start) << row.length;
-        EXPECT_EQ(Text(data), std::string(row.room, 'x') + 'y');
+        EXPECT_EQ(TextOf(data), std::string(row.room, 'x') + 'y');
     }
 }
 
@@ -112,7 +111,7 @@ TEST(BinaryData, AdoptsAndReleasesArraysWithoutCopying) {
     CBinaryData data(array, 3, true);
     EXPECT_EQ(data.GetData(), array);
     CBinaryData const copied(array, 2, false);
-    EXPECT_EQ(Text(copied), "ab");
+    EXPECT_EQ(TextOf(copied), "ab");
     EXPECT_NE(copied.GetData(), array);
     EXPECT_EQ(CBinaryData(new unsigned char[1], 0, true).GetLength(), 0U);
     std::unique_ptr<unsigned char[]> const released(data.ReleaseData());
@@ -133,6 +132,7 @@ TEST(BinaryData, RefusesAnIndexOutOfRange) {
     CBinaryData data("abc");
     CBinaryData const empty;
     EXPECT_EQ(data[2], 'c');
+    EXPECT_EQ(std::as_const(data)[2], 'c');
     EXPECT_EQ(MessageOf<CZvException>([&] { data[3] = 0; }), "Index Out of range [3]");
     EXPECT_EQ(MessageOf<CZvException>([&] { static_cast<void>(empty[0]); }), "Index Out of range [0]");
 }
@@ -140,7 +140,7 @@ TEST(BinaryData, RefusesAnIndexOutOfRange) {
 TEST(BinaryData, RefusesALengthBeyond32Bits) {
     CBinaryData data("a");
     EXPECT_THROW(data.Append(data.GetData(), 0xFFFFFFFFU), std::bad_alloc);
-    EXPECT_EQ(Text(data), "a");
+    EXPECT_EQ(TextOf(data), "a");
 }
 
 TEST(BinaryData, IsSharedSafelyAmongThreads) {
@@ -174,7 +174,7 @@ TEST(Base64, WritesOnePaddedLine) {
         EXPECT_EQ(CBinaryData(row.bytes).GetAsBase64(), row.text);
         CBinaryData read("old");
         read.SetAsBase64(row.text);
-        EXPECT_EQ(Text(read), row.bytes);
+        EXPECT_EQ(TextOf(read), row.bytes);
     }
 }
 
@@ -202,7 +202,7 @@ TEST(Base64, ReadsLeniently) {
          }) {
         CBinaryData data("old");
         data.SetAsBase64(row.text.c_str());
-        EXPECT_EQ(Text(data), row.bytes) << row.text;
+        EXPECT_EQ(TextOf(data), row.bytes) << row.text;
     }
 }
 
@@ -222,7 +222,7 @@ TEST(Base64, ReturnsEveryLengthOfBytes) {
 TEST(Hex, WritesAndReadsPairsOfDigits) {
     CBinaryData data;
     data.SetAsHexString("0aFF009d");
-    EXPECT_EQ(Text(data), std::string("\x0A\xFF\x00\x9D", 4));
+    EXPECT_EQ(TextOf(data), std::string("\x0A\xFF\x00\x9D", 4));
     EXPECT_EQ(data.GetAsHexString(), "0AFF009D");
     data.SetAsHexString("");
     EXPECT_EQ(data.GetLength(), 0U);

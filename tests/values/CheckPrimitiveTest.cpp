@@ -2,6 +2,7 @@
 #include "zvxmllib/values/CheckPrimitive.h"
 
 #include "tests/values/ReadText.h"
+#include "zvxmllib/values/DateTime.h"
 #include "zvxmllib/values/PrimitiveRestrictions.h"
 
 #include <gmock/gmock.h>
@@ -9,6 +10,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace ZvXmlLib16;
@@ -267,6 +269,17 @@ TEST(CheckPrimitive, ACallersOwnTypeReachesTheRightCheck) {
     EXPECT_EQ(CheckValue(CBinaryData("M"), With(&Facets::length, 2)), "plain: Invalid Value for n [4D].");
     EXPECT_THROW(CheckPrimitive("n", CBinaryData("M"), ItemType_base64Binary, With(&Facets::length, 2)),
                  CZvException);
+    for (auto const& [kind, text] :
+         {std::pair(CDateTime::dt_date, "2026-11-23"),
+          std::pair(CDateTime::dt_dateTime, "2026-11-23T01:02:03"), std::pair(CDateTime::dt_time, "01:02:03"),
+          std::pair(CDateTime::dt_gYearMonth, "2026-11"), std::pair(CDateTime::dt_gMonthDay, "--11-23")}) {
+        CDateTime value;
+        value.ParseXSDDateTime("2026-11-23T01:02:03");
+        value.SetDateTime(CDateTime(value), kind);
+        EXPECT_EQ(CheckValue(value, With(&Facets::maxInclusive, text)), "");
+        EXPECT_EQ(CheckValue(value, With(&Facets::maxExclusive, text)),
+                  std::string("plain: Invalid Value for n [") + text + "].");
+    }
     try {
         CheckPrimitive(nullptr, 11, ItemType_i4, atMostTen);
         FAIL();
@@ -292,6 +305,9 @@ TEST(CheckPrimitive, ANilValueCountsAsEmpty) {
     EXPECT_EQ(Check(ItemType_string, value, With(&Facets::minLength, 1)), "plain: Invalid Value for n [].");
     value.SetNil(ItemType_hexBinary);
     EXPECT_EQ(Check(ItemType_hexBinary, value, With(&Facets::length, 0)), "");
+    value.SetNil(ItemType_duration);
+    EXPECT_EQ(Check(ItemType_duration, value, With(&Facets::minInclusive, "P1D")),
+              "plain: Invalid Value for n [P].");
 }
 
 TEST(PrimitiveRestrictions, KnowIfAnyFacetIsSet) {

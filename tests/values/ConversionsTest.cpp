@@ -294,19 +294,26 @@ TEST(Conversions, TextAndBytesFollowTheirRule) {
         {ItemType_string, kCollapse, "", ""},
         {ItemType_hexBinary, kCollapse, " 00fF\n", "00FF"},
         {ItemType_hexBinary, kCollapse, "", ""},
+        {ItemType_hexBinary, kCollapse, std::string(200, 'a'), std::string(200, 'A')}, // not read in place
         {ItemType_hexBinary, kNone, "0", "plain: Invalid length in hex string"},
         {ItemType_hexBinary, kNone, "0g", "plain: Invalid char in hex string [g]"},
         {ItemType_base64Binary, kCollapse, " TWFu\nTQ== ", "TWFuTQ=="},
         {ItemType_base64Binary, kNone, std::string("TWFuTW\0FuTQ==", 13), "TWFuTQ=="},
         {ItemType_base64Binary, kNone, std::string("\0TWFu", 5), ""},
     });
-    EXPECT_EQ(CConversions::stringFromString(" a ", kCollapse), "a");
+    EXPECT_EQ(CConversions::stringToString(CConversions::stringFromString(" a ", kCollapse)), "a");
+    EXPECT_EQ(CConversions::hexBinaryToString(CConversions::hexBinaryFromString(" 0a\n", kCollapse)), "0A");
+    EXPECT_EQ(CConversions::base64BinaryToString(CConversions::base64BinaryFromString("TWFu", kNone)),
+              "TWFu");
+    EXPECT_EQ(CConversions::charToString(CConversions::charFromString(" x ", kCollapse)), "x");
+    EXPECT_EQ(CConversions::booleanToString(true) + CConversions::booleanToString(false), "truefalse");
 }
 
 TEST(Conversions, DatesAndExactNumbersFollowTheirRuleAndTheirClasses) {
     EXPECT_EQ(CConversions::yearToString(7), "7");
     EXPECT_EQ(CConversions::monthToString(7), "--07");
     EXPECT_EQ(CConversions::dayToString(7), "---07");
+    EXPECT_EQ(CConversions::dayToString(255), "---255");
     EXPECT_EQ(CConversions::yearFromString("-0001+01:00", kCollapse), 0xFFFF);
     EXPECT_EQ(CConversions::monthFromString(" --12Z\n", kCollapse), 12);
     EXPECT_EQ(CConversions::dayFromString("---31-05:00", kCollapse), 31);

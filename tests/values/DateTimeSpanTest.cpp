@@ -96,6 +96,8 @@ TEST(Duration, OneSignHoldsForAllParts) {
     span.Negate();
     span.SetDateTimeSpan(4, 5, 6); // clears the rest and the sign
     EXPECT_EQ(span.ToString(), "PT4H5M6S");
+    span.SetDateTimeSpan(1, 2, 3, 4, 5, 6, 7, 8, 9);
+    EXPECT_EQ(span.ToString(), "P1Y2M3DT4H5M6.007008009S");
     span.SetDateTimeSpan(1, 2, 3, 4, 5, 6);
     EXPECT_EQ(span.ToString(), "P1Y2M3DT4H5M6S");
     EXPECT_EQ(CDateTimeSpan(0, 100, 0).ToString(), "PT100M");

@@ -167,6 +167,10 @@ TEST(Decimal, KeepsTheSignInBothParts) {
         EXPECT_EQ(Parts(CDecimal(row.text)), row.parts) << row.text;
     EXPECT_EQ(Parts(CDecimal()), "0, 0, 1");
     EXPECT_EQ(Parts(CDecimal(-5)), "-5, 0, 1");
+    EXPECT_EQ(CDecimal(~0U).ToString(), "4294967295");
+    EXPECT_EQ(CDecimal(~0UL).ToString(), std::to_string(~0UL));
+    EXPECT_EQ(CDecimal(-1L).ToString(), "-1");
+    EXPECT_EQ(CDecimal(~0ULL).ToString(), "18446744073709551615");
     EXPECT_EQ(Parts(CDecimal("1.5") - CDecimal(2)), "-0, -5, 1");
     EXPECT_EQ(Parts(CDecimal("-1.5") + CDecimal(2)), "0, 5, 1");
     EXPECT_EQ(Parts(CDecimal("-1.5") + CDecimal("1.5")), "0, 0, 1");
@@ -187,6 +191,7 @@ TEST(Decimal, CalculatesAsTheTablesSay) {
         EXPECT_EQ(a < b, row.order < 0) << what;
         EXPECT_EQ(a > b, row.order > 0) << what;
         EXPECT_EQ(a == b, row.order == 0) << what;
+        EXPECT_EQ(a != b, row.order != 0) << what;
     }
 }
 
@@ -199,7 +204,7 @@ TEST(Decimal, RoundsTextAwayFromZeroAndNumbersTowardsIt) {
         EXPECT_EQ(value.ToString(3), row.to3) << row.text;
         EXPECT_EQ(value.ToString(31), row.to31) << row.text;
         EXPECT_EQ(value.ToLong(), row.toLong) << row.text;
-        EXPECT_EQ(value.ToBigInteger().ToString(), std::to_string(row.toLong)) << row.text;
+        EXPECT_EQ(CBigInteger(value).ToString(), std::to_string(row.toLong)) << row.text;
         EXPECT_EQ(value.ToLongLong(), row.toLongLong) << row.text;
     }
     EXPECT_EQ(CDecimal("1.5").ToString(-1), "2.");

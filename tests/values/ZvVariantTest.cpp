@@ -138,6 +138,7 @@ TEST(ZvVariant, CopiesAndMovesEachKindOfValue) {
         ZvVariant value = Make(type, text);
         ZvVariant const& same = value;
         value = same;
+        value = std::move(const_cast<ZvVariant&>(same));
         EXPECT_EQ(value.ToString(nullptr), text) << "assigned to itself";
         ZvVariant constructed(value);
         value.SetI4(1);
@@ -289,6 +290,7 @@ TEST(ZvVariant, CopiesOfNumbersAreTheirOwn) {
     EXPECT_EQ(copy.ToString(""), "1.25");
     number.SetInteger(number.GetDecimal().ToBigInteger());
     EXPECT_EQ(number.ToString("1"), "7");
+    EXPECT_EQ(number.GetInteger().ToString(), "7");
 }
 
 TEST(ZvVariant, KeepsTheRoomOfItsStringAndGivesItAway) {

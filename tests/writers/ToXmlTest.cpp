@@ -1,4 +1,5 @@
 // The entry points that write XML: their frame, encodings, compression and files.
+#include "tests/support/Bytes.h"
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/TemporaryFile.h"
@@ -20,17 +21,6 @@ CSmartPtr<WrittenObject> Order(std::string const& text) {
         w.WriteElementValue(text, ItemType_string, false);
         w.WriteElementEnd();
     });
-}
-
-std::string TextOf(CBinaryData const& data) {
-    return std::string(data.GetData(), data.GetData() + data.GetLength());
-}
-
-std::string Utf16(std::string const& ascii) {
-    std::string bytes;
-    for (char const c : ascii)
-        bytes.append(1, c).append(1, '\0');
-    return bytes;
 }
 
 TEST(ToXml, GivesTheContextsOptionsToTheWriter) {
@@ -55,11 +45,6 @@ TEST(ToXml, GivesTheDeclarationAloneForAnObjectThatWritesNothing) {
     CSerializationContext const ctx;
     EXPECT_EQ(object->ToXml(false, true, EOLType_LF, ctx), "");
     EXPECT_EQ(object->ToXml(true, false, EOLType_LF, ctx), "<?xml version=\"1.0\"?>\n");
-}
-
-TEST(ToXml, JoinsALongDocument) {
-    std::string const text(300000, 'x');
-    EXPECT_EQ(Order(text)->ToXml(false, false, EOLType_LF, CSerializationContext()), "<a>" + text + "</a>");
 }
 
 TEST(ToXml, ReportsAnObjectThatLeavesAnElementOpen) {

@@ -232,6 +232,18 @@ TEST(XmlTextWriter, PutsPrefixesInScope) {
          },
          R"(<p:r xmlns:p="u1"><p:a><q:b/><AA:c/><d/><AB:e xmlns:AB="u4"/></p:a><p:f/>)"
          R"(<AA:g xmlns:AA="u3"/></p:r>)"},
+        {"the last of two aliases for a namespace holds, inside an element, too",
+         [&](CXmlWriter& w) {
+             w.WriteElementStart("r", "");
+             child(w, "a", "u1");
+             w.WriteElementStart("b", "");
+             w.AddNamespaceAlias("p", "u2");
+             w.AddNamespaceAlias("q", "u2");
+             child(w, "c", "u2");
+             w.WriteElementEnd();
+             w.WriteElementEnd();
+         },
+         R"(<r><AA:a xmlns:AA="u1"/><b><q:c/></b></r>)"},
         {"a default namespace set inside leaves the aliases in force",
          [&](CXmlWriter& w) {
              w.AddNamespaceAlias("p", "u1");

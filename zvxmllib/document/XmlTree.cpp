@@ -1,5 +1,7 @@
 #include "zvxmllib/document/XmlTree.h"
 
+#include "zvxmllib/foundation/Assert.h"
+
 #include <algorithm>
 #include <cstring>
 #include <limits>
@@ -148,16 +150,9 @@ void XmlTree::AppendRun(OpenElement& open, std::string_view text) {
         target.m_string->append(text);
         return;
     }
-    std::uint32_t const length = static_cast<std::uint32_t>(text.size());
-    if (open.runEnd != nullptr && m_texts.TryExtend(open.runEnd, length)) {
-        std::memcpy(open.runEnd, text.data(), length);
-        open.runEnd += length;
-        *open.runLength += length;
-        return;
-    }
     char* const run = NewRun(text);
-    AddRun(open, run, length);
-    open.runEnd = run + length;
+    AddRun(open, run, static_cast<std::uint32_t>(text.size()));
+    open.runEnd = run + text.size();
 }
 
 // Puts a run behind those that are there; it does not grow.
@@ -183,9 +178,8 @@ void XmlTree::AddRun(OpenElement& open, char const* run, std::uint32_t length) {
 
 void XmlTree::AppendKeptText(std::string_view text) {
     OpenElement& open = m_open.back();
-    if (open.element->m_text.m_form == NodeText::Form::kString)
-        open.element->m_text.m_string->append(text);
-    else if (!text.empty())
+    ZV_ASSERT(open.element->m_text.m_form != NodeText::Form::kString);
+    if (!text.empty())
         AddRun(open, text.data(), LengthOfRun(text));
 }
 

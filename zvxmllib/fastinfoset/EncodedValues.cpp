@@ -78,10 +78,9 @@ void AppendHex(std::string_view octets, std::string& text) {
     }
 }
 
-// The high half of the first octet is the number of bits of the last one that are no values.
+// The high half of the first octet, which there always is, is the number of bits of the last one that are no
+// values.
 void AppendBooleans(std::string_view octets, std::string& text) {
-    if (octets.empty())
-        return;
     std::size_t const unused = Bytes(octets)[0] >> 4;
     std::size_t const bitsOfLast = octets.size() == 1 ? 4 : 8;
     std::size_t const end = 8 * octets.size() - std::min(unused, bitsOfLast);

@@ -55,10 +55,10 @@ SecondFraction ReadFraction(std::string_view text) noexcept;
 bool ReadPlainDateTime(std::string_view text, CDateTime& value) noexcept;
 
 // These print to `at` and return the end. Numbers that do not fit their width take more digits.
-char* PrintPadded(char* at, unsigned number, unsigned width) noexcept;
+char* PrintNumber(char* at, unsigned number) noexcept;
 inline char* PrintTwoDigits(char* at, unsigned number) noexcept {
     if (number > 99)
-        return PrintPadded(at, number, 2);
+        return PrintNumber(at, number);
     at[0] = static_cast<char>('0' + number / 10);
     at[1] = static_cast<char>('0' + number % 10);
     return at + 2;

@@ -90,14 +90,9 @@ char* CDateTime::PrintTo(char* at) const noexcept {
     return at;
 }
 
-char* detail::PrintPadded(char* at, unsigned number, unsigned width) noexcept {
-    char digits[10];
-    char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-    for (std::size_t length = static_cast<std::size_t>(end - digits); length < width; ++length)
-        *at++ = '0';
-    for (char const* digit = digits; digit != end; ++digit)
-        *at++ = *digit;
-    return at;
+char* detail::PrintNumber(char* at, unsigned number) noexcept {
+    constexpr int kMostDigits = 5; // no field has more than 16 bits
+    return std::to_chars(at, at + kMostDigits, number).ptr;
 }
 
 char* detail::PrintFraction(char* at, unsigned milliSecond, unsigned microSecond,
@@ -108,7 +103,7 @@ char* detail::PrintFraction(char* at, unsigned milliSecond, unsigned microSecond
     char const* const firstDigit = at;
     auto const printGroup = [&at](unsigned number) {
         if (number > 999) {
-            at = PrintPadded(at, number, 3);
+            at = PrintNumber(at, number);
         } else {
             *at++ = static_cast<char>('0' + number / 100);
             at = PrintTwoDigits(at, number % 100);
