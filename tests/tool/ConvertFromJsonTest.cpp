@@ -88,6 +88,11 @@ TEST(ZvxmlOnJson, IsInspected) {
                                                    "text          3 bytes\n"));
         EXPECT_THAT(result.out, testing::HasSubstr("\n  compact             30 bytes\n"));
     }
+    scratch.Write("commented.json", "{/**/\"a\":1}");
+    EXPECT_EQ(scratch.Run("inspect commented.json").exitCode, 0);
+    EXPECT_EQ(scratch.Run("inspect --no-comments commented.json").err,
+              "commented.json: Expected quotation mark character '\"' before Name, found '/' at line 1, "
+              "position 2.\n");
 }
 
 TEST(ZvxmlOnJson, KeepsElementsAttributesAndTextsButLineFeedsOfRealDocuments) {

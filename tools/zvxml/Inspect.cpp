@@ -32,6 +32,7 @@ constexpr std::size_t kFirstEntries = 20;
 struct InspectOptions {
     bool listsWholeVocabulary = false;
     std::string jsonRoot;
+    bool hasJsonComments = true;
 };
 
 std::vector<Option<InspectOptions>> const& OptionTable() {
@@ -41,6 +42,8 @@ std::vector<Option<InspectOptions>> const& OptionTable() {
          [](InspectOptions& o, std::string const&) { o.listsWholeVocabulary = true; }},
         {"--root", "NAME", "read the whole of a JSON text as the element NAME",
          [](InspectOptions& o, std::string const& v) { o.jsonRoot = v; }},
+        {"--no-comments", nullptr, "refuse comments in a JSON text",
+         [](InspectOptions& o, std::string const&) { o.hasJsonComments = false; }},
     };
     return table;
 }
@@ -256,6 +259,7 @@ void Inspect(std::vector<std::string> const& arguments, Progress& progress) {
 
     CSerializationContext ctx;
     ctx.GetJsonContext().SetRootElementName(options.jsonRoot.c_str());
+    ctx.GetJsonContext().GetAllowComments(options.hasJsonComments);
     CBinaryData const bytes = ReadBytes(file);
     Unwrapped const unwrapped = Unwrap(bytes);
     InspectedDocument const inspected = ReadInspected(file, unwrapped.content, ctx, progress);

@@ -13,16 +13,18 @@ namespace {
 constexpr std::string_view kWhiteSpace = " \t\r\n";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// What is not a complete compressed stream is no failure: it goes on as it is. `room` keeps the rest.
-std::string_view Utf8Of(unsigned char const* data, std::size_t length, CBinaryData& room) {
-    if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), room)) {
-        data = room.GetData();
-        length = room.GetLength();
-    }
+std::string_view WithoutMark(unsigned char const* data, std::size_t length) {
     std::string_view text(reinterpret_cast<char const*>(data), length);
     if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark)
         text.remove_prefix(kByteOrderMark.size());
     return text;
+}
+
+// What is not a complete compressed stream is no failure: it goes on as it is. `room` keeps the rest.
+std::string_view Utf8Of(unsigned char const* data, std::size_t length, CBinaryData& room) {
+    if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), room))
+        return WithoutMark(room.GetData(), room.GetLength());
+    return WithoutMark(data, length);
 }
 
 bool IsLocalAsItIs(std::string_view utf8) {
@@ -70,8 +72,10 @@ JsonInput JsonInput::OfText(char16_t const* text) {
 }
 
 bool JsonInput::IsJson(unsigned char const* data, std::size_t length) {
-    CBinaryData room;
-    std::string_view const text = Utf8Of(data, length, room);
+    CBinaryData start;
+    bool const isCompressed = CZvZip::TryDecompressStart(data, static_cast<std::uint32_t>(length), start);
+    std::string_view const text =
+        isCompressed ? WithoutMark(start.GetData(), start.GetLength()) : WithoutMark(data, length);
     std::size_t const first = text.find_first_not_of(kWhiteSpace);
     return first != std::string_view::npos &&
            std::string_view("{[\"/").find(text[first]) != std::string_view::npos;

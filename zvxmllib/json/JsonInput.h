@@ -22,7 +22,8 @@ public:
     static JsonInput OfText(wchar_t const* text);
     static JsonInput OfText(char16_t const* text);
 
-    // True if the bytes begin as an object, an array, a string or a comment.
+    // True if the bytes begin as an object, an array, a string or a comment; of compressed ones, the first
+    // 64 KiB of their content.
     static bool IsJson(unsigned char const* data, std::size_t length);
 
     std::string_view GetText() const noexcept { return m_isMade ? std::string_view(m_made) : m_text; }

@@ -56,6 +56,31 @@ bool HasHeader(unsigned char const* data, std::uint32_t length) noexcept {
     return isGzip || isZlib;
 }
 
+// Hands the content of one complete stream to `take` in pieces. True at the end of the stream, and as soon as
+// `take` wants no more; false for what is no such stream.
+template <class Take>
+bool Inflate(unsigned char const* data, std::uint32_t length, Take take) {
+    if (!HasHeader(data, length))
+        return false;
+    std::unique_ptr<unsigned char[]> const piece(new unsigned char[kPiece]);
+    Stream stream(&inflateEnd);
+    stream->next_in = data;
+    stream->avail_in = length;
+    int state = inflateInit2(stream.Get(), kAnyWindow);
+    CheckStart(state);
+    while (state == Z_OK) {
+        stream->next_out = piece.get();
+        stream->avail_out = kPiece;
+        state = inflate(stream.Get(), Z_NO_FLUSH);
+        CheckStart(state);
+        if (state != Z_OK && state != Z_STREAM_END)
+            return false;
+        if (!take(piece.get(), kPiece - stream->avail_out))
+            return true;
+    }
+    return true;
+}
+
 } // namespace
 
 CZvZip::CZvZip() : CInstanceMonitor(zipRegistration) {}
@@ -108,30 +133,26 @@ void CZvZip::Decompress(unsigned char*& data, std::uint32_t& length) {
 }
 
 bool CZvZip::TryDecompress(unsigned char const* data, std::uint32_t length, CBinaryData& result) {
-    if (!HasHeader(data, length))
-        return false;
-    std::unique_ptr<unsigned char[]> const piece(new unsigned char[kPiece]);
     CBinaryData content;
-    Stream stream(&inflateEnd);
-    stream->next_in = data;
-    stream->avail_in = length;
-    int state = inflateInit2(stream.Get(), kAnyWindow);
-    CheckStart(state);
     std::uint64_t const limit = GetDecompressionLimit();
-    while (state == Z_OK) {
-        stream->next_out = piece.get();
-        stream->avail_out = kPiece;
-        state = inflate(stream.Get(), Z_NO_FLUSH);
-        CheckStart(state);
-        if (state != Z_OK && state != Z_STREAM_END)
-            return false;
-        std::uint32_t const made = kPiece - stream->avail_out;
+    bool const isStream = Inflate(data, length, [&](unsigned char const* piece, std::uint32_t made) {
         if (made > limit - content.GetLength())
             FailDecompressionLimit(limit);
-        content.Append(piece.get(), made);
-    }
-    result = content;
-    return true;
+        content.Append(piece, made);
+        return true;
+    });
+    if (isStream)
+        result = content;
+    return isStream;
+}
+
+bool CZvZip::TryDecompressStart(unsigned char const* data, std::uint32_t length, CBinaryData& result) {
+    return Inflate(data, length, [&](unsigned char const* piece, std::uint32_t made) {
+        CBinaryData content;
+        content.Append(piece, made);
+        result = content;
+        return false;
+    });
 }
 
 } // namespace ZvXmlLib16

@@ -29,6 +29,8 @@ public:
     // The same on borrowed bytes: true, with the content in `result`, if they are such a stream; otherwise
     // `result` is unchanged. Cheap on data that is not compressed.
     static bool TryDecompress(unsigned char const* data, std::uint32_t length, CBinaryData& result);
+    // The same for the first 64 KiB of the content, without a look at what comes behind them.
+    static bool TryDecompressStart(unsigned char const* data, std::uint32_t length, CBinaryData& result);
 };
 
 } // namespace ZvXmlLib16
