@@ -44,10 +44,17 @@ inline std::optional<ZvVariant> Read(std::string_view text, ItemType type) {
     return value;
 }
 
-// A decimal may print a zero at its end, which reading drops.
+// A decimal may print a zero at its end, which reading drops; dates and durations have to be equal and look
+// equal.
 inline bool AreEqual(ZvVariant const& left, ZvVariant const& right) {
     if (left.FindDecimal() != nullptr && right.FindDecimal() != nullptr)
         return *left.FindDecimal() == *right.FindDecimal();
+    if (left.FindDateTime() != nullptr && right.FindDateTime() != nullptr &&
+        *left.FindDateTime() != *right.FindDateTime())
+        return false;
+    if (left.FindDuration() != nullptr && right.FindDuration() != nullptr &&
+        *left.FindDuration() != *right.FindDuration())
+        return false;
     return left.ToString(nullptr) == right.ToString(nullptr);
 }
 
