@@ -103,6 +103,19 @@ TEST(FileTextStream, SaysWhyItCannotWrite) {
     atEnd.Open();
     atEnd.Append("x");
     EXPECT_EQ(MessageOf<CZvException>([&] { atEnd.Close(); }), kFull);
+
+    // Neither before the file is open, nor after a failure.
+    for (bool const hasFailed : {false, true}) {
+        CFileTextStream closed("/dev/full", XmlEncoding_UTF8);
+        if (hasFailed) {
+            closed.Open();
+            closed.Append("x");
+            EXPECT_THROW(closed.Close(), CZvException);
+        }
+        closed.Append("x");
+        EXPECT_EQ(MessageOf<CZvException>([&] { closed.Flush(); }),
+                  "Failed to write data to the file. Error [0x00000009]");
+    }
 }
 
 TEST(FileTextStream, KeepsWhatWasFlushedWhenItIsNotClosed) {

@@ -8,9 +8,10 @@
 namespace ZvXmlLib16::platform {
 
 // A transfer is started, runs on a thread of the file's own, and is waited for; where no thread can be had it
-// runs at once, with the same effect. At most one is in flight: start none before Wait. The caller's memory
-// must last until then. Operations answer false on failure and keep the system's error number in Error().
-// Files without offsets (pipes) are read and written in sequence. Not copyable; used by one thread.
+// runs at once, with the same effect. At most one is in flight: start none before Wait, nor while closed. The
+// caller's memory must last until then. Operations answer false on failure and keep the system's error number
+// in Error(). Files without offsets (pipes) are read and written in sequence. Not copyable; used by one
+// thread.
 class OverlappedFile {
 public:
     OverlappedFile();
@@ -22,6 +23,7 @@ public:
     bool OpenForReading(char const* name);
     // Creates the file or empties an existing one.
     bool Create(char const* name);
+    bool IsOpen() const noexcept { return m_worker != nullptr; }
 
     // Reads until `length` bytes or the end of the file.
     void StartRead(void* data, std::size_t length, std::uint64_t offset);

@@ -4,6 +4,8 @@
 #include "zvxmllib/streams/ByteOrderMark.h"
 #include "zvxmllib/streams/Failures.h"
 
+#include <cerrno>
+
 namespace ZvXmlLib16 {
 
 namespace {
@@ -30,6 +32,8 @@ void CFileTextStream::Open() {
 void CFileTextStream::Flush() {
     if (m_buffer.GetLength() == 0)
         return;
+    if (!m_file.IsOpen())
+        FailOverlappedWrite(EBADF);
     WaitForWrite();
     m_pendingData = GetEncodedData();
     m_file.StartWrite(m_pendingData.GetData(), m_pendingData.GetLength(), m_filePos);
