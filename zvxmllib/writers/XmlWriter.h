@@ -131,7 +131,7 @@ public:
     std::int32_t m_depth = 0;      // 0 for the root
     CXmlWriterContext* m_parent = nullptr;
     bool m_hasAttributes = false; // of the Fast Infoset writer
-    bool m_arrayOpen = false;        // "[" written, "]" not yet
+    bool m_arrayOpen = false;     // "[" written, "]" not yet
     std::int32_t m_collectionState = CollectionState_None;
 
 private:
