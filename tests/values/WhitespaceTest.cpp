@@ -1,8 +1,6 @@
 // The whiteSpace facet.
 #include "zvxmllib/values/Whitespace.h"
 
-#include "tests/support/MessageOf.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -49,15 +47,6 @@ TEST(Whitespace, IsTreatedByTheRule) {
 TEST(Whitespace, IsPreservedInThatManyBytes) {
     EXPECT_EQ(CWhitespaceUtils::Preserve("a\r\nb\r", 3), "a\n");
     EXPECT_EQ(CWhitespaceUtils::Preserve("abc", 0), "");
-}
-
-TEST(Whitespace, RefusesAnUnknownRule) {
-    for (int rule : {-1, 4}) {
-        EXPECT_EQ(MessageOf<CZvException>([&] {
-                      CWhitespaceUtils::ApplyRule(static_cast<CWhitespaceUtils::WhitespaceRule>(rule), "x");
-                  }),
-                  "Unknown WhitespaceRule");
-    }
 }
 
 } // namespace
