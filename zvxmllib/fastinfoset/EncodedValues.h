@@ -1,10 +1,15 @@
 // Values under the encoding algorithms (X.891, clause 10), from text to octets and back.
 //
-//   1 hexadecimal   the bytes                        6 boolean   high half of the first octet: the bits
-//   unused 2 base64        the bytes                                    in the last one; then a bit for each
-//   value 3 short         2 octets, high first, signed     7 float     4 octets, high first: the bits of IEEE
-//   754 4 int           4                                8 double    8 5 long          8 9 uuid      16
-//   octets     10 cdata   the text in UTF-8
+//    1 hexadecimal   the bytes
+//    2 base64        the bytes
+//    3 short         2 octets, signed, the high one first
+//    4 int           4 octets
+//    5 long          8 octets
+//    6 boolean       the high half of the first octet: the unused bits of the last one; then a bit a value
+//    7 float         4 octets, the high one first: the bits of IEEE 754
+//    8 double        8 octets
+//    9 uuid          16 octets
+//   10 cdata         the text in UTF-8
 #pragma once
 
 #include <cstdint>

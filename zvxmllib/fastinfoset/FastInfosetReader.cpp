@@ -5,8 +5,10 @@
 //   attribute    0 nnnnnnn    the name begins on the second bit, the value the next octet
 //   namespace    110011 p n   prefix, namespace name
 //   chunk        10 cccccc    an index on the fourth bit, or a text
-//   instruction  11100001     comment 11100010     entity reference 110010 s p     end 1111, two of them
-//   11111111
+//   instruction  11100001
+//   comment      11100010
+//   reference    110010 s p  to an entity that was not expanded
+//   end          1111, two of them 11111111
 #include "zvxmllib/fastinfoset/FastInfosetReader.h"
 
 #include "zvxmllib/document/XmlDocument.h"
