@@ -190,8 +190,8 @@ TEST(WrittenForms, RestrictedAlphabets) {
         "Failed to write FastInfoset. Unsupported Feature in AppendRestrictedAlphabetString.";
     for (Failure const& row :
          {Failure{"", size}, Failure{"0", size}, Failure{std::string((1 << 20) + 1, '0'), size},
-          Failure{"01", bits}, Failure{"0123", bits}, Failure{"0123456", bits},
-          Failure{"0123456789abcdef", bits}, Failure{std::string(1 << 20, '0'), bits},
+          Failure{"01", bits}, Failure{"0123456", bits}, Failure{"0123456789abcdef", bits},
+          Failure{std::string(1 << 20, '0'), bits},
           Failure{"12345678",
                   "Failed to write FastInfoset. Invalid character not found for Restricted Alphabet."}}) {
         std::string octets;
