@@ -1,4 +1,6 @@
 // What all writers share: the stack of open elements, its counts, the states of collections.
+#include "tests/support/QuietWriter.h"
+#include "tests/support/Script.h"
 #include "tests/support/Slots.h"
 #include "zvxmllib/foundation/TextStream.h"
 #include "zvxmllib/writers/XmlTextWriter.h"
@@ -14,19 +16,10 @@ using testing::ElementsAre;
 namespace {
 
 // A format with arrays, reduced to what the base class does for it.
-class ArrayWriter : public CXmlWriter {
+class ArrayWriter : public QuietWriter {
 public:
-    ArrayWriter() : CXmlWriter("ArrayWriter") {}
-
-    void WriteComment(std::string const&) override {}
-    void WriteProcessingInstruction(std::string const&) override {}
-    void WriteInlineSchema(std::string const&) override {}
     void WriteElementStart(std::string const&, std::string const&) override { PushContext(); }
-    void WriteElementValue(std::string const&, ItemType, bool) override {}
     void WriteElementEnd() override { PopContext(); }
-    void WriteAttribute(std::string const&, std::string const&, std::string const&, ItemType) override {}
-    void WriteTypeAttribute(std::string const&, std::string const&, ItemType) override {}
-    void WriteNilAttribute() override {}
 
     void OpenArray() {
         m_pContext->m_collectionState = 2;
@@ -99,16 +92,11 @@ TEST(XmlWriter, CountsOneContextForEachElement) {
     CInstanceMonitor::Cleanup();
     {
         ArrayWriter writer;
-        writer.WriteElementStart("a", "");
+        Script("(a")(writer);
         EXPECT_EQ(ContextCounts(), "CXmlWriterContext = 1/1");
-        writer.WriteElementStart("b", "");
-        writer.WriteElementEnd();
-        writer.WriteElementStart("c", "");
-        writer.WriteElementEnd();
-        writer.WriteElementEnd();
+        Script("(b)(c))")(writer);
         EXPECT_EQ(ContextCounts(), "CXmlWriterContext = 0/3");
-        writer.WriteElementStart("a", "");
-        writer.WriteElementStart("b", "");
+        Script("(a(b")(writer);
     }
     EXPECT_EQ(ContextCounts(), "CXmlWriterContext = 0/5") << "also for elements that were left open";
 }
