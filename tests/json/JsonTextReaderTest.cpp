@@ -158,16 +158,9 @@ TEST(JsonTextReader, TellsWhatIsWrongAndWhere) {
         {"[nu", "Unexpected End of File. Expected value 'NULL' at line 1, position 3."},
         {"[tru", "Unexpected End of File. Expected value 'true' at line 1, position 4."},
         {"[f", "Unexpected End of File. Expected value 'false' at line 1, position 2."},
-        {"[NULL]", kValueExpected + "N' at line 1, position 2."s},
-        {"[trUe]", "Expected 'true' at line 1, position 5."},
         {"[fal\nse]", "Expected 'false' at line 1, position 6."},
-        {"[1,]", kValueExpected + "]' at line 1, position 4."s},
-        {"{\"a\":1,}",
-         "Expected quotation mark character '\"' before Name, found '}' at line 1, position 8.\nPath: .a"},
-        {"[01]", "Expected Array separator character ',', found '1' at line 1, position 3."},
-        {"\r\n\n [\n  1 2]", "Expected Array separator character ',', found '2' at line 4, position 5."},
         {"[/x]", kValueExpected + "/' at line 1, position 2."s},
-        {"[\xFE]", kValueExpected + "\xFE' at line 1, position 2."s},
+        {"\r\n\n [\n  1 2]", "Expected Array separator character ',', found '2' at line 4, position 5."},
     };
     for (auto const& row : rows)
         EXPECT_EQ(OutcomeOf(row.json), row.message) << row.json;
@@ -305,17 +298,13 @@ TEST(JsonTextReader, JoinsSurrogatesAndReplacesLoneOnes) {
              Row{R"("\ud83d\n")", "\xEF\xBF\xBD\n", "?\n"},
              Row{R"("\ud83d\ud83d\ude00")", "\xEF\xBF\xBD\xF0\x9F\x98\x80", "??"},
          }) {
-        auto const expected = [](char const* text) { return "<'" + std::string(text) + "'>"; };
-        {
-            LocalEncoding const local(65001);
-            EXPECT_EQ(EventsOf(row.json), expected(row.utf8)) << row.json;
-        }
-        {
-            LocalEncoding const local(1252);
-            EXPECT_EQ(EventsOf(row.json), expected(row.windows1252)) << row.json;
-        }
-        LocalEncoding const local(1252, true);
-        EXPECT_EQ(EventsOf(row.json), expected(row.utf8)) << row.json;
+        auto const inPage = [&](unsigned page, bool isAsciiOnly) {
+            LocalEncoding const local(page, isAsciiOnly);
+            return EventsOf(row.json);
+        };
+        EXPECT_EQ(inPage(65001, false), "<'" + std::string(row.utf8) + "'>") << row.json;
+        EXPECT_EQ(inPage(1252, false), "<'" + std::string(row.windows1252) + "'>") << row.json;
+        EXPECT_EQ(inPage(1252, true), "<'" + std::string(row.utf8) + "'>") << row.json;
     }
 }
 

@@ -2,6 +2,7 @@
 #include "zvxmllib/json/JsonTextWriter.h"
 #include "tests/json/JsonParser.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/Script.h"
 #include "zvxmllib/foundation/TextStream.h"
 
 #include <gmock/gmock.h>
@@ -13,30 +14,7 @@ using namespace ZvXmlLib16;
 
 namespace {
 
-constexpr char kInstance[] = "http://www.w3.org/2001/XMLSchema-instance";
-
-// The calls that a driver makes, in short form.
-struct Calls {
-    CJsonTextWriter& writer;
-
-    Calls& Start(char const* name, char const* ns = "") { return writer.WriteElementStart(name, ns), *this; }
-    Calls& End() { return writer.WriteElementEnd(), *this; }
-    Calls& Value(char const* text, ItemType type = ItemType_string) {
-        return writer.WriteElementValue(text, type, false), *this;
-    }
-    Calls& Attribute(char const* name, char const* value, ItemType type = ItemType_string,
-                     char const* ns = "") {
-        return writer.WriteAttribute(name, ns, value, type), *this;
-    }
-    Calls& Scalar(char const* name, char const* text, ItemType type = ItemType_string) {
-        return Start(name).Value(text, type).End();
-    }
-    Calls& Object(char const* name, char const* value) { return Start(name).Attribute("v", value).End(); }
-    Calls& Begin() { return writer.SetCollectionState(1), *this; }
-    Calls& Done() { return writer.SetCollectionState(3), *this; }
-};
-
-using Body = std::function<void(Calls&)>;
+using Body = std::function<void(CJsonTextWriter&)>;
 using Setup = std::function<void(CJsonTextWriter&)>;
 
 std::string Write(Body const& body, Setup const& setup) {
@@ -45,8 +23,7 @@ std::string Write(Body const& body, Setup const& setup) {
     writer.Open();
     setup(writer);
     writer.WriteDocumentStart();
-    Calls calls{writer};
-    body(calls);
+    body(writer);
     writer.WriteDocumentEnd();
     writer.Close();
     return sink.GetText();
@@ -73,16 +50,16 @@ std::string Unformatted(std::string const& text) {
 }
 
 struct Row {
+    Script script;
     char const* json; // compact
-    Body body;
 };
 
 void ExpectRows(std::vector<Row> const& rows) {
     for (Row const& row : rows) {
-        EXPECT_EQ(Write(row.body, Compact()), row.json);
+        EXPECT_EQ(Write(row.script, Compact()), row.json);
         EXPECT_EQ(FaultOfJson(row.json), "");
         for (EOLType const eol : {EOLType_LF, EOLType_CRLF}) {
-            std::string const formatted = Write(row.body, Formatted(eol));
+            std::string const formatted = Write(row.script, Formatted(eol));
             EXPECT_EQ(Unformatted(formatted), row.json);
             EXPECT_EQ(FaultOfJson(formatted), "");
         }
@@ -91,140 +68,67 @@ void ExpectRows(std::vector<Row> const& rows) {
 
 TEST(JsonTextWriter, MapsElementsByWhatTheyHold) {
     ExpectRows({
-        {R"({"a": "x"})", [](Calls& c) { c.Scalar("a", "x"); }},
-        {R"({"a": ""})", [](Calls& c) { c.Scalar("a", ""); }},
-        {R"({"a": null})", [](Calls& c) { c.Start("a").End(); }},
-        {R"({"a": null})",
-         [](Calls& c) {
-             c.Start("a").writer.WriteNilAttribute();
-             c.End();
-         }},
-        {R"({"a": {"@b": "1"}})", [](Calls& c) { c.Start("a").Attribute("b", "1").End(); }},
-        {R"({"a": {"b": "1","c": null,"d": 2}})",
-         [](Calls& c) {
-             c.Start("a").Scalar("b", "1").Start("c").End().Scalar("d", "2", ItemType_i4).End();
-         }},
-        {R"({"a": {"@b": "1","c": {"@d": "2"},"#text": "x"}})",
-         [](Calls& c) {
-             c.Start("a").Attribute("b", "1").Start("c").Attribute("d", "2").End().Value("x").End();
-         }},
-        {R"({"a": {"@b": "1","#text": ""}})",
-         [](Calls& c) { c.Start("a").Attribute("b", "1").Value("").End(); }},
-        {R"({"a": {"b": null,"#text": "x"}})",
-         [](Calls& c) { c.Start("a").Start("b").End().Value("x").End(); }},
+        {"(a 'x')", R"({"a": "x"})"},
+        {"(a '')", R"({"a": ""})"},
+        {"(a)", R"({"a": null})"},
+        {"(a %)", R"({"a": null})"},
+        {"(a @b=1)", R"({"a": {"@b": "1"}})"},
+        {"(a (b '1') (c) (d #2))", R"({"a": {"b": "1","c": null,"d": 2}})"},
+        {"(a @b=1 (c @d=2) 'x')", R"({"a": {"@b": "1","c": {"@d": "2"},"#text": "x"}})"},
+        {"(a @b=1 '')", R"({"a": {"@b": "1","#text": ""}})"},
+        {"(a (b) 'x')", R"({"a": {"b": null,"#text": "x"}})"},
         // An object that ends leaves its parent one, too.
-        {R"({"a": {"b": {"c": {"d": "1"}},"e": "2"}})",
-         [](Calls& c) {
-             c.Start("a").Start("b").Start("c").Scalar("d", "1").End().End().Scalar("e", "2").End();
-         }},
-        {R"({"a": "x"})",
-         [](Calls& c) {
-             c.writer.WriteProcessingInstruction("<?p?>");
-             c.Start("a").writer.WriteInlineSchema("<schema/>");
-             c.Value("x").End();
-         }},
+        {"(a (b (c (d '1'))) (e '2'))", R"({"a": {"b": {"c": {"d": "1"}},"e": "2"}})"},
+        {"? (a $ 'x')", R"({"a": "x"})"},
     });
-}
-
-TEST(JsonTextWriter, WritesADefaultValueLikeAnyOther) {
-    EXPECT_EQ(Write(
-                  [](Calls& c) {
-                      c.Start("a").writer.WriteElementValue("x", ItemType_string, true);
-                      c.End();
-                  },
-                  Compact()),
-              R"({"a": "x"})");
 }
 
 TEST(JsonTextWriter, MakesAnArrayOfACollectionWhoseFirstItemIsAnObject) {
     ExpectRows({
-        {R"({"a": {"i": [{"@v": "1"}]}})",
-         [](Calls& c) { c.Start("a").Begin().Object("i", "1").Done().End(); }},
-        {R"({"a": {"@v": "0","i": [{"@v": "1"},{"b": null},null,"x"],"z": "9"}})",
-         [](Calls& c) {
-             c.Start("a").Attribute("v", "0").Begin().Object("i", "1").Start("i").Start("b").End().End();
-             c.Start("i").End().Scalar("i", "x").Done().Scalar("z", "9").End();
-         }},
+        {"(a [(i @v=1)])", R"({"a": {"i": [{"@v": "1"}]}})"},
+        {"(a @v=0 [(i @v=1) (i (b)) (i) (i 'x')] (z '9'))",
+         R"({"a": {"@v": "0","i": [{"@v": "1"},{"b": null},null,"x"],"z": "9"}})"},
         // Two in a row, and a text behind.
-        {R"({"a": {"i": [{"@v": "1"}],"j": [{"@v": "2"}],"#text": "x"}})",
-         [](Calls& c) {
-             c.Start("a").Begin().Object("i", "1").Done().Begin().Object("j", "2").Done().Value("x").End();
-         }},
+        {"(a [(i @v=1)] [(j @v=2)] 'x')", R"({"a": {"i": [{"@v": "1"}],"j": [{"@v": "2"}],"#text": "x"}})"},
         // One in the item of another.
-        {R"({"a": {"i": [{"j": [{"@v": "1"},{"@v": "2"}],"z": "3"},{"j": [{"@v": "4"}]}]}})",
-         [](Calls& c) {
-             c.Start("a").Begin();
-             c.Start("i").Begin().Object("j", "1").Object("j", "2").Done().Scalar("z", "3").End();
-             c.Start("i").Begin().Object("j", "4").Done().End();
-             c.Done().End();
-         }},
+        {"(a [(i [(j @v=1) (j @v=2)] (z '3')) (i [(j @v=4)])])",
+         R"({"a": {"i": [{"j": [{"@v": "1"},{"@v": "2"}],"z": "3"},{"j": [{"@v": "4"}]}]}})"},
         // Scalars are repeated members, and so is what comes ahead of the first object.
-        {R"({"a": {"i": "1","i": "2","z": "3"}})",
-         [](Calls& c) {
-             c.Start("a").Begin().Scalar("i", "1").Scalar("i", "2").Done().Scalar("z", "3").End();
-         }},
-        {R"({"a": {"i": null,"i": "1","i": [{"@v": "2"},"3"],"z": "4"}})",
-         [](Calls& c) {
-             c.Start("a").Begin().Start("i").End().Scalar("i", "1").Object("i", "2").Scalar("i", "3").Done();
-             c.Scalar("z", "4").End();
-         }},
-        {R"({"a": {"i": "1","j": [{"@v": "2"}]}})",
-         [](Calls& c) {
-             c.Start("a").Begin().Scalar("i", "1").Done().Begin().Object("j", "2").Done().End();
-         }},
+        {"(a [(i '1') (i '2')] (z '3'))", R"({"a": {"i": "1","i": "2","z": "3"}})"},
+        {"(a [(i) (i '1') (i @v=2) (i '3')] (z '4'))",
+         R"({"a": {"i": null,"i": "1","i": [{"@v": "2"},"3"],"z": "4"}})"},
+        {"(a [(i '1')] [(j @v=2)])", R"({"a": {"i": "1","j": [{"@v": "2"}]}})"},
         // Items of an array have no name of their own, whatever it is.
-        {R"({"a": {"i": [{"@v": "1"},{"@v": "2"}]}})",
-         [](Calls& c) { c.Start("a").Begin().Object("i", "1").Object("other", "2").Done().End(); }},
+        {"(a [(i @v=1) (other @v=2)])", R"({"a": {"i": [{"@v": "1"},{"@v": "2"}]}})"},
         // An element that is not of a collection, behind one and in one.
-        {R"({"a": {"i": [{"@v": "1"}],"i": {"@v": "2"}}})",
-         [](Calls& c) { c.Start("a").Begin().Object("i", "1").Done().Object("i", "2").End(); }},
-        {R"({"a": null})", [](Calls& c) { c.Start("a").Begin().Done().End(); }},
+        {"(a [(i @v=1)] (i @v=2))", R"({"a": {"i": [{"@v": "1"}],"i": {"@v": "2"}}})"},
+        {"(a [])", R"({"a": null})"},
     });
 }
 
 // The collection of a repeated group lies in that of another, and both write into the same element.
 TEST(JsonTextWriter, ClosesTheArrayOfAGroupWhenACollectionBeginsInIt) {
     ExpectRows({
-        {R"({"a": {"x": [{"@v": "1"}],"i": [{"@v": "2"}],"x": {"@v": "3"},"i": [{"@v": "4"}],"z": "5"}})",
-         [](Calls& c) {
-             c.Start("a").Begin();
-             c.Object("x", "1").Begin().Object("i", "2").Done();
-             c.Object("x", "3").Begin().Object("i", "4").Done();
-             c.Done().Scalar("z", "5").End();
-         }},
-        {R"({"a": {"x": [{"@v": "1"}],"i": "2","i": "3","x": {"@v": "4"}}})",
-         [](Calls& c) {
-             c.Start("a").Begin().Object("x", "1").Begin().Scalar("i", "2").Scalar("i", "3").Done();
-             c.Object("x", "4").Done().End();
-         }},
+        {"(a [(x @v=1) [(i @v=2)] (x @v=3) [(i @v=4)]] (z '5'))",
+         R"({"a": {"x": [{"@v": "1"}],"i": [{"@v": "2"}],"x": {"@v": "3"},"i": [{"@v": "4"}],"z": "5"}})"},
+        {"(a [(x @v=1) [(i '2') (i '3')] (x @v=4)])",
+         R"({"a": {"x": [{"@v": "1"}],"i": "2","i": "3","x": {"@v": "4"}}})"},
         // A collection of which nobody tells the end.
-        {R"({"a": {"i": [{"@v": "1"}],"@b": "2"}})",
-         [](Calls& c) { c.Start("a").Begin().Object("i", "1").Attribute("b", "2").End(); }},
-        {R"({"a": {"b": {"i": [{"@v": "1"}]},"c": {"i": [{"@v": "2"}],"#text": "x"}}})",
-         [](Calls& c) {
-             c.Start("a").Start("b").Begin().Object("i", "1").End();
-             c.Start("c").Begin().Object("i", "2").Value("x").End().End();
-         }},
+        {"(a [(i @v=1) @b=2)", R"({"a": {"i": [{"@v": "1"}],"@b": "2"}})"},
+        {"(a (b [(i @v=1)) (c [(i @v=2) 'x'))",
+         R"({"a": {"b": {"i": [{"@v": "1"}]},"c": {"i": [{"@v": "2"}],"#text": "x"}}})"},
     });
 }
 
-void WriteOrder(Calls& c) {
-    c.writer.SetDefaultNamespace("urn:example");
-    c.writer.AddNamespaceAlias("xs", "urn:other");
-    c.Start("Order", "urn:example").Attribute("id", "5", ItemType_i4).Begin();
-    c.Start("Item", "urn:example").Scalar("Name", "first").End();
-    c.Start("Item", "urn:example").Begin().Start("Part").Scalar("Name", "p").Start("Free").End().End().Done();
-    c.End().Scalar("Item", "bare").Done();
-    c.Begin().Start("Note", "urn:other").Attribute("lang", "de").Value("x").End().Done();
-    c.Scalar("Total", "12.5", ItemType_r8).End();
-}
-
 TEST(JsonTextWriter, IndentsByDepthAndByArrays) {
+    Script const order("*urn:example !xs=urn:other (urn:example|Order @id=5 "
+                       "[(urn:example|Item (Name 'first')) (urn:example|Item [(Part (Name 'p') (Free))]) "
+                       "(Item 'bare')] [(urn:other|Note @lang=de 'x')] (Total #12))");
     std::string const expected = R"({
 	"Order": {
 		"@xmlns": "urn:example",
 		"@xmlns:xs": "urn:other",
-		"@id": 5,
+		"@id": "5",
 		"Item": [
 			{
 				"Name": "first"
@@ -245,7 +149,7 @@ TEST(JsonTextWriter, IndentsByDepthAndByArrays) {
 				"#text": "x"
 			}
 		],
-		"Total": 12.5
+		"Total": 12
 	}
 })";
     std::string withCrLf;
@@ -254,21 +158,15 @@ TEST(JsonTextWriter, IndentsByDepthAndByArrays) {
         withCrLf += c == '\n' ? "\r\n" : std::string(1, c);
         withBlank += c == '\t' ? ' ' : c;
     }
-    EXPECT_EQ(Write(WriteOrder, Formatted(EOLType_LF)), expected);
-    EXPECT_EQ(Write(WriteOrder, Formatted(EOLType_CRLF)), withCrLf);
-    EXPECT_EQ(Write(WriteOrder, [](CJsonTextWriter& writer) { writer.SetIndentChars(" "); }), withBlank);
-    EXPECT_EQ(Write(WriteOrder, Compact()), Unformatted(expected));
+    EXPECT_EQ(Write(order, Formatted(EOLType_LF)), expected);
+    EXPECT_EQ(Write(order, Formatted(EOLType_CRLF)), withCrLf);
+    EXPECT_EQ(Write(order, [](CJsonTextWriter& writer) { writer.SetIndentChars(" "); }), withBlank);
+    EXPECT_EQ(Write(order, Compact()), Unformatted(expected));
 }
 
 TEST(JsonTextWriter, KeepsAsMuchAsItsModeSays) {
-    Body const body = [](Calls& c) {
-        c.writer.SetDefaultNamespace("d");
-        c.writer.AddNamespaceAlias("p", "u");
-        c.writer.AddNamespaceAlias("i", kInstance);
-        c.Start("a", "u").writer.WriteTypeAttribute("u", "T", ItemType_string);
-        c.Attribute("b", "1").Attribute("c", "2", ItemType_string, "u");
-        c.Start("e", "d").End().Start("f", "u").End().Value("x").End();
-    };
+    Script const script("*d !p=u !i=http://www.w3.org/2001/XMLSchema-instance "
+                        "(u|a ^u|T @b=1 @u|c=2 (d|e) (u|f) 'x')");
     struct {
         JsonRoundTrip mode;
         char const* json;
@@ -280,78 +178,53 @@ TEST(JsonTextWriter, KeepsAsMuchAsItsModeSays) {
          R"("@i:type": "p:T","@b": "1","@p:c": "2","e": null,"p:f": null,"#text": "x"}})"},
     };
     for (auto const& row : rows) {
-        EXPECT_EQ(Write(body, Compact(row.mode)), row.json);
+        EXPECT_EQ(Write(script, Compact(row.mode)), row.json);
         EXPECT_EQ(FaultOfJson(row.json), "");
     }
+    // Without namespaces no aliases are needed.
+    for (JsonRoundTrip const mode : {JsonRoundTrip_None, JsonRoundTrip_NoNamespaces})
+        EXPECT_EQ(Write(Script("(u|a ^u|T (v|b '1'))"), Compact(mode)), R"({"a": {"b": "1"}})");
 }
 
 TEST(JsonTextWriter, NamesNamespacesByTheirAliases) {
     ExpectRows({
         // The root alone may have an alias made up; its declaration comes first.
-        {R"({"AA:a": {"@xmlns:AA": "u","@xmlns": "d","@xmlns:p": "v","p:b": "1","AA:c": "2"}})",
-         [](Calls& c) {
-             c.writer.SetDefaultNamespace("d");
-             c.writer.AddNamespaceAlias("p", "v");
-             c.Start("a", "u").Start("b", "v").Value("1").End().Start("c", "u").Value("2").End().End();
-         }},
-        {R"({"a": {"@xmlns": "d"}})",
-         [](Calls& c) {
-             c.writer.SetDefaultNamespace("d");
-             c.Start("a", "d").End();
-         }},
+        {"*d !p=v (u|a (v|b '1') (u|c '2'))",
+         R"({"AA:a": {"@xmlns:AA": "u","@xmlns": "d","@xmlns:p": "v","p:b": "1","AA:c": "2"}})"},
+        {"*d (d|a)", R"({"a": {"@xmlns": "d"}})"},
         // In the order of the namespaces; an empty alias is none.
-        {R"({"a": {"@xmlns:z": "u1","@xmlns:y": "u3","#text": "x"}})",
-         [](Calls& c) {
-             c.writer.AddNamespaceAlias("y", "u3");
-             c.writer.AddNamespaceAlias("z", "u1");
-             c.writer.AddNamespaceAlias("", "u2");
-             c.writer.AddNamespaceAlias("w", "http://www.w3.org/XML/1998/namespace/more");
-             c.Start("a").Value("x").End();
-         }},
-        {R"({"a": {"@xml:lang": "de"}})",
-         [](Calls& c) {
-             c.Start("a").Attribute("lang", "de", ItemType_string, "http://www.w3.org/XML/1998/namespace");
-             c.End();
-         }},
+        {"!y=u3 !z=u1 !=u2 !w=http://www.w3.org/XML/1998/namespace/more (a 'x')",
+         R"({"a": {"@xmlns:z": "u1","@xmlns:y": "u3","#text": "x"}})"},
+        {"(a @http://www.w3.org/XML/1998/namespace|lang=de)", R"({"a": {"@xml:lang": "de"}})"},
         // An attribute in the default namespace needs an alias all the same; a type in it does not.
-        {R"({"a": {"@xmlns": "d","@xmlns:p": "d","@xmlns:i": "http://www.w3.org/2001/XMLSchema-instance",)"
-         R"("@p:b": "1","c": {"@i:type": "T"},"e": {"@i:type": "T"}}})",
-         [](Calls& c) {
-             c.writer.SetDefaultNamespace("d");
-             c.writer.AddNamespaceAlias("p", "d");
-             c.writer.AddNamespaceAlias("i", kInstance);
-             c.Start("a", "d").Attribute("b", "1", ItemType_string, "d");
-             c.Start("c", "d").writer.WriteTypeAttribute("d", "T", ItemType_string);
-             c.End().Start("e", "d").writer.WriteTypeAttribute("", "T", ItemType_string);
-             c.End().End();
-         }},
+        {"*d !p=d !i=http://www.w3.org/2001/XMLSchema-instance (d|a @d|b=1 (d|c ^d|T) (d|e ^T))",
+         R"({"a": {"@xmlns": "d","@xmlns:p": "d","@xmlns:i": "http://www.w3.org/2001/XMLSchema-instance",)"
+         R"("@p:b": "1","c": {"@i:type": "T"},"e": {"@i:type": "T"}}})"},
         // What is made known inside an element holds there.
-        {R"({"a": {"b": {"q:c": "1","e": "2"}}})",
-         [](Calls& c) {
-             c.Start("a").Start("b").writer.AddNamespaceAlias("q", "u");
-             c.writer.SetDefaultNamespace("d");
-             c.Start("c", "u").Value("1").End().Start("e", "d").Value("2").End().End().End();
-         }},
+        {"(a (b !q=u *d (u|c '1') (d|e '2')))", R"({"a": {"b": {"q:c": "1","e": "2"}}})"},
         // Later items of an array have no name, so theirs needs no alias.
-        {R"({"a": {"i": [{"@v": "1"},"x"]}})",
-         [](Calls& c) {
-             c.Start("a").Begin().Object("i", "1").Start("i", "unknown").Value("x").End().Done().End();
-         }},
+        {"(a [(i @v=1) (unknown|i 'x')])", R"({"a": {"i": [{"@v": "1"},"x"]}})"},
     });
 }
 
 TEST(JsonTextWriter, QuotesAllButNumbersAndBooleans) {
-    for (std::uint32_t number = ItemType_invalid; number <= ItemType_integer; ++number) {
-        auto const type = static_cast<ItemType>(number);
-        bool const isBare = (number >= 3 && number <= 12) || number >= 24;
+    auto const typed = [](ItemType type, char const* value) {
+        return [=](CXmlWriter& w) {
+            w.WriteElementStart("a", "");
+            w.WriteAttribute("b", "", value, type);
+            w.WriteElementValue(value, type, true); // a default value like any other
+            w.WriteElementEnd();
+        };
+    };
+    for (std::uint32_t type = ItemType_invalid; type <= ItemType_integer; ++type) {
+        bool const isBare = (type >= 3 && type <= 12) || type >= 24;
         std::string const value = isBare ? "1" : R"("1")";
-        EXPECT_EQ(Write([&](Calls& c) { c.Start("a").Attribute("b", "1", type).Value("1", type).End(); },
-                        Compact()),
+        EXPECT_EQ(Write(typed(static_cast<ItemType>(type), "1"), Compact()),
                   R"({"a": {"@b": )" + value + R"(,"#text": )" + value + "}}")
-            << number;
+            << type;
     }
     // No JSON, but the lexical forms of XML Schema.
-    EXPECT_EQ(Write([](Calls& c) { c.Scalar("a", "-INF", ItemType_r8); }, Compact()), R"({"a": -INF})");
+    EXPECT_EQ(Write(typed(ItemType_r8, "-INF"), Compact()), R"({"a": {"@b": -INF,"#text": -INF}})");
 }
 
 TEST(JsonTextWriter, EscapesValuesByteByByte) {
@@ -368,30 +241,20 @@ TEST(JsonTextWriter, EscapesValuesByteByByte) {
         {std::string(5000, 'x') + "\"", '"' + std::string(5000, 'x') + R"(\"")"},
     };
     for (auto const& row : rows) {
-        std::string const json = Write(
-            [&](Calls& c) {
-                c.Start("a");
-                c.writer.WriteAttribute("b", "", row.text, ItemType_string);
-                c.writer.WriteElementValue(row.text, ItemType_string, false);
-                c.End();
-            },
-            Compact());
+        std::string const json = Write(Script("(a @b='" + row.text + "' '" + row.text + "')"), Compact());
         EXPECT_EQ(json, R"({"a": {"@b": )" + row.json + R"(,"#text": )" + row.json + "}}");
         EXPECT_EQ(FaultOfJson(json), "");
     }
-}
-
-TEST(JsonTextWriter, WritesLineFeedsOfValuesAsTheyAre) {
-    Body const body = [](Calls& c) { c.Scalar("a", "x\r\ny\nz"); };
-    EXPECT_EQ(Write(body, Compact()), "{\"a\": \"x\ny\nz\"}");
-    EXPECT_EQ(Write(body, Formatted(EOLType_CRLF)), "{\r\n\t\"a\": \"x\r\ny\r\nz\"\r\n}");
+    // Line feeds are written as they are.
+    Script const lines("(a 'x\r\ny\nz')");
+    EXPECT_EQ(Write(lines, Compact()), "{\"a\": \"x\ny\nz\"}");
+    EXPECT_EQ(Write(lines, Formatted(EOLType_CRLF)), "{\r\n\t\"a\": \"x\r\ny\r\nz\"\r\n}");
 }
 
 TEST(JsonTextWriter, WritesComments) {
-    Body const body = [](Calls& c) {
-        c.writer.WriteComment("a \"b\"");
-        c.Start("a").Attribute("b", "1").writer.WriteComment("c");
-        c.End();
+    Body const body = [](CJsonTextWriter& w) {
+        w.WriteComment("a \"b\"");
+        Script("(a @b=1 ~)")(w);
     };
     EXPECT_EQ(Write(body, Compact()), "{/* a \\\"b\\\" */\n\"a\": {\"@b\": \"1\"/* c */\n}}");
     EXPECT_EQ(Write(body, Formatted(EOLType_LF)),
@@ -399,59 +262,36 @@ TEST(JsonTextWriter, WritesComments) {
 }
 
 TEST(JsonTextWriter, WritesSeveralRootsAsMembersOfTheDocument) {
-    Body const body = [](Calls& c) { c.Scalar("i", "1").Start("i").Attribute("v", "2").End(); };
-    EXPECT_EQ(Write(body, Compact()), R"({"i": "1","i": {"@v": "2"}})");
-    EXPECT_EQ(Write(body, Formatted(EOLType_LF)),
+    Script const script("(i '1') (i @v=2)");
+    EXPECT_EQ(Write(script, Compact()), R"({"i": "1","i": {"@v": "2"}})");
+    EXPECT_EQ(Write(script, Formatted(EOLType_LF)),
               "{\n\t\"i\": \"1\",\n\t\"i\": {\n\t\t\"@v\": \"2\"\n\t}\n}");
 }
 
 TEST(JsonTextWriter, RefusesWhatItCannotWrite) {
     struct {
+        char const* script;
         char const* message;
-        Body body;
     } const rows[] = {
-        {"Unknown Namespace: u.", [](Calls& c) { c.Start("a").Start("b", "u"); }},
-        {"Unknown Namespace: u.", [](Calls& c) { c.Start("a").Attribute("b", "", ItemType_string, "u"); }},
-        {"Unknown Namespace: d.",
-         [](Calls& c) {
-             c.writer.SetDefaultNamespace("d");
-             c.Start("a", "d").Attribute("b", "", ItemType_string, "d");
-         }},
-        {"Unknown Namespace: u.",
-         [](Calls& c) {
-             c.writer.AddNamespaceAlias("i", kInstance);
-             c.Start("a").writer.WriteTypeAttribute("u", "T", ItemType_string);
-         }},
-        {"Unknown Namespace: http://www.w3.org/2001/XMLSchema-instance.",
-         [](Calls& c) { c.Start("a").writer.WriteTypeAttribute("", "T", ItemType_string); }},
-        {"Invalid EOL type.", [](Calls& c) { c.writer.SetEOLType(static_cast<EOLType>(2)); }},
-        {"An Element has not been closed.", [](Calls& c) { c.Start("a"); }},
-        {"Attributes must be added before elements", [](Calls& c) { c.Attribute("a", "1"); }},
-        {"Attributes must be added before elements",
-         [](Calls& c) { c.writer.WriteTypeAttribute("", "T", ItemType_string); }},
-        {"A value must be written inside an element.", [](Calls& c) { c.Scalar("a", "1").Value("2"); }},
-        {"There is no open element to be closed.", [](Calls& c) { c.End(); }},
-        {"In JSON nothing can follow the text of an element that began with its text.",
-         [](Calls& c) { c.Start("a").Value("1").Value("2"); }},
-        {"In JSON nothing can follow the text of an element that began with its text.",
-         [](Calls& c) { c.Start("a").Value("1").Start("b"); }},
-        {"In JSON nothing can follow the text of an element that began with its text.",
-         [](Calls& c) { c.Start("a").Value("1").Attribute("b", "2"); }},
+        {"(a (u|b", "Unknown Namespace: u."},
+        {"(a @u|b=", "Unknown Namespace: u."},
+        {"*d (d|a @d|b=", "Unknown Namespace: d."},
+        {"!i=http://www.w3.org/2001/XMLSchema-instance (a ^u|T", "Unknown Namespace: u."},
+        {"(a ^T", "Unknown Namespace: http://www.w3.org/2001/XMLSchema-instance."},
+        {"(a", "An Element has not been closed."},
+        {"@a=1", "Attributes must be added before elements"},
+        {"^T", "Attributes must be added before elements"},
+        {"(a '1') '2'", "A value must be written inside an element."},
+        {")", "There is no open element to be closed."},
+        {"(a '1' '2'", "In JSON nothing can follow the text of an element that began with its text."},
+        {"(a '1' (b", "In JSON nothing can follow the text of an element that began with its text."},
+        {"(a '1' @b=2", "In JSON nothing can follow the text of an element that began with its text."},
     };
     for (auto const& row : rows)
-        EXPECT_EQ(MessageOf<CZvException>([&] { Write(row.body, Compact()); }), row.message);
-}
-
-TEST(JsonTextWriter, NeedsNoAliasesWithoutNamespaces) {
-    for (JsonRoundTrip const mode : {JsonRoundTrip_None, JsonRoundTrip_NoNamespaces}) {
-        EXPECT_EQ(Write(
-                      [](Calls& c) {
-                          c.Start("a", "u").writer.WriteTypeAttribute("u", "T", ItemType_string);
-                          c.Start("b", "v").Value("1").End().End();
-                      },
-                      Compact(mode)),
-                  R"({"a": {"b": "1"}})");
-    }
+        EXPECT_EQ(MessageOf<CZvException>([&] { Write(Script(row.script), Compact()); }), row.message)
+            << row.script;
+    EXPECT_EQ(MessageOf<CZvException>([] { Write({}, Formatted(static_cast<EOLType>(2))); }),
+              "Invalid EOL type.");
 }
 
 class CountingSink : public CTextStream {
@@ -466,11 +306,10 @@ TEST(JsonTextWriter, FlushesWhenAnElementStartsBehindFourKilobytes) {
     CJsonTextWriter writer(&sink);
     writer.SetFormatted(false);
     writer.WriteDocumentStart();
-    Calls calls{writer};
-    calls.Start("a").Attribute("b", std::string(4084, 'x').c_str()); // behind {"a": {"@b": "
+    Script("(a @b=" + std::string(4084, 'x'))(writer); // behind {"a": {"@b": "
     EXPECT_EQ(sink.GetLength(), 4099U);
     EXPECT_TRUE(sink.m_lengths.empty()) << "attributes do not look at the length";
-    calls.Start("c").Value("x").End().Start("d").End().End();
+    Script("(c 'x') (d))")(writer);
     writer.WriteDocumentEnd();
     EXPECT_THAT(sink.m_lengths, testing::ElementsAre(4105U, 4114U));
 }

@@ -4,6 +4,7 @@
 #include "tests/support/Entries.h"
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/Script.h"
 #include "tests/support/TemporaryFile.h"
 #include "tests/support/WrittenObject.h"
 #include "zvxmllib/document/XmlDocument.h"
@@ -19,24 +20,16 @@ using namespace entries;
 namespace {
 
 CSmartPtr<WrittenObject> Scalar(std::string const& text) {
-    return new WrittenObject([text](CXmlWriter& w) {
-        w.WriteElementStart("a", "");
-        w.WriteElementValue(text, ItemType_string, false);
-        w.WriteElementEnd();
-    });
+    return new WrittenObject(Script("(a '" + text + "')"));
 }
 
 TEST(ToJson, GivesTheContextsOptionsToTheWriter) {
     CSerializationContext ctx;
     ctx.SetIndentChars("  ");
-    CSmartPtr<WrittenObject> const object(new WrittenObject([](CXmlWriter& w) {
-        w.WriteElementStart("a", "");
-        w.WriteAttribute("b", "", "1", ItemType_i4);
-        w.WriteElementEnd();
-    }));
-    EXPECT_EQ(object->ToJson(true, EOLType_CRLF, ctx), "{\r\n  \"a\": {\r\n    \"@b\": 1\r\n  }\r\n}");
+    CSmartPtr<WrittenObject> const object(new WrittenObject(Script("(a @b=1)")));
+    EXPECT_EQ(object->ToJson(true, EOLType_CRLF, ctx), "{\r\n  \"a\": {\r\n    \"@b\": \"1\"\r\n  }\r\n}");
     ctx.GetJsonContext().SetSupportRoundtrip(JsonRoundTrip_None);
-    EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), R"({"a": {"b": 1}})");
+    EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), R"({"a": {"b": "1"}})");
     EXPECT_EQ(MessageOf<CZvException>([&] { object->ToJson(false, static_cast<EOLType>(2), ctx); }),
               "Invalid EOL type.");
 }
@@ -67,12 +60,11 @@ TEST(ToJsonStream, Compresses) {
     CSerializationContext const ctx;
     std::string const text(1000, 'x');
     for (CompressionType const type : {CompressionType_GZip, CompressionType_ZLib}) {
-        CBinaryData data = Scalar(text)->ToJsonStream(false, XmlEncoding_UTF8, EOLType_LF, ctx, type);
+        CBinaryData const data = Scalar(text)->ToJsonStream(false, XmlEncoding_UTF8, EOLType_LF, ctx, type);
         EXPECT_LT(data.GetLength(), 100U);
-        std::uint32_t length = data.GetLength();
-        unsigned char* bytes = data.ReleaseData();
-        CZvZip::Decompress(bytes, length);
-        EXPECT_EQ(TextOf(CBinaryData(bytes, length, true)), "{\"a\": \"" + text + "\"}");
+        CBinaryData decompressed;
+        ASSERT_TRUE(CZvZip::TryDecompress(data.GetData(), data.GetLength(), decompressed)) << type;
+        EXPECT_EQ(TextOf(decompressed), "{\"a\": \"" + text + "\"}");
     }
 }
 
@@ -142,12 +134,6 @@ struct PartModel : Model {
     }
 };
 
-CSerializationContext TypedContext() {
-    CSerializationContext ctx;
-    ctx.SetDefaultNamespaceURI("u");
-    return ctx;
-}
-
 TEST(ToJson, WritesCollectionsOfTypedObjectsAsArrays) {
     PartModel leaf("leaf");
     leaf.Finish();
@@ -168,7 +154,8 @@ TEST(ToJson, WritesCollectionsOfTypedObjectsAsArrays) {
          R"({"tree": {"@xmlns": "u","@id": 0,"value": 5,"branch": [)"
          R"({"leaf": [{"@id": 1},{"@id": 2}]},{"value": -7,"leaf": null},null]}})"},
     };
-    CSerializationContext const ctx = TypedContext();
+    CSerializationContext ctx;
+    ctx.SetDefaultNamespaceURI("u");
     for (auto const& row : rows) {
         CSmartPtr<Probe> const object(new Probe(tree));
         object->FromXml(row.xml, ctx);
