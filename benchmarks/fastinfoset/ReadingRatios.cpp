@@ -17,7 +17,7 @@ constexpr double kMostForObjects = 0.65;
 
 // Values as the suggested encodings have them.
 CSerializationContext SuggestedContext() {
-    CSerializationContext ctx(RecordContext());
+    CSerializationContext ctx(RecordContext()); // NOLINT(performance-unnecessary-copy-initialization)
     ctx.GetFIContext().SetSuggestedValues();
     return ctx;
 }

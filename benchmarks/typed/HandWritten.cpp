@@ -3,6 +3,7 @@
 
 #include <charconv>
 #include <cstring>
+#include <initializer_list>
 #include <stdexcept>
 #include <string_view>
 
@@ -30,7 +31,7 @@ bool IsCalled(char const* name, std::string_view local) {
 class Reader {
 public:
     std::vector<Record> Read(std::string const& xml) {
-        XML_Parser const parser = XML_ParserCreateNS(nullptr, '|');
+        XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
         XML_SetUserData(parser, this);
         XML_SetElementHandler(
             parser,
@@ -197,17 +198,27 @@ std::string WriteByHand(std::vector<Record> const& records) {
 }
 
 std::string MakeRecords(std::size_t bytes) {
-    std::string xml = std::string("<?xml version=\"1.0\"?>\n<records xmlns=\"") + kRecordNamespace + "\">\n";
+    std::string xml;
+    auto const add = [&](std::initializer_list<std::string_view> parts) {
+        for (std::string_view const part : parts)
+            xml += part;
+    };
+    add({"<?xml version=\"1.0\"?>\n<records xmlns=\"", kRecordNamespace, "\">\n"});
     for (int i = 0; xml.size() < bytes; ++i) {
         std::string const n = std::to_string(i);
-        xml += "  <record id=\"" + n + "\">\n    <name>Person number " + n + "</name>\n    <city>" +
-               (i % 2 == 0 ? "Amsterdam" : "Bruxelles-Ville") + "</city>\n    <mail>person" + n +
-               "@example.org</mail>\n    <quantity>" + std::to_string(i % 1000) + "</quantity>\n    <stock>" +
-               std::to_string(1000000007LL * i) + "</stock>\n    <price>" + std::to_string(i % 500) +
-               ".25</price>\n    <weight>0.125</weight>\n    <active>" + (i % 3 == 0 ? "true" : "false") +
-               "</active>\n    <rating>" + std::to_string(i % 10) + "</rating>\n    <category>" +
-               kCategories[i % 3] + "</category>\n    <note>Some text &amp; more of it, record " + n +
-               "</note>\n  </record>\n";
+        add({"  <record id=\"", n, "\">\n"});
+        add({"    <name>Person number ", n, "</name>\n"});
+        add({"    <city>", i % 2 == 0 ? "Amsterdam" : "Bruxelles-Ville", "</city>\n"});
+        add({"    <mail>person", n, "@example.org</mail>\n"});
+        add({"    <quantity>", std::to_string(i % 1000), "</quantity>\n"});
+        add({"    <stock>", std::to_string(1000000007LL * i), "</stock>\n"});
+        add({"    <price>", std::to_string(i % 500), ".25</price>\n"});
+        add({"    <weight>0.125</weight>\n"});
+        add({"    <active>", i % 3 == 0 ? "true" : "false", "</active>\n"});
+        add({"    <rating>", std::to_string(i % 10), "</rating>\n"});
+        add({"    <category>", kCategories[i % 3], "</category>\n"});
+        add({"    <note>Some text &amp; more of it, record ", n, "</note>\n"});
+        add({"  </record>\n"});
     }
     return xml += "</records>\n";
 }

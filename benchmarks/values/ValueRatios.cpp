@@ -39,6 +39,7 @@ auto ForEach(Items const& items, Convert convert) {
 template <class Items, class Convert>
 auto ConvertAll(Items const& items, Convert convert) {
     std::vector<decltype(convert(items.front()))> results;
+    results.reserve(items.size());
     for (auto const& item : items)
         results.push_back(convert(item));
     return results;
@@ -73,6 +74,7 @@ long long AnyInteger(int bits) {
 template <class Make>
 std::vector<std::string> MakeTexts(Make make) {
     std::vector<std::string> texts;
+    texts.reserve(kValues);
     for (int i = 0; i < kValues; ++i)
         texts.push_back(make());
     return texts;

@@ -90,7 +90,7 @@ public:
     explicit CTypeCol(char const* elementName) : CXmlCollection(elementName, kNamespace, 0, -1) {}
 
     CSmartPtr<T> Add() {
-        CSmartPtr<T> const item(new T(GetElementName().c_str()));
+        CSmartPtr<T> item(new T(GetElementName().c_str()));
         AppendItem(item);
         return item;
     }

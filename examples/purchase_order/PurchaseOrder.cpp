@@ -151,7 +151,7 @@ CItemCol::~CItemCol() {
 }
 
 CSmartPtr<CItem> CItemCol::Add() {
-    CSmartPtr<CItem> const item(new CItem);
+    CSmartPtr<CItem> item(new CItem);
     AppendItem(item);
     return item;
 }

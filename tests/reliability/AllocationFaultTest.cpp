@@ -50,9 +50,11 @@ bool MustFail() noexcept {
 // Ahead of the C library's, also for the libraries below: expat, zlib and the pattern matcher.
 extern "C" {
 
+// NOLINTBEGIN(bugprone-reserved-identifier): the C library's names
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* memory, std::size_t size);
+// NOLINTEND(bugprone-reserved-identifier)
 
 void* malloc(std::size_t size) {
     return MustFail() ? nullptr : __libc_malloc(size);

@@ -62,7 +62,8 @@ ssize_t Transfer(std::size_t length, Move move) {
 
 } // namespace
 
-// The linker directs the library's calls of these to the wrappers.
+// The linker directs the library's calls of these to the wrappers, and gives the names.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 
 int __real_open(char const* name, int flags, ...);
@@ -102,6 +103,7 @@ int __wrap_close(int handle) {
 }
 
 } // extern "C"
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 

@@ -28,7 +28,7 @@ CSerializationContext AlertContext() {
 }
 
 CSmartPtr<cap::CAlert> Alert(CSerializationContext const& ctx) {
-    CSmartPtr<cap::CAlert> const alert(new cap::CAlert);
+    CSmartPtr<cap::CAlert> alert(new cap::CAlert);
     alert->FromXml(AlertText().c_str(), ctx);
     return alert;
 }

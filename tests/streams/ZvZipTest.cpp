@@ -29,7 +29,7 @@ std::string Decompressed(std::string const& bytes, bool& changed) {
     unsigned char const* const before = data;
     CZvZip::Decompress(data, length);
     changed = data != before;
-    std::string const result = length > 0 ? std::string(reinterpret_cast<char const*>(data), length) : "";
+    std::string result = length > 0 ? std::string(reinterpret_cast<char const*>(data), length) : "";
     delete[] data;
     return result;
 }

@@ -44,7 +44,8 @@ void AddDaysByMonths(long long& year, int& month, int& day, long long days) {
         return kLengths[month - 1] + (month == 2 && isLeap ? 1 : 0);
     };
     while (days != 0) {
-        if (days < 0 && day - 1 >= -days) {
+        bool const isInMonth = days < 0 ? day + days >= 1 : day + days <= lastDay();
+        if (isInMonth) {
             day += static_cast<int>(days);
             days = 0;
         } else if (days < 0) {
@@ -54,9 +55,6 @@ void AddDaysByMonths(long long& year, int& month, int& day, long long days) {
                 --year;
             }
             day = lastDay();
-        } else if (day + days <= lastDay()) {
-            day += static_cast<int>(days);
-            days = 0;
         } else {
             days -= lastDay() + 1 - day;
             day = 1;

@@ -1,12 +1,12 @@
 // An application that has calendar records of its own: other tags, another order, wider fields.
-struct _SYSTEMRECORD {
+struct OwnSystemTime {
     int wMilliseconds, wSecond, wMinute, wHour, wDay, wDayOfWeek, wMonth, wYear;
 };
-struct _FILERECORD {
+struct OwnFileTime {
     unsigned long dwHighDateTime, dwLowDateTime;
 };
-typedef _SYSTEMRECORD SYSTEMTIME;
-typedef _FILERECORD FILETIME;
+typedef OwnSystemTime SYSTEMTIME;
+typedef OwnFileTime FILETIME;
 #define ZV_OWN_SYSTEMTIME
 #include "zvxmllib/ZvXmlLib.h"
 

@@ -21,7 +21,8 @@ CBinaryStream::CBinaryStream(Registration& registration, CBinaryData const& data
 CBinaryStream::~CBinaryStream() = default;
 
 void CBinaryStream::Append(CBinaryData const& data) {
-    CBinaryData const kept(data); // it may be a handle on the bytes of this stream
+    // It may be a handle on the bytes of this stream.
+    CBinaryData const kept(data); // NOLINT(performance-unnecessary-copy-initialization)
     Append(kept.GetData(), kept.GetLength());
 }
 

@@ -142,6 +142,7 @@ public:
 private:
     void DropValue() noexcept;
     void BeginValue(ItemType type) noexcept;
+    void SetRuledString(std::string_view text, CWhitespaceUtils::WhitespaceRule rule);
     void TextBecomesValue() noexcept;
     // The number of a value class, for what m_object points to.
     static constexpr std::uint8_t NumberOf(CBinaryData const*) noexcept { return 1; }

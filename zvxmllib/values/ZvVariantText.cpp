@@ -161,18 +161,21 @@ void ZvVariant::FromText(std::string_view text, ItemType type, CWhitespaceUtils:
         return SetInteger(detail::integerFromText(text, rule));
     case ItemType_char:
         return SetChar(detail::charFromText(text, rule));
-    case ItemType_string: {
-        detail::RuledText ruled(rule, text);
-        if (std::string* const own = ruled.Own())
-            return SetString(std::move(*own));
-        m_text.assign(text); // before anything is dropped: the text may live in what the variant holds
-        return TextBecomesValue();
-    }
+    case ItemType_string:
+        return SetRuledString(text, rule);
     case ItemType_boolean:
         return SetBoolean(detail::booleanFromText(text, rule));
     default:
         FailTypeToString(type);
     }
+}
+
+void ZvVariant::SetRuledString(std::string_view text, CWhitespaceUtils::WhitespaceRule rule) {
+    detail::RuledText ruled(rule, text);
+    if (std::string* const own = ruled.Own())
+        return SetString(std::move(*own));
+    m_text.assign(text); // before anything is dropped: the text may live in what the variant holds
+    TextBecomesValue();
 }
 
 } // namespace ZvXmlLib16
