@@ -15,33 +15,10 @@ void AddLine(Model& model) {
     model.Finish();
 }
 
-// Reads the rows and compares with what is written again, or with the failure.
-struct Row {
-    char const* xml;
-    std::string outcome;
-};
-
-void ExpectOutcomes(Model& model, std::vector<Row> const& rows,
-                    CSerializationContext const& ctx = CSerializationContext()) {
-    for (Row const& row : rows)
-        EXPECT_EQ(Outcome(model, row.xml, ctx), row.outcome.empty() ? row.xml : row.outcome) << row.xml;
-}
-
-std::string Unread(char const* element, char const* child, char const* path) {
-    return std::string("Failed read all the elements held within the element [") + element +
-           "]. The unexpected element [" + child + "] remains un processed\nPath: " + path;
-}
-
-std::string Missing(char const* child, char const* path) {
-    return std::string("Failed to find the required child element [") + child + "].\nPath: " + path;
-}
-
-struct SequenceOfThree : Model {
-    SequenceOfThree() {
-        elements = {Prim<CElementInfoSeqPrimMnd>("a", 0), Prim<CElementInfoSeqPrimOpt>("b", 1),
-                    Enum<CElementInfoSeqEnumMnd>("c", 2)};
-        Finish();
-    }
+struct SequenceOfThree : OrderOf {
+    SequenceOfThree()
+        : OrderOf({Prim<CElementInfoSeqPrimMnd>("a", 0), Prim<CElementInfoSeqPrimOpt>("b", 1),
+                   Enum<CElementInfoSeqEnumMnd>("c", 2)}) {}
 };
 
 TEST(Sequence, TakesItsChildrenInOrder) {
@@ -49,11 +26,11 @@ TEST(Sequence, TakesItsChildrenInOrder) {
     ExpectOutcomes(model, {
                               {"<order><a>1</a><b>2</b><c>red</c></order>", ""},
                               {"<order><a>1</a><c>blue</c></order>", ""},
-                              {"<order><b>2</b><a>1</a><c>red</c></order>", Missing("a", "/order")},
-                              {"<order><a>1</a><b>2</b></order>", Missing("c", "/order")},
-                              {"<order/>", Missing("a", "/order")},
-                              {"<order><a>1</a><c>red</c><x/></order>", Unread("order", "x", "/order")},
-                              {"<order><a>1</a><b>2</b><b>3</b><c>red</c></order>", Missing("c", "/order")},
+                              {"<order><b>2</b><a>1</a><c>red</c></order>", Missing("a")},
+                              {"<order><a>1</a><b>2</b></order>", Missing("c")},
+                              {"<order/>", Missing("a")},
+                              {"<order><a>1</a><c>red</c><x/></order>", Unread("x")},
+                              {"<order><a>1</a><b>2</b><b>3</b><c>red</c></order>", Missing("c")},
                           });
 }
 
@@ -66,9 +43,9 @@ TEST(Sequence, SkipsUnknownElementsWhenAllowed) {
             {"<order><x/><a>1</a><x/><x/><c>red</c></order>", "<order><a>1</a><c>red</c></order>"},
             {"<order><a>1</a><c>red</c><x/></order>", "<order><a>1</a><c>red</c></order>"},
             // The walk goes on at the last entry, which is mandatory and was read already.
-            {"<order><a>1</a><c>red</c><x/><x/></order>", Missing("c", "/order")},
+            {"<order><a>1</a><c>red</c><x/><x/></order>", Missing("c")},
             {"<order><a>1</a><c>red</c><x/><c>blue</c></order>", "<order><a>1</a><c>blue</c></order>"},
-            {"<order><b>2</b><a>1</a></order>", Missing("c", "/order")},
+            {"<order><b>2</b><a>1</a></order>", Missing("c")},
         },
         ctx);
 }
@@ -81,7 +58,7 @@ TEST(Sequence, LetsMandatoryElementsBeAbsentWhenAllowed) {
     EXPECT_FALSE(probe->properties[0].IsValid());
     EXPECT_EQ(probe->properties[1].GetI4(), 2);
     EXPECT_FALSE(probe->properties[2].IsValid());
-    EXPECT_EQ(Outcome(model, "<order><x/></order>", ctx), Unread("order", "x", "/order"));
+    EXPECT_EQ(Outcome(model, "<order><x/></order>", ctx), Unread("x"));
 }
 
 struct ChoiceOfTwo : Model {
@@ -111,10 +88,9 @@ TEST(Choice, TakesOneMemberOnly) {
                        {"<order><none/></order>", ""},
                        {"<order/>", nothing},
                        {"<order><x/></order>", nothing},
-                       {"<order><none/><line><n>1</n></line></order>", Unread("order", "line", "/order")},
+                       {"<order><none/><line><n>1</n></line></order>", Unread("line")},
                        {"<order><line><n>1</n></line><line><n>2</n></line><line><n>3</n></line></order>",
-                        "Failed to process the element.\nPath: /order\n"
-                        "The Maximum number of [line] elements allowed in this collection is 2"},
+                        Failed("The Maximum number of [line] elements allowed in this collection is 2")},
                    });
     ExpectOutcomes(
         model,
@@ -126,39 +102,28 @@ TEST(Choice, TakesOneMemberOnly) {
 }
 
 TEST(Choice, IsOptionalIfAMemberIs) {
-    Model model;
-    model.group = XmlElementGroupType_Choice;
-    model.elements = {Prim<CElementInfoChoicePrimOpt>("a", 0), Enum<CElementInfoChoiceEnumOpt>("b", 1)};
-    model.Finish();
+    OrderOf model(XmlElementGroupType_Choice,
+                  {Prim<CElementInfoChoicePrimOpt>("a", 0), Enum<CElementInfoChoiceEnumOpt>("b", 1)});
     ExpectOutcomes(model, {{"<order><a>1</a></order>", ""},
                            {"<order><b>red</b></order>", ""},
                            {"<order/>", ""},
-                           {"<order><a>1</a><b>red</b></order>", Unread("order", "b", "/order")}});
+                           {"<order><a>1</a><b>red</b></order>", Unread("b")}});
 }
 
-struct AllOfThree : Model {
-    AllOfThree() {
-        group = XmlElementGroupType_All;
-        elements = {Prim<CElementInfoAllPrimMnd>("a", 0), Prim<CElementInfoAllPrimOpt>("b", 1),
-                    Enum<CElementInfoAllEnumOpt>("c", 2)};
-        Finish();
-    }
-};
-
 TEST(All, TakesItsChildrenInAnyOrder) {
-    AllOfThree model;
+    OrderOf model(XmlElementGroupType_All,
+                  {Prim<CElementInfoAllPrimMnd>("a", 0), Prim<CElementInfoAllPrimOpt>("b", 1),
+                   Enum<CElementInfoAllEnumOpt>("c", 2)});
     char const* const ordered = "<order><a>1</a><b>2</b><c>red</c></order>";
-    std::string const missing =
-        "Failed to process the element.\nPath: /order\nFailed to find the mandatory element [a].";
-    std::vector<Row> const rows = {
-        {ordered, ""},
-        {"<order><c>red</c><b>2</b><a>1</a></order>", ordered},
-        {"<order><b>2</b><a>1</a></order>", "<order><a>1</a><b>2</b></order>"},
-        {"<order><b>2</b></order>", missing},
-        {"<order><a>1</a><b>2</b><a>3</a></order>", Unread("order", "a", "/order")},
-        {"<order><a>1</a><x/><b>2</b></order>", Unread("order", "x", "/order")},
-    };
-    ExpectOutcomes(model, rows);
+    std::string const missing = Failed("Failed to find the mandatory element [a].");
+    ExpectOutcomes(model, {
+                              {ordered, ""},
+                              {"<order><c>red</c><b>2</b><a>1</a></order>", ordered},
+                              {"<order><b>2</b><a>1</a></order>", "<order><a>1</a><b>2</b></order>"},
+                              {"<order><b>2</b></order>", missing},
+                              {"<order><a>1</a><b>2</b><a>3</a></order>", Unread("a")},
+                              {"<order><a>1</a><x/><b>2</b></order>", Unread("x")},
+                          });
     // Nothing skips an unknown element: what stands behind it stays unread.
     ExpectOutcomes(model,
                    {{"<order><a>1</a><x/><b>2</b></order>", "<order><a>1</a></order>"},
@@ -192,11 +157,10 @@ struct NestedThreeDeep : Model {
 
 TEST(NestedGroup, ReadsFromTheSameCursor) {
     NestedThreeDeep mandatory(true);
-    ExpectOutcomes(mandatory,
-                   {{"<order><a>1</a><b>2</b><c>3</c><d>4</d></order>", ""},
-                    {"<order><a>1</a><b>2</b><c>3</c></order>", Missing("group", "/order")},
-                    {"<order><a>1</a></order>", Missing("group", "/order")},
-                    {"<order><a>1</a><b>2</b><c>3</c><d>4</d><e/></order>", Unread("order", "e", "/order")}});
+    ExpectOutcomes(mandatory, {{"<order><a>1</a><b>2</b><c>3</c><d>4</d></order>", ""},
+                               {"<order><a>1</a><b>2</b><c>3</c></order>", Missing("group")},
+                               {"<order><a>1</a></order>", Missing("group")},
+                               {"<order><a>1</a><b>2</b><c>3</c><d>4</d><e/></order>", Unread("e")}});
     NestedThreeDeep optional(false);
     CSmartPtr<Probe> const probe(new Probe(optional));
     probe->FromXml("<order><a>1</a></order>", CSerializationContext());
@@ -217,15 +181,13 @@ TEST(NestedGroup, RepeatsInACollection) {
     pair.name = "pair";
     pair.elements = {Prim<CElementInfoSeqPrimMnd>("k", 0), Prim<CElementInfoSeqPrimOpt>("v", 1)};
     pair.Finish();
-    Model model;
-    model.elements = {new CElementInfoSeqClsCol("pair", "", 0, XmlElementType_Pseudo),
-                      Prim<CElementInfoSeqPrimMnd>("end", 1)};
-    model.init = [&pair](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(pair, 1, -1)); };
-    model.Finish();
-    ExpectOutcomes(model, {{"<order><k>1</k><v>2</v><k>3</k><k>4</k><v>5</v><end>6</end></order>", ""},
-                           {"<order><end>6</end></order>",
-                            "Failed to process the element.\nPath: /order\n"
-                            "The Minimum number of [pair] elements allowed in this collection is 1"}});
+    OrderOf model({new CElementInfoSeqClsCol("pair", "", 0, XmlElementType_Pseudo),
+                   Prim<CElementInfoSeqPrimMnd>("end", 1)},
+                  [&pair](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(pair, 1, -1)); });
+    ExpectOutcomes(model,
+                   {{"<order><k>1</k><v>2</v><k>3</k><k>4</k><v>5</v><end>6</end></order>", ""},
+                    {"<order><end>6</end></order>",
+                     Failed("The Minimum number of [pair] elements allowed in this collection is 1")}});
 }
 
 TEST(Driver, FindsOneEntryByName) {

@@ -1,6 +1,5 @@
 // Failures with their classes, paths and chains.
 #include "tests/generated/Reading.h"
-#include "tests/support/MessageOf.h"
 #include "tests/support/WrittenObject.h"
 
 using namespace entries;
@@ -26,33 +25,22 @@ TEST(ReadingFailure, CarriesThePathOfTheInnermostElement) {
     Items model;
     CSmartPtr<Probe> const probe(new Probe(model));
     // What has no path gets that of the object's element, and is a plain exception from there on.
-    EXPECT_EQ(
-        MessageOf<CZvException>([&] {
-            probe->FromXml("<order><item><price>1</price></item><item><price>x</price></item></order>", ctx);
-        }),
-        "Failed to process the element.\nPath: /order/item[2]\nThe value [x] can not be converted to a i4");
-    EXPECT_EQ(MessageOf<CZvException>([&] { probe->FromXml("<order><item/></order>", ctx); }),
-              "Failed to find the required child element [price].\nPath: /order/item");
-    EXPECT_EQ(MessageOf<CZvException>([&] {
-                  probe->FromXml(
-                      "<order><item><price>1</price></item><item><price "
-                      "xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:nil='1'/></item></order>",
-                      ctx);
-              }),
-              "Invalid use of 'nil' attribute in non-nillable element.\nPath: /order/item[2]/price");
-    EXPECT_EQ(MessageOf<CZvException>([&] {
-                  probe->FromXml("<order><item><price>1</price></item><item><price x=''/></item></order>",
-                                 ctx);
-              }),
-              "Unexpected Attribute found.\nPath: /order/item[2]/price/@x");
+    for (auto const& [items, message] :
+         {std::pair("<item><price>1</price></item><item><price>x</price></item>",
+                    "Failed to process the element.\nPath: /order/item[2]\n"
+                    "The value [x] can not be converted to a i4"),
+          std::pair("<item/>", "Failed to find the required child element [price].\nPath: /order/item"),
+          std::pair("<item><price>1</price></item><item><price "
+                    "xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:nil='1'/></item>",
+                    "Invalid use of 'nil' attribute in non-nillable element.\nPath: /order/item[2]/price"),
+          std::pair("<item><price>1</price></item><item><price x=''/></item>",
+                    "Unexpected Attribute found.\nPath: /order/item[2]/price/@x")})
+        EXPECT_EQ(ReadFailure(*probe, ("<order>" + std::string(items) + "</order>").c_str()), message);
     // The outermost level wraps by itself.
-    Model single;
-    single.elements = {Prim<CElementInfoSeqPrimMnd>("price", 0)};
-    single.Finish();
+    OrderOf single({Prim<CElementInfoSeqPrimMnd>("price", 0)});
     CSmartPtr<Probe> const outer(new Probe(single));
-    EXPECT_EQ(
-        MessageOf<CZvValidationException>([&] { outer->FromXml("<order><price>x</price></order>", ctx); }),
-        "Failed to process the element.\nPath: /order\nThe value [x] can not be converted to a i4");
+    EXPECT_EQ(ReadFailure<CZvValidationException>(*outer, "<order><price>x</price></order>"),
+              Failed("The value [x] can not be converted to a i4"));
 }
 
 TEST(ReadingFailure, OfAPropertyIsWrapped) {
@@ -62,14 +50,15 @@ TEST(ReadingFailure, OfAPropertyIsWrapped) {
     model.Finish();
     CSmartPtr<Probe> const probe(new Probe(model));
     probe->refused = 0;
-    EXPECT_EQ(MessageOf<CZvException>([&] { probe->FromXml("<order><price>1</price></order>", ctx); }),
+    EXPECT_EQ(ReadFailure(*probe, "<order><price>1</price></order>"),
               "Failed to set the property value.\nPath: /order/price\nThe property refuses");
     probe->refused = 1;
-    EXPECT_EQ(MessageOf<CZvException>([&] { probe->FromXml("<order a='5'><price>1</price></order>", ctx); }),
-              "Failed to set the property value [5].\nPath: /order/@a\nThe property refuses");
     try {
         probe->FromXml("<order a='5'/>", ctx);
+        ADD_FAILURE();
     } catch (CZvException const& failure) {
+        EXPECT_EQ(failure.GetFullMessage(),
+                  "Failed to set the property value [5].\nPath: /order/@a\nThe property refuses");
         EXPECT_EQ(failure.GetPath(), "/order/@a");
         EXPECT_NE(dynamic_cast<CZvInvalidParamException const*>(failure.GetInnerException()), nullptr)
             << "the cause keeps its class";
@@ -84,16 +73,13 @@ TEST(ReadingFailure, OfSimpleContentIsNotWrapped) {
     model.Finish();
     CSmartPtr<Probe> const probe(new Probe(model));
     probe->refused = 0;
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { probe->FromXml("<order>1</order>", ctx); }),
-              "Failed to process the element.\nPath: /order\nThe property refuses");
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
-              "Failed to convert the element [order] to XML\nThe property refuses");
+    EXPECT_EQ(ReadFailure<CZvValidationException>(*probe, "<order>1</order>"),
+              Failed("The property refuses"));
+    EXPECT_EQ(WriteFailure(*probe), "The property refuses");
 }
 
 TEST(ReadingFailure, LeavesWhatWasReadAndNothingOfBefore) {
-    Model model;
-    model.elements = {Prim<CElementInfoSeqPrimOpt>("a", 0), Prim<CElementInfoSeqPrimOpt>("b", 1)};
-    model.Finish();
+    OrderOf model({Prim<CElementInfoSeqPrimOpt>("a", 0), Prim<CElementInfoSeqPrimOpt>("b", 1)});
     CSmartPtr<Probe> const probe(new Probe(model));
     probe->FromXml("<order><b>1</b></order>", ctx);
     EXPECT_THROW(probe->FromXml("<order><b>2</b><c></order>", ctx), CZvException);
@@ -106,9 +92,8 @@ TEST(WritingFailure, AddsALinkForEachLevel) {
     Items model;
     CSmartPtr<Probe> const probe(new Probe(model));
     static_cast<ProbeCol*>(static_cast<CXmlCollectionBase*>(probe->properties[0].GetXmlCollection()))->Add();
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
-              "Failed to convert the element [order] to XML\nFailed to convert the element [item] to XML\n"
-              "The Property [price] is mandatory, it may not be NULL");
+    EXPECT_EQ(WriteFailure(*probe), "Failed to convert the element [item] to XML\n"
+                                    "The Property [price] is mandatory, it may not be NULL");
 }
 
 TEST(WritingFailure, OfAPropertyOrAttributeIsWrapped) {
@@ -117,70 +102,51 @@ TEST(WritingFailure, OfAPropertyOrAttributeIsWrapped) {
     model.attributes = {Attribute("a", 1, false)};
     model.Finish();
     CSmartPtr<Probe> const probe(new Probe(model));
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
-              "Failed to convert the element [order] to XML\nFailed to convert attributes to XML\n"
-              "Invalid Type 0 to convert to string");
+    EXPECT_EQ(WriteFailure(*probe),
+              "Failed to convert attributes to XML\nInvalid Type 0 to convert to string");
     probe->properties[1].SetI4(1);
     probe->refused = 0;
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
-              "Failed to convert the element [order] to XML\nFailed to get the property value for [price].\n"
-              "The property refuses");
+    EXPECT_EQ(WriteFailure(*probe), "Failed to get the property value for [price].\nThe property refuses");
     probe->refused = 1;
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
-              "Failed to convert the element [order] to XML\nFailed to convert attributes to XML\n"
-              "Failed to get the property value for [a].\nThe property refuses");
+    EXPECT_EQ(WriteFailure(*probe), "Failed to convert attributes to XML\n"
+                                    "Failed to get the property value for [a].\nThe property refuses");
 }
 
 TEST(WritingFailure, OfAnEmptyChoiceSaysSo) {
-    Model none;
-    none.name = "none";
-    none.Finish();
-    Model model;
-    model.group = XmlElementGroupType_Choice;
-    model.elements = {new CElementInfoChoiceClsCol("none", "", 0, XmlElementType_Element)};
-    model.init = [&none](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(none, 1, -1)); };
-    model.Finish();
+    OrderOf none({});
+    OrderOf model(XmlElementGroupType_Choice,
+                  {new CElementInfoChoiceClsCol("none", "", 0, XmlElementType_Element)},
+                  [&none](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(none, 1, -1)); });
     CSmartPtr<Probe> const probe(new Probe(model));
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
-              "Failed to convert the element [order] to XML\nThis element is a choice, and as such must have "
-              "at one "
-              "(and only one) valid item, currently there are none set");
+    EXPECT_EQ(WriteFailure(*probe), "This element is a choice, and as such must have at one (and only one) "
+                                    "valid item, currently there are none set");
     EXPECT_FALSE(probe->DoesElementContainOptionalElements());
 }
 
 TEST(Failure, OfAGroupTypeOutOfRange) {
-    Model model;
-    model.group = static_cast<XmlElementGroupType>(7);
-    model.Finish();
+    OrderOf model(static_cast<XmlElementGroupType>(7), {});
     CSmartPtr<Probe> const probe(new Probe(model));
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
-              "Failed to convert the element [order] to XML\nUnknown XML Group Type");
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { probe->FromXml("<order/>", ctx); }),
-              "Failed to process the element.\nPath: /order\nUnknown Group Type");
+    EXPECT_EQ(WriteFailure(*probe), "Unknown XML Group Type");
+    EXPECT_EQ(ReadFailure<CZvValidationException>(*probe, "<order/>"), Failed("Unknown Group Type"));
 }
 
 TEST(Failure, OfAFacetComesOnWritingOnly) {
-    Model model;
     CPrimitiveRestrictions small;
     small.maxInclusive = "5";
-    model.elements = {new CElementInfoSeqPrimMnd("a", "", 0, false, ItemType_i4, nullptr,
-                                                 CWhitespaceUtils::WhitespaceRule_Collapse, small, "9")};
-    model.Finish();
+    OrderOf model({new CElementInfoSeqPrimMnd("a", "", 0, false, ItemType_i4, nullptr,
+                                              CWhitespaceUtils::WhitespaceRule_Collapse, small, "9")});
     CSmartPtr<Probe> const probe(new Probe(model));
     EXPECT_NO_THROW(probe->FromXml("<order><a>6</a></order>", ctx));
-    EXPECT_THAT(MessageOf<CZvValidationException>([&] { Write(*probe); }),
-                testing::StartsWith("Failed to convert the element [order] to XML\n"));
+    EXPECT_EQ(WriteFailure(*probe), "Invalid Value for a [6]");
     // The default is not tested.
     probe->properties[0].SetI4(9);
     EXPECT_EQ(Write(*probe), "<order><a/></order>");
 }
 
 TEST(Failure, OfATypeThatHasNoFacets) {
-    Model model;
-    model.elements = {new CElementInfoSeqPrimMnd("a", "", 0, false, ItemType_char, nullptr,
-                                                 CWhitespaceUtils::WhitespaceRule_None,
-                                                 CPrimitiveRestrictions(), nullptr)};
-    model.Finish();
+    OrderOf model({new CElementInfoSeqPrimMnd("a", "", 0, false, ItemType_char, nullptr,
+                                              CWhitespaceUtils::WhitespaceRule_None, CPrimitiveRestrictions(),
+                                              nullptr)});
     EXPECT_EQ(Outcome(model, "<order><a>x</a></order>"),
               "Failed to convert the element [order] to XML\nUnknown type [char].");
 }

@@ -1,6 +1,5 @@
 // The classes of the tables as such: the order of their operations, and what they do not do.
 #include "tests/generated/Reading.h"
-#include "tests/support/MessageOf.h"
 #include "tests/support/Slots.h"
 
 #include <memory>

@@ -1,6 +1,5 @@
 // The members of choice and all groups that hold objects, and the options that widen what is accepted.
 #include "tests/generated/Reading.h"
-#include "tests/support/MessageOf.h"
 #include "zvxmllib/binding/ClassFactoryBase.h"
 
 using namespace entries;
@@ -34,49 +33,30 @@ struct Part : Model {
     }
 };
 
-struct Group : Model {
-    Group(XmlElementGroupType groupType, std::vector<CElementInfo*> entries,
-          std::function<void(Probe&)> initial = nullptr) {
-        group = groupType;
-        elements = std::move(entries);
-        init = std::move(initial);
-        Finish();
-    }
-};
-
-std::string Unread(char const* child) {
-    return std::string(
-               "Failed read all the elements held within the element [order]. The unexpected element [") +
-           child + "] remains un processed\nPath: /order";
-}
-
-constexpr char kMissingPart[] =
-    "Failed to process the element.\nPath: /order\nFailed to find the mandatory element [part].";
+std::string const kMissingPart = Failed("Failed to find the mandatory element [part].");
 
 TEST(ChoiceMembers, MakeTheirObjectsForWhatTheyTake) {
     Part const part(XmlElementType_Element);
-    Group classes(XmlElementGroupType_Choice,
-                  {new CElementInfoChoiceClsOpt("part", "", 0, XmlElementType_Element, MakePart, 0),
-                   new CElementInfoChoiceAbsClsOpt("other", "", 1, XmlElementType_Element, MakeKnown),
-                   new CElementInfoChoiceUntpdOpt("AnyElement", "", 2, "##any", "")});
-    EXPECT_EQ(Outcome(classes, "<order><part><n>1</n></part></order>"),
-              "<order><part><n>1</n></part></order>");
-    EXPECT_EQ(Outcome(classes, "<order><other known='1'><n>2</n></other></order>"),
-              "<order><other><n>2</n></other></order>");
-    // The factory has nothing for it, so the wildcard gets it.
-    EXPECT_EQ(Outcome(classes, "<order><other><x/></other></order>"), "<order><other><x/></other></order>");
-    EXPECT_EQ(Outcome(classes, "<order/>"), "<order/>");
-    EXPECT_EQ(Outcome(classes, "<order><part><n>1</n></part><part><n>2</n></part></order>"), Unread("part"));
+    OrderOf classes(XmlElementGroupType_Choice,
+                    {new CElementInfoChoiceClsOpt("part", "", 0, XmlElementType_Element, MakePart, 0),
+                     new CElementInfoChoiceAbsClsOpt("other", "", 1, XmlElementType_Element, MakeKnown),
+                     new CElementInfoChoiceUntpdOpt("AnyElement", "", 2, "##any", "")});
+    ExpectOutcomes(classes, {{"<order><part><n>1</n></part></order>", ""},
+                             {"<order><other known='1'><n>2</n></other></order>",
+                              "<order><other><n>2</n></other></order>"},
+                             // The factory has nothing for it, so the wildcard gets it.
+                             {"<order><other><x/></other></order>", ""},
+                             {"<order/>", ""},
+                             {"<order><part><n>1</n></part><part><n>2</n></part></order>", Unread("part")}});
 }
 
 TEST(ChoiceMembers, TakeBackWhatReadNothing) {
     Part const part(XmlElementType_Pseudo);
-    Group group(XmlElementGroupType_Choice,
-                {new CElementInfoChoiceClsOpt("part", "", 0, XmlElementType_Pseudo, MakePart, 0),
-                 new CElementInfoChoiceUntpdOpt("note", "", 1, "##any", ""),
-                 Prim<CElementInfoChoicePrimOpt>("m", 2)});
-    EXPECT_EQ(Outcome(group, "<order><n>1</n></order>"), "<order><n>1</n></order>");
-    EXPECT_EQ(Outcome(group, "<order><note>t</note></order>"), "<order><note>t</note></order>");
+    OrderOf group(XmlElementGroupType_Choice,
+                  {new CElementInfoChoiceClsOpt("part", "", 0, XmlElementType_Pseudo, MakePart, 0),
+                   new CElementInfoChoiceUntpdOpt("note", "", 1, "##any", ""),
+                   Prim<CElementInfoChoicePrimOpt>("m", 2)});
+    ExpectOutcomes(group, {{"<order><n>1</n></order>", ""}, {"<order><note>t</note></order>", ""}});
     CSmartPtr<Probe> const probe(new Probe(group));
     probe->FromXml("<order><m>2</m></order>", ctx);
     EXPECT_EQ(probe->ObjectAt(0), nullptr);
@@ -87,65 +67,62 @@ TEST(ChoiceMembers, TakeBackWhatReadNothing) {
 TEST(AllMembers, TakeObjectsInAnyOrder) {
     Part const part(XmlElementType_Element);
     auto const fill = [](Probe& probe) { probe.properties[0].SetXmlObject(new Probe(*s_part)); };
-    Group classes(XmlElementGroupType_All,
-                  {new CElementInfoAllClsMnd("part", "", 0, XmlElementType_Element, nullptr, 0, true),
-                   new CElementInfoAllClsOpt("more", "", 1, XmlElementType_Element, MakePart, 0),
-                   new CElementInfoAllAbsClsOpt("other", "", 2, XmlElementType_Element, MakeKnown),
-                   new CElementInfoAllUntpdOpt("note", "", 3, "##any", "")},
-                  fill);
-    char const* const ordered = "<order><part><n>1</n></part><more><n>2</n></more><other><n>3</n></other>"
-                                "<note>t</note></order>";
-    EXPECT_EQ(Outcome(classes, "<order><note>t</note><other known='1'><n>3</n></other><more><n>2</n></more>"
-                               "<part><n>1</n></part></order>"),
-              ordered);
-    EXPECT_EQ(Outcome(classes, "<order><part><n>1</n></part></order>"),
-              "<order><part><n>1</n></part></order>");
-    EXPECT_EQ(Outcome(classes, "<order><note/></order>"), kMissingPart);
-    EXPECT_EQ(Outcome(classes, "<order><part><n>1</n></part><other/></order>"), Unread("other"));
-
+    OrderOf classes(XmlElementGroupType_All,
+                    {new CElementInfoAllClsMnd("part", "", 0, XmlElementType_Element, nullptr, 0, true),
+                     new CElementInfoAllClsOpt("more", "", 1, XmlElementType_Element, MakePart, 0),
+                     new CElementInfoAllAbsClsOpt("other", "", 2, XmlElementType_Element, MakeKnown),
+                     new CElementInfoAllUntpdOpt("note", "", 3, "##any", "")},
+                    fill);
+    ExpectOutcomes(
+        classes,
+        {{"<order><note>t</note><other known='1'><n>3</n></other><more><n>2</n></more><part><n>1</n></part>"
+          "</order>",
+          "<order><part><n>1</n></part><more><n>2</n></more><other><n>3</n></other><note>t</note></order>"},
+         {"<order><part><n>1</n></part></order>", ""},
+         {"<order><note/></order>", kMissingPart},
+         {"<order><part><n>1</n></part><other/></order>", Unread("other")}});
     // Content that is not mandatory lets a real element be absent.
-    Group lax(XmlElementGroupType_All,
-              {new CElementInfoAllClsMnd("part", "", 0, XmlElementType_Element, nullptr, 0, false)}, fill);
+    OrderOf lax(XmlElementGroupType_All,
+                {new CElementInfoAllClsMnd("part", "", 0, XmlElementType_Element, nullptr, 0, false)}, fill);
     CSmartPtr<Probe> const probe(new Probe(lax));
     EXPECT_NO_THROW(probe->FromXml("<order/>", ctx));
 }
 
 TEST(AllMembers, DemandWhatIsMandatory) {
     Part const part(XmlElementType_Element);
-    Group abstract(XmlElementGroupType_All,
-                   {new CElementInfoAllAbsClsMnd("part", "", 0, XmlElementType_Element, MakeKnown, 0)});
-    for (char const* without : {"<order/>", "<order><part/></order>"})
-        EXPECT_EQ(Outcome(abstract, without), kMissingPart);
-    EXPECT_EQ(Outcome(abstract, "<order><part known='1'><n>1</n></part></order>"),
-              "<order><part><n>1</n></part></order>");
-    Group untyped(XmlElementGroupType_All, {new CElementInfoAllUntpdMnd("part", "", 0, "##any", "")},
-                  [](Probe& probe) { probe.properties[0].SetXmlObject(new CElement("part")); });
-    EXPECT_EQ(Outcome(untyped, "<order/>"), kMissingPart);
-    EXPECT_EQ(Outcome(untyped, "<order><part><x/></part></order>"), "<order><part><x/></part></order>");
-    Group enumeration(XmlElementGroupType_All, {Enum<CElementInfoAllEnumMnd>("part", 0)});
-    EXPECT_EQ(Outcome(enumeration, "<order><other/></order>"), kMissingPart);
-    EXPECT_EQ(Outcome(enumeration, "<order><part>red</part></order>"), "<order><part>red</part></order>");
+    OrderOf abstract(XmlElementGroupType_All,
+                     {new CElementInfoAllAbsClsMnd("part", "", 0, XmlElementType_Element, MakeKnown, 0)});
+    ExpectOutcomes(abstract, {{"<order/>", kMissingPart},
+                              {"<order><part/></order>", kMissingPart},
+                              {"<order><part known='1'><n>1</n></part></order>",
+                               "<order><part><n>1</n></part></order>"}});
+    OrderOf untyped(XmlElementGroupType_All, {new CElementInfoAllUntpdMnd("part", "", 0, "##any", "")},
+                    [](Probe& probe) { probe.properties[0].SetXmlObject(new CElement("part")); });
+    ExpectOutcomes(untyped, {{"<order/>", kMissingPart}, {"<order><part><x/></part></order>", ""}});
+    OrderOf enumeration(XmlElementGroupType_All, {Enum<CElementInfoAllEnumMnd>("part", 0)});
+    ExpectOutcomes(enumeration,
+                   {{"<order><other/></order>", kMissingPart}, {"<order><part>red</part></order>", ""}});
 }
 
 TEST(AllMembers, ReadGroupsAndCollections) {
     Part const part(XmlElementType_Pseudo);
-    Group group(
+    OrderOf group(
         XmlElementGroupType_All,
         {new CElementInfoAllClsOpt("part", "", 0, XmlElementType_Pseudo, MakePart, 0),
          new CElementInfoAllUntpdCol("note", "", 1)},
         [](Probe& probe) { probe.properties[1].SetXmlCollection(new CElementCol("", "##any", "", 0, -1)); });
-    EXPECT_EQ(Outcome(group, "<order><note>1</note><n>5</n><note>2</note></order>"),
-              "<order><n>5</n><note>1</note><note>2</note></order>");
-    EXPECT_EQ(Outcome(group, "<order><note>1</note><x/></order>"), Unread("x"));
+    ExpectOutcomes(group, {{"<order><note>1</note><n>5</n><note>2</note></order>",
+                            "<order><n>5</n><note>1</note><note>2</note></order>"},
+                           {"<order><note>1</note><x/></order>", Unread("x")}});
 
     Part const item(XmlElementType_Element);
-    Group counted(XmlElementGroupType_All, {new CElementInfoAllClsCol("part", "", 0, XmlElementType_Element)},
-                  [](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(*s_part, 1, 2)); });
-    EXPECT_EQ(Outcome(counted, "<order><part><n>1</n></part></order>"),
-              "<order><part><n>1</n></part></order>");
-    EXPECT_EQ(Outcome(counted, "<order/>"),
-              "Failed to process the element.\nPath: /order\n"
-              "The Minimum number of [part] elements allowed in this collection is 1");
+    OrderOf counted(XmlElementGroupType_All,
+                    {new CElementInfoAllClsCol("part", "", 0, XmlElementType_Element)},
+                    [](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(*s_part, 1, 2)); });
+    ExpectOutcomes(
+        counted,
+        {{"<order><part><n>1</n></part></order>", ""},
+         {"<order/>", Failed("The Minimum number of [part] elements allowed in this collection is 1")}});
     CSmartPtr<Probe> const probe(new Probe(counted));
     CSerializationContext const lax = Ignoring(&CSerializationContext::SetIgnoreInvalidCollectionCounts);
     EXPECT_NO_THROW(probe->FromXml("<order/>", lax));
@@ -164,12 +141,12 @@ TEST(AllMembers, ReadEachKindOfGroup) {
              new CElementInfoAllAbsClsMnd("part", "", 0, XmlElementType_Pseudo, MakeAnyPart, 0),
              new CElementInfoAllAbsClsOpt("part", "", 0, XmlElementType_Pseudo, MakeAnyPart)}) {
         bool const isOptional = dynamic_cast<CElementInfoAllAbsClsOpt*>(entry) != nullptr;
-        Group group(XmlElementGroupType_All, {Prim<CElementInfoAllPrimOpt>("m", 1), entry},
-                    [](Probe& probe) { probe.properties[0].SetXmlObject(new Probe(*s_part)); });
+        OrderOf group(XmlElementGroupType_All, {Prim<CElementInfoAllPrimOpt>("m", 1), entry},
+                      [](Probe& probe) { probe.properties[0].SetXmlObject(new Probe(*s_part)); });
         EXPECT_EQ(Outcome(group, "<order><n>5</n><m>1</m></order>"), "<order><m>1</m><n>5</n></order>");
         EXPECT_EQ(Outcome(group, "<order><x/></order>"), isOptional ? Unread("x") : kMissingPart);
         CSmartPtr<Probe> const probe(new Probe(group));
-        EXPECT_EQ(MessageOf<CZvValidationException>([&] { probe->FromXml("<order><m>1</m></order>", ctx); }),
+        EXPECT_EQ(ReadFailure<CZvValidationException>(*probe, "<order><m>1</m></order>"),
                   isOptional ? "nothing was thrown" : kMissingPart);
         EXPECT_EQ(probe->properties[1].GetI4(), 1);
     }
@@ -199,11 +176,11 @@ TEST(SequenceMembers, InAGroupMayBeAbsentWithIt) {
         ClassFactory const makeGroup = [](int, char const*) {
             return CSmartPtr<CXmlObjectBase>(static_cast<CXmlObjectBase*>(new Probe(*s_group)));
         };
-        Group group(XmlElementGroupType_Sequence,
-                    {new CElementInfoSeqClsOpt("group", "", 0, XmlElementType_Pseudo, makeGroup, 0),
-                     Prim<CElementInfoSeqPrimOpt>("z", 1)});
-        for (char const* xml : {"<order><part><n>1</n></part><z>2</z></order>", "<order><z>2</z></order>"})
-            EXPECT_EQ(Outcome(group, xml), xml);
+        OrderOf group(XmlElementGroupType_Sequence,
+                      {new CElementInfoSeqClsOpt("group", "", 0, XmlElementType_Pseudo, makeGroup, 0),
+                       Prim<CElementInfoSeqPrimOpt>("z", 1)});
+        ExpectOutcomes(
+            group, {{"<order><part><n>1</n></part><z>2</z></order>", ""}, {"<order><z>2</z></order>", ""}});
     }
 }
 
@@ -235,8 +212,7 @@ TEST(Options, LetNamespacesPass) {
     model.ns = "u";
     model.elements = {Prim<CElementInfoSeqPrimMnd>("a", 0, nullptr, false, "u")};
     model.Finish();
-    EXPECT_EQ(Outcome(model, "<order><a xmlns='v'>1</a></order>"),
-              "Failed to find the required child element [a].\nPath: /order");
+    EXPECT_EQ(Outcome(model, "<order><a xmlns='v'>1</a></order>"), Missing("a"));
     EXPECT_EQ(Outcome(model, "<order><a xmlns='v'>1</a></order>",
                       Ignoring(&CSerializationContext::SetIgnoreNamespaces)),
               "<AA:order xmlns:AA=\"u\"><AA:a>1</AA:a></AA:order>");
@@ -274,25 +250,19 @@ TEST(Tables, ThatNameAWrongPropertySaySo) {
     };
     wildcard.Finish();
     CSmartPtr<Probe> const probe(new Probe(wildcard));
-    EXPECT_EQ(
-        MessageOf<CZvValidationException>([&] { probe->FromXml("<order x=''/>", ctx); }),
-        "Failed to process the element.\nPath: /order\nSerialization Data Error : The collection should be a "
-        "CAttributeCol, it was not!");
+    EXPECT_EQ(ReadFailure<CZvValidationException>(*probe, "<order x=''/>"),
+              Failed("Serialization Data Error : The collection should be a CAttributeCol, it was not!"));
     probe->properties[0].SetInvalid();
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*probe); }),
-              "Failed to convert the element [order] to XML\nFailed to convert attributes to XML\n"
-              "The Property [any] has no collection");
+    EXPECT_EQ(WriteFailure(*probe),
+              "Failed to convert attributes to XML\nThe Property [any] has no collection");
     for (XmlElementType const type : {XmlElementType_Element, XmlElementType_Pseudo}) {
-        Group mandatory(XmlElementGroupType_Sequence,
-                        {new CElementInfoSeqClsMnd("part", "", 0, type, nullptr, 0, true)});
+        OrderOf mandatory({new CElementInfoSeqClsMnd("part", "", 0, type, nullptr, 0, true)});
         EXPECT_EQ(Outcome(mandatory, "<order><part/></order>"),
-                  "Failed to process the element.\nPath: /order\n"
-                  "The Property [part] is mandatory, it may not be NULL");
+                  Failed("The Property [part] is mandatory, it may not be NULL"));
     }
-    Group empty(XmlElementGroupType_Sequence, {new CElementInfoSeqCol("part", "", 0)});
+    OrderOf empty({new CElementInfoSeqCol("part", "", 0)});
     CSmartPtr<Probe> const without(new Probe(empty));
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Write(*without); }),
-              "Failed to convert the element [order] to XML\nThe Property [part] has no collection");
+    EXPECT_EQ(WriteFailure(*without), "The Property [part] has no collection");
 }
 
 } // namespace
