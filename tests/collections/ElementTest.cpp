@@ -1,6 +1,8 @@
 // Untyped elements and attributes as an editable tree: making, restrictions, clones, counts.
 #include "zvxmllib/collections/Element.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/QuietWriter.h"
+#include "tests/support/Script.h"
 #include "tests/support/WrittenObject.h"
 
 #include <gmock/gmock.h>
@@ -10,7 +12,6 @@ using namespace ZvXmlLib16;
 namespace {
 
 constexpr char const* kNull = nullptr;
-constexpr char kXmlNamespace[] = "http://www.w3.org/XML/1998/namespace";
 
 std::string XmlOf(CElement& element) {
     return element.ToXml(false, false, EOLType_LF, CSerializationContext::GetDefaultContext());
@@ -249,21 +250,13 @@ TEST(UntypedElement, EndsAtAnyDepth) {
     EXPECT_THAT(CInstanceMonitor::DumpState(), testing::HasSubstr("    CElement = 0/"));
 }
 
-CSmartPtr<WrittenObject> OrderIn(char const* ns) {
-    return new WrittenObject([ns](CXmlWriter& w) {
-        w.SetDefaultNamespace("d");
-        w.WriteElementStart("order", ns);
-        w.WriteAttribute("id", "", "7", ItemType_string);
-        w.WriteElementStart("item", "e");
-        w.WriteAttribute("lang", kXmlNamespace, "en", ItemType_string);
-        w.WriteElementValue("x", ItemType_string, false);
-        w.WriteElementEnd();
-        w.WriteElementEnd();
-    });
+CSmartPtr<WrittenObject> Order() {
+    return new WrittenObject(
+        Script("*d (d|order @id=7 (e|item @http://www.w3.org/XML/1998/namespace|lang=en 'x'))"));
 }
 
 TEST(UntypedElement, HoldsTheXmlOfAnObject) {
-    ElementPtr const tree(new CElement(OrderIn("d"), kNull));
+    ElementPtr const tree(new CElement(Order(), kNull));
     EXPECT_EQ(XmlOf(*tree),
               R"(<AA:order xmlns:AA="d" id="7"><AB:item xmlns:AB="e" xml:lang="en">x</AB:item></AA:order>)");
     EXPECT_EQ(tree->GetChildElements()->Item(0)->GetAttributes()->GetNamespace(), "") << "as it was made";
@@ -275,7 +268,7 @@ TEST(UntypedElement, HoldsTheXmlOfAnObject) {
 TEST(UntypedElement, WritesAFragmentWithItsOwnDefaultNamespace) {
     ElementPtr const root(new CElement("r", "u"));
     root->GetAttributes()->Add("a", "1", "");
-    ElementPtr const fragment(new CElement(OrderIn("d"), "d"));
+    ElementPtr const fragment(new CElement(Order(), "d"));
     fragment->GetAttributes()->Add("xmlns", "d", "");
     root->GetChildElements()->Add(fragment);
     std::string const text =
@@ -293,25 +286,19 @@ TEST(UntypedElement, WritesAFragmentWithItsOwnDefaultNamespace) {
 }
 
 // A writer of another format, which takes the names down.
-class NameWriter : public CXmlWriter {
+class NameWriter : public QuietWriter {
 public:
-    NameWriter() : CXmlWriter("NameWriter") {}
-    void WriteComment(std::string const&) override {}
-    void WriteProcessingInstruction(std::string const&) override {}
-    void WriteInlineSchema(std::string const&) override {}
     void WriteElementStart(std::string const& name, std::string const&) override { m_names += '<' + name; }
     void WriteElementValue(std::string const& text, ItemType, bool) override { m_names += '=' + text; }
     void WriteElementEnd() override { m_names += '>'; }
     void WriteAttribute(std::string const& name, std::string const&, std::string const&, ItemType) override {
         m_names += '@' + name;
     }
-    void WriteTypeAttribute(std::string const&, std::string const&, ItemType) override {}
-    void WriteNilAttribute() override {}
     std::string m_names;
 };
 
 TEST(UntypedElement, WritesAFragmentLikeAnyElementInAnotherFormat) {
-    ElementPtr const fragment(new CElement(OrderIn("d"), "d"));
+    ElementPtr const fragment(new CElement(Order(), "d"));
     NameWriter writer;
     WrittenObject::Write(fragment, writer);
     EXPECT_EQ(writer.m_names, "<order@id<item@lang=x>=>");
