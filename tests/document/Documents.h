@@ -1,10 +1,10 @@
 // Helpers of the document tests.
 #pragma once
 
+#include "tests/support/MessageOf.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"
-#include "zvxmllib/foundation/Exceptions.h"
 
 #include <gmock/gmock.h>
 
@@ -32,14 +32,9 @@ inline int CountChildren(CXmlElement const& element) {
     return count;
 }
 
-template <class Action>
+template <class Exception = CZvException, class Action>
 std::string MessageOf(Action action) {
-    try {
-        action();
-    } catch (CZvException const& failure) {
-        return failure.GetMessage();
-    }
-    return "nothing was thrown";
+    return ::MessageOf<Exception>(action);
 }
 
 } // namespace ZvXmlLib16

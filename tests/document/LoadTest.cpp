@@ -1,9 +1,10 @@
 // Ways into a document, and their failures.
 #include "Documents.h"
 
+#include "tests/support/Bytes.h"
 #include "tests/support/TemporaryFile.h"
+#include "zvxmllib/streams/AsyncFiles.h"
 #include "zvxmllib/streams/ZvZip.h"
-#include "zvxmllib/values/BinaryData.h"
 
 namespace ZvXmlLib16 {
 namespace {
@@ -14,9 +15,9 @@ void LoadBytes(CXmlDocument& document, std::string const& bytes) {
 }
 
 std::string Compressed(std::string const& text, CompressionType type) {
-    CBinaryData data(text.c_str());
+    CBinaryData data = DataOf(text);
     CZvZip::Compress(data, type);
-    return {reinterpret_cast<char const*>(data.GetData()), data.GetLength()};
+    return TextOf(data);
 }
 
 std::string const kXml = "<a>" + std::string(200, 'x') + "</a>";
@@ -29,10 +30,10 @@ TEST(DocumentLoad, RecognisesCompressionInFilesAndStreams) {
         LoadBytes(document, bytes);
         EXPECT_EQ(At(document, {}).GetText(), std::string(200, 'x'));
         TemporaryFile const file(bytes);
-        document.Load(file.Path());
-        EXPECT_EQ(At(document, {}).GetText(), std::string(200, 'x'));
-        document.Load(file.Path());
-        EXPECT_EQ(At(document, {}).GetText(), std::string(200, 'x'));
+        for (int pass = 0; pass < 2; ++pass) {
+            document.Load(file.Path());
+            EXPECT_EQ(At(document, {}).GetText(), std::string(200, 'x'));
+        }
     }
 }
 
@@ -119,10 +120,19 @@ TEST(DocumentLoad, RefusesEmptyInput) {
 
 TEST(DocumentLoad, NamesTheFileThatCannotBeRead) {
     CXmlDocument document;
-    EXPECT_EQ(MessageOf([&] { document.Load("/nowhere/at/all.xml"); }),
-              "Failed to open the file [/nowhere/at/all.xml] Error [0x00000002]");
-    EXPECT_EQ(MessageOf([&] { document.Load(nullptr); }), "Failed to open the file [] Error [0x00000002]");
-    EXPECT_EQ(MessageOf([&] { document.Load("/tmp"); }), "Failed to open the file [/tmp] Error [0x00000015]");
+    for (bool const isOverlapped : {false, true}) {
+        AsyncFromXmlFile(isOverlapped);
+        EXPECT_EQ(MessageOf([&] { document.Load("/nowhere/at/all.xml"); }),
+                  "Failed to open the file [/nowhere/at/all.xml] Error [0x00000002]");
+        EXPECT_EQ(MessageOf([&] { document.Load(nullptr); }),
+                  "Failed to open the file [] Error [0x00000002]");
+        EXPECT_EQ(MessageOf([&] { document.Load("/tmp"); }),
+                  "Failed to open the file [/tmp] Error [0x00000015]");
+    }
+    // A file that opens and cannot be read.
+    EXPECT_EQ(MessageOf([&] { document.Load("/proc/self/mem"); }),
+              "Failed to read the contents of the file [/proc/self/mem] Error [0x00000005]");
+    AsyncFromXmlFile(false);
     TemporaryFile const large("");
     std::filesystem::resize_file(large.Path(), 0x100000000u);
     EXPECT_EQ(MessageOf([&] { document.Load(large.Path()); }),

@@ -1,8 +1,8 @@
 // What the tree holds of an XML text.
 #include "Documents.h"
 
+#include "tests/support/LocalEncoding.h"
 #include "zvxmllib/binding/context/SerializationContext.h"
-#include "zvxmllib/foundation/Encoder.h"
 
 namespace ZvXmlLib16 {
 namespace {
@@ -148,10 +148,7 @@ TEST(ParsedTree, GivesEveryRequestTheSameString) {
 }
 
 TEST(ParsedTree, HoldsLocalTextOfTheChosenCodePage) {
-    struct Restore {
-        ~Restore() { SetLocalCharEncoding(3); }
-    } restore;
-    SetLocalCharEncoding(28591);
+    LocalEncoding const local(28591);
     CXmlDocument document;
     std::string const many(600, 'n');
     document.LoadXml(
