@@ -17,13 +17,14 @@ TEST(XPath, NumbersChildrenThatShareTheirName) {
 TEST(XPath, TakesPrefixesFromTheDocumentsDeclarations) {
     CXmlDocument document;
     document.LoadXml("<o:order xmlns:o='u' xmlns:i='http://www.w3.org/2001/XMLSchema-instance' xmlns:b='u'>"
-                     "<item xmlns='u'/><b:item i:nil='true'/><item/></o:order>");
+                     "<item xmlns='u'/><b:item i:nil='true' b:y=''/><item/></o:order>");
     // The default namespace is the smallest prefix of all.
     EXPECT_EQ(At(document, {}).GetXPath(), "/order");
     // Same names as they are shown, although the third is in no namespace.
     EXPECT_EQ(At(document, {1}).GetXPath(), "/order/item[2]");
     EXPECT_EQ(At(document, {2}).GetXPath(), "/order/item[3]");
     EXPECT_EQ(At(document, {1}).GetAttributes()[0]->GetXPath(), "/order/item[2]/i:@nil");
+    EXPECT_EQ(At(document, {1}).GetAttributes()[1]->GetXPath(), "/order/item[2]/@y");
 
     document.LoadXml("<z:r xmlns:z='u' xmlns:a='u'><z:c a:x=''/><c/></z:r>");
     EXPECT_EQ(At(document, {}).GetXPath(), "/a:r");

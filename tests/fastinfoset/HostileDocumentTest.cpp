@@ -167,16 +167,6 @@ TEST(FastInfosetReader, BoundsTheTextThatIndicesStandFor) {
     EXPECT_EQ(loading(values + Octets("F0 F0")), kTooMuch);
 }
 
-TEST(FastInfosetReader, KeepsAnyNumberOfAttributesOfOneElement) {
-    constexpr std::size_t kCount = 300'000;
-    std::string content = Octets("7C 00 'a' 78 00 'x' 40 '1'");
-    for (std::size_t i = 1; i < kCount; ++i)
-        content += Octets("00 80");
-    CXmlDocument document;
-    Load(document, Document(content + Octets("F0 F0")));
-    EXPECT_EQ(document.GetDocumentElement()->GetAttributeCount(), kCount);
-}
-
 TEST(FastInfosetReader, LeavesADocumentThatCanBeLoadedAgain) {
     CXmlDocument document;
     EXPECT_EQ(MessageOf<CZvException>([&] { Load(document, Document(Octets("3C 00 'a' 3C 00 'b' F0 C0"))); }),

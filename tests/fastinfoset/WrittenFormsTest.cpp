@@ -118,48 +118,6 @@ TEST(WrittenForms, LengthsOfOctetStrings) {
     }
 }
 
-// As the writer chooses them: the last of so many names and texts comes again.
-TEST(WrittenForms, IndicesOfDocuments) {
-    struct Row {
-        int names;
-        char const* again; // element, attribute with an empty value, end of attributes, text
-    };
-    for (Row const& row : {
-             Row{16, "4F 0F FF F0 AF"},
-             Row{17, "50 10 FF F0 B0 00"},
-             Row{32, "5F 1F FF F0 B0 0F"},
-             Row{33, "60 00 20 FF F0 B0 10"},
-             Row{64, "60 1F 3F FF F0 B0 2F"},
-             Row{65, "60 20 40 00 FF F0 B0 30"},
-             Row{1040, "63 EF 43 CF FF F0 B3 FF"},
-             Row{1041, "63 F0 43 D0 FF F0 B4 00 00"},
-             Row{2080, "67 FF 47 DF FF F0 B4 04 0F"},
-             Row{2081, "68 00 00 47 E0 FF F0 B4 04 10"},
-             Row{8256, "68 18 1F 5F FF FF F0 B4 1C 2F"},
-             Row{8257, "68 18 20 60 00 00 FF F0 B4 1C 30"},
-         }) {
-        std::string const octets = FastInfosetOf([&](CXmlWriter& w) {
-            auto const element = [&](std::string const& name, bool hasChild) {
-                w.WriteElementStart(name, "");
-                w.WriteAttribute(name, "", "", ItemType_string);
-                if (!hasChild) {
-                    w.WriteElementValue(name, ItemType_string, false);
-                    w.WriteElementEnd();
-                }
-            };
-            element("n1", true);
-            w.WriteElementValue("n1", ItemType_string, false);
-            for (int i = 2; i <= row.names; ++i)
-                element("n" + std::to_string(i), false);
-            element("n" + std::to_string(row.names), false);
-            w.WriteElementEnd();
-        });
-        std::string const end = std::string(" F0 ") + row.again + " FF F0";
-        ASSERT_GT(octets.size(), end.size());
-        EXPECT_EQ(octets.substr(octets.size() - end.size()), end) << row.names;
-    }
-}
-
 TEST(WrittenForms, RestrictedAlphabets) {
     std::string longest;
     for (int i = 0; i < 255; ++i)

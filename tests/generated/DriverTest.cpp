@@ -2,9 +2,6 @@
 #include "tests/generated/Reading.h"
 #include "tests/support/TypedCols.h"
 
-#include <array>
-#include <thread>
-
 using namespace entries;
 
 namespace {
@@ -199,64 +196,6 @@ TEST(Driver, FindsOneEntryByName) {
     CXmlElement* const first = document.GetDocumentElement()->GetFirstElement();
     EXPECT_TRUE(probe->IsElementInList(ctx, first));
     EXPECT_FALSE(probe->IsElementInList(ctx, first->GetNextSiblingElement()));
-}
-
-CSmartPtr<CXmlObjectBase> MakeLine(CXmlElement* element);
-
-// Attributes, a nested group, an abstract element, an enumeration, a collection and a wildcard.
-struct Everything : Model {
-    Everything() {
-        AddLine(line);
-        pair.type = XmlElementType_Pseudo;
-        pair.group = XmlElementGroupType_Choice;
-        pair.name = "";
-        pair.failsForUnknownAttributes = false;
-        pair.elements = {Prim<CElementInfoChoicePrimOpt>("k", 0), Prim<CElementInfoChoicePrimOpt>("v", 1)};
-        pair.Finish();
-        elements = {new CElementInfoSeqClsMnd("pair", "", 0, XmlElementType_Pseudo, nullptr, 0, true),
-                    new CElementInfoSeqAbsClsOpt("shape", "", 1, XmlElementType_Element, MakeLine),
-                    Enum<CElementInfoSeqEnumOpt>("colour", 2),
-                    new CElementInfoSeqClsCol("line", "", 3, XmlElementType_Element),
-                    new CElementInfoSeqUntpdOpt("AnyElement", "", 4, "##any", "")};
-        attributes = {Attribute("a", 5, false)};
-        init = [this](Probe& probe) {
-            probe.properties[0].SetXmlObject(new Probe(pair));
-            probe.properties[3].SetXmlCollection(new ProbeCol(line, 0, -1));
-        };
-        Finish();
-        s_line = &line;
-    }
-    static Model* s_line;
-    Model line, pair;
-};
-
-Model* Everything::s_line = nullptr;
-
-CSmartPtr<CXmlObjectBase> MakeLine(CXmlElement*) {
-    return new Probe(*Everything::s_line);
-}
-
-TEST(Driver, ReadsOnManyThreadsOverSharedTables) {
-    Everything model;
-    CSerializationContext const ctx;
-    std::string const xml = "<order a=\"1\"><v>2</v><shape><n>3</n></shape><colour>red</colour><line><n>4</n>"
-                            "</line><line><n>5</n></line><x y=\"6\"><z/></x></order>";
-    std::string const bad = "<order a='1'><v>2</v><line><n>4</n></line><line/></order>";
-    std::array<std::string, 8> results;
-    std::array<std::string, 8> failures;
-    std::vector<std::thread> threads;
-    for (std::size_t i = 0; i < results.size(); ++i) {
-        threads.emplace_back([&, i] {
-            for (int round = 0; round < 100; ++round) {
-                results[i] = Rewrite(model, xml.c_str(), ctx);
-                failures[i] = Outcome(model, bad.c_str(), ctx);
-            }
-        });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
-    EXPECT_THAT(results, testing::Each(xml));
-    EXPECT_THAT(failures, testing::Each(Missing("n", "/order/line[2]")));
 }
 
 } // namespace

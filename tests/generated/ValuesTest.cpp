@@ -1,10 +1,9 @@
-// Collections of values inside a class: in a sequence, a choice, an all group and nested groups, with events.
+// Collections of values inside a class: in a sequence, a choice, an all group and nested groups.
 #include "tests/generated/Reading.h"
 #include "tests/support/TypedCols.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
 using namespace entries;
-using testing::ElementsAre;
 
 namespace {
 
@@ -155,77 +154,6 @@ TEST(Values, InNestedGroupsTestTheirCounts) {
                                {"<a>1</a><n>1</n><n>2</n><n>3</n><n>4</n>", Unread("n")},
                                {"<a>1</a><n>11</n>", Failed("Invalid Value for n [11]")}});
     }
-}
-
-// Listens to its collections as a generated class does that is a choice.
-class Chooser : public Probe {
-public:
-    Chooser(Model& model, std::vector<std::string>& log) : Probe(model), m_log(log) { Listen(); }
-
-    template <class Col>
-    Col& Collection(int index) {
-        auto& property = properties[static_cast<std::size_t>(index)];
-        return dynamic_cast<Col&>(*property.FindXmlCollection());
-    }
-    // The collections of a fresh object are new ones.
-    void Init() override {
-        Probe::Init();
-        selected.clear();
-        Listen();
-    }
-
-    std::string selected;
-
-protected:
-    ~Chooser() override = default;
-    void OnEvent(CXmlObjectBase* sender, MsgType type, void* data) override {
-        auto& collection = static_cast<CXmlCollectionBase&>(*sender);
-        bool const isNumber = sender == properties[0].FindXmlCollection();
-        char const* const name = isNumber ? "n" : "d";
-        if (type == MsgCollectionAdd) {
-            m_log.push_back(name + (isNumber ? std::to_string(*static_cast<std::int32_t*>(data))
-                                             : static_cast<CDateTime*>(data)->ToString()));
-        } else if (type == MsgCollectionChange) {
-            m_log.push_back(name + ("=" + std::to_string(collection.GetCount())));
-            Choice_CollectionChanged(name, collection.GetCount(), selected);
-        }
-    }
-
-private:
-    void Listen() {
-        for (std::size_t const index : {0U, 1U})
-            properties[index].FindXmlCollection()->AddEventListener(this);
-    }
-
-    std::vector<std::string>& m_log;
-};
-
-TEST(Values, TellTheirClassOfEachChange) {
-    ChoiceOfValues model;
-    std::vector<std::string> log;
-    CSmartPtr<Chooser> const chooser(new Chooser(model, log));
-    chooser->FromXml("<order><n>1</n><n>2</n></order>", ctx);
-    EXPECT_THAT(log, ElementsAre("n1", "n=1", "n2", "n=2"));
-    EXPECT_EQ(chooser->selected, "n");
-
-    log.clear();
-    EXPECT_EQ(MessageOf<CZvException>([&] { chooser->Collection<Ci4Col>(0).Add(11); }),
-              "Invalid Value for n [11]");
-    EXPECT_EQ(MessageOf<CZvInvalidParamException>([&] { chooser->Collection<CdateCol>(1).Add(CDateTime()); }),
-              "Dates added to this collection must be of type dt_date");
-    EXPECT_THAT(log, ElementsAre("n11")) << "a number is told before it is looked at, a date after";
-    EXPECT_EQ(Write(*chooser), "<order><n>1</n><n>2</n></order>");
-    EXPECT_THROW(chooser->Collection<CdateCol>(1).Add(CDateTime(2026, 11, 23)), CZvInvalidStateException);
-
-    log.clear();
-    chooser->Collection<Ci4Col>(0).Clear();
-    EXPECT_THAT(log, ElementsAre("n=1", "n=0"));
-    EXPECT_EQ(chooser->selected, "");
-
-    log.clear();
-    chooser->FromXml("<order><d>2026-11-23</d></order>", ctx);
-    EXPECT_THAT(log, ElementsAre("d2026-11-23", "d=1")) << "what it held before ends silently";
-    EXPECT_EQ(chooser->selected, "d");
 }
 
 } // namespace
