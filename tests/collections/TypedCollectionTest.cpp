@@ -100,15 +100,15 @@ using ValueOf = decltype(std::declval<Col&>().Item(0));
 
 template <class Col>
 CSmartPtr<Col> Filled(std::vector<std::string> const& texts, ColSetup const& setup = {}) {
-    CSmartPtr<Col> const collection(NewCol<Col>(setup));
+    CSmartPtr<Col> collection(NewCol<Col>(setup));
     Access::ReadTexts(*collection, texts);
     return collection;
 }
 
 // `before` and `after` are two values that differ.
 template <class Col>
-void ExpectEvents(std::string const& before, std::string const& after) {
-    CSmartPtr<Col> collection = Filled<Col>({before, after});
+void ExpectEventsOfAdding(std::string const& before, std::string const& after) {
+    CSmartPtr<Col> const collection = Filled<Col>({before, after});
     ValueOf<Col> const value = collection->Item(1);
     Log log;
     std::vector<void*> addresses;
@@ -127,14 +127,20 @@ void ExpectEvents(std::string const& before, std::string const& after) {
     EXPECT_THAT(log.events, ElementsAre("1:/3", "2:/4", "0:/4", "1:/4", "2:/5", "0:/5"));
     EXPECT_EQ(collection->end() - collection->begin(), 5);
     EXPECT_TRUE(*(collection->end() - 1) == value);
+    log.events.clear();
+    Access::ReadTexts(*collection, {after});
+    EXPECT_THAT(log.events, ElementsAre("1:/5", "2:/6", "0:/6"));
+}
 
-    log.events.clear();
+template <class Col>
+void ExpectEventsOfRemoving(std::string const& before, std::string const& after) {
+    CSmartPtr<Col> collection = Filled<Col>({before, before, after});
+    ValueOf<Col> const last = collection->Item(2);
+    Log log;
+    collection->AddEventListener(&log);
     collection->Remove(1);
-    EXPECT_THAT(log.events, ElementsAre("3:1/5", "4:1/4", "0:/4"));
-    EXPECT_TRUE(collection->Item(1) == value) << "what was behind it has moved up";
-    log.events.clear();
-    collection->Remove(2);
-    collection->Remove(2);
+    EXPECT_THAT(log.events, ElementsAre("3:1/3", "4:1/2", "0:/2"));
+    EXPECT_TRUE(collection->Item(1) == last) << "what was behind it has moved up";
     log.events.clear();
     collection->Clear();
     EXPECT_THAT(log.events, ElementsAre("3:0/2", "4:0/1", "0:/1", "3:0/1", "4:0/0", "0:/0"));
@@ -142,10 +148,15 @@ void ExpectEvents(std::string const& before, std::string const& after) {
     collection->Clear();
     EXPECT_THAT(log.events, ElementsAre());
     Access::ReadTexts(*collection, {after});
-    EXPECT_THAT(log.events, ElementsAre("1:/0", "2:/1", "0:/1"));
     log.events.clear();
     collection = nullptr;
     EXPECT_THAT(log.events, ElementsAre()) << "its end is told to nobody";
+}
+
+template <class Col>
+void ExpectEvents(std::string const& before, std::string const& after) {
+    ExpectEventsOfAdding<Col>(before, after);
+    ExpectEventsOfRemoving<Col>(before, after);
 }
 
 template <class Col>

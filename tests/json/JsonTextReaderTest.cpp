@@ -202,9 +202,7 @@ struct State {
 std::string MessageOf(State const& state, char found) {
     std::size_t const position = std::string(state.before).size() + 1;
     std::string message = state.message;
-    if (message.back() == '\'' && message.find("found '") + 7 == message.size())
-        message += std::string(1, found) + '\'';
-    else if (message.find("Escape Character '") + 18 == message.size())
+    if (message.compare(message.size() - 2, 2, " '") == 0)
         message += std::string(1, found) + '\'';
     message += " at line 1, position " + std::to_string(position) + '.';
     return message + (*state.path == '\0' ? "" : "\nPath: "s + state.path);
@@ -323,7 +321,7 @@ TEST(JsonTextReader, BoundsTheDepthAndNothingElse) {
 
     std::string const comments = Repeat("/**/", 150000) + Repeat("//\n", 150000);
     EXPECT_EQ(OutcomeOf(comments + '[' + comments + "1 " + comments + ']'), "<[#1]>");
-    std::string const large(100000000, 'x');
+    std::string const large(100000000, 'x'); // NOLINT(bugprone-string-constructor)
     std::string const events = EventsOf("\"" + large + "\"");
     EXPECT_EQ(events.size(), large.size() + 4);
     EXPECT_EQ(OutcomeOf("\"" + large),
