@@ -58,6 +58,7 @@ struct CompiledRegex {
 
     pcre* code = nullptr;
     pcre_extra* extra = nullptr;
+    bool isCompiledForMachine = false;
     bool isMatchedAllWays = false;
 };
 
@@ -65,10 +66,16 @@ namespace {
 
 // The offsets are set if the result is not negative.
 int MatchByGoingBack(CompiledRegex const& regex, std::string_view subject, int options, int (&offsets)[3]) {
+    // The short way to compiled matching code looks at no argument.
+    pcre_jit_stack* const stack = regex.isCompiledForMachine && (options & PCRE_NO_UTF8_CHECK) != 0
+                                      ? JitStackOfThread(nullptr)
+                                      : nullptr;
     // Room for the match itself. With more groups the result is 0 and the match is told all the same.
     auto const match = [&](pcre_extra const* extra) {
-        return pcre_exec(regex.code, extra, subject.data(), static_cast<int>(subject.size()), 0, options,
-                         offsets, 3);
+        auto const length = static_cast<int>(subject.size());
+        return stack != nullptr
+                   ? pcre_jit_exec(regex.code, extra, subject.data(), length, 0, options, offsets, 3, stack)
+                   : pcre_exec(regex.code, extra, subject.data(), length, 0, options, offsets, 3);
     };
     if (subject.size() <= kShortSubject)
         return match(regex.extra);
@@ -117,6 +124,9 @@ RegexPtr CompileRegex(std::string const& expression, std::string& error) {
     regex->extra->match_limit = MostSteps(kShortSubject);
     regex->extra->match_limit_recursion = MostInterpreterDepth();
     pcre_assign_jit_stack(regex->extra, JitStackOfThread, nullptr);
+    int isCompiledForMachine = 0;
+    pcre_fullinfo(regex->code, regex->extra, PCRE_INFO_JIT, &isCompiledForMachine);
+    regex->isCompiledForMachine = isCompiledForMachine != 0;
     regex->isMatchedAllWays = IsMatchedAllWays(expression);
     return regex;
 }
