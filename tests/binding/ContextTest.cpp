@@ -1,7 +1,7 @@
 // The options of a call, the table of aliases, and what copies of a context share.
 #include "tests/support/MessageOf.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
 #include "zvxmllib/collections/Attribute.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/json/JsonContext.h"
 
 #include <gtest/gtest.h>

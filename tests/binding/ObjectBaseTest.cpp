@@ -2,7 +2,7 @@
 #include "tests/support/MessageOf.h"
 #include "tests/support/Slots.h"
 #include "tests/support/WrittenObject.h"
-#include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/binding/XmlCollectionBase.h"
 
 #include <gmock/gmock.h>
 

@@ -3,7 +3,7 @@
 #include "tests/support/QuietWriter.h"
 #include "tests/support/Slots.h"
 #include "tests/support/TypedCols.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"
 

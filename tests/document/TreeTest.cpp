@@ -2,7 +2,7 @@
 #include "Documents.h"
 
 #include "tests/support/LocalEncoding.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 
 namespace ZvXmlLib16 {
 namespace {

@@ -5,10 +5,10 @@
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/TemporaryFile.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
-#include "zvxmllib/fastinfoset/Declarations.h"
+#include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/fastinfoset/FInfoDeclarations.h"
 #include "zvxmllib/fastinfoset/FastInfosetContext.h"
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/DebugTrace.h"
 #include "zvxmllib/streams/ZvZip.h"
 
 #include <gmock/gmock.h>

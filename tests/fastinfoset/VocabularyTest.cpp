@@ -1,6 +1,6 @@
 // The vocabulary and the options of Fast Infoset.
 #include "tests/support/MessageOf.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/fastinfoset/FastInfosetContext.h"
 #include "zvxmllib/foundation/Exceptions.h"
 

@@ -5,7 +5,7 @@
 #include "tests/support/Script.h"
 #include "tests/support/TemporaryFile.h"
 #include "zvxmllib/fastinfoset/FastInfosetWriter.h"
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/DebugTrace.h"
 
 #include <gmock/gmock.h>
 

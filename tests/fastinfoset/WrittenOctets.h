@@ -3,7 +3,7 @@
 
 #include "tests/support/Bytes.h"
 #include "tests/support/WrittenObject.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/fastinfoset/FastInfosetContext.h"
 
 #include <cstdio>

@@ -1,6 +1,6 @@
 // CInstanceMonitor: counts by class name, and the report at the end.
-#include "zvxmllib/foundation/Functions.h"
-#include "zvxmllib/foundation/MemoryLeakHelp.h"
+#include "zvxmllib/foundation/InstanceMonitor.h"
+#include "zvxmllib/foundation/DebugTrace.h"
 
 #include <gmock/gmock.h>
 

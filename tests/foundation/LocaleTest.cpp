@@ -1,6 +1,6 @@
 // What obeys the user's locale, and what must not. Uses locales that are built with the tests.
-#include "zvxmllib/foundation/Encoder.h"
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/FormatString.h"
+#include "zvxmllib/values/binary/Encoder.h"
 
 #include <gtest/gtest.h>
 

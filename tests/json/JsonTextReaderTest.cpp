@@ -2,7 +2,7 @@
 #include "zvxmllib/json/JsonTextReader.h"
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/DebugTrace.h"
 
 #include <gmock/gmock.h>
 

@@ -3,7 +3,7 @@
 #include "tests/json/JsonParser.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/Script.h"
-#include "zvxmllib/foundation/TextStream.h"
+#include "zvxmllib/streams/TextStream.h"
 
 #include <gmock/gmock.h>
 

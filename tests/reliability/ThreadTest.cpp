@@ -1,7 +1,7 @@
 // Reading and writing on many threads at once, with shared metadata.
 #include "Scenarios.h"
 
-#include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Byte sinks, files, and the bytes of a text sink.
-#include "zvxmllib/foundation/TextStream.h"
 #include "zvxmllib/streams/FileBinaryStream.h"
+#include "zvxmllib/streams/TextStream.h"
 
 #include "tests/support/Bytes.h"
 #include "tests/support/LocalEncoding.h"

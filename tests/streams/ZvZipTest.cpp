@@ -1,7 +1,7 @@
 // CZvZip: both directions, and what is no complete stream.
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/streams/DecompressionLimit.h"
-#include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 
 #include "tests/support/Bytes.h"
 #include "tests/support/MessageOf.h"

@@ -1,7 +1,7 @@
 // Bytes as text and text as bytes, for tests.
 #pragma once
 
-#include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 
 #include <cstdint>
 #include <string>

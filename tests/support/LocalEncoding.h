@@ -1,7 +1,7 @@
 // Sets the local character encoding for one test.
 #pragma once
 
-#include "zvxmllib/foundation/Encoder.h"
+#include "zvxmllib/values/binary/Encoder.h"
 
 class LocalEncoding {
 public:

@@ -1,13 +1,13 @@
 // A bound class whose tables are given at run time, so that each test describes its own content model.
 #pragma once
 
-#include "zvxmllib/binding/ElementInfo.h"
-#include "zvxmllib/binding/XmlGeneratedClass.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/collections/XmlCollection.h"
 #include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/driver/ElementInfo.h"
+#include "zvxmllib/driver/XmlGeneratedClass.h"
 #include "zvxmllib/foundation/Exceptions.h"
-#include "zvxmllib/values/ZvVariant.h"
+#include "zvxmllib/values/variant/ZvVariant.h"
 
 #include <functional>
 #include <memory>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "zvxmllib/binding/XmlObjectBase.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/writers/XmlWriter.h"
 

@@ -1,6 +1,6 @@
 // The main of all test programs: runs the tests, then looks for tracked objects that are still alive.
 #include "zvxmllib/binding/GeneratorVersion.h"
-#include "zvxmllib/foundation/MemoryLeakHelp.h"
+#include "zvxmllib/foundation/InstanceMonitor.h"
 
 #include <gmock/gmock.h>
 
@@ -11,7 +11,9 @@
 namespace {
 
 // The default context keeps its additional root attributes for the life of the process.
-bool IsExpectedSurvivor(std::string const& line) { return line.find("--> CAttributeCol = 1/") == 0; }
+bool IsExpectedSurvivor(std::string const& line) {
+    return line.find("--> CAttributeCol = 1/") == 0;
+}
 
 bool ReportSurvivors() {
     bool clean = true;

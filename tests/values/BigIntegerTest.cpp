@@ -1,9 +1,9 @@
 // Whole numbers of any size: text, arithmetic, signs of zero, bounds.
-#include "zvxmllib/values/BigInteger.h"
+#include "zvxmllib/values/numbers/BigInteger.h"
 
 #include "tests/support/MessageOf.h"
 #include "tests/values/NumberTables.h"
-#include "zvxmllib/values/Decimal.h"
+#include "zvxmllib/values/numbers/Decimal.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 // CBinaryData: sharing, growth and text forms.
-#include "zvxmllib/values/BinaryData.h"
-#include "zvxmllib/values/Base64.h"
+#include "zvxmllib/values/binary/BinaryData.h"
+#include "zvxmllib/values/binary/Base64.h"
 
 #include "tests/support/Bytes.h"
 #include "tests/support/MessageOf.h"

@@ -1,9 +1,9 @@
 // Values against the facets of their types.
-#include "zvxmllib/values/CheckPrimitive.h"
+#include "zvxmllib/values/facets/CheckPrimitive.h"
 
 #include "tests/values/ReadText.h"
-#include "zvxmllib/values/DateTime.h"
-#include "zvxmllib/values/PrimitiveRestrictions.h"
+#include "zvxmllib/values/dates/DateTime.h"
+#include "zvxmllib/values/facets/PrimitiveRestrictions.h"
 
 #include <gmock/gmock.h>
 

@@ -1,11 +1,11 @@
 // The lexical forms of the primitive types, their bounds and their messages.
-#include "zvxmllib/values/Conversions.h"
+#include "zvxmllib/values/variant/Conversions.h"
 
 #include "tests/values/ReadText.h"
-#include "zvxmllib/values/BinaryData.h"
-#include "zvxmllib/values/DateTime.h"
-#include "zvxmllib/values/DateTimeSpan.h"
-#include "zvxmllib/values/Decimal.h"
+#include "zvxmllib/values/binary/BinaryData.h"
+#include "zvxmllib/values/dates/DateTime.h"
+#include "zvxmllib/values/dates/DateTimeSpan.h"
+#include "zvxmllib/values/numbers/Decimal.h"
 
 #include <gmock/gmock.h>
 

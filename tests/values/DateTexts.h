@@ -2,7 +2,7 @@
 #pragma once
 
 #include "zvxmllib/foundation/Exceptions.h"
-#include "zvxmllib/values/DateTimeSpan.h"
+#include "zvxmllib/values/dates/DateTimeSpan.h"
 
 #include <array>
 #include <random>

@@ -1,5 +1,5 @@
 // Types and fields of dates and times, and their outside forms.
-#include "zvxmllib/values/DateTime.h"
+#include "zvxmllib/values/dates/DateTime.h"
 
 #include "tests/support/MessageOf.h"
 #include "zvxmllib/foundation/Assert.h"

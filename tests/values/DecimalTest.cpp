@@ -1,5 +1,5 @@
 // Decimal numbers: text, rounding, arithmetic, order, bounds.
-#include "zvxmllib/values/Decimal.h"
+#include "zvxmllib/values/numbers/Decimal.h"
 
 #include "tests/support/MessageOf.h"
 #include "tests/values/NumberTables.h"

@@ -1,10 +1,10 @@
 // Patterns: their translation, what matches, and what must not run away. Built once with each library.
-#include "zvxmllib/values/Pattern.h"
+#include "zvxmllib/values/facets/Pattern.h"
 
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
-#include "zvxmllib/values/CheckPrimitive.h"
-#include "zvxmllib/values/PrimitiveRestrictions.h"
+#include "zvxmllib/values/facets/CheckPrimitive.h"
+#include "zvxmllib/values/facets/PrimitiveRestrictions.h"
 
 #include <gmock/gmock.h>
 

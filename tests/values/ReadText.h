@@ -2,7 +2,7 @@
 #pragma once
 
 #include "zvxmllib/foundation/Exceptions.h"
-#include "zvxmllib/values/ZvVariant.h"
+#include "zvxmllib/values/variant/ZvVariant.h"
 
 #include <string>
 #include <string_view>

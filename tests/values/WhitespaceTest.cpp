@@ -1,5 +1,5 @@
 // The whiteSpace facet.
-#include "zvxmllib/values/Whitespace.h"
+#include "zvxmllib/values/text/Whitespace.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // The states of the value carrier, what it owns and what it shares.
-#include "zvxmllib/values/ZvVariant.h"
+#include "zvxmllib/values/variant/ZvVariant.h"
 
 #include "tests/values/ReadText.h"
+#include "zvxmllib/binding/XmlCollectionBase.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
-#include "zvxmllib/collections/XmlCollectionBase.h"
 #include "zvxmllib/foundation/Assert.h"
-#include "zvxmllib/values/DateTimeSpan.h"
-#include "zvxmllib/values/Decimal.h"
+#include "zvxmllib/values/dates/DateTimeSpan.h"
+#include "zvxmllib/values/numbers/Decimal.h"
 
 #include <gmock/gmock.h>
 

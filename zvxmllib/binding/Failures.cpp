@@ -3,7 +3,7 @@
 
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/foundation/Exceptions.h"
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/FormatString.h"
 
 namespace ZvXmlLib16 {
 
@@ -48,26 +48,23 @@ void FailNamespaceNotAllowed(std::string const& ns, std::string const& allowed, 
         "");
 }
 
-void FailAliasNotFound(std::string const& alias) {
-    throw CZvException(FormatString("Namespace alias [%s] not found", alias.c_str()));
+void FailTargetNamespaceOfCollection() {
+    throw CZvException("CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection "
+                       "(program logic error)");
 }
 
-void FailIndentCharacter() {
-    throw CZvInvalidParamException("IndentChars can only contain Whitespace characters, i.e. \\t or spaces");
+void FailTooManyItems(std::string const& elementName, int maxOccurs) {
+    throw CZvValidationException(
+        FormatString("The Maximum number of [%s] elements allowed in this collection is %d",
+                     elementName.c_str(), maxOccurs),
+        "");
 }
 
-void FailIgnoreUnknownExcluded() {
-    throw CZvInvalidStateException(
-        "The parser can only ignore additional elements, or ignore the fact that some required ones are "
-        "missing, you can not ignore both\nSet IgnoreMissingMandatoryElements to false before setting "
-        "IgnoreUnknownElements to true");
-}
-
-void FailIgnoreMissingExcluded() {
-    throw CZvInvalidStateException(
-        "The parser can only ignore additional elements, or ignore the fact that some required ones are "
-        "missing, you can not ignore both\nSet IgnoreUnknownElements to false before setting "
-        "IgnoreMissingMandatoryElements to true");
+void FailTooFewItems(std::string const& elementName, int minOccurs) {
+    throw CZvValidationException(
+        FormatString("The Minimum number of [%s] elements allowed in this collection is %d",
+                     elementName.c_str(), minOccurs),
+        "");
 }
 
 } // namespace ZvXmlLib16

@@ -16,9 +16,8 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailNamespaceNotAllowed(std::string const& ns, std::string const& allowed,
                                           std::string const& target);
 
-[[noreturn]] void FailAliasNotFound(std::string const& alias);
-[[noreturn]] void FailIndentCharacter();
-[[noreturn]] void FailIgnoreUnknownExcluded();
-[[noreturn]] void FailIgnoreMissingExcluded();
+[[noreturn]] void FailTargetNamespaceOfCollection();
+[[noreturn]] void FailTooManyItems(std::string const& elementName, int maxOccurs);
+[[noreturn]] void FailTooFewItems(std::string const& elementName, int minOccurs);
 
 } // namespace ZvXmlLib16

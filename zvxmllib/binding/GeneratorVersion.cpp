@@ -2,7 +2,7 @@
 #include "zvxmllib/binding/GeneratorVersion.h"
 
 #include "zvxmllib/binding/Failures.h"
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/FormatString.h"
 #include "zvxmllib/platform/ErrorBox.h"
 
 namespace ZvXmlLib16 {

@@ -1,9 +1,9 @@
 // What generated setters call: null, name and choice tests, and the tests of namespaces.
 #include "zvxmllib/binding/Failures.h"
 #include "zvxmllib/binding/NamespaceRules.h"
+#include "zvxmllib/binding/XmlCollectionBase.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
-#include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlElement.h"
 
 namespace ZvXmlLib16 {

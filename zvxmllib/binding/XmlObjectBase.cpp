@@ -3,7 +3,7 @@
 
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/binding/NestingGuard.h"
-#include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/binding/XmlCollectionBase.h"
 
 #include <new>
 #include <vector>

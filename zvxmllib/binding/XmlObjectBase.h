@@ -6,7 +6,7 @@
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/SmartPtr.h"
-#include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 
 #include <atomic>
 #include <cstdint>

@@ -3,7 +3,7 @@
 
 #include "zvxmllib/collections/ZvIterator.h"
 #include "zvxmllib/foundation/Forward.h"
-#include "zvxmllib/foundation/MemoryLeakHelp.h"
+#include "zvxmllib/foundation/InstanceMonitor.h"
 
 #include <string>
 #include <string_view>

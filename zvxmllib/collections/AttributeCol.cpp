@@ -2,10 +2,20 @@
 #include "zvxmllib/binding/NamespaceRules.h"
 #include "zvxmllib/collections/Attribute.h"
 #include "zvxmllib/collections/Failures.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
 
 namespace ZvXmlLib16 {
+
+// The additional root attributes of a context. Copies share the collection.
+struct RootAttributes {
+    CSmartPtr<CAttributeCol> attributes{new CAttributeCol("", kAnyNamespace, "")};
+};
+
+CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() const {
+    return m_rootAttributes.Get().attributes;
+}
 
 namespace {
 

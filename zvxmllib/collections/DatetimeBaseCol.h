@@ -2,7 +2,7 @@
 #pragma once
 
 #include "zvxmllib/collections/ValueCollection.h"
-#include "zvxmllib/values/DateTime.h"
+#include "zvxmllib/values/dates/DateTime.h"
 
 #include <string>
 #include <string_view>

@@ -3,15 +3,15 @@
 
 #include "zvxmllib/binding/NamespaceRules.h"
 #include "zvxmllib/binding/NestingGuard.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
 #include "zvxmllib/collections/Failures.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/Failures.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/foundation/Exceptions.h"
-#include "zvxmllib/foundation/TextStream.h"
-#include "zvxmllib/writers/XmlTextWriter.h"
+#include "zvxmllib/streams/TextStream.h"
+#include "zvxmllib/xml/XmlTextWriter.h"
 
 #include <utility>
 

@@ -4,28 +4,9 @@
 
 #include "zvxmllib/collections/ZvIterator.h"
 #include "zvxmllib/foundation/Exceptions.h"
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/FormatString.h"
 
 namespace ZvXmlLib16 {
-
-void FailTargetNamespaceOfCollection() {
-    throw CZvException("CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection "
-                       "(program logic error)");
-}
-
-void FailTooManyItems(std::string const& elementName, int maxOccurs) {
-    throw CZvValidationException(
-        FormatString("The Maximum number of [%s] elements allowed in this collection is %d",
-                     elementName.c_str(), maxOccurs),
-        "");
-}
-
-void FailTooFewItems(std::string const& elementName, int minOccurs) {
-    throw CZvValidationException(
-        FormatString("The Minimum number of [%s] elements allowed in this collection is %d",
-                     elementName.c_str(), minOccurs),
-        "");
-}
 
 void FailIndexOutOfRange() {
     throw CZvInvalidParamException("Index out of range");

@@ -1,7 +1,7 @@
 // Every failure of the collections and of untyped content.
 #pragma once
 
-#include "zvxmllib/values/DateTime.h"
+#include "zvxmllib/values/dates/DateTime.h"
 
 #include <string>
 
@@ -9,9 +9,6 @@ namespace ZvXmlLib16 {
 
 class CZvException;
 
-[[noreturn]] void FailTargetNamespaceOfCollection();
-[[noreturn]] void FailTooManyItems(std::string const& elementName, int maxOccurs);
-[[noreturn]] void FailTooFewItems(std::string const& elementName, int minOccurs);
 [[noreturn]] void FailIndexOutOfRange();
 [[noreturn]] void FailIndexOutOfRange(int index, int count);
 [[noreturn]] void FailItemNotFound();

@@ -1,8 +1,8 @@
 // Reading an object from an untyped element.
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
 #include "zvxmllib/collections/Element.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/Failures.h"
 
 namespace ZvXmlLib16 {

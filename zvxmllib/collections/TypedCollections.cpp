@@ -2,8 +2,8 @@
 #include "zvxmllib/collections/TypedCollections.h"
 
 #include "zvxmllib/collections/Failures.h"
-#include "zvxmllib/values/CheckPrimitive.h"
-#include "zvxmllib/values/TextValues.h"
+#include "zvxmllib/values/facets/CheckPrimitive.h"
+#include "zvxmllib/values/text/TextValues.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
 #include <type_traits>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "zvxmllib/collections/XmlTypeCollection.h"
-#include "zvxmllib/foundation/MemoryLeakHelp.h"
+#include "zvxmllib/foundation/InstanceMonitor.h"
 
 #include <string>
 #include <string_view>

@@ -4,10 +4,10 @@
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/platform/Api.h"
-#include "zvxmllib/values/BinaryData.h"
-#include "zvxmllib/values/DateTime.h"
-#include "zvxmllib/values/DateTimeSpan.h"
-#include "zvxmllib/values/Decimal.h"
+#include "zvxmllib/values/binary/BinaryData.h"
+#include "zvxmllib/values/dates/DateTime.h"
+#include "zvxmllib/values/dates/DateTimeSpan.h"
+#include "zvxmllib/values/numbers/Decimal.h"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 // CXmlCollection, bound objects in a list of counted references.
 #pragma once
 
-#include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/binding/XmlCollectionBase.h"
 #include "zvxmllib/foundation/SmartPtr.h"
 
 #include <cstdint>

@@ -2,7 +2,7 @@
 #include "zvxmllib/collections/XmlTypeCollection.h"
 
 #include "zvxmllib/document/XmlElement.h"
-#include "zvxmllib/values/CheckPrimitive.h"
+#include "zvxmllib/values/facets/CheckPrimitive.h"
 
 namespace ZvXmlLib16 {
 

@@ -1,10 +1,10 @@
 // CXmlTypeCollection, what all collections of values share: the type, its facets, reading.
 #pragma once
 
-#include "zvxmllib/collections/XmlCollectionBase.h"
+#include "zvxmllib/binding/XmlCollectionBase.h"
 #include "zvxmllib/foundation/Enumerations.h"
-#include "zvxmllib/values/PrimitiveRestrictions.h"
-#include "zvxmllib/values/Whitespace.h"
+#include "zvxmllib/values/facets/PrimitiveRestrictions.h"
+#include "zvxmllib/values/text/Whitespace.h"
 
 #include <cstdint>
 #include <string>

@@ -1,10 +1,10 @@
 #include "zvxmllib/document/ExpatReader.h"
 
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/Failures.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlTree.h"
-#include "zvxmllib/foundation/Encoder.h"
+#include "zvxmllib/values/binary/Encoder.h"
 
 #include <expat.h>
 

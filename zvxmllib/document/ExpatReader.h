@@ -2,7 +2,7 @@
 #pragma once
 
 #include "zvxmllib/foundation/Forward.h"
-#include "zvxmllib/foundation/MemoryLeakHelp.h"
+#include "zvxmllib/foundation/InstanceMonitor.h"
 
 #include <cstddef>
 #include <exception>

@@ -2,7 +2,7 @@
 #include "zvxmllib/document/Failures.h"
 
 #include "zvxmllib/foundation/Exceptions.h"
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/FormatString.h"
 
 namespace ZvXmlLib16 {
 

@@ -1,6 +1,6 @@
 #include "zvxmllib/document/NameTable.h"
 
-#include "zvxmllib/foundation/Encoder.h"
+#include "zvxmllib/values/binary/Encoder.h"
 
 #include <cstring>
 

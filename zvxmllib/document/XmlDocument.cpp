@@ -1,6 +1,6 @@
 #include "zvxmllib/document/XmlDocument.h"
 
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/ExpatReader.h"
 #include "zvxmllib/document/Failures.h"
 #include "zvxmllib/document/XmlTree.h"
@@ -8,7 +8,7 @@
 #include "zvxmllib/platform/File.h"
 #include "zvxmllib/streams/AsyncFiles.h"
 #include "zvxmllib/streams/ZvZip.h"
-#include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 
 #include <cstring>
 #include <limits>

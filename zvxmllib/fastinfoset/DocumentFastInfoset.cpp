@@ -1,5 +1,5 @@
 // Recognition of Fast Infoset by the document.
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/fastinfoset/FastInfosetReader.h"
 

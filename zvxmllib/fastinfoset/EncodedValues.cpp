@@ -1,12 +1,12 @@
 #include "zvxmllib/fastinfoset/EncodedValues.h"
 
 #include "zvxmllib/fastinfoset/Failures.h"
-#include "zvxmllib/foundation/Encoder.h"
 #include "zvxmllib/foundation/Utf16.h"
-#include "zvxmllib/values/Base64.h"
-#include "zvxmllib/values/BinaryData.h"
-#include "zvxmllib/values/Conversions.h"
-#include "zvxmllib/values/HexText.h"
+#include "zvxmllib/values/binary/Base64.h"
+#include "zvxmllib/values/binary/BinaryData.h"
+#include "zvxmllib/values/binary/Encoder.h"
+#include "zvxmllib/values/binary/HexText.h"
+#include "zvxmllib/values/variant/Conversions.h"
 
 #include <algorithm>
 #include <charconv>

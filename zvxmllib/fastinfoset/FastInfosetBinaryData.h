@@ -1,7 +1,7 @@
 // CFastInfosetBinaryData, the octets of a value under an encoding algorithm (X.891, clause 10).
 #pragma once
 
-#include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 // CFastInfosetContext, the Fast Infoset options of one serialisation or one read.
 #include "zvxmllib/fastinfoset/FastInfosetContext.h"
 
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/fastinfoset/Failures.h"
 
 namespace ZvXmlLib16 {

@@ -13,9 +13,9 @@
 
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlTree.h"
-#include "zvxmllib/fastinfoset/Declarations.h"
-#include "zvxmllib/foundation/Encoder.h"
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/fastinfoset/FInfoDeclarations.h"
+#include "zvxmllib/foundation/DebugTrace.h"
+#include "zvxmllib/values/binary/Encoder.h"
 
 #include <algorithm>
 

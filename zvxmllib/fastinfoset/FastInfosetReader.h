@@ -4,7 +4,7 @@
 #include "zvxmllib/fastinfoset/OctetInput.h"
 #include "zvxmllib/fastinfoset/ReadVocabulary.h"
 #include "zvxmllib/foundation/Forward.h"
-#include "zvxmllib/foundation/MemoryLeakHelp.h"
+#include "zvxmllib/foundation/InstanceMonitor.h"
 
 #include <array>
 #include <cstddef>

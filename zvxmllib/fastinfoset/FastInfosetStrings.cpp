@@ -3,9 +3,9 @@
 #include "zvxmllib/fastinfoset/EncodedValues.h"
 #include "zvxmllib/fastinfoset/FastInfosetReader.h"
 #include "zvxmllib/fastinfoset/RestrictedAlphabet.h"
-#include "zvxmllib/foundation/Encoder.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/values/binary/Encoder.h"
 
 #include <algorithm>
 #include <cstring>

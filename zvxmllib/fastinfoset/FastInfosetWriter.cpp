@@ -9,12 +9,12 @@
 //                the last kinds 11111111
 #include "zvxmllib/fastinfoset/FastInfosetWriter.h"
 
-#include "zvxmllib/fastinfoset/Declarations.h"
 #include "zvxmllib/fastinfoset/EncodedValues.h"
+#include "zvxmllib/fastinfoset/FInfoDeclarations.h"
 #include "zvxmllib/fastinfoset/Failures.h"
 #include "zvxmllib/fastinfoset/FastInfosetContext.h"
 #include "zvxmllib/fastinfoset/RestrictedAlphabet.h"
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/DebugTrace.h"
 #include "zvxmllib/writers/Failures.h"
 #include "zvxmllib/writers/XmlNamespaces.h"
 

@@ -1,7 +1,7 @@
 // The Fast Infoset writing entry points of the object base.
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/fastinfoset/FastInfosetWriter.h"
 #include "zvxmllib/streams/FileBinaryStream.h"
 #include "zvxmllib/streams/ZvZip.h"

@@ -1,9 +1,8 @@
 // The JSON reading entry points of the object base.
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlDocument.h"
-#include "zvxmllib/foundation/Encoder.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/json/Failures.h"
 #include "zvxmllib/json/JsonContext.h"
@@ -11,6 +10,7 @@
 #include "zvxmllib/json/JsonTextReader.h"
 #include "zvxmllib/json/JsonTreeWriter.h"
 #include "zvxmllib/platform/VirtualFunction.h"
+#include "zvxmllib/values/binary/Encoder.h"
 
 namespace ZvXmlLib16 {
 

@@ -1,7 +1,7 @@
 // CJsonContext, the JSON options of one serialisation or one read.
 #include "zvxmllib/json/JsonContext.h"
 
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 
 namespace ZvXmlLib16 {
 

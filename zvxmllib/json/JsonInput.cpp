@@ -1,10 +1,10 @@
 #include "zvxmllib/json/JsonInput.h"
 
 #include "zvxmllib/document/XmlDocument.h"
-#include "zvxmllib/foundation/Encoder.h"
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/json/Failures.h"
 #include "zvxmllib/streams/ZvZip.h"
+#include "zvxmllib/values/binary/Encoder.h"
 
 namespace ZvXmlLib16 {
 

@@ -1,7 +1,7 @@
 // JsonInput, JSON text on its way to the parser.
 #pragma once
 
-#include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 
 #include <cstddef>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "zvxmllib/json/JsonReaderDefaultHandler.h"
 
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/DebugTrace.h"
 
 namespace ZvXmlLib16 {
 

@@ -1,7 +1,7 @@
 // What the JSON parser tells: its events, and where in the text a failure arose.
 #pragma once
 
-#include "zvxmllib/foundation/MemoryLeakHelp.h"
+#include "zvxmllib/foundation/InstanceMonitor.h"
 
 #include <string>
 

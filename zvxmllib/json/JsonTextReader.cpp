@@ -1,14 +1,14 @@
 #include "zvxmllib/json/JsonTextReader.h"
 
-#include "zvxmllib/binding/context/SerializationContext.h"
-#include "zvxmllib/foundation/Encoder.h"
-#include "zvxmllib/foundation/TextStream.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/json/Failures.h"
 #include "zvxmllib/json/JsonReaderToXmlHandler.h"
-#include "zvxmllib/values/BinaryData.h"
-#include "zvxmllib/values/Whitespace.h"
-#include "zvxmllib/writers/XmlTextWriter.h"
+#include "zvxmllib/streams/TextStream.h"
+#include "zvxmllib/values/binary/BinaryData.h"
+#include "zvxmllib/values/binary/Encoder.h"
+#include "zvxmllib/values/text/Whitespace.h"
+#include "zvxmllib/xml/XmlTextWriter.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 // CJsonTextWriter, JSON text.
 #include "zvxmllib/json/JsonTextWriter.h"
 
-#include "zvxmllib/foundation/TextStream.h"
 #include "zvxmllib/json/Failures.h"
+#include "zvxmllib/streams/TextStream.h"
 #include "zvxmllib/writers/Failures.h"
 #include "zvxmllib/writers/XmlNamespaces.h"
 

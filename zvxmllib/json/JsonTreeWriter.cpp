@@ -1,11 +1,11 @@
 #include "zvxmllib/json/JsonTreeWriter.h"
 
-#include "zvxmllib/binding/context/SerializationContext.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlTree.h"
-#include "zvxmllib/foundation/Encoder.h"
-#include "zvxmllib/foundation/Functions.h"
+#include "zvxmllib/foundation/DebugTrace.h"
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/json/JsonTextReader.h"
+#include "zvxmllib/values/binary/Encoder.h"
 #include "zvxmllib/writers/XmlNamespaces.h"
 
 #include <algorithm>

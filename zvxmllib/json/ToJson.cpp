@@ -1,12 +1,12 @@
 // The JSON writing entry points of the object base.
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
-#include "zvxmllib/binding/context/SerializationContext.h"
-#include "zvxmllib/foundation/TextStream.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/json/JsonTextWriter.h"
 #include "zvxmllib/streams/AsyncFiles.h"
 #include "zvxmllib/streams/FileBinaryStream.h"
 #include "zvxmllib/streams/FileTextStream.h"
+#include "zvxmllib/streams/TextStream.h"
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/writers/Failures.h"
 

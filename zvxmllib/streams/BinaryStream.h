@@ -1,8 +1,8 @@
 // CBinaryStream, the byte sink in memory.
 #pragma once
 
-#include "zvxmllib/foundation/MemoryLeakHelp.h"
-#include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/foundation/InstanceMonitor.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 
 #include <cstddef>
 #include <cstdint>

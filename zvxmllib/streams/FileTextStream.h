@@ -1,9 +1,9 @@
 // CFileTextStream, a text sink that writes its file while the writer works.
 #pragma once
 
-#include "zvxmllib/foundation/TextStream.h"
 #include "zvxmllib/platform/OverlappedFile.h"
-#include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/streams/TextStream.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 
 #include <cstdint>
 #include <string>

@@ -3,7 +3,7 @@
 
 #include "zvxmllib/streams/DecompressionLimit.h"
 #include "zvxmllib/streams/Failures.h"
-#include "zvxmllib/values/BinaryData.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 
 #include <memory>
 #include <new>

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "zvxmllib/foundation/Enumerations.h"
-#include "zvxmllib/foundation/MemoryLeakHelp.h"
-#include "zvxmllib/values/ZvVariant.h"
+#include "zvxmllib/foundation/InstanceMonitor.h"
+#include "zvxmllib/values/variant/ZvVariant.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,0 +1,295 @@
+// Groups nested in a sequence: where the cursor goes, with unknown elements before, between and behind.
+#include "tests/driver/Reading.h"
+#include "tests/support/TypedCols.h"
+
+using namespace entries;
+
+namespace {
+
+CSerializationContext const ctx;
+
+Model* s_group = nullptr;
+
+CSmartPtr<CXmlObjectBase> MakeGroup(int, char const*) {
+    return new Probe(*s_group);
+}
+
+struct Group : Model {
+    Group(XmlElementGroupType groupType, std::vector<CElementInfo*> entries) {
+        type = XmlElementType_Pseudo;
+        group = groupType;
+        name = "";
+        failsForUnknownAttributes = false;
+        elements = std::move(entries);
+        Finish();
+        s_group = this;
+    }
+};
+
+enum class Kind { kMandatory, kLax, kOptional };
+
+// An element of a, then a group, then perhaps z.
+struct Order : Model {
+    explicit Order(Kind kind) {
+        failsForUnknownAttributes = false;
+        CElementInfo* const entry = kind == Kind::kOptional
+                                        ? static_cast<CElementInfo*>(new CElementInfoSeqClsOpt(
+                                              "group", "", 1, XmlElementType_Pseudo, MakeGroup, 0))
+                                        : new CElementInfoSeqClsMnd("group", "", 1, XmlElementType_Pseudo,
+                                                                    nullptr, 0, kind == Kind::kMandatory);
+        elements = {Prim<CElementInfoSeqPrimOpt>("a", 0), entry, Prim<CElementInfoSeqPrimOpt>("z", 2)};
+        if (kind != Kind::kOptional)
+            init = [](Probe& probe) { probe.properties[1].SetXmlObject(new Probe(*s_group)); };
+        Finish();
+    }
+};
+
+// Short forms: an element for each letter, x for one that nobody knows.
+std::string Elements(std::string const& letters) {
+    std::string xml = "<order>";
+    for (char const letter : letters)
+        xml += std::string("<") + letter + '>' + (letter == 'l' ? "red" : "1") + "</" + letter + '>';
+    return xml + "</order>";
+}
+
+// What stands in the properties afterwards, in table order, or of the failure what it starts with.
+std::string Outcome(Model& model, char const* letters, CSerializationContext const& context) {
+    CSmartPtr<Probe> const probe(new Probe(model));
+    try {
+        probe->FromXml(Elements(letters).c_str(), context);
+    } catch (CZvException const& failure) {
+        std::string const text = failure.GetFullMessage();
+        for (char const* element : {"i", "k", "m", "x"}) {
+            if (text == Unread(element))
+                return std::string("unread ") + element;
+        }
+        EXPECT_EQ(text, Missing("group"));
+        return "missing";
+    }
+    std::string held;
+    auto const look = [&held](Probe const& object, Model const& tables) {
+        for (std::size_t i = 0; tables.elements[i] != nullptr; ++i) {
+            if (object.properties[i].GetTypeAsEnum() == ItemType_i4)
+                held += std::to_string(i);
+        }
+    };
+    look(*probe, model);
+    if (Probe const* const group = probe->ObjectAt(1)) {
+        held += '(';
+        look(*group, *s_group);
+        held += ')';
+    }
+    return held;
+}
+
+struct Row {
+    char const* letters;
+    char const* mandatory;
+    char const* lax;
+    char const* optional;
+};
+
+void ExpectOutcomes(std::vector<Row> const& rows, CSerializationContext const& context) {
+    Order mandatory(Kind::kMandatory), lax(Kind::kLax), optional(Kind::kOptional);
+    for (Row const& row : rows) {
+        EXPECT_EQ(Outcome(mandatory, row.letters, context), row.mandatory) << row.letters;
+        EXPECT_EQ(Outcome(lax, row.letters, context), row.lax) << row.letters;
+        EXPECT_EQ(Outcome(optional, row.letters, context), row.optional) << row.letters;
+    }
+}
+
+CSerializationContext SkippingUnknown() {
+    return Ignoring(&CSerializationContext::SetIgnoreUnknownElements);
+}
+
+TEST(GroupInASequence, OfASequence) {
+    Group const group(XmlElementGroupType_Sequence,
+                      {Prim<CElementInfoSeqPrimMnd>("k", 0), Enum<CElementInfoSeqEnumOpt>("l", 1),
+                       Prim<CElementInfoSeqPrimOpt>("m", 2)});
+    ExpectOutcomes(
+        {
+            {"akmz", "02(02)", "02(02)", "02(02)"},
+            {"aklz", "02(01)", "02(01)", "02(01)"},
+            {"k", "(0)", "(0)", "(0)"},
+            {"a", "missing", "0()", "0"},
+            {"az", "missing", "02()", "02"},
+            {"xk", "missing", "unread x", "unread x"},
+            {"akxz", "unread x", "unread x", "unread x"},
+            {"akzx", "unread x", "unread x", "unread x"},
+            {"kk", "unread k", "unread k", "unread k"},
+        },
+        ctx);
+    ExpectOutcomes(
+        {
+            // The mandatory entry of the group looks for its element itself.
+            {"axkz", "02(0)", "02(0)", "02(0)"},
+            // What is unknown behind the group is skipped at the end, for the last entry.
+            {"akxz", "02(0)", "02(0)", "02(0)"},
+            {"akzx", "02(0)", "02(0)", "02(0)"},
+            // For want of the group the driver skips all that stands there; not so if it is optional.
+            {"az", "missing", "0()", "02"},
+        },
+        SkippingUnknown());
+}
+
+// Which does not look for its element, unlike a mandatory primitive; the group's own driver skips for it.
+TEST(GroupInASequence, OfAnEnumeration) {
+    Group const group(XmlElementGroupType_Sequence, {Enum<CElementInfoSeqEnumMnd>("l", 0)});
+    ExpectOutcomes({{"alz", "02(0)", "02(0)", "02(0)"}}, ctx);
+    ExpectOutcomes({{"axlz", "02(0)", "02(0)", "02(0)"}, {"az", "missing", "0()", "02"}}, SkippingUnknown());
+}
+
+TEST(GroupInASequence, OfAChoice) {
+    Group const group(XmlElementGroupType_Choice,
+                      {Prim<CElementInfoChoicePrimOpt>("k", 0), Prim<CElementInfoChoicePrimOpt>("m", 1)});
+    ExpectOutcomes(
+        {
+            {"amz", "02(1)", "02(1)", "02(1)"},
+            {"akmz", "unread m", "unread m", "unread m"},
+            {"az", "missing", "02()", "02"},
+            {"axm", "missing", "unread x", "unread x"},
+            {"", "missing", "()", ""},
+        },
+        ctx);
+    ExpectOutcomes(
+        {
+            // In a nested choice nothing skips; the driver around it does, where it is told of no progress.
+            {"axmz", "missing", "02(1)", "02"},
+            {"akxz", "02(0)", "02(0)", "02(0)"},
+            {"az", "missing", "0()", "02"},
+        },
+        SkippingUnknown());
+}
+
+TEST(GroupInASequence, OfAnAllGroup) {
+    Group const group(XmlElementGroupType_All,
+                      {Prim<CElementInfoAllPrimMnd>("k", 0), Prim<CElementInfoAllPrimOpt>("m", 1)});
+    ExpectOutcomes(
+        {
+            {"amkz", "02(01)", "02(01)", "02(01)"},
+            {"kz", "2(0)", "2(0)", "2(0)"},
+            // Without what is mandatory the group gives back what it has read.
+            {"amz", "missing", "unread m", "unread m"},
+            {"akxmz", "unread x", "unread x", "unread x"},
+            {"akmkz", "unread k", "unread k", "unread k"},
+        },
+        ctx);
+    ExpectOutcomes(
+        {
+            {"axkz", "missing", "02(0)", "02"},
+            {"akxmz", "02(0)", "02(0)", "02(0)"},
+            {"amz", "missing", "0()", "02"},
+        },
+        SkippingUnknown());
+}
+
+TEST(GroupInASequence, OfACollectionTestsItsCount) {
+    for (bool const isChoice : {false, true}) {
+        Group group(isChoice ? XmlElementGroupType_Choice : XmlElementGroupType_Sequence,
+                    {isChoice ? static_cast<CElementInfo*>(new CElementInfoChoicePrimCol("i", "", 0))
+                              : new CElementInfoSeqPrimCol("i", "", 0)});
+        group.init = [](Probe& probe) {
+            probe.properties[0].SetXmlCollection(NewCol<Ci4Col>({"i", "", 2, 3}));
+        };
+        Order order(Kind::kOptional);
+        for (auto const& [letters, outcome] : {std::pair("aiiz", "02()"), std::pair("aiiiz", "02()"),
+                                               std::pair("aiz", "unread i"), std::pair("aiiiiz", "unread i")})
+            EXPECT_EQ(Outcome(order, letters, ctx), outcome) << letters;
+        EXPECT_EQ(Outcome(order, "aiz", Ignoring(&CSerializationContext::SetIgnoreInvalidCollectionCounts)),
+                  "02()");
+    }
+}
+
+// A group is given the element around it, so that it sees all of its attributes.
+TEST(NestedGroup, SeesTheAttributesOfTheElementAroundIt) {
+    Group group(XmlElementGroupType_Sequence, {Prim<CElementInfoSeqPrimOpt>("k", 0)});
+    Order order(Kind::kLax);
+    order.attributes = {Attribute("mine", 3, true), nullptr};
+    EXPECT_EQ(entries::Outcome(order, "<order mine='1'><k>2</k></order>"),
+              "<order mine=\"1\"><k>2</k></order>");
+
+    CSmartPtr<NillableProbe> const nillable(new NillableProbe(order));
+    EXPECT_EQ(ReadFailure(*nillable, "<order xmlns:i='http://www.w3.org/2001/XMLSchema-instance' "
+                                     "i:nil='false'><k>2</k></order>"),
+              "Invalid use of 'nil' attribute in non-nillable element.\nPath: /order");
+
+    Group required(XmlElementGroupType_Sequence, {});
+    required.attributes = {Attribute("its", 3, false), nullptr};
+    EXPECT_EQ(entries::Outcome(order, "<order/>"), Failed("Failed to find the required Attribute [its]."));
+
+    Model strict;
+    strict.type = XmlElementType_Pseudo;
+    strict.Finish();
+    s_group = &strict;
+    EXPECT_EQ(entries::Outcome(order, "<order mine='1'/>"),
+              "Unexpected Attribute found.\nPath: /order/@mine");
+}
+
+TEST(NestedGroup, AddsLinksUnderItsOwnName) {
+    Group group(XmlElementGroupType_Sequence, {Prim<CElementInfoSeqPrimMnd>("k", 0)});
+    group.attributes = {Attribute("its", 1, false), nullptr};
+    Order order(Kind::kLax);
+    CSmartPtr<Probe> const probe(new Probe(order));
+    EXPECT_EQ(WriteFailure(*probe),
+              "Failed to convert attributes to XML\nFailed to convert attributes to XML\n"
+              "Invalid Type 0 to convert to string");
+    probe->FromXml("<order its='1'><k>2</k></order>", ctx);
+    probe->ObjectAt(1)->properties[0].SetInvalid();
+    EXPECT_EQ(WriteFailure(*probe), "Failed to convert the element [] to XML\n"
+                                    "The Property [k] is mandatory, it may not be NULL");
+    // As a root it has neither a tag nor what belongs to one.
+    CSerializationContext full;
+    full.GetProcessingInstructions().push_back("<?pi?>");
+    full.GetAdditionalRootAttributes()->Add("extra", "1", "");
+    probe->ObjectAt(1)->properties[0].SetI4(2);
+    EXPECT_EQ(Write(*probe->ObjectAt(1), full), "<k>2</k>");
+}
+
+// A choice inside a choice may be empty, one inside a sequence may not.
+TEST(NestedChoice, MayBeEmptyInAChoice) {
+    Model leaf;
+    leaf.name = "leaf";
+    leaf.Finish();
+    Model inner;
+    inner.name = "inner";
+    inner.group = XmlElementGroupType_Choice;
+    inner.elements = {new CElementInfoChoiceClsCol("leaf", "", 0, XmlElementType_Element)};
+    inner.init = [&leaf](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(leaf, 1, -1)); };
+    inner.Finish();
+    s_group = &inner;
+    OrderOf choice(XmlElementGroupType_Choice,
+                   {new CElementInfoChoiceClsOpt("inner", "", 0, XmlElementType_Element, MakeGroup, 0)});
+    EXPECT_EQ(entries::Outcome(choice, "<order><inner/></order>"), "<order><inner/></order>");
+    OrderOf sequence({new CElementInfoSeqClsOpt("inner", "", 0, XmlElementType_Element, MakeGroup, 0)});
+    EXPECT_EQ(entries::Outcome(sequence, "<order><inner/></order>"),
+              "No child elements within the element [inner] were populated. The element represents a choice, "
+              "so one and only one element should be populated. The element contained no sutable child "
+              "elements\nPath: /order/inner");
+    CSmartPtr<Probe> const probe(new Probe(sequence));
+    probe->properties[0].SetXmlObject(new Probe(inner));
+    EXPECT_EQ(WriteFailure(*probe), "Failed to convert the element [inner] to XML\n"
+                                    "This element is a choice, and as such must have at one (and only one) "
+                                    "valid item, currently there are none set");
+}
+
+TEST(NestedChoice, MayBeEmptyForACollectionThatMayBe) {
+    Model leaf;
+    leaf.name = "leaf";
+    leaf.Finish();
+    for (int const minOccurs : {0, 1}) {
+        for (bool const isBare : {false, true}) {
+            OrderOf choice(XmlElementGroupType_Choice,
+                           {isBare ? new CElementInfoChoiceCol("leaf", "", 0)
+                                   : new CElementInfoChoiceClsCol("leaf", "", 0, XmlElementType_Element)},
+                           [&leaf, minOccurs](Probe& probe) {
+                               probe.properties[0].SetXmlCollection(new ProbeCol(leaf, minOccurs, -1));
+                           });
+            CSmartPtr<Probe> const probe(new Probe(choice));
+            // Of entries for a collection as such the bounds are not looked at.
+            EXPECT_EQ(probe->DoesElementContainOptionalElements(), minOccurs == 0 && !isBare);
+            EXPECT_EQ(entries::Outcome(choice, "<order><leaf/></order>"), "<order><leaf/></order>");
+        }
+    }
+}
+
+} // namespace

@@ -1,0 +1,128 @@
+// CSerializationContext, the options of one serialisation or one read.
+#pragma once
+
+#include "zvxmllib/context/NamespaceAliasMap.h"
+#include "zvxmllib/context/OnDemandPart.h"
+#include "zvxmllib/foundation/Enumerations.h"
+#include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/SmartPtr.h"
+#include "zvxmllib/platform/Api.h"
+
+#include <list>
+#include <string>
+
+namespace ZvXmlLib16 {
+
+struct RootAttributes;
+
+// Plain configuration, passed by const reference to the entry points and reusable. Belongs to one thread
+// at a time; the default context may be read by several threads as long as none changes it.
+class ZV_API CSerializationContext {
+public:
+    CSerializationContext();
+    // Shares the additional root attributes, copies everything else.
+    CSerializationContext(CSerializationContext const& other);
+    CSerializationContext& operator=(CSerializationContext const& other);
+    virtual ~CSerializationContext();
+
+    // The context of calls that name none. A change lasts for the life of the process.
+    static CSerializationContext& GetDefaultContext();
+
+    // Declared at the root when not empty; elements in it get no prefix.
+    std::string GetDefaultNamespaceURI() const;
+    void SetDefaultNamespaceURI(char const* uri);
+
+    // Whether xsi:type names the class of an object under another element name than its own. True.
+    bool GetWriteTypeAttribute() const noexcept { return m_writeTypeAttribute; }
+    void SetWriteTypeAttribute(bool write) noexcept { m_writeTypeAttribute = write; }
+
+    // The prefixes declared at the root.
+    CNamespaceAliasMap const& GetNamespaceAliases() const noexcept { return m_namespaceAliases; }
+    CNamespaceAliasMap& GetNamespaceAliases() noexcept { return m_namespaceAliases; }
+
+    // Attributes written on the root element, ahead of the object's own. Made at first use.
+    CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
+
+    // Whole instructions, written in order ahead of the root element.
+    std::list<std::string> const& GetProcessingInstructions() const noexcept {
+        return m_processingInstructions;
+    }
+    std::list<std::string>& GetProcessingInstructions() noexcept { return m_processingInstructions; }
+
+    // Written as it is inside the root's start tag, behind its attributes.
+    std::string GetInLineSchema() const;
+    void SetInLineSchema(char const* schema);
+
+    bool GetIgnoreInvalidCollectionCounts() const noexcept { return m_ignoreInvalidCollectionCounts; }
+    void SetIgnoreInvalidCollectionCounts(bool ignore) noexcept { m_ignoreInvalidCollectionCounts = ignore; }
+
+    bool GetIgnoreMissingChoice() const noexcept { return m_ignoreMissingChoice; }
+    void SetIgnoreMissingChoice(bool ignore) noexcept { m_ignoreMissingChoice = ignore; }
+
+    // The next two exclude each other; setting both throws CZvInvalidStateException.
+    bool GetIgnoreMissingMandatoryElements() const noexcept { return m_ignoreMissingMandatoryElements; }
+    void SetIgnoreMissingMandatoryElements(bool ignore);
+    bool GetIgnoreUnknownElements() const noexcept { return m_ignoreUnknownElements; }
+    void SetIgnoreUnknownElements(bool ignore);
+
+    bool GetIgnoreUnknownAttributes() const noexcept { return m_ignoreUnknownAttributes; }
+    void SetIgnoreUnknownAttributes(bool ignore) noexcept { m_ignoreUnknownAttributes = ignore; }
+
+    // Match by local names alone; always true for SchemaType_NoNamespaces.
+    bool GetIgnoreNamespaces() const noexcept {
+        return m_ignoreNamespaces || m_schemaType == SchemaType_NoNamespaces;
+    }
+    void SetIgnoreNamespaces(bool ignore) noexcept { m_ignoreNamespaces = ignore; }
+
+    SchemaType GetSchemaType() const noexcept { return m_schemaType; }
+    void SetSchemaType(SchemaType type) noexcept { m_schemaType = type; }
+
+    // An optional attribute that equals its default is not written.
+    bool GetNoOptionalAttributeDefaultOutput() const noexcept { return m_noOptionalAttributeDefaultOutput; }
+    void SetNoOptionalAttributeDefaultOutput(bool noOutput) noexcept {
+        m_noOptionalAttributeDefaultOutput = noOutput;
+    }
+
+    // An element that equals its default is written with its text; otherwise it is written empty.
+    bool GetWriteDefaultElementValues() const noexcept { return m_writeDefaultElementValues; }
+    void SetWriteDefaultElementValues(bool write) noexcept { m_writeDefaultElementValues = write; }
+
+    // False keeps the marks of CDATA sections in the texts read. True.
+    bool GetStripCDATA() const noexcept { return m_stripCDATA; }
+    void SetStripCDATA(bool strip) noexcept { m_stripCDATA = strip; }
+
+    // One unit of indent: blanks and tabs, one tab at first; null for none. Other characters throw
+    // CZvInvalidParamException.
+    std::string GetIndentChars() const;
+    void SetIndentChars(char const* indent);
+
+    // The options of JSON and of Fast Infoset, owned by the context and made at first use. A copied context
+    // has copies of its own.
+    CJsonContext& GetJsonContext() const;
+    CFastInfosetContext& GetFIContext() const;
+
+private:
+    friend class IgnoredNamespaces; // of a JSON read
+
+    OnDemandPart<CJsonContext> m_json;
+    OnDemandPart<CFastInfosetContext> m_fastInfoset;
+    std::string m_defaultNamespaceUri;
+    CNamespaceAliasMap m_namespaceAliases;
+    OnDemandPart<RootAttributes> m_rootAttributes; // a copied context shares the collection
+    std::list<std::string> m_processingInstructions;
+    std::string m_inLineSchema;
+    std::string m_indentChars{"\t"};
+    SchemaType m_schemaType = SchemaType_Namespaces;
+    bool m_writeTypeAttribute = true;
+    bool m_ignoreInvalidCollectionCounts = false;
+    bool m_ignoreMissingChoice = false;
+    bool m_ignoreMissingMandatoryElements = false;
+    bool m_ignoreUnknownElements = false;
+    bool m_ignoreUnknownAttributes = false;
+    mutable bool m_ignoreNamespaces = false;
+    bool m_noOptionalAttributeDefaultOutput = false;
+    bool m_writeDefaultElementValues = false;
+    bool m_stripCDATA = true;
+};
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,146 @@
+#include "zvxmllib/driver/AttributeInfoFamily.h"
+
+#include "zvxmllib/collections/Attribute.h"
+#include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/document/XmlAttribute.h"
+#include "zvxmllib/driver/Failures.h"
+#include "zvxmllib/driver/XmlGeneratedClass.h"
+#include "zvxmllib/values/facets/CheckPrimitive.h"
+#include "zvxmllib/values/variant/ZvVariant.h"
+#include "zvxmllib/writers/XmlWriter.h"
+
+namespace ZvXmlLib16Data {
+
+namespace {
+
+char const* TextOrEmpty(char const* text) {
+    return text == nullptr ? "" : text;
+}
+
+CSmartPtr<ZvXmlLib16::CXmlObjectBase> CollectionOf(ZvVariant const& value) {
+    if (value.GetTypeAsEnum() != ZvXmlLib16::ItemType_XmlCollection || value.IsNil())
+        return {};
+    return value.GetXmlObject();
+}
+
+} // namespace
+
+CAttributeInfoPrimitive::CAttributeInfoPrimitive(char const* name, char const* ns, std::int32_t propertyIndex,
+                                                 bool optional, ZvXmlLib16::ItemType type,
+                                                 char const* formatOverride,
+                                                 ZvXmlLib16::CWhitespaceUtils::WhitespaceRule rule,
+                                                 ZvXmlLib16::CPrimitiveRestrictions const& restrictions,
+                                                 char const* defaultValue)
+    : CAttributeInfo(name, ns, propertyIndex, optional, defaultValue), m_restrictions(restrictions),
+      m_type(type), m_formatOverride(TextOrEmpty(formatOverride)), m_rule(rule),
+      m_needsCheck(ZvXmlLib16::NeedsCheck(type, restrictions)) {}
+
+CAttributeInfoPrimitive::~CAttributeInfoPrimitive() = default;
+
+void CAttributeInfoPrimitive::CheckRestriction(ZvVariant const& value) const {
+    ZvXmlLib16::CheckPrimitiveVariant(m_name.c_str(), value, m_type, m_restrictions);
+}
+
+void CAttributeInfoPrimitive::AttributeToXml(CSerializationContext const& ctx,
+                                             CXmlGeneratedClass const* object, CXmlWriter* writer) const {
+    ZvVariant value;
+    ReadProperty(object, value);
+    if (m_optional && !value.IsValid())
+        return;
+    std::string buffer;
+    std::string const& text = value.ToText(m_formatOverride.c_str(), buffer);
+    if (IsSuppressedDefault(ctx, text))
+        return;
+    if (m_needsCheck)
+        CheckRestriction(value);
+    writer->WriteAttribute(m_name, m_namespace, text, value.GetTypeAsEnum());
+}
+
+bool CAttributeInfoPrimitive::AttributeFromXml(CSerializationContext const&, CXmlGeneratedClass* object,
+                                               CXmlAttribute* attribute) {
+    if (!HasExactName(*attribute))
+        return false;
+    ZvVariant value;
+    value.FromText(attribute->GetValueView(), m_type, m_rule);
+    InvokePropertySet(object, value, *attribute);
+    return true;
+}
+
+void CAttributeInfoPrimitive::Validate(CSerializationContext const&, bool found) const {
+    ValidatePresence(found);
+}
+
+CAttributeInfoEnum::CAttributeInfoEnum(char const* name, char const* ns, std::int32_t propertyIndex,
+                                       bool optional, char const* (*enumToString)(int),
+                                       int (*stringToEnum)(char const*), char const* defaultValue)
+    : CAttributeInfo(name, ns, propertyIndex, optional, defaultValue), m_enumToString(enumToString),
+      m_stringToEnum(stringToEnum) {}
+
+CAttributeInfoEnum::~CAttributeInfoEnum() = default;
+
+void CAttributeInfoEnum::AttributeToXml(CSerializationContext const& ctx, CXmlGeneratedClass const* object,
+                                        CXmlWriter* writer) const {
+    ZvVariant value;
+    ReadProperty(object, value);
+    if (m_optional && !value.IsValid())
+        return;
+    // A mandatory attribute that has no value fails as the conversion of it does.
+    std::string const text = value.GetTypeAsEnum() == ZvXmlLib16::ItemType_i4
+                                 ? TextOrEmpty(m_enumToString(value.GetI4()))
+                                 : value.ToString(nullptr);
+    if (IsSuppressedDefault(ctx, text))
+        return;
+    writer->WriteAttribute(m_name, m_namespace, text, ZvXmlLib16::ItemType_string);
+}
+
+bool CAttributeInfoEnum::AttributeFromXml(CSerializationContext const& ctx, CXmlGeneratedClass* object,
+                                          CXmlAttribute* attribute) {
+    if (!IsThisAttribute(ctx, attribute))
+        return false;
+    ZvVariant value;
+    value.SetI4(m_stringToEnum(attribute->GetValue().c_str()));
+    InvokePropertySet(object, value, *attribute);
+    return true;
+}
+
+void CAttributeInfoEnum::Validate(CSerializationContext const&, bool found) const {
+    ValidatePresence(found);
+}
+
+CAttributeInfoAny::CAttributeInfoAny(char const* name, char const* ns, std::int32_t propertyIndex,
+                                     bool optional, char const* allowedNamespaces,
+                                     char const* targetNamespace, char const* defaultValue)
+    : CAttributeInfo(name, ns, propertyIndex, optional, defaultValue),
+      m_allowedNamespaces(TextOrEmpty(allowedNamespaces)), m_targetNamespace(TextOrEmpty(targetNamespace)) {}
+
+CAttributeInfoAny::~CAttributeInfoAny() = default;
+
+void CAttributeInfoAny::AttributeToXml(CSerializationContext const& ctx, CXmlGeneratedClass const* object,
+                                       CXmlWriter* writer) const {
+    ZvVariant value;
+    ReadProperty(object, value);
+    CSmartPtr<CXmlObjectBase> const attributes = CollectionOf(value);
+    if (attributes == nullptr)
+        FailNoCollection(m_name);
+    ToXml_Int(attributes, writer, false, GetTargetNamespace(object).c_str(), ctx);
+}
+
+bool CAttributeInfoAny::AttributeFromXml(CSerializationContext const&, CXmlGeneratedClass* object,
+                                         CXmlAttribute* attribute) {
+    if (!IsNamespaceValid(attribute->GetNamespaceURI(), m_allowedNamespaces, m_targetNamespace))
+        return false;
+    ZvVariant value;
+    InvokePropertyGet(object, value);
+    CSmartPtr<CXmlObjectBase> const collection = CollectionOf(value);
+    auto* const attributes =
+        dynamic_cast<ZvXmlLib16::CAttributeCol*>(static_cast<CXmlObjectBase*>(collection));
+    if (attributes == nullptr)
+        FailNoAttributeCollection();
+    attributes->Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
+                    attribute->GetNamespaceURI().c_str());
+    return true;
+}
+
+void CAttributeInfoAny::Validate(CSerializationContext const&, bool) const {}
+
+} // namespace ZvXmlLib16Data

@@ -1,0 +1,75 @@
+// The entries of an attribute table: primitive, enumeration and wildcard attributes.
+#pragma once
+
+#include "zvxmllib/driver/AttributeInfo.h"
+#include "zvxmllib/foundation/Enumerations.h"
+#include "zvxmllib/values/facets/PrimitiveRestrictions.h"
+#include "zvxmllib/values/text/Whitespace.h"
+
+namespace ZvXmlLib16Data {
+
+// A typed attribute. Its value is tested against the facets on writing. Matches by exact name and namespace.
+class ZV_API CAttributeInfoPrimitive : public CAttributeInfo {
+public:
+    CAttributeInfoPrimitive(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
+                            ZvXmlLib16::ItemType type, char const* formatOverride,
+                            ZvXmlLib16::CWhitespaceUtils::WhitespaceRule rule,
+                            ZvXmlLib16::CPrimitiveRestrictions const& restrictions, char const* defaultValue);
+    ~CAttributeInfoPrimitive() override;
+
+    void AttributeToXml(CSerializationContext const& ctx, CXmlGeneratedClass const* object,
+                        CXmlWriter* writer) const override;
+    bool AttributeFromXml(CSerializationContext const& ctx, CXmlGeneratedClass* object,
+                          CXmlAttribute* attribute) override;
+    void Validate(CSerializationContext const& ctx, bool found) const override;
+
+    // Throws CZvInvalidValueException for a value that offends a facet.
+    void CheckRestriction(ZvVariant const& value) const;
+
+private:
+    ZvXmlLib16::CPrimitiveRestrictions const m_restrictions;
+    ZvXmlLib16::ItemType const m_type;
+    std::string const m_formatOverride;
+    ZvXmlLib16::CWhitespaceUtils::WhitespaceRule const m_rule;
+    bool const m_needsCheck; // values are to be tested on writing
+};
+
+// An attribute of a generated enumeration: the property holds the enumerator as i4.
+class ZV_API CAttributeInfoEnum : public CAttributeInfo {
+public:
+    CAttributeInfoEnum(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
+                       char const* (*enumToString)(int), int (*stringToEnum)(char const*),
+                       char const* defaultValue);
+    ~CAttributeInfoEnum() override;
+
+    void AttributeToXml(CSerializationContext const& ctx, CXmlGeneratedClass const* object,
+                        CXmlWriter* writer) const override;
+    bool AttributeFromXml(CSerializationContext const& ctx, CXmlGeneratedClass* object,
+                          CXmlAttribute* attribute) override;
+    void Validate(CSerializationContext const& ctx, bool found) const override;
+
+private:
+    char const* (*const m_enumToString)(int);
+    int (*const m_stringToEnum)(char const*);
+};
+
+// An attribute wildcard: takes every attribute whose namespace is allowed into a CAttributeCol.
+class ZV_API CAttributeInfoAny : public CAttributeInfo {
+public:
+    CAttributeInfoAny(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
+                      char const* allowedNamespaces, char const* targetNamespace, char const* defaultValue);
+    ~CAttributeInfoAny() override;
+
+    void AttributeToXml(CSerializationContext const& ctx, CXmlGeneratedClass const* object,
+                        CXmlWriter* writer) const override;
+    bool AttributeFromXml(CSerializationContext const& ctx, CXmlGeneratedClass* object,
+                          CXmlAttribute* attribute) override;
+    // Nothing is required of a wildcard.
+    void Validate(CSerializationContext const& ctx, bool found) const override;
+
+private:
+    std::string const m_allowedNamespaces;
+    std::string const m_targetNamespace;
+};
+
+} // namespace ZvXmlLib16Data

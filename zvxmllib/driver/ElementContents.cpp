@@ -1,0 +1,131 @@
+#include "zvxmllib/driver/ElementContents.h"
+
+#include "zvxmllib/collections/Element.h"
+#include "zvxmllib/document/XmlElement.h"
+
+namespace ZvXmlLib16Data {
+
+// ValueEntry
+
+bool ValueEntry::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
+    return IsPrimitive() ? ElementToXmlPrim(ctx, object, writer)
+                         : ElementToXmlEnum(ctx, object, writer, m_enumToString);
+}
+
+bool ValueEntry::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement*, CXmlElement** current,
+                                char const*, XmlElementType) {
+    if (!IsThisElement(ctx, *current))
+        return false;
+    ReadValue(ctx, object, current);
+    return true;
+}
+
+void ValueEntry::ReadValue(Ctx const& ctx, Object* object, CXmlElement** current) const {
+    if (IsPrimitive())
+        ElementFromXmlPrim(ctx, object, current);
+    else
+        ElementFromXmlEnum(ctx, object, current);
+}
+
+PrimitiveEntry::PrimitiveEntry(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
+                               ItemType type, char const* formatOverride,
+                               CWhitespaceUtils::WhitespaceRule rule,
+                               CPrimitiveRestrictions const& restrictions, char const* defaultValue)
+    : ValueEntry(name, ns, propertyIndex, nillable, type, formatOverride, rule, restrictions, defaultValue) {}
+
+EnumEntry::EnumEntry(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
+                     EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue)
+    : ValueEntry(name, ns, propertyIndex, nillable, enumToString, stringToEnum, defaultValue) {}
+
+// ObjectEntry
+
+ObjectEntry::ObjectEntry(char const* name, char const* ns, std::int32_t propertyIndex,
+                         XmlElementType elementType)
+    : CElementInfo(name, ns, propertyIndex), m_elementType(elementType) {}
+
+bool ObjectEntry::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
+    return ElementToXmlCls(ctx, object, writer, false);
+}
+
+void ObjectEntry::PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
+    ObjectAttributesToXml(ctx, object, writer, m_elementType);
+}
+
+bool ObjectEntry::TakeInto(Ctx const& ctx, Object* object, CXmlObjectBase* child, CXmlElement* element,
+                           CXmlElement** current) const {
+    CXmlElement const& offered = **current;
+    if (!IsGroup())
+        ReadRealChild(ctx, child, current, false);
+    else if (!ReadGroup(ctx, child, element, current))
+        return false;
+    SetObjectProperty(object, child, offered);
+    return true;
+}
+
+// ClassEntry
+
+ClassEntry::ClassEntry(char const* name, char const* ns, std::int32_t propertyIndex,
+                       XmlElementType elementType, ClassFactory factory, int classId)
+    : ObjectEntry(name, ns, propertyIndex, elementType), m_factory(factory), m_classId(classId) {}
+
+bool ClassEntry::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                                char const*, XmlElementType) {
+    if (*current == nullptr || (!IsGroup() && !IsThisElement(ctx, *current)))
+        return false;
+    return TakeInto(ctx, object, MakeChild(), element, current);
+}
+
+// AbstractClassEntry
+
+AbstractClassEntry::AbstractClassEntry(char const* name, char const* ns, std::int32_t propertyIndex,
+                                       XmlElementType elementType, ElementFactory factory)
+    : ObjectEntry(name, ns, propertyIndex, elementType), m_factory(factory) {}
+
+bool AbstractClassEntry::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement*, CXmlElement** current,
+                                        char const*, XmlElementType) {
+    CXmlElement const* const offered = *current;
+    CSmartPtr<CXmlObjectBase> const child = MakeSubstitute(ctx, *current);
+    if (child == nullptr)
+        return false;
+    ReadRealChild(ctx, child, current, false);
+    SetObjectProperty(object, child, *offered);
+    return true;
+}
+
+CSmartPtr<CXmlObjectBase> AbstractClassEntry::MakeSubstitute(Ctx const& ctx, CXmlElement* current) const {
+    if (!IsThisElement(ctx, current))
+        return {};
+    return MakeFor(current);
+}
+
+// UntypedEntry
+
+UntypedEntry::UntypedEntry(char const* name, char const* ns, std::int32_t propertyIndex,
+                           char const* allowedNamespaces, char const* targetNamespace)
+    : CElementInfo(name, ns, propertyIndex),
+      m_allowedNamespaces(allowedNamespaces == nullptr ? "" : allowedNamespaces),
+      m_targetNamespace(targetNamespace == nullptr ? "" : targetNamespace) {
+    m_usesClassNamespace = true;
+}
+
+bool UntypedEntry::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
+    return ElementToXmlCls(ctx, object, writer, false);
+}
+
+bool UntypedEntry::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                                  char const* ns, XmlElementType) {
+    CXmlElement const* const offered = *current;
+    if (!PassesNameTest(offered))
+        return false;
+    CSmartPtr<CElement> const child = MakeChild(ns);
+    if (!ReadGroup(ctx, child, element, current))
+        return false;
+    SetObjectProperty(object, child, *offered);
+    return true;
+}
+
+CSmartPtr<CElement> UntypedEntry::MakeChild(char const* ns) const {
+    return NewUntyped(ns, m_allowedNamespaces, m_targetNamespace);
+}
+
+} // namespace ZvXmlLib16Data

@@ -1,0 +1,107 @@
+// The entries of a choice: 11 classes. Each answers whether it took the child.
+#pragma once
+
+#include "zvxmllib/driver/ElementContents.h"
+
+namespace ZvXmlLib16Data {
+
+template <class Content>
+class ChoiceOption : public Content {
+public:
+    using Content::Content;
+
+    CElementInfo::ChoiceMember GetChoiceMember() const noexcept override {
+        return CElementInfo::ChoiceMember::kOptional;
+    }
+};
+
+// The object is in place while it is filled; a nested choice may be empty.
+class ZV_API CElementInfoChoiceClsOpt : public ChoiceOption<ClassEntry> {
+public:
+    using ChoiceOption::ChoiceOption;
+
+    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+// The object is in place while it is filled.
+class ZV_API CElementInfoChoiceAbsClsOpt : public ChoiceOption<AbstractClassEntry> {
+public:
+    using ChoiceOption::ChoiceOption;
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+class ZV_API CElementInfoChoicePrimOpt : public ChoiceOption<PrimitiveEntry> {
+public:
+    using ChoiceOption::ChoiceOption;
+};
+
+class ZV_API CElementInfoChoiceEnumOpt : public ChoiceOption<EnumEntry> {
+public:
+    using ChoiceOption::ChoiceOption;
+};
+
+// The element is in place while it is filled.
+class ZV_API CElementInfoChoiceUntpdOpt : public ChoiceOption<UntypedEntry> {
+public:
+    using ChoiceOption::ChoiceOption;
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+// A collection as such, and the base of the other collections.
+class ZV_API CElementInfoChoiceCol : public CElementInfo {
+public:
+    CElementInfoChoiceCol(char const* name, char const* ns, std::int32_t propertyIndex);
+
+    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+// A collection that may be empty lets its choice be so.
+template <class Collection>
+class ChoiceCollection : public Collection {
+public:
+    using Collection::Collection;
+
+    CElementInfo::ChoiceMember GetChoiceMember() const noexcept override {
+        return CElementInfo::ChoiceMember::kCollection;
+    }
+};
+
+class ZV_API CElementInfoChoiceClsCol
+    : public ChoiceCollection<ObjectCollectionEntry<CElementInfoChoiceCol>> {
+public:
+    using ChoiceCollection::ChoiceCollection;
+};
+
+class ZV_API CElementInfoChoiceAbsClsCol
+    : public ChoiceCollection<ObjectCollectionEntry<CElementInfoChoiceCol>> {
+public:
+    using ChoiceCollection::ChoiceCollection;
+};
+
+class ZV_API CElementInfoChoicePrimCol : public ChoiceCollection<CElementInfoChoiceCol> {
+public:
+    using ChoiceCollection::ChoiceCollection;
+};
+
+class ZV_API CElementInfoChoiceEnumCol : public ChoiceCollection<CElementInfoChoiceCol> {
+public:
+    using ChoiceCollection::ChoiceCollection;
+};
+
+class ZV_API CElementInfoChoiceUntpdCol : public ChoiceCollection<CElementInfoChoiceCol> {
+public:
+    using ChoiceCollection::ChoiceCollection;
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+} // namespace ZvXmlLib16Data

@@ -1,0 +1,139 @@
+// The entries of a sequence: 16 classes. A mandatory entry that is absent fails in a real element and answers
+// false in a group; an optional one is done in any case.
+#pragma once
+
+#include "zvxmllib/driver/ElementContents.h"
+
+namespace ZvXmlLib16Data {
+
+template <class Content>
+class SequenceOption : public Content {
+public:
+    using Content::Content;
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override {
+        Content::ElementFromXml(ctx, object, element, current, ns, parentType);
+        return true;
+    }
+};
+
+// Its object is made by Init, so factory and class id are not used.
+class ZV_API CElementInfoSeqClsMnd : public MandatoryEntry<ClassEntry> {
+public:
+    CElementInfoSeqClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
+                          XmlElementType elementType, ClassFactory factory, int classId,
+                          bool contentMandatory);
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+
+private:
+    bool ReadOptionalGroup(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                           XmlElementType parentType) const;
+    bool ReadMandatoryGroup(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                            XmlElementType parentType) const;
+
+    bool const m_contentMandatory;
+};
+
+class ZV_API CElementInfoSeqClsOpt : public SequenceOption<ClassEntry> {
+public:
+    using SequenceOption::SequenceOption;
+};
+
+class ZV_API CElementInfoSeqAbsClsMnd : public MandatoryEntry<AbstractClassEntry> {
+public:
+    using MandatoryEntry::MandatoryEntry;
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+class ZV_API CElementInfoSeqAbsClsOpt : public SequenceOption<AbstractClassEntry> {
+public:
+    using SequenceOption::SequenceOption;
+};
+
+class ZV_API CElementInfoSeqPrimMnd : public MandatoryEntry<PrimitiveEntry> {
+public:
+    using MandatoryEntry::MandatoryEntry;
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+class ZV_API CElementInfoSeqPrimOpt : public SequenceOption<PrimitiveEntry> {
+public:
+    using SequenceOption::SequenceOption;
+};
+
+class ZV_API CElementInfoSeqEnumMnd : public MandatoryEntry<EnumEntry> {
+public:
+    using MandatoryEntry::MandatoryEntry;
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+class ZV_API CElementInfoSeqEnumOpt : public SequenceOption<EnumEntry> {
+public:
+    using SequenceOption::SequenceOption;
+};
+
+// The element is the one of the property.
+class ZV_API CElementInfoSeqUntpdMnd : public MandatoryEntry<UntypedEntry> {
+public:
+    using MandatoryEntry::MandatoryEntry;
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+class ZV_API CElementInfoSeqUntpdOpt : public UntypedEntry {
+public:
+    using UntypedEntry::UntypedEntry;
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+// A collection as such, and the base of the other collections.
+class ZV_API CElementInfoSeqCol : public CElementInfo {
+public:
+    CElementInfoSeqCol(char const* name, char const* ns, std::int32_t propertyIndex);
+
+    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+class ZV_API CElementInfoSeqClsCol : public ObjectCollectionEntry<CElementInfoSeqCol> {
+public:
+    using ObjectCollectionEntry::ObjectCollectionEntry;
+};
+
+class ZV_API CElementInfoSeqAbsClsCol : public ObjectCollectionEntry<CElementInfoSeqCol> {
+public:
+    using ObjectCollectionEntry::ObjectCollectionEntry;
+};
+
+class ZV_API CElementInfoSeqPrimCol : public CElementInfoSeqCol {
+public:
+    using CElementInfoSeqCol::CElementInfoSeqCol;
+};
+
+class ZV_API CElementInfoSeqEnumCol : public CElementInfoSeqCol {
+public:
+    using CElementInfoSeqCol::CElementInfoSeqCol;
+};
+
+class ZV_API CElementInfoSeqUntpdCol : public CElementInfoSeqCol {
+public:
+    using CElementInfoSeqCol::CElementInfoSeqCol;
+
+    bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
+                        char const* ns, XmlElementType parentType) override;
+};
+
+} // namespace ZvXmlLib16Data

@@ -1,0 +1,151 @@
+// The steps of reading that the members of the element family are made of.
+#include "zvxmllib/collections/Element.h"
+#include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/document/XmlAttribute.h"
+#include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/driver/ElementInfoBase.h"
+#include "zvxmllib/driver/Failures.h"
+#include "zvxmllib/driver/NilText.h"
+#include "zvxmllib/driver/XmlGeneratedClass.h"
+#include "zvxmllib/values/variant/ZvVariant.h"
+
+namespace ZvXmlLib16Data {
+
+// A primitive child has no other attribute than xsi:nil, xsi:type included.
+bool CElementInfo::ReadNilAttribute(Ctx const& ctx, CXmlElement& element) const {
+    bool isNil = false;
+    for (std::size_t i = 0; i < element.GetAttributeCount(); ++i) {
+        ZvXmlLib16::CXmlAttribute const& attribute = *element.GetAttributeAt(i);
+        if (!attribute.IsNilAttribute()) {
+            if (!ctx.GetIgnoreUnknownAttributes())
+                FailUnexpectedAttribute(attribute.GetXPath());
+            continue;
+        }
+        std::optional<bool> const value = ParseNil(attribute.GetValue());
+        isNil = value.value_or(true);
+        if (isNil && !m_nillable)
+            FailNilNotAllowed(element.GetXPath());
+        if (!value)
+            FailNilValue(attribute.GetValue(), attribute.GetXPath());
+    }
+    return isNil;
+}
+
+// Nil reaches the property as a nil value of its type.
+template <class Parse>
+void CElementInfo::ReadValue(Ctx const& ctx, Object* object, CXmlElement** current, ItemType type,
+                             Parse parse) const {
+    CXmlElement& element = **current;
+    ZvVariant value;
+    if (element.GetAttributeCount() != 0 && ReadNilAttribute(ctx, element)) {
+        value.SetNil(type);
+    } else {
+        std::string room;
+        ZvXmlLib16::NodeText const& text = element.GetNodeText();
+        parse(value, text.IsEmpty() ? std::string_view(m_defaultValue) : text.Read(room));
+    }
+    InvokePropertySet(object, value, element);
+    *current = element.GetNextSiblingElement();
+}
+
+void CElementInfo::ElementFromXmlPrim(Ctx const& ctx, Object* object, CXmlElement** current) const {
+    ReadValue(ctx, object, current, m_itemType, [this](ZvVariant& value, std::string_view text) {
+        value.FromText(text, m_itemType, m_whitespaceRule);
+    });
+}
+
+void CElementInfo::ElementFromXmlEnum(Ctx const& ctx, Object* object, CXmlElement** current) const {
+    ReadValue(ctx, object, current, ZvXmlLib16::ItemType_i4, [this](ZvVariant& value, std::string_view text) {
+        value.SetI4(m_stringToEnum(std::string(text).c_str()));
+    });
+}
+
+void CElementInfo::ReadRealChild(Ctx const& ctx, CXmlObjectBase* child, CXmlElement** current,
+                                 bool optionalChoice) const {
+    if (child == nullptr)
+        FailMandatoryProperty(m_name);
+    CXmlElement* const element = *current;
+    FromXml_Int(child, element, element->GetFirstElement(), ctx, optionalChoice);
+    *current = element->GetNextSiblingElement();
+}
+
+bool CElementInfo::ReadGroup(Ctx const& ctx, CXmlObjectBase* child, CXmlElement* element,
+                             CXmlElement** current) const {
+    if (child == nullptr)
+        FailMandatoryProperty(m_name);
+    CXmlElement* const next = FromXml_Int(child, element, *current, ctx, false);
+    bool const hasProgressed = next != *current;
+    *current = next;
+    return hasProgressed;
+}
+
+bool CElementInfo::FindMandatory(Ctx const& ctx, CXmlElement* element, CXmlElement** current) const {
+    while (!IsThisElement(ctx, *current)) {
+        if (ctx.GetIgnoreMissingMandatoryElements())
+            return false;
+        if (!ctx.GetIgnoreUnknownElements() || *current == nullptr)
+            FailRequiredChild(m_name, element->GetXPath());
+        *current = (*current)->GetNextSiblingElement();
+    }
+    return true;
+}
+
+CXmlElement* CElementInfo::ReadCollection(Ctx const& ctx, CXmlCollectionBase& collection,
+                                          CXmlElement* element, CXmlElement* current, bool isUntyped) const {
+    if (isUntyped && !m_isWildcard) {
+        // With a fixed name the collection takes children of that name and the namespace of the first.
+        auto* const elements = dynamic_cast<ZvXmlLib16::CElementCol*>(&collection);
+        if (elements != nullptr)
+            return elements->FromXmlLockElementName_Int(
+                m_name, current == nullptr ? std::string() : current->GetNamespaceURI(), element, current,
+                ctx);
+    }
+    // No level of nesting: its items are.
+    CXmlObjectBase& items = collection;
+    return items.FromXml_Int(element, current, ctx, false);
+}
+
+bool CElementInfo::SeqCollectionFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
+                                        CXmlElement** current, XmlElementType parentType,
+                                        bool isUntyped) const {
+    CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
+    *current = ReadCollection(ctx, *collection, element, *current, isUntyped);
+    if (parentType != XmlElementType_Element)
+        return collection->IsValidCount(ctx);
+    collection->ValidateCount(ctx);
+    return true;
+}
+
+bool CElementInfo::ChoiceCollectionFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
+                                           CXmlElement** current, XmlElementType parentType,
+                                           bool isUntyped) const {
+    CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
+    CXmlElement* const next = ReadCollection(ctx, *collection, element, *current, isUntyped);
+    if (next == *current)
+        return false;
+    if (parentType != XmlElementType_Element) {
+        if (!collection->IsValidCount(ctx))
+            return false; // and the cursor stays
+        *current = next;
+        return true;
+    }
+    *current = next;
+    collection->ValidateCount(ctx);
+    return true;
+}
+
+// False always, so that the entry is offered the cursor in every round.
+bool CElementInfo::AllCollectionFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
+                                        CXmlElement** current, bool isUntyped) const {
+    CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
+    *current = ReadCollection(ctx, *collection, element, *current, isUntyped);
+    return false;
+}
+
+bool CElementInfo::ValidateMandatory(bool found, bool checkMandatory) const {
+    if (!found && checkMandatory)
+        FailMandatoryElement(m_name);
+    return found;
+}
+
+} // namespace ZvXmlLib16Data

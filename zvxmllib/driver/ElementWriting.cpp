@@ -1,0 +1,109 @@
+// The steps of writing that the members of the element family are made of.
+#include "zvxmllib/binding/NestingGuard.h"
+#include "zvxmllib/binding/XmlCollectionBase.h"
+#include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/driver/ElementInfoBase.h"
+#include "zvxmllib/driver/Failures.h"
+#include "zvxmllib/driver/XmlGeneratedClass.h"
+#include "zvxmllib/values/variant/ZvVariant.h"
+#include "zvxmllib/writers/XmlWriter.h"
+
+namespace ZvXmlLib16Data {
+
+// A nil value is written also where the entry is not nillable. A value that equals the default is not tested
+// against the facets: whether its text stands in the output is the writer's to say.
+template <class ToText>
+bool CElementInfo::WriteProperty(Object const* object, CXmlWriter* writer, ToText toText) const {
+    auto& [value, buffer] = writer->GetValueRoom();
+    value.SetInvalid();
+    ReadProperty(object, value);
+    if (value.IsNil()) {
+        writer->WriteElementStart(m_name, m_namespace);
+        writer->WriteNilAttribute();
+        writer->WriteElementEnd();
+        return true;
+    }
+    if (!value.IsValid())
+        return false;
+    std::string const& text = toText(value, buffer);
+    bool const isDefault = !m_defaultValue.empty() && text == m_defaultValue;
+    if (m_needsCheck && !isDefault)
+        CheckRestriction(value);
+    writer->WriteElementStart(m_name, m_namespace);
+    writer->WriteElementValue(text, m_hasRestrictions ? value.GetTypeAsEnum() : ZvXmlLib16::ItemType_string,
+                              isDefault);
+    writer->WriteElementEnd();
+    return true;
+}
+
+bool CElementInfo::ElementToXmlPrim(Ctx const&, Object const* object, CXmlWriter* writer) const {
+    return WriteProperty(
+        object, writer, [this](ZvVariant const& value, std::string& buffer) -> auto& {
+            return value.ToText(m_formatOverride.c_str(), buffer);
+        });
+}
+
+bool CElementInfo::ElementToXmlEnum(Ctx const&, Object const* object, CXmlWriter* writer,
+                                    EnumToString enumToString) const {
+    return WriteProperty(
+        object, writer, [enumToString](ZvVariant const& value, std::string& buffer) -> auto& {
+            char const* const text = enumToString(value.GetI4());
+            return buffer = text == nullptr ? "" : text;
+        });
+}
+
+// The tag comes from the child's own element name, so that a derived element keeps its name.
+bool CElementInfo::ElementToXmlCls(Ctx const& ctx, Object const* object, CXmlWriter* writer,
+                                   bool optionalChoice) const {
+    CSmartPtr<CXmlObjectBase> const child = GetObjectProperty(object);
+    if (child == nullptr)
+        return false;
+    ZvXmlLib16::NestingGuard const level;
+    CXmlObjectBase const& constChild = *child;
+    constChild.ToXml_Int(writer, false, m_namespace.c_str(), ctx, optionalChoice);
+    return true;
+}
+
+bool CElementInfo::ElementToXmlCol(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
+    CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
+    if (collection->GetCount() < 1)
+        return false;
+    writer->SetCollectionState(ZvXmlLib16::CollectionState_Announced);
+    CXmlObjectBase const& items = *collection->GetBase();
+    items.ToXml_Int(writer, false, m_namespace.c_str(), ctx, false);
+    writer->SetCollectionState(ZvXmlLib16::CollectionState_Ended);
+    return true;
+}
+
+bool CElementInfo::ElementToXmlColOfValidCount(Ctx const& ctx, Object const* object,
+                                               CXmlWriter* writer) const {
+    if (!ctx.GetIgnoreInvalidCollectionCounts())
+        GetCollectionProperty(object)->ValidateCount(ctx);
+    return ElementToXmlCol(ctx, object, writer);
+}
+
+bool CElementInfo::Mandatory(bool written) const {
+    if (!written)
+        FailMandatoryProperty(m_name);
+    return true;
+}
+
+void CElementInfo::ObjectAttributesToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer,
+                                         XmlElementType elementType) const {
+    if (elementType != XmlElementType_Pseudo)
+        return;
+    CSmartPtr<CXmlObjectBase> const child = GetObjectProperty(object);
+    if (child != nullptr)
+        AttributesToXml_Int(child, writer, ctx);
+}
+
+void CElementInfo::CollectionAttributesToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer,
+                                             XmlElementType elementType) const {
+    if (elementType != XmlElementType_Pseudo)
+        return;
+    CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
+    CXmlObjectBase const& items = *collection;
+    items.AttributesToXml_Int(writer, ctx);
+}
+
+} // namespace ZvXmlLib16Data

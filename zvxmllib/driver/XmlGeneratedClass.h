@@ -1,0 +1,86 @@
+// CXmlGeneratedClass, the base of generated classes and the driver over their tables.
+#pragma once
+
+#include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/driver/Nillable.h"
+#include "zvxmllib/foundation/CriticalSection.h"
+
+namespace ZvXmlLib16 {
+
+// A generated class fills GetBase, GetTargetNamespace, GetNamespace and the five slots below; all writing,
+// reading and validation is done here, by walking the tables. The tables are static, the same for every
+// instance, built at first use under m_csInit, and read by any number of threads.
+class ZV_API CXmlGeneratedClass : public CXmlObjectBase {
+protected:
+    ~CXmlGeneratedClass() override;
+    void AttributesToXml_Int(CXmlWriter* writer, CSerializationContext const& ctx) const override;
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
+                   bool optionalChoice) const override;
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
+                             bool optionalChoice) override;
+
+public:
+    // The one gate to the properties: with `read` stores the property in `value`, invalid when it holds
+    // nothing; otherwise sets it, and may take a string or bytes out of `value`. Refuses by CZvException.
+    virtual void AccessProperty(int index, bool read, ZvVariant& value) = 0;
+    // Never null.
+    virtual ZvXmlLib16Data::CParentElementInfo* GetClassInfo() = 0;
+    // The child elements in schema order, and the attributes, each closed by a null entry.
+    virtual ZvXmlLib16Data::CElementInfo** GetClassElementInfo() = 0;
+    virtual ZvXmlLib16Data::CAttributeInfo** GetClassAttributeInfo() = 0;
+    // Called at the start of each read: optional properties empty, collections present and empty, mandatory
+    // class properties holding a fresh object.
+    virtual void Init() = 0;
+
+protected:
+    CXmlGeneratedClass();
+    CXmlGeneratedClass(CXmlGeneratedClass const&) = default;
+    CXmlGeneratedClass& operator=(CXmlGeneratedClass const&) = default;
+
+    void ReadProperty(int index, ZvVariant& value) const;
+    // Whether an entry of a choice may be absent: an optional one, or a collection that may be empty.
+    bool DoesElementContainOptionalElements() const;
+    // Whether an entry of the element table accepts `element`.
+    bool IsElementInList(CSerializationContext const& ctx, CXmlElement* element) const;
+    // Offers the attributes of `element` to the attribute table, then tests for those that are required.
+    void ProcessAttributesFromXml(CSerializationContext const& ctx, CXmlElement* element, bool failIfUnknown);
+    // Deletes tables built on the heap and sets the three to null. Each may be null already.
+    static void CleanMetaData(ZvXmlLib16Data::CParentElementInfo*& info,
+                              ZvXmlLib16Data::CElementInfo**& elements,
+                              ZvXmlLib16Data::CAttributeInfo**& attributes);
+
+    // For generated code, which builds its tables under it. The library does not take it.
+    static CZVCriticalSection m_csInit;
+
+private:
+    struct Reading; // one walk over the children of an element
+
+    CXmlGeneratedClass& Mutable() const { return const_cast<CXmlGeneratedClass&>(*this); }
+    INillable* FindNillable(ZvXmlLib16Data::CParentElementInfo const& info) const;
+
+    void WriteContent(CXmlWriter& writer, CSerializationContext const& ctx, bool optionalChoice,
+                      ZvXmlLib16Data::CParentElementInfo const& info) const;
+    void ProcessAttributesToXml(CSerializationContext const& ctx, ZvXmlLib16Data::CElementInfo** elements,
+                                ZvXmlLib16Data::CAttributeInfo** attributes, CXmlWriter* writer) const;
+    void ProcessElementSeqToXml(CSerializationContext const& ctx, ZvXmlLib16Data::CElementInfo** elements,
+                                CXmlWriter* writer) const;
+    void ProcessElementChoiceToXml(CSerializationContext const& ctx, ZvXmlLib16Data::CElementInfo** elements,
+                                   CXmlWriter* writer, bool optionalChoice) const;
+    void ProcessElementAllToXml(CSerializationContext const& ctx, ZvXmlLib16Data::CElementInfo** elements,
+                                CXmlWriter* writer) const;
+
+    CXmlElement* ReadContent(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
+                             bool optionalChoice, ZvXmlLib16Data::CParentElementInfo const& info);
+    void ReadSimpleContent(CXmlElement const& element, ZvXmlLib16Data::CParentElementInfo const& info);
+    void ReadNilAttribute(CXmlElement const& element, CXmlAttribute const& attribute);
+    CXmlElement* ProcessElementSeqFromXml(CSerializationContext const& ctx, CXmlElement* element,
+                                          CXmlElement* current, XmlElementType elementType);
+    CXmlElement* ProcessElementChoiceFromXml(CSerializationContext const& ctx, CXmlElement* element,
+                                             CXmlElement* current, XmlElementType elementType,
+                                             bool optionalChoice);
+    CXmlElement* ProcessElementAllFromXml(CSerializationContext const& ctx, CXmlElement* element,
+                                          CXmlElement* current, XmlElementType elementType);
+    int GetClassElementInfoCount() const;
+};
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,229 @@
+// The driver over the tables of a generated class: reading.
+#include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/document/XmlAttribute.h"
+#include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/driver/ElementInfo.h"
+#include "zvxmllib/driver/Failures.h"
+#include "zvxmllib/driver/NilText.h"
+#include "zvxmllib/driver/XmlGeneratedClass.h"
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/values/variant/ZvVariant.h"
+
+#include <array>
+#include <memory>
+
+namespace ZvXmlLib16 {
+
+using ZvXmlLib16Data::CAttributeInfo;
+using ZvXmlLib16Data::CElementInfo;
+using ZvXmlLib16Data::CParentElementInfo;
+using namespace ZvXmlLib16Data; // its failures
+
+namespace {
+
+// One flag for each entry of a table, without an allocation for tables of ordinary size.
+class EntryFlags {
+public:
+    explicit EntryFlags(std::size_t count) {
+        if (count > m_few.size())
+            m_many = std::make_unique<bool[]>(count);
+    }
+    bool& operator[](std::size_t index) { return m_many != nullptr ? m_many[index] : m_few[index]; }
+
+private:
+    std::array<bool, 64> m_few{};
+    std::unique_ptr<bool[]> m_many;
+};
+
+template <class Entry>
+std::size_t CountEntries(Entry* const* table) {
+    std::size_t count = 0;
+    while (table[count] != nullptr)
+        ++count;
+    return count;
+}
+
+} // namespace
+
+// What the entries of one walk are offered.
+struct CXmlGeneratedClass::Reading {
+    CXmlGeneratedClass& object;
+    CSerializationContext const& ctx;
+    CXmlElement* element;
+    XmlElementType elementType;
+    CElementInfo** elements;
+    CXmlElement* current; // the cursor: the next child not yet read
+    CXmlElement* const saved = current;
+    bool const ignoresUnknown = ctx.GetIgnoreUnknownElements();
+
+    bool Offer(CElementInfo& entry) {
+        std::string const ns = entry.UsesClassNamespace() ? object.GetNamespace() : std::string();
+        return entry.ElementFromXml(ctx, &object, element, &current, ns.c_str(), elementType);
+    }
+    bool IsRealElement() const { return elementType == XmlElementType_Element; }
+    [[noreturn]] void FailUnread() const {
+        FailUnreadElement(element->GetLocalName(), current->GetLocalName(), element->GetXPath());
+    }
+};
+
+CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* current,
+                                             CSerializationContext const& ctx, bool optionalChoice) {
+    try {
+        Init();
+        CParentElementInfo const& info = *GetClassInfo();
+        // An object read from a substituted element keeps that element's name.
+        if (info.GetElementType() == XmlElementType_Element)
+            SetElementName(element->GetLocalName().c_str());
+        ProcessAttributesFromXml(ctx, element, info.GetFromXmlFailIfAttributeUnknown());
+        INillable* const nillable = FindNillable(info);
+        if (nillable != nullptr && nillable->GetIsNil())
+            return current;
+        return ReadContent(element, current, ctx, optionalChoice, info);
+    } catch (CZvException const& cause) {
+        if (cause.GetPath().empty())
+            FailToReadElement(element->GetXPath(), cause);
+        // A copy of the base part: the innermost element that has a path is the one that the caller sees.
+        throw CZvException(cause);
+    }
+}
+
+CXmlElement* CXmlGeneratedClass::ReadContent(CXmlElement* element, CXmlElement* current,
+                                             CSerializationContext const& ctx, bool optionalChoice,
+                                             CParentElementInfo const& info) {
+    XmlElementType const elementType = info.GetElementType();
+    switch (info.GetElementGroupType()) {
+    case XmlElementGroupType_Sequence:
+        current = ProcessElementSeqFromXml(ctx, element, current, elementType);
+        break;
+    case XmlElementGroupType_Choice:
+        current = ProcessElementChoiceFromXml(ctx, element, current, elementType, optionalChoice);
+        break;
+    case XmlElementGroupType_All:
+        current = ProcessElementAllFromXml(ctx, element, current, elementType);
+        break;
+    default:
+        FailUnknownGroupType();
+    }
+    if (info.GetPrimitiveValuePropertyIndex() != -1 && info.GetPrimitiveDataType() != ItemType_invalid)
+        ReadSimpleContent(*element, info);
+    return current;
+}
+
+void CXmlGeneratedClass::ReadSimpleContent(CXmlElement const& element, CParentElementInfo const& info) {
+    ZvVariant value;
+    std::string room;
+    ItemType const type =
+        info.GetOutputPrimitiveClassAsTextProperty() ? ItemType_string : info.GetPrimitiveDataType();
+    value.FromText(element.GetNodeText().Read(room), type, CWhitespaceUtils::WhitespaceRule_None);
+    AccessProperty(info.GetPrimitiveValuePropertyIndex(), false, value);
+}
+
+void CXmlGeneratedClass::ReadNilAttribute(CXmlElement const& element, CXmlAttribute const& attribute) {
+    auto* const nillable = dynamic_cast<INillable*>(this);
+    if (nillable == nullptr)
+        FailNilNotAllowed(element.GetXPath());
+    std::optional<bool> const isNil = ZvXmlLib16Data::ParseNil(attribute.GetValue());
+    if (!isNil)
+        FailNilValue(attribute.GetValue(), attribute.GetXPath());
+    nillable->SetIsNil(*isNil);
+}
+
+void CXmlGeneratedClass::ProcessAttributesFromXml(CSerializationContext const& ctx, CXmlElement* element,
+                                                  bool failIfUnknown) {
+    CAttributeInfo** const entries = GetClassAttributeInfo();
+    std::size_t const entryCount = CountEntries(entries);
+    EntryFlags found(entryCount);
+    for (std::size_t i = 0; i < element->GetAttributeCount(); ++i) {
+        CXmlAttribute& attribute = *element->GetAttributeAt(i);
+        if (attribute.IsNamespaceAttribute())
+            continue;
+        if (attribute.IsNilAttribute()) {
+            ReadNilAttribute(*element, attribute);
+            continue;
+        }
+        std::size_t entry = 0;
+        while (entry < entryCount && !entries[entry]->AttributeFromXml(ctx, this, &attribute))
+            ++entry;
+        if (entry < entryCount)
+            found[entry] = true;
+        else if (failIfUnknown && !ctx.GetIgnoreUnknownAttributes())
+            FailUnexpectedAttribute(attribute.GetXPath());
+    }
+    for (std::size_t entry = 0; entry < entryCount; ++entry)
+        entries[entry]->Validate(ctx, found[entry]);
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(CSerializationContext const& ctx,
+                                                          CXmlElement* element, CXmlElement* current,
+                                                          XmlElementType elementType) {
+    Reading reading{*this, ctx, element, elementType, GetClassElementInfo(), current};
+    std::size_t resume = 0;
+    for (;;) {
+        for (std::size_t i = resume; reading.elements[i] != nullptr; ++i) {
+            while (!reading.Offer(*reading.elements[i])) {
+                if (!reading.ignoresUnknown || reading.current == nullptr)
+                    return reading.saved; // the group as a whole did not match
+                reading.current = reading.current->GetNextSiblingElement();
+            }
+            resume = i;
+        }
+        if (!reading.IsRealElement() || reading.current == nullptr)
+            return reading.current;
+        if (!reading.ignoresUnknown)
+            reading.FailUnread();
+        // The walk goes on at the last entry, so that a collection there gets what stands behind.
+        reading.current = reading.current->GetNextSiblingElement();
+        if (reading.current == nullptr)
+            return nullptr;
+    }
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(CSerializationContext const& ctx,
+                                                             CXmlElement* element, CXmlElement* current,
+                                                             XmlElementType elementType,
+                                                             bool optionalChoice) {
+    Reading reading{*this, ctx, element, elementType, GetClassElementInfo(), current};
+    bool const skipsUnknown = reading.ignoresUnknown && reading.IsRealElement();
+    bool found = false;
+    do {
+        for (CElementInfo** entry = reading.elements; *entry != nullptr && !found; ++entry)
+            found = reading.Offer(**entry);
+        if (!found && skipsUnknown && reading.current != nullptr)
+            reading.current = reading.current->GetNextSiblingElement();
+    } while (!found && skipsUnknown && reading.current != nullptr);
+    if (!found && !optionalChoice) {
+        if (elementType == XmlElementType_Pseudo && reading.ignoresUnknown)
+            reading.current = reading.saved;
+        if (reading.IsRealElement() && !DoesElementContainOptionalElements() && !ctx.GetIgnoreMissingChoice())
+            FailNoChoiceFound(element->GetLocalName(), element->GetXPath());
+    }
+    if (reading.IsRealElement() && reading.current != nullptr && !reading.ignoresUnknown)
+        reading.FailUnread();
+    return reading.current;
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(CSerializationContext const& ctx,
+                                                          CXmlElement* element, CXmlElement* current,
+                                                          XmlElementType elementType) {
+    Reading reading{*this, ctx, element, elementType, GetClassElementInfo(), current};
+    std::size_t const entryCount = CountEntries(reading.elements);
+    EntryFlags found(entryCount);
+    bool hasMoved = true;
+    while (reading.current != nullptr && hasMoved) {
+        CXmlElement const* const before = reading.current;
+        for (std::size_t i = 0; i < entryCount; ++i) {
+            if (!found[i])
+                found[i] = reading.Offer(*reading.elements[i]);
+        }
+        hasMoved = reading.current != before;
+    }
+    for (std::size_t i = 0; i < entryCount; ++i) {
+        if (!reading.elements[i]->Validate(ctx, this, found[i], reading.IsRealElement()))
+            return reading.saved;
+    }
+    if (reading.IsRealElement() && reading.current != nullptr && !reading.ignoresUnknown)
+        reading.FailUnread();
+    return reading.current;
+}
+
+} // namespace ZvXmlLib16

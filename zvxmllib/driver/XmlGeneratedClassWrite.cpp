@@ -1,0 +1,138 @@
+// The driver over the tables of a generated class: writing.
+#include "zvxmllib/collections/Attribute.h"
+#include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/driver/ElementInfo.h"
+#include "zvxmllib/driver/Failures.h"
+#include "zvxmllib/driver/XmlGeneratedClass.h"
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/values/variant/ZvVariant.h"
+#include "zvxmllib/writers/XmlWriter.h"
+
+namespace ZvXmlLib16 {
+
+using ZvXmlLib16Data::CAttributeInfo;
+using ZvXmlLib16Data::CElementInfo;
+using ZvXmlLib16Data::CParentElementInfo;
+using namespace ZvXmlLib16Data; // its failures
+
+namespace {
+
+// What stands before the root element, and the scope that it begins with. An empty alias is none.
+void WriteProlog(CXmlWriter& writer, CSerializationContext const& ctx) {
+    for (std::string const& instruction : ctx.GetProcessingInstructions())
+        writer.WriteProcessingInstruction(instruction);
+    for (auto const& [ns, alias] : ctx.GetNamespaceAliases().GetEntries()) {
+        if (!alias.empty())
+            writer.AddNamespaceAlias(alias, ns);
+    }
+    std::string const defaultNamespace = ctx.GetDefaultNamespaceURI();
+    if (!defaultNamespace.empty())
+        writer.SetDefaultNamespace(defaultNamespace);
+}
+
+} // namespace
+
+void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns,
+                                   CSerializationContext const& ctx, bool optionalChoice) const {
+    try {
+        CParentElementInfo const& info = *Mutable().GetClassInfo();
+        bool const isElement = info.GetElementType() == XmlElementType_Element;
+        if (isElement) {
+            if (isRoot)
+                WriteProlog(*writer, ctx);
+            writer->WriteElementStart(GetElementName(), ns == nullptr ? "" : ns);
+            if (isRoot)
+                CXmlObjectBase::ToXml_Int(ctx.GetAdditionalRootAttributes()->GetBase(), writer, false, ns,
+                                          ctx, optionalChoice);
+            AttributesToXml_Int(writer, ctx);
+            if (isRoot) {
+                std::string const schema = ctx.GetInLineSchema();
+                if (!schema.empty())
+                    writer->WriteInlineSchema(schema);
+            }
+        }
+        INillable* const nillable = FindNillable(info);
+        if (nillable != nullptr && nillable->GetIsNil())
+            writer->WriteNilAttribute();
+        else
+            WriteContent(*writer, ctx, optionalChoice, info);
+        if (isElement)
+            writer->WriteElementEnd();
+    } catch (CZvException const& cause) {
+        FailToWriteElement(GetElementName(), cause);
+    }
+}
+
+void CXmlGeneratedClass::WriteContent(CXmlWriter& writer, CSerializationContext const& ctx,
+                                      bool optionalChoice, CParentElementInfo const& info) const {
+    CElementInfo** const elements = Mutable().GetClassElementInfo();
+    switch (info.GetElementGroupType()) {
+    case XmlElementGroupType_Sequence:
+        ProcessElementSeqToXml(ctx, elements, &writer);
+        break;
+    case XmlElementGroupType_Choice:
+        ProcessElementChoiceToXml(ctx, elements, &writer, optionalChoice);
+        break;
+    case XmlElementGroupType_All:
+        ProcessElementAllToXml(ctx, elements, &writer);
+        break;
+    default:
+        FailUnknownXmlGroupType();
+    }
+    if (info.GetPrimitiveValuePropertyIndex() == -1 || info.GetPrimitiveDataType() == ItemType_invalid)
+        return;
+    ZvVariant value;
+    ReadProperty(info.GetPrimitiveValuePropertyIndex(), value);
+    if (value.IsNil())
+        writer.WriteNilAttribute();
+    else
+        writer.WriteElementValue(value.ToString(info.GetPrimitiveFormatOverride().c_str()),
+                                 value.GetTypeAsEnum(), false);
+}
+
+void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer, CSerializationContext const& ctx) const {
+    try {
+        CParentElementInfo const& info = *Mutable().GetClassInfo();
+        if (ctx.GetWriteTypeAttribute() && info.GetHasBaseClasses() &&
+            GetElementName() != info.GetElementName())
+            writer->WriteTypeAttribute(info.GetElementNamespace(), info.GetElementName(), ItemType_string);
+        ProcessAttributesToXml(ctx, Mutable().GetClassElementInfo(), Mutable().GetClassAttributeInfo(),
+                               writer);
+    } catch (CZvException const& cause) {
+        FailToWriteAttributes(cause);
+    }
+}
+
+// The attributes of nested groups stand behind the class's own.
+void CXmlGeneratedClass::ProcessAttributesToXml(CSerializationContext const& ctx, CElementInfo** elements,
+                                                CAttributeInfo** attributes, CXmlWriter* writer) const {
+    for (; *attributes != nullptr; ++attributes)
+        (*attributes)->AttributeToXml(ctx, this, writer);
+    for (; *elements != nullptr; ++elements)
+        (*elements)->PseudoChildAttributeToXml(ctx, this, writer);
+}
+
+void CXmlGeneratedClass::ProcessElementSeqToXml(CSerializationContext const& ctx, CElementInfo** elements,
+                                                CXmlWriter* writer) const {
+    for (; *elements != nullptr; ++elements)
+        (*elements)->ElementToXml(ctx, this, writer);
+}
+
+// Table order, whatever the order of reading was.
+void CXmlGeneratedClass::ProcessElementAllToXml(CSerializationContext const& ctx, CElementInfo** elements,
+                                                CXmlWriter* writer) const {
+    ProcessElementSeqToXml(ctx, elements, writer);
+}
+
+void CXmlGeneratedClass::ProcessElementChoiceToXml(CSerializationContext const& ctx, CElementInfo** elements,
+                                                   CXmlWriter* writer, bool optionalChoice) const {
+    for (; *elements != nullptr; ++elements) {
+        if ((*elements)->ElementToXml(ctx, this, writer))
+            return;
+    }
+    if (DoesElementContainOptionalElements() || optionalChoice || ctx.GetIgnoreMissingChoice())
+        return;
+    FailNoChoiceToWrite();
+}
+
+} // namespace ZvXmlLib16

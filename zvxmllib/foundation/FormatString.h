@@ -1,0 +1,14 @@
+// FormatString, by which all messages are built.
+#pragma once
+
+#include "zvxmllib/platform/Api.h"
+
+#include <string>
+
+namespace ZvXmlLib16 {
+
+// printf into a string of any length. Independent of the process locale: the decimal point is a point.
+// Single-byte text only; %s takes a NUL-terminated string, null prints as "(null)".
+ZV_API std::string FormatString(char const* format, ...) __attribute__((format(printf, 1, 2)));
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,70 @@
+// CTextStream, the text sink.
+#include "zvxmllib/streams/TextStream.h"
+
+#include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/streams/Failures.h"
+#include "zvxmllib/values/binary/BinaryData.h"
+#include "zvxmllib/values/binary/Encoder.h"
+
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+CInstanceMonitor::Registration textStreamRegistration("CTextStream");
+
+// Local text that is UTF-8 goes from the blocks straight into the result. The test of the bytes comes
+// behind the copy, where no character is divided between two blocks. Text ends at a NUL.
+CBinaryData JoinUtf8(CStringBuffer const& buffer) {
+    std::size_t const length = buffer.GetLength();
+    if (length == 0)
+        return CBinaryData();
+    std::unique_ptr<unsigned char[]> bytes(new unsigned char[length + 1]);
+    unsigned char* end = bytes.get();
+    buffer.ForEachBlock([&end](std::string_view block) {
+        std::memcpy(end, block.data(), block.size());
+        end += block.size();
+    });
+    char* const text = reinterpret_cast<char*>(bytes.get());
+    bool const isWhole = std::memchr(text, '\0', length) == nullptr;
+    if (!isWhole || (!IsASCIIOnly() && !IsValidUtf8(std::string_view(text, length)))) {
+        text[length] = '\0';
+        return LocalToUtf8(text);
+    }
+    return CBinaryData(bytes.release(), static_cast<std::uint32_t>(length), true);
+}
+
+} // namespace
+
+CTextStream::CTextStream(XmlEncoding encoding) : CTextStream(textStreamRegistration, encoding) {}
+
+CTextStream::CTextStream(Registration& registration, XmlEncoding encoding)
+    : CInstanceMonitor(registration), m_encoding(encoding) {}
+
+CTextStream::~CTextStream() = default;
+
+void CTextStream::Open() {
+    m_buffer.Reset();
+}
+
+// Nothing to do in memory; they exist so that a writer can treat all text sinks alike.
+void CTextStream::Close() {}
+
+void CTextStream::Flush() {}
+
+CBinaryData CTextStream::GetEncodedData() {
+    switch (m_encoding) {
+    case XmlEncoding_UTF8:
+        return IsLocalTextUtf8() ? JoinUtf8(m_buffer) : LocalToUtf8(GetText());
+    case XmlEncoding_UTF16:
+    case XmlEncoding_UTF16NoDeclaration:
+        return LocalToUtf16(GetText());
+    default:
+        FailUnknownEncoding();
+    }
+}
+
+} // namespace ZvXmlLib16

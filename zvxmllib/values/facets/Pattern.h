@@ -1,0 +1,14 @@
+// The pattern facet (XML Schema Part 2, 4.3.4) where facets hold it.
+#pragma once
+
+#include "zvxmllib/values/facets/CheckPrimitive.h"
+
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+// MatchesPattern for the pattern of facets, which is local text. What it was compiled into is kept beside
+// them, so that later values take no lock.
+bool MatchesPattern(CPrimitiveRestrictions const& facets, std::string_view value);
+
+} // namespace ZvXmlLib16

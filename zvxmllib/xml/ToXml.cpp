@@ -1,0 +1,69 @@
+// The XML writing entry points of the object base.
+#include "zvxmllib/binding/GeneratorVersion.h"
+#include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/streams/AsyncFiles.h"
+#include "zvxmllib/streams/FileBinaryStream.h"
+#include "zvxmllib/streams/FileTextStream.h"
+#include "zvxmllib/streams/TextStream.h"
+#include "zvxmllib/streams/ZvZip.h"
+#include "zvxmllib/writers/Failures.h"
+#include "zvxmllib/xml/XmlTextWriter.h"
+
+namespace ZvXmlLib16 {
+
+// Writing leaves the object as it is, but the slot that names the target namespace is not const.
+void CXmlObjectBase::WriteXmlText(CTextStream& sink, bool includeDocHeader, bool formatted, EOLType eol,
+                                  CSerializationContext const& ctx) const {
+    CXmlTextWriter writer(&sink);
+    writer.Open();
+    writer.SetFormatted(formatted);
+    writer.SetIndentChars(ctx.GetIndentChars().c_str());
+    writer.SetEOLType(eol);
+    writer.SetWriteDefaultElementValues(ctx.GetWriteDefaultElementValues());
+    if (includeDocHeader)
+        writer.WriteDeclaration();
+    std::string const ns = const_cast<CXmlObjectBase*>(this)->GetTargetNamespace();
+    ToXml_Int(&writer, true, ns.c_str(), ctx, false);
+    writer.Close();
+}
+
+std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool formatted, EOLType eol,
+                                  CSerializationContext const& ctx) {
+    detail::CheckGeneratorVersion();
+    CTextStream sink(XmlEncoding_None);
+    WriteXmlText(sink, includeDocHeader, formatted, eol, ctx);
+    return std::string(sink.GetText(), sink.GetLength());
+}
+
+CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool formatted, XmlEncoding encoding,
+                                        EOLType eol, CSerializationContext const& ctx,
+                                        CompressionType compression) {
+    detail::CheckGeneratorVersion();
+    CTextStream sink(encoding);
+    WriteXmlText(sink, includeDocHeader, formatted, eol, ctx);
+    CBinaryData data = sink.GetEncodedData();
+    if (compression != CompressionType_None)
+        CZvZip::Compress(data, compression);
+    return data;
+}
+
+void CXmlObjectBase::ToXmlFile(char const* fileName, bool includeDocHeader, bool formatted,
+                               XmlEncoding encoding, EOLType eol, CSerializationContext const& ctx,
+                               CompressionType compression) const {
+    if (compression == CompressionType_ZLib)
+        FailZLibForFiles();
+    if (compression == CompressionType_None && IsAsyncToXmlFile()) {
+        detail::CheckGeneratorVersion();
+        CFileTextStream sink(fileName, encoding);
+        WriteXmlText(sink, includeDocHeader, formatted, eol, ctx);
+        return;
+    }
+    CBinaryData const data = const_cast<CXmlObjectBase*>(this)->ToXmlStream(includeDocHeader, formatted,
+                                                                            encoding, eol, ctx, compression);
+    // A byte order mark belongs to text: in front of a compressed file it would hide what the file is.
+    XmlEncoding const mark = compression == CompressionType_None ? encoding : XmlEncoding_None;
+    CFileBinaryStream(fileName, mark, data).WriteToFile();
+}
+
+} // namespace ZvXmlLib16
