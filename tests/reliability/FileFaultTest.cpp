@@ -6,12 +6,18 @@
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/streams/AsyncFiles.h"
+#include "zvxmllib/streams/FileBinaryStream.h"
+#include "zvxmllib/streams/FileTextStream.h"
 
 #include <gmock/gmock.h>
 
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
 #include <string>
 #include <system_error>
 #include <thread>
@@ -73,6 +79,8 @@ ssize_t __real_write(int handle, void const* data, std::size_t length);
 ssize_t __real_pread(int handle, void* data, std::size_t length, off_t offset);
 ssize_t __real_pwrite(int handle, void const* data, std::size_t length, off_t offset);
 int __real_close(int handle);
+int __real_fsync(int handle);
+int __real_rename(char const* from, char const* to);
 
 int __wrap_open(char const* name, int flags, ...) {
     va_list arguments;
@@ -100,6 +108,12 @@ int __wrap_close(int handle) {
     bool const isFaulty = IsFaulty() && fault != Fault::kShort;
     int const result = __real_close(handle);
     return isFaulty ? FailWith(Error()) : result;
+}
+int __wrap_fsync(int handle) {
+    return IsFaulty() && fault != Fault::kShort ? FailWith(Error()) : __real_fsync(handle);
+}
+int __wrap_rename(char const* from, char const* to) {
+    return IsFaulty() && !MustSucceed() ? FailWith(Error()) : __real_rename(from, to);
 }
 
 } // extern "C"
@@ -136,6 +150,50 @@ TEST(FileFault, ReachesTheCallerOrIsGoneOnFrom) {
             FailEachOperation(scenario);
         }
     }
+}
+
+TEST(FileFault, LeavesTheOldFileWhereItWasToBeReplaced) {
+    namespace fs = std::filesystem;
+    using ZvXmlLib16::platform::FileMode;
+    fs::path const folder = fs::temp_directory_path() / ("zvxmllib_faults_" + std::to_string(::getpid()));
+    fs::create_directory(folder);
+    std::string const path = folder / "file";
+    auto const writeBytes = [&path] {
+        ZvXmlLib16::CFileBinaryStream(path.c_str(), ZvXmlLib16::XmlEncoding_UTF8,
+                                      ZvXmlLib16::CBinaryData("new"))
+            .WriteToFile(FileMode::kReplace);
+    };
+    auto const writeText = [&path] {
+        ZvXmlLib16::CFileTextStream stream(path.c_str(), ZvXmlLib16::XmlEncoding_UTF8, true,
+                                           FileMode::kReplace);
+        stream.Open();
+        stream.Append("new");
+        stream.Close();
+    };
+    std::ofstream(path) << "old";
+    for (Fault const kind : {Fault::kError, Fault::kShort, Fault::kInterrupt, Fault::kNoSpace}) {
+        fault = kind;
+        for (auto const& write : {std::function<void()>(writeBytes), std::function<void()>(writeText)}) {
+            bool reached = true;
+            for (long faults = 0; reached; ++faults) {
+                bool failed = false;
+                successesLeft = faults;
+                try {
+                    write();
+                } catch (ZvXmlLib16::CZvException const&) {
+                    failed = true;
+                }
+                reached = successesLeft.exchange(-1) < 0;
+                EXPECT_FALSE(failed && MustSucceed()) << "operation " << faults;
+                EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
+                std::string content;
+                std::getline(std::ifstream(path), content);
+                EXPECT_EQ(content, failed ? "old" : "new") << "operation " << faults;
+                std::ofstream(path) << "old";
+            }
+        }
+    }
+    fs::remove_all(folder);
 }
 
 TEST(FileFault, InALaterChunkIsToldWithoutTheNameOfTheFile) {

@@ -124,7 +124,12 @@ bool File::WriteAt(std::uint64_t offset, void const* data, std::size_t length, s
 bool File::Close() noexcept {
     if (m_handle < 0)
         return true;
-    return ::close(std::exchange(m_handle, -1)) == 0 || errno == EINTR || Fail();
+    bool const isClosed = ::close(std::exchange(m_handle, -1)) == 0 || errno == EINTR || Fail();
+    if (!m_temporary.empty()) {
+        ::unlink(m_temporary.c_str());
+        m_temporary.clear();
+    }
+    return isClosed;
 }
 
 int File::TooLargeError() noexcept {

@@ -3,8 +3,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace ZvXmlLib16::platform {
+
+// What becomes of a file that is there already.
+enum class FileMode {
+    kOverwrite, // it is emptied at once
+    kReplace    // it stays until the new one is complete
+};
 
 // Operations answer false on failure and keep the system's error number in Error(). Short transfers and
 // interruptions by signals are gone on with. Not copyable.
@@ -19,6 +26,13 @@ public:
     bool OpenForReading(char const* name) noexcept;
     // Creates the file or empties an existing one.
     bool Create(char const* name) noexcept;
+    // Creates a temporary file beside the one of this name, which Commit renames to it. Symbolic links are
+    // followed; the permissions of an existing file are kept, and its owner where the system allows it. What
+    // is no regular file is written directly.
+    bool CreateReplacement(char const* name);
+    bool Create(char const* name, FileMode mode) {
+        return mode == FileMode::kReplace ? CreateReplacement(name) : Create(name);
+    }
 
     // The size in bytes at this moment; 0 for pipes and files whose size the system does not know.
     bool GetSize(std::uint64_t& size) noexcept;
@@ -28,8 +42,11 @@ public:
     // The same at an offset in bytes. A file without offsets (a pipe) goes on where it is.
     bool ReadAt(std::uint64_t offset, void* data, std::size_t length, std::size_t& count) noexcept;
     bool WriteAt(std::uint64_t offset, void const* data, std::size_t length, std::size_t& count) noexcept;
-    // After writing, the outcome is that of all delayed writes, too.
+    // After writing, the outcome is that of all delayed writes, too. A replacement that has not been
+    // committed is removed.
     bool Close() noexcept;
+    // Closes the file; a replacement is on the disk before it takes the name of the file.
+    bool Commit() noexcept;
 
     int Error() const noexcept { return m_error; }
     // The error number for a file that is too large to be held.
@@ -37,11 +54,16 @@ public:
 
 private:
     bool Fail() noexcept;
+    bool OpenBeside(std::string const& target);
+    bool Discard() noexcept;
+    bool KeepPermissions(std::string const& target) noexcept;
     template <class Move>
     bool Transfer(std::size_t length, std::size_t& count, Move move) noexcept;
 
     int m_handle = -1;
     int m_error = 0;
+    std::string m_target;    // of a replacement, else empty
+    std::string m_temporary; // likewise
 };
 
 } // namespace ZvXmlLib16::platform

@@ -1,8 +1,6 @@
 // A file whose transfers run beside the caller, on one thread for each open file.
 #include "zvxmllib/platform/OverlappedFile.h"
 
-#include "zvxmllib/platform/File.h"
-
 #include <cerrno>
 #include <condition_variable>
 #include <mutex>
@@ -147,11 +145,12 @@ OverlappedFile::~OverlappedFile() {
     Close();
 }
 
-bool OverlappedFile::Open(char const* name, bool reading) {
+template <class Opening>
+bool OverlappedFile::Open(Opening const& opening) {
     Close();
     auto worker = std::make_unique<Worker>();
     File& file = worker->GetFile();
-    if (!(reading ? file.OpenForReading(name) : file.Create(name))) {
+    if (!opening(file)) {
         m_error = file.Error();
         return false;
     }
@@ -161,11 +160,11 @@ bool OverlappedFile::Open(char const* name, bool reading) {
 }
 
 bool OverlappedFile::OpenForReading(char const* name) {
-    return Open(name, true);
+    return Open([name](File& file) { return file.OpenForReading(name); });
 }
 
-bool OverlappedFile::Create(char const* name) {
-    return Open(name, false);
+bool OverlappedFile::Create(char const* name, FileMode mode) {
+    return Open([name, mode](File& file) { return file.Create(name, mode); });
 }
 
 void OverlappedFile::StartRead(void* data, std::size_t length, std::uint64_t offset) {
@@ -188,15 +187,16 @@ bool OverlappedFile::Wait(std::size_t& count) {
     return false;
 }
 
-bool OverlappedFile::Close() noexcept {
+bool OverlappedFile::End(bool (File::*ending)() noexcept) noexcept {
     if (m_worker == nullptr)
         return true;
     m_worker->Stop();
-    bool const isClosed = m_worker->GetFile().Close();
-    if (!isClosed)
-        m_error = m_worker->GetFile().Error();
+    File& file = m_worker->GetFile();
+    bool const isEnded = (file.*ending)();
+    if (!isEnded)
+        m_error = file.Error();
     m_worker.reset();
-    return isClosed;
+    return isEnded;
 }
 
 } // namespace ZvXmlLib16::platform

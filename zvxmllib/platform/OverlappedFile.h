@@ -1,6 +1,8 @@
 // A file whose transfers run beside the caller: one in flight, at a 64-bit offset, with its completion.
 #pragma once
 
+#include "zvxmllib/platform/File.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -21,8 +23,7 @@ public:
 
     // A null name is an empty one. A directory is a failure to open.
     bool OpenForReading(char const* name);
-    // Creates the file or empties an existing one.
-    bool Create(char const* name);
+    bool Create(char const* name, FileMode mode);
     bool IsOpen() const noexcept { return m_worker != nullptr; }
 
     // Reads until `length` bytes or the end of the file.
@@ -32,15 +33,18 @@ public:
     bool Wait(std::size_t& count);
 
     // Waits for the transfer in flight, whose outcome is dropped, and closes. False if the system reports a
-    // delayed failure.
-    bool Close() noexcept;
+    // delayed failure. A replacement is removed by Close; Commit makes it take its place.
+    bool Close() noexcept { return End(&File::Close); }
+    bool Commit() noexcept { return End(&File::Commit); }
 
     int Error() const noexcept { return m_error; }
 
 private:
     class Worker;
 
-    bool Open(char const* name, bool reading);
+    template <class Opening>
+    bool Open(Opening const& opening);
+    bool End(bool (File::*ending)() noexcept) noexcept;
 
     std::unique_ptr<Worker> m_worker; // null while closed
     int m_error = 0;

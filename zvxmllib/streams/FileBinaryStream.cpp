@@ -1,7 +1,6 @@
 // CFileBinaryStream, finished bytes to a file.
 #include "zvxmllib/streams/FileBinaryStream.h"
 
-#include "zvxmllib/platform/File.h"
 #include "zvxmllib/streams/ByteOrderMark.h"
 #include "zvxmllib/streams/Failures.h"
 
@@ -22,13 +21,13 @@ CFileBinaryStream::CFileBinaryStream(char const* fileName, XmlEncoding encoding,
 
 CFileBinaryStream::~CFileBinaryStream() = default;
 
-void CFileBinaryStream::WriteToFile() {
+void CFileBinaryStream::WriteToFile(platform::FileMode mode) {
     CBinaryData const data = GetData();
     platform::File file;
     bool const written =
-        file.Create(m_fileName.c_str()) &&
+        file.Create(m_fileName.c_str(), mode) &&
         (!HasByteOrderMark(m_encoding) || file.Write(kByteOrderMark, sizeof kByteOrderMark)) &&
-        file.Write(data.GetData(), data.GetLength()) && file.Close();
+        file.Write(data.GetData(), data.GetLength()) && file.Commit();
     if (!written)
         FailWriteFile(m_fileName.c_str(), file.Error());
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "zvxmllib/foundation/Enumerations.h"
+#include "zvxmllib/platform/File.h"
 #include "zvxmllib/streams/BinaryStream.h"
 
 #include <string>
@@ -18,9 +19,9 @@ public:
     CFileBinaryStream(char const* fileName, XmlEncoding encoding, CBinaryData const& data);
     ~CFileBinaryStream() override;
 
-    // Creates the file or overwrites an existing one. Throws CZvException with the system's error number;
-    // what was written before a failure stays.
-    void WriteToFile();
+    // Creates the file, or overwrites or replaces an existing one. Throws CZvException with the system's
+    // error number; after a failed overwriting, what was written stays.
+    void WriteToFile(platform::FileMode mode = platform::FileMode::kOverwrite);
 
 private:
     std::string m_fileName;

@@ -14,16 +14,17 @@ CInstanceMonitor::Registration fileTextStreamRegistration("CFileTextStream");
 
 } // namespace
 
-CFileTextStream::CFileTextStream(char const* fileName, XmlEncoding encoding, bool writesMark)
+CFileTextStream::CFileTextStream(char const* fileName, XmlEncoding encoding, bool writesMark,
+                                 platform::FileMode mode)
     : CTextStream(fileTextStreamRegistration, encoding), m_fileName(fileName == nullptr ? "" : fileName),
-      m_writesMark(writesMark) {}
+      m_writesMark(writesMark), m_mode(mode) {}
 
 CFileTextStream::~CFileTextStream() = default;
 
 void CFileTextStream::Open() {
     CTextStream::Open();
     m_filePos = 0;
-    if (!m_file.Create(m_fileName.c_str()))
+    if (!m_file.Create(m_fileName.c_str(), m_mode))
         FailWriteFile(m_fileName.c_str(), m_file.Error());
     if (m_writesMark && HasByteOrderMark(m_encoding))
         m_file.StartWrite(kByteOrderMark, sizeof kByteOrderMark, 0);
@@ -43,7 +44,7 @@ void CFileTextStream::Flush() {
 void CFileTextStream::Close() {
     Flush();
     WaitForWrite();
-    if (!m_file.Close())
+    if (!m_file.Commit())
         FailOverlappedWrite(m_file.Error());
 }
 
