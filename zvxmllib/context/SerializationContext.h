@@ -96,6 +96,12 @@ public:
     std::string GetIndentChars() const;
     void SetIndentChars(char const* indent);
 
+    // Keep XML 1.0, Namespaces in XML, XML Schema 1.0, RFC 8259, X.891 and RFC 1952 to the letter: what is
+    // written is well-formed and valid, what is read is refused unless they allow it, and what would be lost
+    // or invented is an exception. False: the usual rules.
+    bool GetStrict() const noexcept { return m_strict; }
+    void SetStrict(bool strict) noexcept { m_strict = strict; }
+
     // The options of JSON and of Fast Infoset, owned by the context and made at first use. A copied context
     // has copies of its own.
     CJsonContext& GetJsonContext() const;
@@ -123,6 +129,7 @@ private:
     bool m_noOptionalAttributeDefaultOutput = false;
     bool m_writeDefaultElementValues = false;
     bool m_stripCDATA = true;
+    bool m_strict = false;
 };
 
 } // namespace ZvXmlLib16
