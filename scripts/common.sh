@@ -18,6 +18,11 @@ need_header() {
         compgen -G "/usr/local/include/$1" >/dev/null || missing_packages+=("$2")
 }
 
+# need_file FILE PACKAGE
+need_file() {
+    [ -e "$1" ] || missing_packages+=("$2")
+}
+
 # PCRE, or its successor on systems that have no PCRE any more: which of them is seen when it is installed.
 need_pattern_library() {
     if ! compgen -G "/usr/include/pcre.h" >/dev/null && ! compgen -G "/usr/include/pcre2.h" >/dev/null; then
@@ -39,6 +44,8 @@ need_build_packages() {
 need_test_packages() {
     need_program python3 python3
     need_program nm binutils
+    need_program localedef libc-bin
+    need_file /usr/share/i18n/charmaps/UTF-8.gz locales # from which the tests make their locales
     need_header gtest/gtest.h libgtest-dev
     need_header gmock/gmock.h libgmock-dev
     need_header nlohmann/json.hpp nlohmann-json3-dev
@@ -57,6 +64,11 @@ install_missing_packages() {
     fi
     local as_root=()
     if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "You are not root, and there is no sudo. Please have these packages installed:" >&2
+            echo "    ${missing_packages[*]}" >&2
+            return 1
+        fi
         as_root=(sudo)
     fi
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -q

@@ -227,8 +227,8 @@ TEST(Conversions, FloatingPointObeysTheFormatOfTheCallerUpToALimit) {
 }
 
 TEST(Conversions, NumbersAreTheSameInALocaleWithADecimalComma) {
-    ASSERT_EQ(setenv("LOCPATH", ZV_TEST_LOCALE_DIR, 1), 0);
-    char const* const locale = std::setlocale(LC_NUMERIC, "comma");
+    ASSERT_EQ(setenv("LOCPATH", ZV_TEST_LOCALES, 1), 0);
+    char const* const locale = std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
     unsetenv("LOCPATH");
     ASSERT_NE(locale, nullptr);
     char probe[16];
