@@ -2,11 +2,7 @@
 #include "zvxmllib/json/JsonTextWriter.h"
 
 #include "zvxmllib/json/Failures.h"
-#include "zvxmllib/streams/TextStream.h"
 #include "zvxmllib/writers/Failures.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
-
-#include <array>
 
 namespace ZvXmlLib16 {
 
@@ -14,24 +10,21 @@ namespace {
 
 CInstanceMonitor::Registration s_registration("CJsonTextWriter");
 
-constexpr std::size_t kFlushLength = 4096; // characters
-constexpr std::int32_t kRootDepth = 1;     // the braces of the document stand at depth 0
+constexpr std::int32_t kRootDepth = 1; // the braces of the document stand at depth 0
 
 constexpr std::string_view kAttributeMark = "@";
 constexpr std::string_view kTextName = "#text";
 
-// What a byte needs in an escaped string: nothing, a letter behind a backslash, or one of these. The end of
-// the text is a byte like any other.
-enum : char { kPlain = 0, kEnd = 1, kLineFeed = 2, kDrop = 3, kHexadecimal = 4 };
-using EscapeTable = std::array<char, 256>;
+// The escapes of the format are a letter behind a backslash, or this one: all four digits.
+constexpr unsigned char kHexadecimal = CTextWriter::kFirstOfFormat;
 
-constexpr EscapeTable MakeEscapeTable() {
-    EscapeTable table{};
+constexpr CTextWriter::EscapeTable MakeEscapeTable() {
+    CTextWriter::EscapeTable table{};
     for (std::size_t control = 1; control < 0x20; ++control)
         table[control] = kHexadecimal;
-    table['\0'] = kEnd;
-    table['\n'] = kLineFeed;
-    table['\r'] = kDrop;
+    table['\0'] = CTextWriter::kEndOfText;
+    table['\n'] = CTextWriter::kLineFeed;
+    table['\r'] = CTextWriter::kDropped;
     table['\b'] = 'b';
     table['\t'] = 't';
     table['\f'] = 'f';
@@ -40,7 +33,7 @@ constexpr EscapeTable MakeEscapeTable() {
     return table;
 }
 
-constexpr EscapeTable kEscapeTable = MakeEscapeTable();
+constexpr CTextWriter::EscapeTable kEscapeTable = MakeEscapeTable();
 
 // Types whose lexical forms are those of JSON, or close to them: NaN and INF are not.
 constexpr bool StandsBare(ItemType type) {
@@ -50,52 +43,28 @@ constexpr bool StandsBare(ItemType type) {
 
 } // namespace
 
-CJsonTextWriter::CJsonTextWriter(CTextStream* sink) : CXmlWriter(s_registration), m_sink(sink) {}
+CJsonTextWriter::CJsonTextWriter(CTextStream* sink) : CTextWriter(s_registration, sink) {}
 
 CJsonTextWriter::~CJsonTextWriter() = default;
-
-void CJsonTextWriter::Open() {
-    CXmlWriter::Open();
-    m_sink->Open();
-}
-
-// The sink is closed first, so that a document that is not complete gives its file back, too.
-void CJsonTextWriter::Close() {
-    m_sink->Close();
-    CXmlWriter::Close();
-}
-
-void CJsonTextWriter::SetEOLType(EOLType eol) {
-    if (eol != EOLType_CRLF && eol != EOLType_LF)
-        FailInvalidEol();
-    m_eolType = eol;
-    m_eol = eol == EOLType_CRLF ? "\r\n" : "\n";
-    m_lineBreak.clear();
-}
-
-void CJsonTextWriter::SetIndentChars(char const* indent) {
-    m_indent = indent == nullptr ? "" : indent;
-    m_lineBreak.clear();
-}
 
 void CJsonTextWriter::WriteDocumentStart() {
     m_sink->Append('{');
     if (m_formatted)
-        m_sink->Append(m_eol.data(), m_eol.size());
+        AppendEndOfLine();
     FlushIfLarge();
 }
 
 void CJsonTextWriter::WriteDocumentEnd() {
-    AppendLineBreak(0);
+    AppendBreak(0);
     m_sink->Append('}');
 }
 
 // Comments are no JSON; the reader takes them all the same.
 void CJsonTextWriter::WriteComment(std::string const& text) {
     m_sink->Append("/* ", 3);
-    AppendEscaped(text.c_str());
+    AppendEscaped(text);
     m_sink->Append(" */", 3);
-    m_sink->Append(m_eol.data(), m_eol.size());
+    AppendEndOfLine();
     FlushIfLarge();
 }
 
@@ -148,7 +117,7 @@ void CJsonTextWriter::WriteElementEnd() {
         FailEndOutsideElement();
     CloseAnyArray();
     if (!m_bObjectPending) {
-        AppendLineBreak(m_pContext->m_depth);
+        AppendBreak(m_pContext->m_depth);
         m_sink->Append('}');
     } else if (!m_hasScalar) {
         m_sink->Append("null", 4);
@@ -159,8 +128,7 @@ void CJsonTextWriter::WriteElementEnd() {
 
 void CJsonTextWriter::WriteAttribute(std::string const& name, std::string const& ns, std::string const& value,
                                      ItemType type) {
-    if (m_pContext == nullptr)
-        FailAttributeAfterContent();
+    CJsonTextWriter::RequireOpenStartTag();
     CloseAnyArray();
     BeginMember();
     if (m_roundTrip == JsonRoundTrip_None)
@@ -171,26 +139,26 @@ void CJsonTextWriter::WriteAttribute(std::string const& name, std::string const&
 }
 
 void CJsonTextWriter::WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) {
-    if (!IsFull())
-        return;
-    if (m_pContext == nullptr)
-        FailAttributeAfterContent();
-    bool const hasAlias = !ns.empty() && ns != m_pContext->GetDefaultNamespace();
-    WriteAttribute("type", SchemaInstanceNamespace(), hasAlias ? AliasOf(ns) + ':' + typeName : typeName,
-                   type);
+    if (IsFull())
+        CTextWriter::WriteTypeAttribute(ns, typeName, type);
 }
 
 // An element without a value is null in any case.
 void CJsonTextWriter::WriteNilAttribute() {}
 
+// An object takes attributes at any time.
+void CJsonTextWriter::RequireOpenStartTag() const {
+    if (m_pContext == nullptr)
+        FailAttributeAfterContent();
+}
+
 // Bound collections can be written by themselves, and have more than one root then.
 void CJsonTextWriter::BeginRoot() {
     if (m_hasRoot) {
         m_sink->Append(',');
-        AppendLineBreak(kRootDepth);
-    } else if (m_formatted) {
-        std::string_view const lineBreak = LineBreak(kRootDepth);
-        m_sink->Append(lineBreak.data() + m_eol.size(), lineBreak.size() - m_eol.size());
+        AppendBreak(kRootDepth);
+    } else {
+        AppendIndent(kRootDepth);
     }
     m_hasRoot = true;
     PushContext().m_depth = kRootDepth;
@@ -207,7 +175,7 @@ void CJsonTextWriter::BeginMember() {
     } else {
         m_sink->Append(',');
     }
-    AppendLineBreak(m_pContext->m_depth + 1);
+    AppendBreak(m_pContext->m_depth + 1);
 }
 
 // The first item of a collection that turns out to be an object makes an array of it.
@@ -219,7 +187,7 @@ void CJsonTextWriter::OpenArrayIfDue() {
     parent->m_arrayOpen = true;
     m_sink->Append('[');
     ++m_openArrays;
-    AppendLineBreak(m_pContext->m_depth);
+    AppendBreak(m_pContext->m_depth);
 }
 
 void CJsonTextWriter::CloseAnyArray() {
@@ -230,27 +198,9 @@ void CJsonTextWriter::CloseAnyArray() {
 void CJsonTextWriter::CloseOpenArray() {
     m_pContext->m_collectionState = CollectionState_None;
     m_pContext->m_arrayOpen = false;
-    AppendLineBreak(m_pContext->m_depth);
+    AppendBreak(m_pContext->m_depth);
     m_sink->Append(']');
     --m_openArrays;
-}
-
-// The end of line and the indent behind it. Valid until the next call.
-std::string_view CJsonTextWriter::LineBreak(std::int32_t depth) {
-    std::size_t const length =
-        m_eol.size() + static_cast<std::size_t>(depth + m_openArrays) * m_indent.size();
-    if (m_lineBreak.empty())
-        m_lineBreak = m_eol;
-    while (m_lineBreak.size() < length)
-        m_lineBreak += m_indent;
-    return std::string_view(m_lineBreak).substr(0, length);
-}
-
-void CJsonTextWriter::AppendLineBreak(std::int32_t depth) {
-    if (!m_formatted)
-        return;
-    std::string_view const lineBreak = LineBreak(depth);
-    m_sink->Append(lineBreak.data(), lineBreak.size());
 }
 
 void CJsonTextWriter::AppendName(std::string_view name) {
@@ -284,17 +234,6 @@ void CJsonTextWriter::AppendPrefixedName(std::string const& name, std::string co
     AppendDeclaration(alias, ns);
 }
 
-// What is known before the root. An alias made for the root itself is only in its own scope.
-void CJsonTextWriter::AppendRootDeclarations() {
-    if (!m_defaultNamespace.empty())
-        AppendDeclaration({}, m_defaultNamespace);
-    for (auto const& [ns, alias] : m_namespaceMap) {
-        if (!alias.empty() && !BeginsWithXmlNamespace(ns))
-            AppendDeclaration(alias, ns);
-    }
-}
-
-// For an empty alias that of the default namespace.
 void CJsonTextWriter::AppendDeclaration(std::string_view alias, std::string const& ns) {
     BeginMember();
     if (alias.empty())
@@ -312,40 +251,24 @@ void CJsonTextWriter::AppendScalar(std::string const& text, ItemType type) {
         return;
     }
     m_sink->Append('"');
-    AppendEscaped(text.c_str());
+    AppendEscaped(text);
     m_sink->Append('"');
 }
 
-// Bytes are looked at one by one, since every byte of a multi-byte character is above 127, and handed on
-// in runs. A line feed becomes a real end of line, which other readers of JSON refuse.
-void CJsonTextWriter::AppendEscaped(char const* text) {
+// A line feed becomes a real end of line, which other readers of JSON refuse.
+void CJsonTextWriter::AppendEscaped(std::string const& text) {
     constexpr char kDigits[] = "0123456789ABCDEF";
-    for (char const* run = text;;) {
-        char const* end = run;
-        while (kEscapeTable[static_cast<unsigned char>(*end)] == kPlain)
-            ++end;
-        if (end != run)
-            m_sink->Append(run, static_cast<std::size_t>(end - run));
-        char const escape = kEscapeTable[static_cast<unsigned char>(*end)];
-        switch (escape) {
-        case kEnd:
-            return;
-        case kLineFeed:
-            m_sink->Append(m_eol.data(), m_eol.size());
-            break;
-        case kDrop:
-            break;
-        case kHexadecimal:
-            m_sink->Append("\\u00", 4);
-            m_sink->Append(kDigits[static_cast<unsigned char>(*end) >> 4U]);
-            m_sink->Append(kDigits[static_cast<unsigned char>(*end) & 0xFU]);
-            break;
-        default:
-            m_sink->Append('\\');
-            m_sink->Append(escape);
-        }
-        run = end + 1;
-    }
+    CTextWriter::AppendEscaped(text.c_str(), kEscapeTable, m_eol,
+                               [&](char const* byte, unsigned char escape) {
+                                   if (escape == kHexadecimal) {
+                                       m_sink->Append("\\u00", 4);
+                                       m_sink->Append(kDigits[static_cast<unsigned char>(*byte) >> 4U]);
+                                       m_sink->Append(kDigits[static_cast<unsigned char>(*byte) & 0xFU]);
+                                   } else {
+                                       m_sink->Append('\\');
+                                       m_sink->Append(static_cast<char>(escape));
+                                   }
+                               });
 }
 
 std::string const& CJsonTextWriter::AliasOf(std::string const& ns) const {
@@ -353,11 +276,6 @@ std::string const& CJsonTextWriter::AliasOf(std::string const& ns) const {
     if (alias == nullptr)
         FailUnknownNamespace(ns);
     return *alias;
-}
-
-void CJsonTextWriter::FlushIfLarge() {
-    if (m_sink->GetLength() >= kFlushLength)
-        m_sink->Flush();
 }
 
 } // namespace ZvXmlLib16

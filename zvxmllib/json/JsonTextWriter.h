@@ -3,9 +3,8 @@
 
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/json/JsonContext.h"
-#include "zvxmllib/writers/XmlWriter.h"
+#include "zvxmllib/writers/TextWriter.h"
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -14,14 +13,12 @@ namespace ZvXmlLib16 {
 // Writes one JSON object with the root element as its member into a text sink. An element is a member of its
 // parent: a scalar if it holds text alone, null if it holds nothing, else an object of its attributes, child
 // elements and text. Prefixes come from the aliases given; only the root may have one made up.
-class CJsonTextWriter : public CXmlWriter {
+class CJsonTextWriter : public CTextWriter {
 public:
     // `sink` is borrowed and outlives the writer.
     explicit CJsonTextWriter(CTextStream* sink);
     ~CJsonTextWriter() override;
 
-    void Open() override;
-    void Close() override;
     void WriteComment(std::string const& text) override;
     void WriteProcessingInstruction(std::string const& text) override;
     void WriteInlineSchema(std::string const& text) override;
@@ -37,21 +34,15 @@ public:
     void WriteDocumentStart();
     void WriteDocumentEnd();
 
-    // To be set before the root element. True at first.
-    bool GetFormatted() const noexcept { return m_formatted; }
-    void SetFormatted(bool formatted) noexcept { m_formatted = formatted; }
-    // EOLType_LF at first. Throws CZvException for a value out of range.
-    EOLType GetEOLType() const noexcept { return m_eolType; }
-    void SetEOLType(EOLType eol);
-    // JsonRoundTrip_Full at first.
+    // To be set before the root element. JsonRoundTrip_Full at first.
     JsonRoundTrip GetRoundTrip() const noexcept { return m_roundTrip; }
     void SetRoundTrip(JsonRoundTrip roundTrip) noexcept { m_roundTrip = roundTrip; }
-    // One tab at first; null for none.
-    std::string GetIndentChars() const { return m_indent; }
-    void SetIndentChars(char const* indent);
 
 protected:
     void CloseOpenArray() override;
+    void RequireOpenStartTag() const override;
+    std::string const& AliasForType(std::string const& ns) override { return AliasOf(ns); }
+    void AppendDeclaration(std::string_view alias, std::string const& ns) override;
 
 private:
     bool IsFull() const noexcept { return m_roundTrip == JsonRoundTrip_Full; }
@@ -59,31 +50,21 @@ private:
     void BeginMember();
     void OpenArrayIfDue();
     void CloseAnyArray();
-    std::string_view LineBreak(std::int32_t depth);
-    void AppendLineBreak(std::int32_t depth);
+    void AppendBreak(std::int32_t depth) { AppendLineBreak(depth + m_openArrays); }
     void AppendName(std::string_view name);
     void AppendMarkedName(std::string_view mark, std::string_view alias, std::string_view name);
     void AppendPrefixedName(std::string const& name, std::string const& ns);
-    void AppendRootDeclarations();
-    void AppendDeclaration(std::string_view alias, std::string const& ns);
     void AppendScalar(std::string const& text, ItemType type);
-    void AppendEscaped(char const* text);
+    void AppendEscaped(std::string const& text);
     std::string const& AliasOf(std::string const& ns) const;
-    void FlushIfLarge();
 
-    std::string m_indent{"\t"};
-    std::string m_eol{"\n"};
-    EOLType m_eolType = EOLType_LF;
     JsonRoundTrip m_roundTrip = JsonRoundTrip_Full;
-    bool m_formatted = true;
-    CTextStream* m_sink;
     // The name of the current element is written, but no brace yet: nothing has shown that it is an object.
     bool m_bObjectPending = false;
     bool m_hasScalar = false; // while that is so: its text is written
     bool m_hasRoot = false;   // a root element was begun
 
     std::int32_t m_openArrays = 0; // each of them moves all that is open one indent to the right
-    std::string m_lineBreak;       // m_eol, then m_indent as many times as the greatest depth so far
 };
 
 } // namespace ZvXmlLib16

@@ -16,10 +16,7 @@ namespace ZvXmlLib16 {
 void CXmlObjectBase::WriteJsonText(CTextStream& sink, bool formatted, EOLType eol,
                                    CSerializationContext const& ctx) const {
     CJsonTextWriter writer(&sink);
-    writer.Open();
-    writer.SetFormatted(formatted);
-    writer.SetIndentChars(ctx.GetIndentChars().c_str());
-    writer.SetEOLType(eol);
+    writer.Begin(formatted, eol, ctx);
     writer.SetRoundTrip(ctx.GetJsonContext().GetSupportRoundtrip());
     writer.WriteDocumentStart();
     std::string const ns = const_cast<CXmlObjectBase*>(this)->GetTargetNamespace();

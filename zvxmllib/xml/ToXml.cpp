@@ -16,10 +16,7 @@ namespace ZvXmlLib16 {
 void CXmlObjectBase::WriteXmlText(CTextStream& sink, bool includeDocHeader, bool formatted, EOLType eol,
                                   CSerializationContext const& ctx) const {
     CXmlTextWriter writer(&sink);
-    writer.Open();
-    writer.SetFormatted(formatted);
-    writer.SetIndentChars(ctx.GetIndentChars().c_str());
-    writer.SetEOLType(eol);
+    writer.Begin(formatted, eol, ctx);
     writer.SetWriteDefaultElementValues(ctx.GetWriteDefaultElementValues());
     if (includeDocHeader)
         writer.WriteDeclaration();

@@ -1,13 +1,10 @@
 // CXmlTextWriter, XML text.
 #include "zvxmllib/xml/XmlTextWriter.h"
 
-#include "zvxmllib/streams/TextStream.h"
 #include "zvxmllib/writers/Failures.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
 
 #include <algorithm>
 #include <array>
-#include <string_view>
 
 namespace ZvXmlLib16 {
 
@@ -15,63 +12,26 @@ namespace {
 
 CInstanceMonitor::Registration s_registration("CXmlTextWriter");
 
-constexpr std::size_t kFlushLength = 4096; // characters
 constexpr std::string_view kCDataStart = "<![CDATA[";
+constexpr std::string_view kLineFeedInAttribute = "&#xA;";
+constexpr std::array<std::string_view, 4> kEntities = {"&amp;", "&lt;", "&gt;", "&quot;"};
 
-// What a byte needs in escaped text. The end of the text is a byte like any other.
-enum class Escape : unsigned char { kNone, kEnd, kLineFeed, kDrop, kQuote, kAmpersand, kLess, kGreater };
-using EscapeTable = std::array<Escape, 256>;
-
-constexpr EscapeTable MakeEscapeTable(bool isAttribute) {
-    EscapeTable table{};
-    table['\0'] = Escape::kEnd;
-    table['\n'] = Escape::kLineFeed;
-    table['\r'] = Escape::kDrop;
-    table['&'] = Escape::kAmpersand;
-    table['<'] = Escape::kLess;
-    table['>'] = Escape::kGreater;
+// The escapes of the format are indices into kEntities.
+constexpr CTextWriter::EscapeTable MakeEscapeTable(bool isAttribute) {
+    CTextWriter::EscapeTable table{};
+    table['\0'] = CTextWriter::kEndOfText;
+    table['\n'] = CTextWriter::kLineFeed;
+    table['\r'] = CTextWriter::kDropped;
+    table['&'] = CTextWriter::kFirstOfFormat;
+    table['<'] = CTextWriter::kFirstOfFormat + 1;
+    table['>'] = CTextWriter::kFirstOfFormat + 2;
     if (isAttribute)
-        table['"'] = Escape::kQuote;
+        table['"'] = CTextWriter::kFirstOfFormat + 3;
     return table;
 }
 
-constexpr EscapeTable kTextTable = MakeEscapeTable(false);
-constexpr EscapeTable kAttributeTable = MakeEscapeTable(true);
-
-// Bytes are looked at one by one, since every byte of a multi-byte character is above 127, and handed on
-// in runs.
-void AppendEscaped(CTextStream& sink, char const* text, EscapeTable const& table, std::string_view lineFeed) {
-    for (char const* run = text;;) {
-        char const* end = run;
-        while (table[static_cast<unsigned char>(*end)] == Escape::kNone)
-            ++end;
-        if (end != run)
-            sink.Append(run, static_cast<std::size_t>(end - run));
-        switch (table[static_cast<unsigned char>(*end)]) {
-        case Escape::kLineFeed:
-            sink.Append(lineFeed.data(), lineFeed.size());
-            break;
-        case Escape::kQuote:
-            sink.Append("&quot;", 6);
-            break;
-        case Escape::kAmpersand:
-            sink.Append("&amp;", 5);
-            break;
-        case Escape::kLess:
-            sink.Append("&lt;", 4);
-            break;
-        case Escape::kGreater:
-            sink.Append("&gt;", 4);
-            break;
-        case Escape::kDrop:
-            break;
-        case Escape::kNone:
-        case Escape::kEnd:
-            return;
-        }
-        run = end + 1;
-    }
-}
+constexpr CTextWriter::EscapeTable kTextTable = MakeEscapeTable(false);
+constexpr CTextWriter::EscapeTable kAttributeTable = MakeEscapeTable(true);
 
 bool StartsWith(std::string_view text, std::string_view start) {
     return text.substr(0, start.size()) == start;
@@ -79,32 +39,9 @@ bool StartsWith(std::string_view text, std::string_view start) {
 
 } // namespace
 
-CXmlTextWriter::CXmlTextWriter(CTextStream* sink) : CXmlWriter(s_registration), m_sink(sink) {}
+CXmlTextWriter::CXmlTextWriter(CTextStream* sink) : CTextWriter(s_registration, sink) {}
 
 CXmlTextWriter::~CXmlTextWriter() = default;
-
-void CXmlTextWriter::Open() {
-    CXmlWriter::Open();
-    m_sink->Open();
-}
-
-// The sink is closed first, so that a document that is not complete gives its file back, too.
-void CXmlTextWriter::Close() {
-    m_sink->Close();
-    CXmlWriter::Close();
-}
-
-void CXmlTextWriter::SetEOLType(EOLType eol) {
-    if (eol != EOLType_CRLF && eol != EOLType_LF)
-        FailInvalidEol();
-    m_eolType = eol;
-    m_eol = eol == EOLType_CRLF ? "\r\n" : "\n";
-}
-
-void CXmlTextWriter::SetIndentChars(char const* indent) {
-    m_indent = indent == nullptr ? "" : indent;
-    m_indents.clear();
-}
 
 void CXmlTextWriter::WriteDeclaration() {
     m_sink->Append("<?xml version=\"1.0\"");
@@ -127,7 +64,7 @@ void CXmlTextWriter::WriteDirective(std::string const& text) {
 
 void CXmlTextWriter::WriteComment(std::string const& text) {
     m_sink->Append("<!--");
-    AppendEscapedText(text);
+    AppendEscaped(text, kTextTable, m_eol);
     m_sink->Append("-->");
     AppendEndOfLine();
     FlushIfLarge();
@@ -178,10 +115,8 @@ void CXmlTextWriter::WriteElementStart(std::string const& name, std::string cons
     }
     AppendIndent(context.m_depth);
     AppendStartTag(context.m_depth, name, alias);
-    if (isDeclarationDue) {
-        m_sink->Append(' ');
+    if (isDeclarationDue)
         AppendDeclaration(alias, ns);
-    }
     if (isRoot)
         AppendRootDeclarations();
     FlushIfLarge();
@@ -197,7 +132,7 @@ void CXmlTextWriter::WriteElementValue(std::string const& text, ItemType, bool i
     if (StartsWith(text, kCDataStart))
         m_sink->Append(text);
     else
-        AppendEscapedText(text);
+        AppendEscaped(text, kTextTable, m_eol);
     FlushIfLarge();
 }
 
@@ -221,46 +156,22 @@ void CXmlTextWriter::WriteElementEnd() {
 
 void CXmlTextWriter::WriteAttribute(std::string const& name, std::string const& ns, std::string const& value,
                                     ItemType) {
-    RequireOpenStartTag();
-    m_sink->Append(' ');
+    CXmlTextWriter::RequireOpenStartTag();
     // An attribute without a prefix is in no namespace, whatever the default namespace is.
-    if (!ns.empty()) {
-        std::string const* alias = m_pContext->FindAlias(ns);
-        if (alias == nullptr) {
-            alias = &GenerateAlias(*m_pContext, ns);
-            AppendDeclaration(*alias, ns);
-            m_sink->Append(' ');
-        }
-        m_sink->Append(alias->data(), alias->size());
+    if (ns.empty()) {
+        m_sink->Append(' ');
+    } else {
+        std::string const* const known = m_pContext->FindAlias(ns);
+        std::string const& alias = known != nullptr ? *known : DeclareNamespace(ns);
+        m_sink->Append(' ');
+        m_sink->Append(alias.data(), alias.size());
         m_sink->Append(':');
     }
     m_sink->Append(name);
     m_sink->Append("=\"", 2);
-    AppendEscapedAttribute(value);
+    AppendEscaped(value, kAttributeTable, kLineFeedInAttribute);
     m_sink->Append('"');
     FlushIfLarge();
-}
-
-void CXmlTextWriter::WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) {
-    RequireOpenStartTag();
-    if (ns.empty() || ns == m_pContext->GetDefaultNamespace()) {
-        WriteAttribute("type", SchemaInstanceNamespace(), typeName, type);
-        return;
-    }
-    std::string const* alias = m_pContext->FindAlias(ns);
-    if (alias == nullptr) {
-        alias = &GenerateAlias(*m_pContext, ns);
-        m_sink->Append(' ');
-        AppendDeclaration(*alias, ns);
-        m_sink->Append(' ');
-    }
-    std::string const value = *alias + ':' + typeName;
-    WriteAttribute("type", SchemaInstanceNamespace(), value, type);
-}
-
-void CXmlTextWriter::WriteNilAttribute() {
-    RequireOpenStartTag();
-    WriteAttribute("nil", SchemaInstanceNamespace(), "true", ItemType_boolean);
 }
 
 void CXmlTextWriter::RequireOpenStartTag() const {
@@ -273,17 +184,19 @@ void CXmlTextWriter::CloseStartTag() {
     m_sink->Append('>');
 }
 
-void CXmlTextWriter::AppendEndOfLine() {
-    m_sink->Append(m_eol.data(), m_eol.size());
+// Behind a declaration stand two blanks: its own and that of the attribute.
+std::string const& CXmlTextWriter::AliasForType(std::string const& ns) {
+    if (std::string const* const known = m_pContext->FindAlias(ns))
+        return *known;
+    std::string const& alias = DeclareNamespace(ns);
+    m_sink->Append(' ');
+    return alias;
 }
 
-void CXmlTextWriter::AppendIndent(std::int32_t depth) {
-    std::size_t const length = m_formatted ? static_cast<std::size_t>(depth) * m_indent.size() : 0;
-    if (length == 0)
-        return;
-    while (m_indents.size() < length)
-        m_indents += m_indent;
-    m_sink->Append(m_indents.data(), length);
+std::string const& CXmlTextWriter::DeclareNamespace(std::string const& ns) {
+    std::string const& alias = GenerateAlias(*m_pContext, ns);
+    AppendDeclaration(alias, ns);
+    return alias;
 }
 
 // The end tag is made here, and the start tag taken from it.
@@ -306,16 +219,16 @@ void CXmlTextWriter::AppendStartTag(std::int32_t depth, std::string const& name,
     m_sink->Append(endTag.data() + 2, endTag.size() - 3);
 }
 
-void CXmlTextWriter::AppendEscapedText(std::string const& text) {
-    AppendEscaped(*m_sink, text.c_str(), kTextTable, m_eol);
-}
-
-void CXmlTextWriter::AppendEscapedAttribute(std::string const& text) {
-    AppendEscaped(*m_sink, text.c_str(), kAttributeTable, "&#xA;");
+void CXmlTextWriter::AppendEscaped(std::string const& text, EscapeTable const& table,
+                                   std::string_view lineFeed) {
+    CTextWriter::AppendEscaped(text.c_str(), table, lineFeed, [this](char const*, unsigned char escape) {
+        std::string_view const entity = kEntities[escape - kFirstOfFormat];
+        m_sink->Append(entity.data(), entity.size());
+    });
 }
 
 void CXmlTextWriter::AppendDeclaration(std::string_view alias, std::string const& ns) {
-    m_sink->Append("xmlns", 5);
+    m_sink->Append(" xmlns", 6);
     if (!alias.empty()) {
         m_sink->Append(':');
         m_sink->Append(alias.data(), alias.size());
@@ -323,25 +236,6 @@ void CXmlTextWriter::AppendDeclaration(std::string_view alias, std::string const
     m_sink->Append("=\"", 2);
     m_sink->Append(ns);
     m_sink->Append('"');
-}
-
-// What is known before the root. An alias made for the root itself is only in its own scope.
-void CXmlTextWriter::AppendRootDeclarations() {
-    if (!m_defaultNamespace.empty()) {
-        m_sink->Append(' ');
-        AppendDeclaration({}, m_defaultNamespace);
-    }
-    for (auto const& [ns, alias] : m_namespaceMap) {
-        if (alias.empty() || BeginsWithXmlNamespace(ns))
-            continue;
-        m_sink->Append(' ');
-        AppendDeclaration(alias, ns);
-    }
-}
-
-void CXmlTextWriter::FlushIfLarge() {
-    if (m_sink->GetLength() >= kFlushLength)
-        m_sink->Flush();
 }
 
 } // namespace ZvXmlLib16
