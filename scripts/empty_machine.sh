@@ -24,10 +24,10 @@ fi
 # The first place that this machine takes its packages from.
 mirror=$({ sed -n 's/^URIs: *\([^ ]*\).*/\1/p' /etc/apt/sources.list.d/*.sources
     sed -n 's/^deb \(\[[^]]*\] *\)\?\([^ ]*\) .*/\2/p' /etc/apt/sources.list /etc/apt/sources.list.d/*.list
-} 2>/dev/null | head -n 1)
+} 2>/dev/null | head -n 1 || true)
 
 if [ ! -e "$machine/etc/debian_version" ]; then
-    debootstrap --variant=minbase "$suite" "$machine" "$mirror"
+    debootstrap --variant=minbase "$suite" "$machine" "${mirror:?no source of packages found in /etc/apt}"
 fi
 cp -a /etc/apt/. "$machine/etc/apt/"
 cp /etc/resolv.conf /etc/hosts "$machine/etc/"

@@ -156,6 +156,29 @@ TEST(UntypedReading, FillsAnObjectFromAnUntypedElement) {
         EXPECT_EQ(MessageOf<CZvInvalidParamException>(read), "The element to read from may not be NULL");
 }
 
+// What a class has replaced is called, as the two operations by which an untyped element is read say it.
+TEST(UntypedReading, CallsTheOperationsThatAClassHasReplaced) {
+    class Writer : public CElement {
+    public:
+        using CElement::CElement;
+        std::string ToXml(bool, bool, EOLType, CSerializationContext const&) override { return "<own/>"; }
+    };
+    class Reader : public WrittenObject {
+    public:
+        using WrittenObject::FromXml;
+        void FromXml(char const* text, CSerializationContext const&) override { m_text = text; }
+        std::string m_text;
+    };
+    ElementPtr const plain(new CElement("plain"));
+    ElementPtr const writer(new Writer("plain"));
+    CSmartPtr<Reader> const reader(new Reader);
+    reader->FromXmlElement(plain, ctx);
+    EXPECT_EQ(reader->m_text, "<plain/>");
+    CSmartPtr<WrittenObject> const object(new WrittenObject);
+    object->FromXmlElement(writer, ctx);
+    EXPECT_EQ(object->m_readElement, "own");
+}
+
 std::string Nested(int levels) {
     std::string xml;
     for (int i = 0; i < levels; ++i)

@@ -66,6 +66,32 @@ TEST(WildcardRule, GivesNewElementsTheirNamespace) {
         EXPECT_EQ(Entry::GetAnyDefaultNamespace(row.allowed, row.ns, "t"), row.result) << row.allowed;
 }
 
+TEST(OwnEntry, IsHandedTheNamespaceOfItsClass) {
+    class Entry : public CElementInfo {
+    public:
+        explicit Entry(std::string& seen) : CElementInfo("own", "", 0), m_seen(seen) {}
+        bool ElementToXml(CSerializationContext const&, CXmlGeneratedClass const*,
+                          CXmlWriter*) const override {
+            return false;
+        }
+        bool ElementFromXml(CSerializationContext const&, CXmlGeneratedClass*, CXmlElement*,
+                            CXmlElement** current, char const* ns, XmlElementType) override {
+            m_seen = ns;
+            *current = (*current)->GetNextSiblingElement();
+            return true;
+        }
+
+    private:
+        std::string& m_seen;
+    };
+    std::string seen;
+    OrderOf model({new Entry(seen)});
+    model.ns = "urn:of:the:class";
+    CSmartPtr<Probe> const probe(new Probe(model));
+    probe->FromXml("<order><own/></order>", CSerializationContext());
+    EXPECT_EQ(seen, "urn:of:the:class");
+}
+
 TEST(UntypedEntry, WithANameTakesThatNameOnly) {
     for (auto const& [group, entry] : std::initializer_list<std::pair<XmlElementGroupType, CElementInfo*>>{
              {XmlElementGroupType_Sequence, new CElementInfoSeqUntpdCol("note", "", 0)},

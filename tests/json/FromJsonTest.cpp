@@ -74,6 +74,9 @@ TEST(JsonToXml, MapsMembersToElementsAttributesAndTexts) {
         {R"({"r":{"x":{"@a":[]},"b":1}})", "<r><x/><b>1</b></r>"},
         {R"({"r":{"x":{"#text":[]},"b":1}})", "<r><x/><b>1</b></r>"},
         {R"({"r":{"x":[{"a":[]},{"b":[]}]}})", "<r><x/><x/></r>"},
+        {R"({"r":{"g":{"a":{"#text":"t","b":[]},"c":1},"d":2}})", "<r><g><a>t</a><c>1</c></g><d>2</d></r>"},
+        {R"({"r":{"g":{"a":{"#text":"t","@b":[]},"c":1},"d":2}})", "<r><g><a>t</a><c>1</c></g><d>2</d></r>"},
+        {R"({"a":{"#text":"t","b":[]}})", "<a>t</a>"},
         {R"({"a":[]})", "<a/>"},
         {R"({"a":[[]]})", "<a/>"},
         // An empty array inside an array leaves the name to the next item.

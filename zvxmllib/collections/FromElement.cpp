@@ -1,5 +1,6 @@
 // Reading an object from an untyped element.
 #include "zvxmllib/binding/GeneratorVersion.h"
+#include "zvxmllib/binding/KeptOperations.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/context/SerializationContext.h"
@@ -7,15 +8,32 @@
 
 namespace ZvXmlLib16 {
 
-// By way of the element's XML, in UTF-8, so that text outside the local encoding is not lost.
+namespace {
+
+// The element's XML goes through both classes' operations. Where neither has replaced them it goes as UTF-8
+// bytes, so that text outside the local encoding is not lost.
+bool MayGoAsBytes(CXmlObjectBase const& object, CElement const& element) {
+    using namespace detail;
+    return KeepsOperation<&CXmlObjectBase::ToXml>(element) &&
+           KeepsOperation<&CXmlObjectBase::ToXmlStream>(element) &&
+           KeepsOperation<static_cast<ReadText>(&CXmlObjectBase::FromXml)>(object) &&
+           KeepsReadingOfBytes(object);
+}
+
+} // namespace
+
 void CXmlObjectBase::FromXmlElement(CElement const* element, CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
     if (element == nullptr)
         FailNullElement();
-    CBinaryData const xml = const_cast<CElement*>(element)->ToXmlStream(
-        false, false, XmlEncoding_UTF8, EOLType_LF, CSerializationContext::GetDefaultContext(),
-        CompressionType_None);
-    FromXmlStream(xml, ctx);
+    CElement& source =
+        const_cast<CElement&>(*element); // writing leaves it as it is, but the slots are not const
+    CSerializationContext const& plain = CSerializationContext::GetDefaultContext();
+    if (MayGoAsBytes(*this, source))
+        FromXmlStream(
+            source.ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, plain, CompressionType_None), ctx);
+    else
+        FromXml(source.ToXml(false, false, EOLType_LF, plain).c_str(), ctx);
 }
 
 } // namespace ZvXmlLib16

@@ -3,6 +3,7 @@
 
 #include "zvxmllib/context/NamespaceAliasMap.h"
 #include "zvxmllib/context/OnDemandPart.h"
+#include "zvxmllib/context/SharedFlag.h"
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/SmartPtr.h"
@@ -68,7 +69,10 @@ public:
     bool GetIgnoreUnknownAttributes() const noexcept { return m_ignoreUnknownAttributes; }
     void SetIgnoreUnknownAttributes(bool ignore) noexcept { m_ignoreUnknownAttributes = ignore; }
 
-    // Match by local names alone; always true for SchemaType_NoNamespaces.
+    // Match by local names alone; always true for SchemaType_NoNamespaces. A JSON read without round trip in
+    // full turns this on for the length of the call, also in a context that is shared: another thread that
+    // reads with the same context meanwhile ignores namespaces, too, and the two may leave it on or off. Give
+    // each thread that reads such JSON a context of its own.
     bool GetIgnoreNamespaces() const noexcept {
         return m_ignoreNamespaces || m_schemaType == SchemaType_NoNamespaces;
     }
@@ -125,7 +129,7 @@ private:
     bool m_ignoreMissingMandatoryElements = false;
     bool m_ignoreUnknownElements = false;
     bool m_ignoreUnknownAttributes = false;
-    mutable bool m_ignoreNamespaces = false;
+    mutable SharedFlag m_ignoreNamespaces = false; // a JSON read changes it for its length
     bool m_noOptionalAttributeDefaultOutput = false;
     bool m_writeDefaultElementValues = false;
     bool m_stripCDATA = true;

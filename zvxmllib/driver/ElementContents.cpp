@@ -31,17 +31,23 @@ PrimitiveEntry::PrimitiveEntry(char const* name, char const* ns, std::int32_t pr
                                ItemType type, char const* formatOverride,
                                CWhitespaceUtils::WhitespaceRule rule,
                                CPrimitiveRestrictions const& restrictions, char const* defaultValue)
-    : ValueEntry(name, ns, propertyIndex, nillable, type, formatOverride, rule, restrictions, defaultValue) {}
+    : ValueEntry(name, ns, propertyIndex, nillable, type, formatOverride, rule, restrictions, defaultValue) {
+    m_usesClassNamespace = false;
+}
 
 EnumEntry::EnumEntry(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
                      EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue)
-    : ValueEntry(name, ns, propertyIndex, nillable, enumToString, stringToEnum, defaultValue) {}
+    : ValueEntry(name, ns, propertyIndex, nillable, enumToString, stringToEnum, defaultValue) {
+    m_usesClassNamespace = false;
+}
 
 // ObjectEntry
 
 ObjectEntry::ObjectEntry(char const* name, char const* ns, std::int32_t propertyIndex,
                          XmlElementType elementType)
-    : CElementInfo(name, ns, propertyIndex), m_elementType(elementType) {}
+    : CElementInfo(name, ns, propertyIndex), m_elementType(elementType) {
+    m_usesClassNamespace = false;
+}
 
 bool ObjectEntry::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
     return ElementToXmlCls(ctx, object, writer, false);
@@ -104,9 +110,7 @@ UntypedEntry::UntypedEntry(char const* name, char const* ns, std::int32_t proper
                            char const* allowedNamespaces, char const* targetNamespace)
     : CElementInfo(name, ns, propertyIndex),
       m_allowedNamespaces(allowedNamespaces == nullptr ? "" : allowedNamespaces),
-      m_targetNamespace(targetNamespace == nullptr ? "" : targetNamespace) {
-    m_usesClassNamespace = true;
-}
+      m_targetNamespace(targetNamespace == nullptr ? "" : targetNamespace) {}
 
 bool UntypedEntry::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
     return ElementToXmlCls(ctx, object, writer, false);

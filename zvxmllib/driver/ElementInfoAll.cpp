@@ -57,7 +57,9 @@ bool CElementInfoAllUntpdMnd::ElementFromXml(Ctx const& ctx, Object* object, CXm
 // Collections
 
 CElementInfoAllCol::CElementInfoAllCol(char const* name, char const* ns, std::int32_t propertyIndex)
-    : CElementInfo(name, ns, propertyIndex) {}
+    : CElementInfo(name, ns, propertyIndex) {
+    m_usesClassNamespace = false;
+}
 
 bool CElementInfoAllCol::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
     return ElementToXmlColOfValidCount(ctx, object, writer);

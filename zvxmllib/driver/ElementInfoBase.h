@@ -69,7 +69,7 @@ public:
     // CElementInfoChoiceCol does not.
     enum class ChoiceMember : std::uint8_t { kOther, kOptional, kCollection };
     virtual ChoiceMember GetChoiceMember() const noexcept;
-    // Whether ElementFromXml looks at `ns`.
+    // Whether ElementFromXml looks at `ns`, which is empty where it does not.
     bool UsesClassNamespace() const noexcept { return m_usesClassNamespace; }
 
 protected:
@@ -154,7 +154,7 @@ protected:
 
     bool IsPrimitive() const noexcept { return m_hasRestrictions; }
 
-    bool m_usesClassNamespace = false; // set by the constructors of the members concerned
+    bool m_usesClassNamespace = true; // members of the library that need no namespace save the call for it
     EnumToString const m_enumToString = nullptr;
 
 private:

@@ -59,7 +59,9 @@ bool CElementInfoChoiceUntpdOpt::ElementFromXml(Ctx const& ctx, Object* object, 
 // Collections
 
 CElementInfoChoiceCol::CElementInfoChoiceCol(char const* name, char const* ns, std::int32_t propertyIndex)
-    : CElementInfo(name, ns, propertyIndex) {}
+    : CElementInfo(name, ns, propertyIndex) {
+    m_usesClassNamespace = false;
+}
 
 bool CElementInfoChoiceCol::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
     return ElementToXmlCol(ctx, object, writer);

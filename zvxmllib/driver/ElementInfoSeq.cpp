@@ -116,7 +116,9 @@ bool CElementInfoSeqUntpdOpt::ElementFromXml(Ctx const& ctx, Object* object, CXm
 // Collections
 
 CElementInfoSeqCol::CElementInfoSeqCol(char const* name, char const* ns, std::int32_t propertyIndex)
-    : CElementInfo(name, ns, propertyIndex) {}
+    : CElementInfo(name, ns, propertyIndex) {
+    m_usesClassNamespace = false;
+}
 
 bool CElementInfoSeqCol::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
     return ElementToXmlColOfValidCount(ctx, object, writer);

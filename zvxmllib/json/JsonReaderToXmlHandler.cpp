@@ -95,9 +95,11 @@ void CJsonReaderToXmlHandler::EndArray() {
 // nothing, whatever the name stood for. Only the root is written all the same, empty. Inside an array it is
 // not even an item: the name waits for the next one.
 void CJsonReaderToXmlHandler::DropEmptyArray() {
+    bool const isText = !m_isStartDue && !m_bInAttribute;
     m_bInAttribute = false;
-    m_bTextMember = false;
-    if (m_isStartDue && m_openElements == 1) {
+    if (isText) {
+        m_bTextMember = false; // no text has ended the element
+    } else if (m_isStartDue && m_openElements == 1 && !m_bTextMember) {
         WriteDueElementStart();
         EndItem();
     } else if (m_isStartDue) {

@@ -5,6 +5,7 @@
 #include "zvxmllib/streams/Failures.h"
 #include "zvxmllib/values/binary/BinaryData.h"
 
+#include <algorithm>
 #include <memory>
 #include <new>
 
@@ -135,9 +136,15 @@ void CZvZip::Decompress(unsigned char*& data, std::uint32_t& length) {
 bool CZvZip::TryDecompress(unsigned char const* data, std::uint32_t length, CBinaryData& result) {
     CBinaryData content;
     std::uint64_t const limit = GetDecompressionLimit();
+    std::uint64_t room = 0; // never more than the limit
     bool const isStream = Inflate(data, length, [&](unsigned char const* piece, std::uint32_t made) {
         if (made > limit - content.GetLength())
             FailDecompressionLimit(limit);
+        std::uint64_t const needed = std::uint64_t{content.GetLength()} + made;
+        if (needed > room) {
+            room = std::min(2 * needed, limit);
+            content.Reserve(static_cast<std::uint32_t>(room));
+        }
         content.Append(piece, made);
         return true;
     });

@@ -3,6 +3,7 @@
 
 #include "zvxmllib/foundation/Assert.h"
 #include "zvxmllib/values/binary/Base64Text.h"
+#include "zvxmllib/values/binary/CheckedSize.h"
 
 #include <array>
 #include <cstring>
@@ -83,7 +84,7 @@ std::string& CBase64::Encode(unsigned char const* lpEncoding, std::uint32_t leng
     text.clear();
     if (lpEncoding == nullptr)
         return text;
-    text.resize((std::size_t{length} + 2) / 3 * 4, '=');
+    text.resize(detail::CheckedSize((std::uint64_t{length} + 2) / 3 * 4), '=');
     char* out = text.data();
     unsigned char const* in = lpEncoding;
     std::uint32_t left = length;

@@ -5,6 +5,7 @@
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/binary/Base64.h"
 #include "zvxmllib/values/binary/Base64Text.h"
+#include "zvxmllib/values/binary/CheckedSize.h"
 #include "zvxmllib/values/binary/HexText.h"
 
 #include <algorithm>
@@ -23,7 +24,8 @@ namespace {
 constexpr std::uint32_t kSmallestRoom = 8192;
 constexpr char kHexDigits[] = "0123456789ABCDEF";
 
-std::uint32_t CheckedLength(std::size_t length) {
+// Sums are made in 64 bits: on a 32-bit machine they would wrap.
+std::uint32_t CheckedLength(std::uint64_t length) {
     if (length > std::numeric_limits<std::uint32_t>::max())
         throw std::bad_alloc();
     return static_cast<std::uint32_t>(length);
@@ -45,7 +47,7 @@ std::uint32_t Doubled(std::uint32_t length) {
 std::string& WriteHex(unsigned char const* bytes, std::uint32_t length, std::string& text) {
     if (bytes == nullptr)
         length = 0;
-    text.resize(std::size_t{length} * 2);
+    text.resize(detail::CheckedSize(std::uint64_t{length} * 2));
     char* out = text.data();
     for (std::uint32_t i = 0; i < length; ++i) {
         *out++ = kHexDigits[bytes[i] >> 4];
@@ -101,7 +103,7 @@ public:
         ZV_ASSERT(m_refCount == 1);
         if (IsShared())
             FailAppendToSharedData(m_refCount);
-        std::uint32_t const newLength = CheckedLength(std::size_t{m_dwLen} + length);
+        std::uint32_t const newLength = CheckedLength(std::uint64_t{m_dwLen} + length);
         std::unique_ptr<unsigned char[]> old;
         if (newLength > m_dwBufferLen)
             old = MoveTo(Doubled(newLength));
@@ -110,7 +112,7 @@ public:
     }
 
     unsigned char* BeginAppend(std::uint32_t least, std::uint32_t& room) {
-        std::uint32_t const needed = CheckedLength(std::size_t{m_dwLen} + least);
+        std::uint32_t const needed = CheckedLength(std::uint64_t{m_dwLen} + least);
         if (needed > m_dwBufferLen)
             MoveTo(Doubled(needed));
         room = m_dwBufferLen - m_dwLen;
