@@ -16,6 +16,11 @@ namespace ZvXmlLib16 {
 // collection never holds one that its type forbids. Belongs to one thread at a time. The order of the virtual
 // operations is a contract.
 class ZV_API CXmlTypeCollection : public CXmlCollectionBase {
+public:
+    // Whether values are checked by the rules of XML Schema, see CPrimitiveRestrictions. False; to be set
+    // before the first value is added. A strict context reads by these rules in any case.
+    void SetStrict(bool strict) noexcept { m_restrictions.SetStrict(strict); }
+
 protected:
     // Bounds as in CXmlCollectionBase, facets as in CPrimitiveRestrictions. `rule` is for values read from
     // text, `formatOverride` for those of r4, r8 and decimal written as text; null is none.
@@ -38,7 +43,7 @@ protected:
     using TakeText = void (*)(CXmlTypeCollection& collection, std::string_view text);
     CXmlElement* ReadTexts(CXmlElement* current, CSerializationContext const& ctx, TakeText take);
 
-    CPrimitiveRestrictions const m_restrictions;
+    CPrimitiveRestrictions m_restrictions;
     ItemType const m_itemType;
     std::string const m_formatOverride;
     CWhitespaceUtils::WhitespaceRule const m_whitespaceRule;

@@ -13,11 +13,12 @@
 namespace ZvXmlLib16 {
 
 class CPrimitiveRestrictions;
+enum class FacetRules : std::uint8_t;
 
 // CheckPrimitive throws CZvException at the first facet that the value offends, with `name`, that of the
 // element or attribute, in the message; null counts as empty. A bound that is no value of the type throws
 // what its conversion throws. Facets that a type does not have are not looked at. Safe for
-// threads.
+// threads. The rules are those that the restrictions say, see CPrimitiveRestrictions::SetStrict.
 //
 // Bounds are parsed when a value is first checked, and kept beside the facets; patterns are compiled once.
 
@@ -96,6 +97,9 @@ ZV_API void CheckPrimitiveVariant(char const* name, ZvVariant const& value, Item
 // library of regular expressions as it is. Compiled patterns are kept, a limited number of them. Safe for
 // threads.
 ZV_API bool MatchesPattern(std::string const& pattern, std::string_view value);
+// The same by other rules. FacetRules::kXmlSchema takes the expressions of XML Schema Part 2, appendix F, and
+// no others.
+ZV_API bool MatchesPattern(std::string const& pattern, std::string_view value, FacetRules rules);
 
 // False if CheckPrimitiveVariant passes every value of the type, so that who writes many values need not ask.
 ZV_API bool NeedsCheck(ItemType type, CPrimitiveRestrictions const& restrictions) noexcept;

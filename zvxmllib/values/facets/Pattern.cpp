@@ -7,11 +7,13 @@
 #include "zvxmllib/values/binary/Encoder.h"
 #include "zvxmllib/values/facets/PrimitiveRestrictions.h"
 #include "zvxmllib/values/facets/Regex.h"
+#include "zvxmllib/values/facets/SchemaPattern.h"
 
 #include <deque>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
+#include <utility>
 
 namespace ZvXmlLib16 {
 
@@ -55,8 +57,17 @@ std::string Translate(std::string text) {
     return "^(" + text + ")$";
 }
 
-SharedRegex Compile(std::string const& pattern) {
-    std::string const expression = Translate(pattern);
+std::string TranslateStrictly(std::string pattern) {
+    detail::SchemaPattern translated = detail::TranslateSchemaPattern(pattern);
+    if (!translated.error.empty())
+        FailRegularExpression(pattern, translated.error);
+    return std::move(translated.expression);
+}
+
+using TranslatePattern = std::string (*)(std::string pattern);
+
+SharedRegex Compile(std::string const& pattern, TranslatePattern translate) {
+    std::string const expression = translate(pattern);
     std::string error;
     detail::RegexPtr regex = detail::CompileRegex(expression, error);
     if (regex == nullptr)
@@ -67,6 +78,8 @@ SharedRegex Compile(std::string const& pattern) {
 // All threads' patterns, the oldest of which goes when there are too many.
 class PatternCache {
 public:
+    explicit PatternCache(TranslatePattern translate) : m_translate(translate) {}
+
     SharedRegex Find(std::string const& pattern) {
         {
             std::lock_guard<std::mutex> const lock(m_mutex);
@@ -74,7 +87,7 @@ public:
             if (found != m_regexes.end())
                 return found->second;
         }
-        SharedRegex regex = Compile(pattern); // others need not wait for it
+        SharedRegex regex = Compile(pattern, m_translate); // others need not wait for it
         std::lock_guard<std::mutex> const lock(m_mutex);
         if (!m_regexes.emplace(pattern, regex).second)
             return regex;
@@ -89,24 +102,26 @@ public:
 private:
     static constexpr std::size_t kMost = 256;
 
+    TranslatePattern const m_translate;
     std::mutex m_mutex;
     std::unordered_map<std::string, SharedRegex> m_regexes;
     std::deque<std::string> m_byAge;
 };
 
 // Never destroyed: threads may check values when the process ends.
-PatternCache& SharedCache() {
-    static PatternCache& cache = *new PatternCache;
-    return cache;
+PatternCache& SharedCache(FacetRules rules) {
+    static PatternCache& cache = *new PatternCache(Translate);
+    static PatternCache& strictCache = *new PatternCache(TranslateStrictly);
+    return rules == FacetRules::kXmlSchema ? strictCache : cache;
 }
 
 // What is kept beside facets. Only text that is UTF-8 as it stands, so that the pattern stays the same as
 // long as that is so.
 class PreparedPattern final : public detail::PreparedFacets {
 public:
-    explicit PreparedPattern(std::string const& pattern)
+    PreparedPattern(std::string const& pattern, FacetRules rules)
         : PreparedFacets(ItemType_string), m_pattern(pattern), m_isAscii(IsAscii(pattern)),
-          m_regex(SharedCache().Find(pattern.c_str())) {}
+          m_regex(SharedCache(rules).Find(pattern.c_str())) {}
 
     bool IsOf(std::string const& pattern) const noexcept {
         return m_pattern == pattern && (m_isAscii || IsLocalTextUtf8());
@@ -136,10 +151,12 @@ bool MatchesRegex(detail::CompiledRegex const& regex, std::string_view value) {
 }
 
 // Null if there is none for this pattern, and none can be kept.
-PreparedPattern const* FindPrepared(CPrimitiveRestrictions const& facets) {
-    detail::PreparedFacets const* prepared = facets.GetPreparedSlot().Get();
+PreparedPattern const* FindPrepared(CPrimitiveRestrictions const& facets, FacetRules rules) {
+    detail::PreparedSlot const& slot =
+        rules == FacetRules::kXmlSchema ? facets.GetSchemaPatternSlot() : facets.GetPreparedSlot();
+    detail::PreparedFacets const* prepared = slot.Get();
     if (prepared == nullptr && IsUtf8AsItStands(facets.pattern))
-        prepared = facets.GetPreparedSlot().Put(std::make_unique<PreparedPattern>(facets.pattern));
+        prepared = slot.Put(std::make_unique<PreparedPattern>(facets.pattern, rules));
     if (prepared == nullptr || prepared->GetType() != ItemType_string)
         return nullptr;
     auto const* const pattern = static_cast<PreparedPattern const*>(prepared);
@@ -149,14 +166,18 @@ PreparedPattern const* FindPrepared(CPrimitiveRestrictions const& facets) {
 } // namespace
 
 bool MatchesPattern(std::string const& pattern, std::string_view value) {
-    return MatchesRegex(*SharedCache().Find(pattern), value);
+    return MatchesPattern(pattern, value, FacetRules::kLetter);
 }
 
-bool MatchesPattern(CPrimitiveRestrictions const& facets, std::string_view value) {
-    if (PreparedPattern const* const prepared = FindPrepared(facets))
+bool MatchesPattern(std::string const& pattern, std::string_view value, FacetRules rules) {
+    return MatchesRegex(*SharedCache(rules).Find(pattern), value);
+}
+
+bool MatchesPattern(CPrimitiveRestrictions const& facets, std::string_view value, FacetRules rules) {
+    if (PreparedPattern const* const prepared = FindPrepared(facets, rules))
         return MatchesRegex(prepared->GetRegex(), value);
     CBinaryData const utf8 = LocalToUtf8(facets.pattern.c_str());
-    return MatchesPattern(std::string(TextOf(utf8)), value);
+    return MatchesPattern(std::string(TextOf(utf8)), value, rules);
 }
 
 } // namespace ZvXmlLib16

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "zvxmllib/values/facets/CheckPrimitive.h"
+#include "zvxmllib/values/facets/PrimitiveRestrictions.h"
 
 #include <string_view>
 
@@ -9,6 +10,7 @@ namespace ZvXmlLib16 {
 
 // MatchesPattern for the pattern of facets, which is local text. What it was compiled into is kept beside
 // them, so that later values take no lock.
-bool MatchesPattern(CPrimitiveRestrictions const& facets, std::string_view value);
+bool MatchesPattern(CPrimitiveRestrictions const& facets, std::string_view value,
+                    FacetRules rules = FacetRules::kLetter);
 
 } // namespace ZvXmlLib16

@@ -46,6 +46,11 @@ private:
 
 } // namespace detail
 
+// By which rules values are tested: the usual ones, which the comments of the facets tell, or those of XML
+// Schema Part 2 to the letter. By these, lengths of strings are in characters, a sign is no digit, a pair of
+// values without an order keeps no bound, and the pattern is one of appendix F and holds for every type.
+enum class FacetRules : std::uint8_t { kLetter, kXmlSchema };
+
 // The constraining facets of XML Schema Part 2, 4.3. Generated code fills one for each restricted property;
 // the metadata keeps a copy. An empty string and -1 mean that the facet is not set. Bounds are in the lexical
 // form of the type that they are checked for.
@@ -79,11 +84,20 @@ public:
     std::int32_t totalDigits = -1; // the sign of a negative number counts as a digit
     std::int32_t fractionDigits = -1;
 
-    // For the check of values.
+    // Whether values are tested by the rules of XML Schema whatever a context says: those that an application
+    // adds to a collection, and those that it tests itself. False.
+    bool GetStrict() const noexcept { return m_isStrict; }
+    void SetStrict(bool strict) noexcept { m_isStrict = strict; }
+    FacetRules GetRules() const noexcept { return m_isStrict ? FacetRules::kXmlSchema : FacetRules::kLetter; }
+
+    // For the check of values: what the facets were made into, and the pattern of FacetRules::kXmlSchema.
     detail::PreparedSlot const& GetPreparedSlot() const noexcept { return m_preparedSlot; }
+    detail::PreparedSlot const& GetSchemaPatternSlot() const noexcept { return m_schemaPatternSlot; }
 
 private:
+    bool m_isStrict = false;
     detail::PreparedSlot m_preparedSlot;
+    detail::PreparedSlot m_schemaPatternSlot;
 };
 
 } // namespace ZvXmlLib16

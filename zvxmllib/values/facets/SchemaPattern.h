@@ -1,0 +1,20 @@
+// The regular expressions of XML Schema Part 2, appendix F, in the language of the libraries of regular
+// expressions.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace ZvXmlLib16::detail {
+
+struct SchemaPattern {
+    std::string expression;   // matches a whole subject, from its start to its end; empty if it is none
+    std::string error;        // what is wrong with the pattern; empty for nothing
+    std::size_t position = 0; // of the fault, in bytes of the pattern
+};
+
+// `pattern` is UTF-8. Any number of threads may translate at once.
+SchemaPattern TranslateSchemaPattern(std::string_view pattern);
+
+} // namespace ZvXmlLib16::detail
