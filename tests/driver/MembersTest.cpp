@@ -173,7 +173,7 @@ TEST(SequenceMembers, InAGroupMayBeAbsentWithIt) {
         };
         inner.Finish();
         s_group = &inner;
-        ClassFactory const makeGroup = [](int, char const*) {
+        CElementInfo::ClassFactory const makeGroup = [](int, char const*) {
             return CSmartPtr<CXmlObjectBase>(static_cast<CXmlObjectBase*>(new Probe(*s_group)));
         };
         OrderOf group(XmlElementGroupType_Sequence,

@@ -3,7 +3,7 @@
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/document/XmlElement.h"
 
-namespace ZvXmlLib16Data {
+namespace ZvXmlLib16Data::detail {
 
 // ValueEntry
 
@@ -132,4 +132,4 @@ CSmartPtr<CElement> UntypedEntry::MakeChild(char const* ns) const {
     return NewUntyped(ns, m_allowedNamespaces, m_targetNamespace);
 }
 
-} // namespace ZvXmlLib16Data
+} // namespace ZvXmlLib16Data::detail

@@ -7,7 +7,10 @@
 
 #include <string>
 
-namespace ZvXmlLib16Data {
+namespace ZvXmlLib16Data::detail {
+
+using Ctx = CElementInfo::Ctx;
+using Object = CElementInfo::Object;
 
 // The usual ElementFromXml of an entry takes the child under the cursor if it is the entry's, sets the
 // property, and answers whether it did.
@@ -142,4 +145,4 @@ private:
     XmlElementType const m_elementType;
 };
 
-} // namespace ZvXmlLib16Data
+} // namespace ZvXmlLib16Data::detail

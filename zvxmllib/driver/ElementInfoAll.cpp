@@ -32,8 +32,9 @@ bool CElementInfoAllClsMnd::Validate(Ctx const&, Object const*, bool found, bool
 
 // Abstract classes
 
-bool AllAbstractClassEntry::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
-                                           CXmlElement** current, char const* ns, XmlElementType parentType) {
+bool detail::AllAbstractClassEntry::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
+                                                   CXmlElement** current, char const* ns,
+                                                   XmlElementType parentType) {
     if (!IsGroup())
         return AbstractClassEntry::ElementFromXml(ctx, object, element, current, ns, parentType);
     if (*current == nullptr)

@@ -6,6 +6,8 @@
 
 namespace ZvXmlLib16Data {
 
+namespace detail {
+
 template <class Content>
 class AllMandatory : public MandatoryEntry<Content> {
 public:
@@ -33,8 +35,10 @@ public:
                         char const* ns, XmlElementType parentType) override;
 };
 
+} // namespace detail
+
 // Its object is made by Init, so factory and class id are not used.
-class ZV_API CElementInfoAllClsMnd : public AllMandatory<ClassEntry> {
+class ZV_API CElementInfoAllClsMnd : public detail::AllMandatory<detail::ClassEntry> {
 public:
     CElementInfoAllClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
                           XmlElementType elementType, ClassFactory factory, int classId,
@@ -48,45 +52,45 @@ private:
     bool const m_contentMandatory;
 };
 
-class ZV_API CElementInfoAllClsOpt : public AllOptional<ClassEntry> {
+class ZV_API CElementInfoAllClsOpt : public detail::AllOptional<detail::ClassEntry> {
 public:
     using AllOptional::AllOptional;
 };
 
-class ZV_API CElementInfoAllAbsClsMnd : public AllMandatory<AllAbstractClassEntry> {
+class ZV_API CElementInfoAllAbsClsMnd : public detail::AllMandatory<detail::AllAbstractClassEntry> {
 public:
     // Nothing reads `reserved`.
     CElementInfoAllAbsClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
                              XmlElementType elementType, ElementFactory factory, int reserved);
 };
 
-class ZV_API CElementInfoAllAbsClsOpt : public AllOptional<AllAbstractClassEntry> {
+class ZV_API CElementInfoAllAbsClsOpt : public detail::AllOptional<detail::AllAbstractClassEntry> {
 public:
     using AllOptional::AllOptional;
 };
 
-class ZV_API CElementInfoAllPrimMnd : public AllMandatory<PrimitiveEntry> {
+class ZV_API CElementInfoAllPrimMnd : public detail::AllMandatory<detail::PrimitiveEntry> {
 public:
     using AllMandatory::AllMandatory;
 };
 
-class ZV_API CElementInfoAllPrimOpt : public AllOptional<PrimitiveEntry> {
+class ZV_API CElementInfoAllPrimOpt : public detail::AllOptional<detail::PrimitiveEntry> {
 public:
     using AllOptional::AllOptional;
 };
 
-class ZV_API CElementInfoAllEnumMnd : public AllMandatory<EnumEntry> {
+class ZV_API CElementInfoAllEnumMnd : public detail::AllMandatory<detail::EnumEntry> {
 public:
     using AllMandatory::AllMandatory;
 };
 
-class ZV_API CElementInfoAllEnumOpt : public AllOptional<EnumEntry> {
+class ZV_API CElementInfoAllEnumOpt : public detail::AllOptional<detail::EnumEntry> {
 public:
     using AllOptional::AllOptional;
 };
 
 // The element is the one of the property.
-class ZV_API CElementInfoAllUntpdMnd : public AllMandatory<UntypedEntry> {
+class ZV_API CElementInfoAllUntpdMnd : public detail::AllMandatory<detail::UntypedEntry> {
 public:
     using AllMandatory::AllMandatory;
 
@@ -94,7 +98,7 @@ public:
                         char const* ns, XmlElementType parentType) override;
 };
 
-class ZV_API CElementInfoAllUntpdOpt : public AllOptional<UntypedEntry> {
+class ZV_API CElementInfoAllUntpdOpt : public detail::AllOptional<detail::UntypedEntry> {
 public:
     using AllOptional::AllOptional;
 };
@@ -110,12 +114,12 @@ public:
     bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const override;
 };
 
-class ZV_API CElementInfoAllClsCol : public ObjectCollectionEntry<CElementInfoAllCol> {
+class ZV_API CElementInfoAllClsCol : public detail::ObjectCollectionEntry<CElementInfoAllCol> {
 public:
     using ObjectCollectionEntry::ObjectCollectionEntry;
 };
 
-class ZV_API CElementInfoAllAbsClsCol : public ObjectCollectionEntry<CElementInfoAllCol> {
+class ZV_API CElementInfoAllAbsClsCol : public detail::ObjectCollectionEntry<CElementInfoAllCol> {
 public:
     using ObjectCollectionEntry::ObjectCollectionEntry;
 };

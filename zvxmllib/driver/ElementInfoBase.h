@@ -29,21 +29,21 @@ using ZvXmlLib16::XmlElementType_Element;
 using ZvXmlLib16::XmlElementType_Pseudo;
 using ZvXmlLib16::ZvVariant;
 
-// What most operations of the family take first.
-using Ctx = CSerializationContext;
-using Object = CXmlGeneratedClass;
-
-// Both kinds of factory are generated. A class factory makes an object of the class of this id, under
-// this name, never null; an element factory one that fits the element, or null.
-using ClassFactory = CSmartPtr<CXmlObjectBase> (*)(int classId, char const* elementName);
-using ElementFactory = CSmartPtr<CXmlObjectBase> (*)(CXmlElement* element);
-using EnumToString = char const* (*)(int);
-using StringToEnum = int (*)(char const*);
-
 // One child element of a generated class. Immutable, shared by all instances and threads. The order of the
 // virtual operations is a contract.
 class ZV_API CElementInfo {
 public:
+    // What most operations of the family take first.
+    using Ctx = CSerializationContext;
+    using Object = CXmlGeneratedClass;
+
+    // Both kinds of factory are generated. A class factory makes an object of the class of this id, under
+    // this name, never null; an element factory one that fits the element, or null.
+    using ClassFactory = CSmartPtr<CXmlObjectBase> (*)(int classId, char const* elementName);
+    using ElementFactory = CSmartPtr<CXmlObjectBase> (*)(CXmlElement* element);
+    using EnumToString = char const* (*)(int);
+    using StringToEnum = int (*)(char const*);
+
     CElementInfo(CElementInfo const&) = delete;
     CElementInfo& operator=(CElementInfo const&) = delete;
     virtual ~CElementInfo();

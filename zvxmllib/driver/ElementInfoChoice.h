@@ -5,6 +5,8 @@
 
 namespace ZvXmlLib16Data {
 
+namespace detail {
+
 template <class Content>
 class ChoiceOption : public Content {
 public:
@@ -15,8 +17,10 @@ public:
     }
 };
 
+} // namespace detail
+
 // The object is in place while it is filled; a nested choice may be empty.
-class ZV_API CElementInfoChoiceClsOpt : public ChoiceOption<ClassEntry> {
+class ZV_API CElementInfoChoiceClsOpt : public detail::ChoiceOption<detail::ClassEntry> {
 public:
     using ChoiceOption::ChoiceOption;
 
@@ -26,7 +30,7 @@ public:
 };
 
 // The object is in place while it is filled.
-class ZV_API CElementInfoChoiceAbsClsOpt : public ChoiceOption<AbstractClassEntry> {
+class ZV_API CElementInfoChoiceAbsClsOpt : public detail::ChoiceOption<detail::AbstractClassEntry> {
 public:
     using ChoiceOption::ChoiceOption;
 
@@ -34,18 +38,18 @@ public:
                         char const* ns, XmlElementType parentType) override;
 };
 
-class ZV_API CElementInfoChoicePrimOpt : public ChoiceOption<PrimitiveEntry> {
+class ZV_API CElementInfoChoicePrimOpt : public detail::ChoiceOption<detail::PrimitiveEntry> {
 public:
     using ChoiceOption::ChoiceOption;
 };
 
-class ZV_API CElementInfoChoiceEnumOpt : public ChoiceOption<EnumEntry> {
+class ZV_API CElementInfoChoiceEnumOpt : public detail::ChoiceOption<detail::EnumEntry> {
 public:
     using ChoiceOption::ChoiceOption;
 };
 
 // The element is in place while it is filled.
-class ZV_API CElementInfoChoiceUntpdOpt : public ChoiceOption<UntypedEntry> {
+class ZV_API CElementInfoChoiceUntpdOpt : public detail::ChoiceOption<detail::UntypedEntry> {
 public:
     using ChoiceOption::ChoiceOption;
 
@@ -63,6 +67,8 @@ public:
                         char const* ns, XmlElementType parentType) override;
 };
 
+namespace detail {
+
 // A collection that may be empty lets its choice be so.
 template <class Collection>
 class ChoiceCollection : public Collection {
@@ -74,29 +80,31 @@ public:
     }
 };
 
+} // namespace detail
+
 class ZV_API CElementInfoChoiceClsCol
-    : public ChoiceCollection<ObjectCollectionEntry<CElementInfoChoiceCol>> {
+    : public detail::ChoiceCollection<detail::ObjectCollectionEntry<CElementInfoChoiceCol>> {
 public:
     using ChoiceCollection::ChoiceCollection;
 };
 
 class ZV_API CElementInfoChoiceAbsClsCol
-    : public ChoiceCollection<ObjectCollectionEntry<CElementInfoChoiceCol>> {
+    : public detail::ChoiceCollection<detail::ObjectCollectionEntry<CElementInfoChoiceCol>> {
 public:
     using ChoiceCollection::ChoiceCollection;
 };
 
-class ZV_API CElementInfoChoicePrimCol : public ChoiceCollection<CElementInfoChoiceCol> {
+class ZV_API CElementInfoChoicePrimCol : public detail::ChoiceCollection<CElementInfoChoiceCol> {
 public:
     using ChoiceCollection::ChoiceCollection;
 };
 
-class ZV_API CElementInfoChoiceEnumCol : public ChoiceCollection<CElementInfoChoiceCol> {
+class ZV_API CElementInfoChoiceEnumCol : public detail::ChoiceCollection<CElementInfoChoiceCol> {
 public:
     using ChoiceCollection::ChoiceCollection;
 };
 
-class ZV_API CElementInfoChoiceUntpdCol : public ChoiceCollection<CElementInfoChoiceCol> {
+class ZV_API CElementInfoChoiceUntpdCol : public detail::ChoiceCollection<CElementInfoChoiceCol> {
 public:
     using ChoiceCollection::ChoiceCollection;
 

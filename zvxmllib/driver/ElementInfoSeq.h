@@ -6,6 +6,8 @@
 
 namespace ZvXmlLib16Data {
 
+namespace detail {
+
 template <class Content>
 class SequenceOption : public Content {
 public:
@@ -18,8 +20,10 @@ public:
     }
 };
 
+} // namespace detail
+
 // Its object is made by Init, so factory and class id are not used.
-class ZV_API CElementInfoSeqClsMnd : public MandatoryEntry<ClassEntry> {
+class ZV_API CElementInfoSeqClsMnd : public detail::MandatoryEntry<detail::ClassEntry> {
 public:
     CElementInfoSeqClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
                           XmlElementType elementType, ClassFactory factory, int classId,
@@ -37,12 +41,12 @@ private:
     bool const m_contentMandatory;
 };
 
-class ZV_API CElementInfoSeqClsOpt : public SequenceOption<ClassEntry> {
+class ZV_API CElementInfoSeqClsOpt : public detail::SequenceOption<detail::ClassEntry> {
 public:
     using SequenceOption::SequenceOption;
 };
 
-class ZV_API CElementInfoSeqAbsClsMnd : public MandatoryEntry<AbstractClassEntry> {
+class ZV_API CElementInfoSeqAbsClsMnd : public detail::MandatoryEntry<detail::AbstractClassEntry> {
 public:
     using MandatoryEntry::MandatoryEntry;
 
@@ -50,12 +54,12 @@ public:
                         char const* ns, XmlElementType parentType) override;
 };
 
-class ZV_API CElementInfoSeqAbsClsOpt : public SequenceOption<AbstractClassEntry> {
+class ZV_API CElementInfoSeqAbsClsOpt : public detail::SequenceOption<detail::AbstractClassEntry> {
 public:
     using SequenceOption::SequenceOption;
 };
 
-class ZV_API CElementInfoSeqPrimMnd : public MandatoryEntry<PrimitiveEntry> {
+class ZV_API CElementInfoSeqPrimMnd : public detail::MandatoryEntry<detail::PrimitiveEntry> {
 public:
     using MandatoryEntry::MandatoryEntry;
 
@@ -63,12 +67,12 @@ public:
                         char const* ns, XmlElementType parentType) override;
 };
 
-class ZV_API CElementInfoSeqPrimOpt : public SequenceOption<PrimitiveEntry> {
+class ZV_API CElementInfoSeqPrimOpt : public detail::SequenceOption<detail::PrimitiveEntry> {
 public:
     using SequenceOption::SequenceOption;
 };
 
-class ZV_API CElementInfoSeqEnumMnd : public MandatoryEntry<EnumEntry> {
+class ZV_API CElementInfoSeqEnumMnd : public detail::MandatoryEntry<detail::EnumEntry> {
 public:
     using MandatoryEntry::MandatoryEntry;
 
@@ -76,13 +80,13 @@ public:
                         char const* ns, XmlElementType parentType) override;
 };
 
-class ZV_API CElementInfoSeqEnumOpt : public SequenceOption<EnumEntry> {
+class ZV_API CElementInfoSeqEnumOpt : public detail::SequenceOption<detail::EnumEntry> {
 public:
     using SequenceOption::SequenceOption;
 };
 
 // The element is the one of the property.
-class ZV_API CElementInfoSeqUntpdMnd : public MandatoryEntry<UntypedEntry> {
+class ZV_API CElementInfoSeqUntpdMnd : public detail::MandatoryEntry<detail::UntypedEntry> {
 public:
     using MandatoryEntry::MandatoryEntry;
 
@@ -90,7 +94,7 @@ public:
                         char const* ns, XmlElementType parentType) override;
 };
 
-class ZV_API CElementInfoSeqUntpdOpt : public UntypedEntry {
+class ZV_API CElementInfoSeqUntpdOpt : public detail::UntypedEntry {
 public:
     using UntypedEntry::UntypedEntry;
 
@@ -108,12 +112,12 @@ public:
                         char const* ns, XmlElementType parentType) override;
 };
 
-class ZV_API CElementInfoSeqClsCol : public ObjectCollectionEntry<CElementInfoSeqCol> {
+class ZV_API CElementInfoSeqClsCol : public detail::ObjectCollectionEntry<CElementInfoSeqCol> {
 public:
     using ObjectCollectionEntry::ObjectCollectionEntry;
 };
 
-class ZV_API CElementInfoSeqAbsClsCol : public ObjectCollectionEntry<CElementInfoSeqCol> {
+class ZV_API CElementInfoSeqAbsClsCol : public detail::ObjectCollectionEntry<CElementInfoSeqCol> {
 public:
     using ObjectCollectionEntry::ObjectCollectionEntry;
 };

@@ -3,12 +3,14 @@
 
 #include "zvxmllib/platform/Api.h"
 
+#include <atomic>
 #include <mutex>
 
-// Mutual exclusion that the owning thread may enter again; as many Leave as Enter.
+// Mutual exclusion that the owning thread may enter again; as many Leave as Enter. One of static storage is
+// constant-initialised, so it can be used by the constructors of other static objects.
 class ZV_API CZVCriticalSection {
 public:
-    CZVCriticalSection();
+    constexpr CZVCriticalSection() noexcept {}
     CZVCriticalSection(CZVCriticalSection const&) = delete;
     CZVCriticalSection& operator=(CZVCriticalSection const&) = delete;
     virtual ~CZVCriticalSection();
@@ -17,7 +19,9 @@ public:
     void Leave();
 
 private:
-    std::recursive_mutex m_mutex;
+    std::mutex m_mutex; // the standard's recursive one need not be constant-initialised
+    std::atomic<void const*> m_owner{nullptr};
+    unsigned m_entries = 0; // of the owner
 };
 
 namespace ZvXmlLib16 {
