@@ -15,46 +15,24 @@ namespace detail {
 
 namespace {
 
-// The collection of each type, and the text of its values, which is the value itself or stands in the buffer.
+// The collection of each type, and the texts of its values.
 template <ItemType type>
 struct Conversion;
 
-#define ZV_CONVERSION(type, Value, text)                                                                     \
+#define ZV_CONVERSION(name, Policy, Name, Value, KIND, slot)                                                 \
     template <>                                                                                              \
-    struct Conversion<ItemType_##type> {                                                                     \
-        static constexpr char const* kClassName = "C" #type "Col";                                           \
-        static constexpr auto FromText = &type##FromText;                                                    \
-        static std::string const& ToText(Value value, [[maybe_unused]] std::string const& format,            \
-                                         [[maybe_unused]] std::string& buffer) {                             \
-            return text;                                                                                     \
-        }                                                                                                    \
+    struct Conversion<ItemType_##name> {                                                                     \
+        static constexpr char const* kClassName = "C" #name "Col";                                           \
+        static constexpr auto FromText = &name##FromText;                                                    \
+        static constexpr auto ToText = &name##ToText;                                                        \
     };
-ZV_CONVERSION(hexBinary, CBinaryData const&, hexBinaryToText(value, buffer))
-ZV_CONVERSION(base64Binary, CBinaryData const&, base64BinaryToText(value, buffer))
-ZV_CONVERSION(i1, char, i1ToText(value, buffer))
-ZV_CONVERSION(i2, short, i2ToText(value, buffer))
-ZV_CONVERSION(i4, std::int32_t, i4ToText(value, buffer))
-ZV_CONVERSION(i8, long long, i8ToText(value, buffer))
-ZV_CONVERSION(ui1, unsigned char, ui1ToText(value, buffer))
-ZV_CONVERSION(ui2, unsigned short, ui2ToText(value, buffer))
-ZV_CONVERSION(ui4, std::uint32_t, ui4ToText(value, buffer))
-ZV_CONVERSION(ui8, unsigned long long, ui8ToText(value, buffer))
-ZV_CONVERSION(r4, float, r4ToText(value, format.c_str(), buffer))
-ZV_CONVERSION(r8, double, r8ToText(value, format.c_str(), buffer))
-ZV_CONVERSION(duration, CDateTimeSpan const&, durationToText(value, buffer))
-ZV_CONVERSION(yearMonth, CDateTime const&, dateToText(value, buffer))
-ZV_CONVERSION(monthDay, CDateTime const&, dateToText(value, buffer))
-ZV_CONVERSION(year, unsigned short, yearToText(value, buffer))
-ZV_CONVERSION(month, unsigned char, monthToText(value, buffer))
-ZV_CONVERSION(day, unsigned char, dayToText(value, buffer))
-ZV_CONVERSION(date, CDateTime const&, dateToText(value, buffer))
-ZV_CONVERSION(datetime, CDateTime const&, dateToText(value, buffer))
-ZV_CONVERSION(time, CDateTime const&, dateToText(value, buffer))
-ZV_CONVERSION(string, std::string const&, value)
-ZV_CONVERSION(boolean, bool, booleanToText(value, buffer))
-ZV_CONVERSION(decimal, CDecimal const&, decimalToText(value, format.c_str(), buffer))
-ZV_CONVERSION(integer, CBigInteger const&, integerToText(value, buffer))
+ZV_COLLECTED_TYPES(ZV_CONVERSION)
 #undef ZV_CONVERSION
+
+// Of all kinds of dates.
+std::string const& DateText(CDateTime const& value, std::string& buffer) {
+    return dateToText(value, nullptr, buffer);
+}
 
 // Instances are counted by the names of the collections.
 template <ItemType type>
@@ -185,10 +163,10 @@ void ValueCollection<Policy>::Clear() {
 template <class Policy>
 void ValueCollection<Policy>::ToXml_Int(CXmlWriter* writer, bool, char const*,
                                         CSerializationContext const& ctx, bool) const {
-    this->WriteValues(writer, ctx, Policy::kType,
-                      [this](auto const& value, std::string& buffer) -> std::string const& {
-                          return Conversion<Policy::kType>::ToText(value, this->m_formatOverride, buffer);
-                      });
+    this->WriteValues(
+        writer, ctx, Policy::kType, [this](auto const& value, std::string& buffer) -> std::string const& {
+            return Conversion<Policy::kType>::ToText(value, this->m_formatOverride.c_str(), buffer);
+        });
 }
 
 template <class Policy>
@@ -237,7 +215,7 @@ void DateCollection<Policy>::ToXml_Int(CXmlWriter* writer, bool isRoot, char con
                                        CSerializationContext const& ctx, bool optionalChoice) const {
     if (typeid(*this) != typeid(typename Policy::Collection))
         return CdatetimeBaseCol::ToXml_Int(writer, isRoot, ns, ctx, optionalChoice);
-    WriteValues(writer, ctx, ItemType_datetime, dateToText);
+    WriteValues(writer, ctx, ItemType_datetime, DateText);
 }
 
 template <class Policy>
@@ -300,75 +278,19 @@ void CdatetimeBaseCol::ToXml_Int(CXmlWriter* writer, bool, char const*, CSeriali
 
 namespace detail {
 
-template class ValueCollection<HexBinaryItem>;
-template class ValueCollection<Base64BinaryItem>;
-template class ValueCollection<I1Item>;
-template class ValueCollection<I2Item>;
-template class ValueCollection<I4Item>;
-template class ValueCollection<I8Item>;
-template class ValueCollection<UI1Item>;
-template class ValueCollection<UI2Item>;
-template class ValueCollection<UI4Item>;
-template class ValueCollection<UI8Item>;
-template class ValueCollection<R4Item>;
-template class ValueCollection<R8Item>;
-template class ValueCollection<DurationItem>;
-template class ValueCollection<YearItem>;
-template class ValueCollection<MonthItem>;
-template class ValueCollection<DayItem>;
-template class ValueCollection<StringItem>;
-template class ValueCollection<BooleanItem>;
-template class ValueCollection<DecimalItem>;
-template class ValueCollection<IntegerItem>;
-template class DateCollection<YearMonthItem>;
-template class DateCollection<MonthDayItem>;
-template class DateCollection<DateItem>;
-template class DateCollection<DatetimeItem>;
-template class DateCollection<TimeItem>;
-template class ValueStore<CBinaryData>;
-template class ValueStore<char>;
-template class ValueStore<short>;
-template class ValueStore<std::int32_t>;
-template class ValueStore<long long>;
-template class ValueStore<unsigned char>;
-template class ValueStore<unsigned short>;
-template class ValueStore<std::uint32_t>;
-template class ValueStore<unsigned long long>;
-template class ValueStore<float>;
-template class ValueStore<double>;
-template class ValueStore<CDateTimeSpan>;
-template class ValueStore<std::string>;
-template class ValueStore<bool>;
-template class ValueStore<CDecimal>;
-template class ValueStore<CBigInteger>;
-template class ValueStore<CDateTime>;
+#define ZV_COLLECTION(name, Policy, Name, Value, KIND, slot)                                                 \
+    template class ZV_COLLECTION_##KIND<Policy##Item>;
+ZV_COLLECTED_TYPES(ZV_COLLECTION)
+#undef ZV_COLLECTION
+
+#define ZV_STORE(Value) template class ValueStore<Value>;
+ZV_SIMPLE_VALUES(ZV_STORE)
+#undef ZV_STORE
 
 } // namespace detail
 
-ChexBinaryCol::~ChexBinaryCol() = default;
-Cbase64BinaryCol::~Cbase64BinaryCol() = default;
-Ci1Col::~Ci1Col() = default;
-Ci2Col::~Ci2Col() = default;
-Ci4Col::~Ci4Col() = default;
-Ci8Col::~Ci8Col() = default;
-Cui1Col::~Cui1Col() = default;
-Cui2Col::~Cui2Col() = default;
-Cui4Col::~Cui4Col() = default;
-Cui8Col::~Cui8Col() = default;
-Cr4Col::~Cr4Col() = default;
-Cr8Col::~Cr8Col() = default;
-CdurationCol::~CdurationCol() = default;
-CyearCol::~CyearCol() = default;
-CmonthCol::~CmonthCol() = default;
-CdayCol::~CdayCol() = default;
-CstringCol::~CstringCol() = default;
-CbooleanCol::~CbooleanCol() = default;
-CdecimalCol::~CdecimalCol() = default;
-CintegerCol::~CintegerCol() = default;
-CyearMonthCol::~CyearMonthCol() = default;
-CmonthDayCol::~CmonthDayCol() = default;
-CdateCol::~CdateCol() = default;
-CdatetimeCol::~CdatetimeCol() = default;
-CtimeCol::~CtimeCol() = default;
+#define ZV_DESTRUCTOR(name, Policy, Name, Value, KIND, slot) C##name##Col::~C##name##Col() = default;
+ZV_COLLECTED_TYPES(ZV_DESTRUCTOR)
+#undef ZV_DESTRUCTOR
 
 } // namespace ZvXmlLib16

@@ -3,6 +3,7 @@
 
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/SimpleTypes.h"
 #include "zvxmllib/platform/Api.h"
 #include "zvxmllib/values/binary/BinaryData.h"
 #include "zvxmllib/values/dates/DateTime.h"
@@ -24,39 +25,28 @@ struct ValueItem {
     static constexpr ItemType kType = type;
 };
 
-struct ZV_API HexBinaryItem : ValueItem<ChexBinaryCol, ItemType_hexBinary, CBinaryData, CBinaryData const&> {
-};
-struct ZV_API Base64BinaryItem
-    : ValueItem<Cbase64BinaryCol, ItemType_base64Binary, CBinaryData, CBinaryData const&> {};
-struct ZV_API I1Item : ValueItem<Ci1Col, ItemType_i1, char> {};
-struct ZV_API I2Item : ValueItem<Ci2Col, ItemType_i2, short> {};
-struct ZV_API I4Item : ValueItem<Ci4Col, ItemType_i4, std::int32_t> {};
-struct ZV_API I8Item : ValueItem<Ci8Col, ItemType_i8, long long> {};
-struct ZV_API UI1Item : ValueItem<Cui1Col, ItemType_ui1, unsigned char> {};
-struct ZV_API UI2Item : ValueItem<Cui2Col, ItemType_ui2, unsigned short> {};
-struct ZV_API UI4Item : ValueItem<Cui4Col, ItemType_ui4, std::uint32_t> {};
-struct ZV_API UI8Item : ValueItem<Cui8Col, ItemType_ui8, unsigned long long> {};
-struct ZV_API R4Item : ValueItem<Cr4Col, ItemType_r4, float> {};
-struct ZV_API R8Item : ValueItem<Cr8Col, ItemType_r8, double> {};
-struct ZV_API DurationItem : ValueItem<CdurationCol, ItemType_duration, CDateTimeSpan, CDateTimeSpan const&> {
-};
-struct ZV_API YearItem : ValueItem<CyearCol, ItemType_year, unsigned short> {};
-struct ZV_API MonthItem : ValueItem<CmonthCol, ItemType_month, unsigned char> {};
-struct ZV_API DayItem : ValueItem<CdayCol, ItemType_day, unsigned char> {};
-struct ZV_API StringItem : ValueItem<CstringCol, ItemType_string, std::string> {};
-struct ZV_API BooleanItem : ValueItem<CbooleanCol, ItemType_boolean, bool> {};
-struct ZV_API DecimalItem : ValueItem<CdecimalCol, ItemType_decimal, CDecimal, CDecimal const&> {};
-struct ZV_API IntegerItem : ValueItem<CintegerCol, ItemType_integer, CBigInteger, CBigInteger const&> {};
-
 // The kind of date that the collection takes.
 template <class Collection, ItemType type, CDateTime::DTType kind>
 struct ZV_API KindOfDateItem : ValueItem<Collection, type, CDateTime, CDateTime const&> {
     static constexpr CDateTime::DTType kKind = kind;
 };
-struct ZV_API YearMonthItem : KindOfDateItem<CyearMonthCol, ItemType_yearMonth, CDateTime::dt_gYearMonth> {};
-struct ZV_API MonthDayItem : KindOfDateItem<CmonthDayCol, ItemType_monthDay, CDateTime::dt_gMonthDay> {};
-struct ZV_API DateItem : KindOfDateItem<CdateCol, ItemType_date, CDateTime::dt_date> {};
-struct ZV_API DatetimeItem : KindOfDateItem<CdatetimeCol, ItemType_datetime, CDateTime::dt_dateTime> {};
-struct ZV_API TimeItem : KindOfDateItem<CtimeCol, ItemType_time, CDateTime::dt_time> {};
+
+// HexBinaryItem, I4Item and so on.
+#define ZV_ITEM_SCALAR(name, Value, slot) ValueItem<C##name##Col, ItemType_##name, Value>
+#define ZV_ITEM_TEXT ZV_ITEM_SCALAR
+#define ZV_ITEM_OBJECT(name, Value, slot) ValueItem<C##name##Col, ItemType_##name, Value, Value const&>
+#define ZV_ITEM_BINARY ZV_ITEM_OBJECT
+#define ZV_ITEM_NUMBER ZV_ITEM_OBJECT
+#define ZV_ITEM_DATE(name, Value, slot) KindOfDateItem<C##name##Col, ItemType_##name, CDateTime::dt_##slot>
+#define ZV_ITEM(name, Policy, Name, Value, KIND, slot)                                                       \
+    struct ZV_API Policy##Item : ZV_ITEM_##KIND(name, Value, slot) {};
+ZV_COLLECTED_TYPES(ZV_ITEM)
+#undef ZV_ITEM
+#undef ZV_ITEM_DATE
+#undef ZV_ITEM_NUMBER
+#undef ZV_ITEM_BINARY
+#undef ZV_ITEM_OBJECT
+#undef ZV_ITEM_TEXT
+#undef ZV_ITEM_SCALAR
 
 } // namespace ZvXmlLib16::detail

@@ -1,6 +1,4 @@
-// CConversions: integers and floating point.
-#include "zvxmllib/values/variant/Conversions.h"
-
+// Texts of the simple types: integers and floating point.
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/text/NumberText.h"
 #include "zvxmllib/values/text/RuledText.h"
@@ -137,35 +135,35 @@ double r8FromText(std::string_view text, TextRule rule) {
     return RealFromText(text, rule, "r8");
 }
 
-std::string const& i1ToText(char value, std::string& buffer) {
+std::string const& i1ToText(char value, char const*, std::string& buffer) {
     return PrintInteger(static_cast<int>(static_cast<signed char>(value)), buffer);
 }
 
-std::string const& i2ToText(short value, std::string& buffer) {
+std::string const& i2ToText(short value, char const*, std::string& buffer) {
     return PrintInteger(value, buffer);
 }
 
-std::string const& i4ToText(std::int32_t value, std::string& buffer) {
+std::string const& i4ToText(std::int32_t value, char const*, std::string& buffer) {
     return PrintInteger(value, buffer);
 }
 
-std::string const& i8ToText(long long value, std::string& buffer) {
+std::string const& i8ToText(long long value, char const*, std::string& buffer) {
     return PrintInteger(value, buffer);
 }
 
-std::string const& ui1ToText(unsigned char value, std::string& buffer) {
+std::string const& ui1ToText(unsigned char value, char const*, std::string& buffer) {
     return PrintInteger(static_cast<unsigned>(value), buffer);
 }
 
-std::string const& ui2ToText(unsigned short value, std::string& buffer) {
+std::string const& ui2ToText(unsigned short value, char const*, std::string& buffer) {
     return PrintInteger(value, buffer);
 }
 
-std::string const& ui4ToText(std::uint32_t value, std::string& buffer) {
+std::string const& ui4ToText(std::uint32_t value, char const*, std::string& buffer) {
     return PrintInteger(value, buffer);
 }
 
-std::string const& ui8ToText(unsigned long long value, std::string& buffer) {
+std::string const& ui8ToText(unsigned long long value, char const*, std::string& buffer) {
     return PrintInteger(value, buffer);
 }
 
@@ -178,40 +176,5 @@ std::string const& r8ToText(double value, char const* format, std::string& buffe
 }
 
 } // namespace detail
-
-#define ZV_CONVERSION(name, Value)                                                                           \
-    std::string CConversions::name##ToString(Value value) {                                                  \
-        std::string text;                                                                                    \
-        detail::name##ToText(value, text);                                                                   \
-        return text;                                                                                         \
-    }                                                                                                        \
-    Value CConversions::name##FromString(std::string const& value, WhitespaceRule rule) {                    \
-        return detail::name##FromText(value, rule);                                                          \
-    }
-ZV_CONVERSION(i1, char)
-ZV_CONVERSION(i2, short)
-ZV_CONVERSION(i4, std::int32_t)
-ZV_CONVERSION(i8, long long)
-ZV_CONVERSION(ui1, unsigned char)
-ZV_CONVERSION(ui2, unsigned short)
-ZV_CONVERSION(ui4, std::uint32_t)
-ZV_CONVERSION(ui8, unsigned long long)
-#undef ZV_CONVERSION
-
-#define ZV_REAL_CONVERSION(name, Value)                                                                      \
-    std::string CConversions::name##ToString(Value value) {                                                  \
-        return name##ToString(value, std::string());                                                         \
-    }                                                                                                        \
-    std::string CConversions::name##ToString(Value value, std::string const& format) {                       \
-        std::string text;                                                                                    \
-        detail::name##ToText(value, format.c_str(), text);                                                   \
-        return text;                                                                                         \
-    }                                                                                                        \
-    Value CConversions::name##FromString(std::string const& value, WhitespaceRule rule) {                    \
-        return detail::name##FromText(value, rule);                                                          \
-    }
-ZV_REAL_CONVERSION(r4, float)
-ZV_REAL_CONVERSION(r8, double)
-#undef ZV_REAL_CONVERSION
 
 } // namespace ZvXmlLib16

@@ -1,10 +1,9 @@
-// CConversions: binary forms, characters, strings, booleans.
+// Texts of the simple types: binary forms, characters, strings, booleans.
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/binary/Base64Text.h"
 #include "zvxmllib/values/binary/BinaryData.h"
 #include "zvxmllib/values/text/RuledText.h"
 #include "zvxmllib/values/text/TextValues.h"
-#include "zvxmllib/values/variant/Conversions.h"
 
 #include <algorithm>
 #include <limits>
@@ -71,62 +70,26 @@ bool booleanFromText(std::string_view text, TextRule rule) {
     FailBooleanText(text);
 }
 
-std::string const& hexBinaryToText(CBinaryData const& value, std::string& buffer) {
+std::string const& hexBinaryToText(CBinaryData const& value, char const*, std::string& buffer) {
     return value.PrintHex(buffer);
 }
 
-std::string const& base64BinaryToText(CBinaryData const& value, std::string& buffer) {
+std::string const& base64BinaryToText(CBinaryData const& value, char const*, std::string& buffer) {
     return value.PrintBase64(buffer);
 }
 
-std::string const& charToText(char value, std::string& buffer) {
+std::string const& charToText(char value, char const*, std::string& buffer) {
     return buffer.assign(1, value);
 }
 
-std::string const& booleanToText(bool value, std::string& buffer) {
+std::string const& stringToText(std::string const& value, char const*, std::string&) {
+    return value;
+}
+
+std::string const& booleanToText(bool value, char const*, std::string& buffer) {
     return buffer = value ? "true" : "false";
 }
 
 } // namespace detail
-
-std::string CConversions::hexBinaryToString(CBinaryData const& value) {
-    return value.GetAsHexString();
-}
-
-CBinaryData CConversions::hexBinaryFromString(std::string const& value, WhitespaceRule rule) {
-    return detail::hexBinaryFromText(value, rule);
-}
-
-std::string CConversions::base64BinaryToString(CBinaryData const& value) {
-    return value.GetAsBase64();
-}
-
-CBinaryData CConversions::base64BinaryFromString(std::string const& value, WhitespaceRule rule) {
-    return detail::base64BinaryFromText(value, rule);
-}
-
-std::string CConversions::charToString(char value) {
-    return std::string(1, value);
-}
-
-char CConversions::charFromString(std::string const& value, WhitespaceRule rule) {
-    return detail::charFromText(value, rule);
-}
-
-std::string CConversions::stringToString(std::string const& value) {
-    return value;
-}
-
-std::string CConversions::stringFromString(std::string const& value, WhitespaceRule rule) {
-    return CWhitespaceUtils::ApplyRule(rule, value);
-}
-
-std::string CConversions::booleanToString(bool value) {
-    return value ? "true" : "false";
-}
-
-bool CConversions::booleanFromString(std::string const& value, WhitespaceRule rule) {
-    return detail::booleanFromText(value, rule);
-}
 
 } // namespace ZvXmlLib16

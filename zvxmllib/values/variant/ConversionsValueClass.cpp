@@ -1,11 +1,10 @@
-// CConversions: durations, dates and times, decimal, integer.
+// Texts of the simple types: durations, dates and times, decimal, integer.
 #include "zvxmllib/values/dates/DateTimeFields.h"
 #include "zvxmllib/values/dates/DateTimeSpan.h"
 #include "zvxmllib/values/numbers/Decimal.h"
 #include "zvxmllib/values/text/NumberText.h"
 #include "zvxmllib/values/text/RuledText.h"
 #include "zvxmllib/values/text/TextValues.h"
-#include "zvxmllib/values/variant/Conversions.h"
 
 #include <limits>
 
@@ -29,13 +28,6 @@ std::string const& PartToText(char const* dashes, unsigned char value, std::stri
         buffer += static_cast<char>('0' + value / 100);
     buffer += static_cast<char>('0' + value / 10 % 10);
     return buffer += static_cast<char>('0' + value % 10);
-}
-
-template <class Value>
-std::string TextOf(std::string const& (*toText)(Value, std::string&), Value value) {
-    std::string text;
-    toText(value, text);
-    return text;
 }
 
 // The number at the head of a format, as atoi reads it; 0 if there is none.
@@ -110,25 +102,32 @@ CBigInteger integerFromText(std::string_view text, TextRule rule) {
     return value;
 }
 
-std::string const& durationToText(CDateTimeSpan const& value, std::string& buffer) {
+std::string const& durationToText(CDateTimeSpan const& value, char const*, std::string& buffer) {
     return value.Print(buffer);
 }
 
-std::string const& yearToText(unsigned short value, std::string& buffer) {
+std::string const& yearToText(unsigned short value, char const*, std::string& buffer) {
     return PrintInteger(value, buffer);
 }
 
-std::string const& monthToText(unsigned char value, std::string& buffer) {
+std::string const& monthToText(unsigned char value, char const*, std::string& buffer) {
     return PartToText("--", value, buffer);
 }
 
-std::string const& dayToText(unsigned char value, std::string& buffer) {
+std::string const& dayToText(unsigned char value, char const*, std::string& buffer) {
     return PartToText("---", value, buffer);
 }
 
-std::string const& dateToText(CDateTime const& value, std::string& buffer) {
-    return value.Print(buffer);
-}
+#define ZV_DATE_TEXT(name)                                                                                   \
+    std::string const& name##ToText(CDateTime const& value, char const*, std::string& buffer) {              \
+        return value.Print(buffer);                                                                          \
+    }
+ZV_DATE_TEXT(yearMonth)
+ZV_DATE_TEXT(monthDay)
+ZV_DATE_TEXT(date)
+ZV_DATE_TEXT(datetime)
+ZV_DATE_TEXT(time)
+#undef ZV_DATE_TEXT
 
 std::string const& decimalToText(CDecimal const& value, char const* format, std::string& buffer) {
     if (format == nullptr || *format == '\0')
@@ -136,36 +135,10 @@ std::string const& decimalToText(CDecimal const& value, char const* format, std:
     return buffer = value.ToString(DecimalPlaces(format));
 }
 
-std::string const& integerToText(CBigInteger const& value, std::string& buffer) {
+std::string const& integerToText(CBigInteger const& value, char const*, std::string& buffer) {
     return value.Print(buffer);
 }
 
 } // namespace detail
-
-std::string CConversions::decimalToString(CDecimal const& value, std::string const& format) {
-    std::string text;
-    detail::decimalToText(value, format.c_str(), text);
-    return text;
-}
-
-#define ZV_CONVERSION(name, Value, Argument, text)                                                           \
-    std::string CConversions::name##ToString(Argument value) {                                               \
-        return text;                                                                                         \
-    }                                                                                                        \
-    Value CConversions::name##FromString(std::string const& value, WhitespaceRule rule) {                    \
-        return detail::name##FromText(value, rule);                                                          \
-    }
-ZV_CONVERSION(duration, CDateTimeSpan, CDateTimeSpan const&, value.ToString())
-ZV_CONVERSION(yearMonth, CDateTime, CDateTime const&, value.ToString())
-ZV_CONVERSION(monthDay, CDateTime, CDateTime const&, value.ToString())
-ZV_CONVERSION(year, unsigned short, unsigned short, TextOf(detail::yearToText, value))
-ZV_CONVERSION(month, unsigned char, unsigned char, TextOf(detail::monthToText, value))
-ZV_CONVERSION(day, unsigned char, unsigned char, TextOf(detail::dayToText, value))
-ZV_CONVERSION(date, CDateTime, CDateTime const&, value.ToString())
-ZV_CONVERSION(datetime, CDateTime, CDateTime const&, value.ToString())
-ZV_CONVERSION(time, CDateTime, CDateTime const&, value.ToString())
-ZV_CONVERSION(decimal, CDecimal, CDecimal const&, value.ToString())
-ZV_CONVERSION(integer, CBigInteger, CBigInteger const&, value.ToString())
-#undef ZV_CONVERSION
 
 } // namespace ZvXmlLib16

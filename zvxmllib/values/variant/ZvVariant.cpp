@@ -1,6 +1,7 @@
 // ZvVariant, the value carrier between the properties of generated classes and the library.
 #include "zvxmllib/values/variant/ZvVariant.h"
 
+#include "zvxmllib/foundation/SimpleTypes.h"
 #include "zvxmllib/values/Failures.h"
 #include "zvxmllib/values/dates/DateTime.h"
 #include "zvxmllib/values/dates/DateTimeSpan.h"
@@ -123,30 +124,26 @@ void ZvVariant::BeginValue(ItemType type) noexcept {
 void ZvVariant::CopyValue(ZvVariant const& other) {
     if (!other.m_isNil) {
         switch (other.m_type) {
-        case ItemType_hexBinary:
-        case ItemType_base64Binary:
-            SetObject(other.m_type, m_pBinary, *other.m_pBinary);
-            break;
-        case ItemType_string:
-            m_text = other.m_text;
-            m_pString = &m_text;
-            break;
-        case ItemType_duration:
-            SetObject(other.m_type, m_pDuration, *other.m_pDuration);
-            break;
-        case ItemType_yearMonth:
-        case ItemType_monthDay:
-        case ItemType_date:
-        case ItemType_datetime:
-        case ItemType_time:
-            SetObject(other.m_type, m_pDateTime, *other.m_pDateTime);
-            break;
-        case ItemType_decimal:
-            SetObject(other.m_type, m_pDecimal, *other.m_pDecimal);
-            break;
-        case ItemType_integer:
-            SetObject(other.m_type, m_pBigInteger, *other.m_pBigInteger);
-            break;
+#define ZV_COPY_SCALAR(slot) m_ui8 = other.m_ui8
+#define ZV_COPY_OBJECT(slot) SetObject(other.m_type, m_p##slot, *other.m_p##slot)
+#define ZV_COPY_DATE(slot) ZV_COPY_OBJECT(DateTime)
+#define ZV_COPY_BINARY ZV_COPY_OBJECT
+#define ZV_COPY_NUMBER ZV_COPY_OBJECT
+#define ZV_COPY_TEXT(slot)                                                                                   \
+    m_text = other.m_text;                                                                                   \
+    m_pString = &m_text
+#define ZV_CASE(name, Policy, Name, Value, KIND, slot)                                                       \
+    case ItemType_##name:                                                                                    \
+        ZV_COPY_##KIND(slot);                                                                                \
+        break;
+            ZV_SIMPLE_TYPES(ZV_CASE)
+#undef ZV_CASE
+#undef ZV_COPY_TEXT
+#undef ZV_COPY_NUMBER
+#undef ZV_COPY_BINARY
+#undef ZV_COPY_DATE
+#undef ZV_COPY_OBJECT
+#undef ZV_COPY_SCALAR
         case ItemType_XmlObjectBase:
         case ItemType_XmlCollection:
             m_pXmlObj = other.m_pXmlObj;
@@ -183,32 +180,6 @@ void ZvVariant::TakeValue(ZvVariant& other) noexcept {
     m_isNil = std::exchange(other.m_isNil, false);
     other.m_ui8 = 0;
 }
-
-#define ZV_SCALAR(Name, type, Value, field)                                                                  \
-    Value ZvVariant::Get##Name() const {                                                                     \
-        ZV_ASSERT(m_type == ItemType_##type);                                                                \
-        return field;                                                                                        \
-    }                                                                                                        \
-    void ZvVariant::Set##Name(Value value) {                                                                 \
-        BeginValue(ItemType_##type);                                                                         \
-        field = value;                                                                                       \
-    }
-ZV_SCALAR(I1, i1, char, m_i1)
-ZV_SCALAR(I2, i2, short, m_i2)
-ZV_SCALAR(I4, i4, std::int32_t, m_i4)
-ZV_SCALAR(I8, i8, long long, m_i8)
-ZV_SCALAR(UI1, ui1, unsigned char, m_ui1)
-ZV_SCALAR(UI2, ui2, unsigned short, m_ui2)
-ZV_SCALAR(UI4, ui4, std::uint32_t, m_ui4)
-ZV_SCALAR(UI8, ui8, unsigned long long, m_ui8)
-ZV_SCALAR(R4, r4, float, m_r4)
-ZV_SCALAR(R8, r8, double, m_r8)
-ZV_SCALAR(Char, char, char, m_char)
-ZV_SCALAR(Boolean, boolean, bool, m_boolean)
-ZV_SCALAR(Year, year, unsigned short, m_ui2)
-ZV_SCALAR(Month, month, unsigned char, m_ui1)
-ZV_SCALAR(Day, day, unsigned char, m_ui1)
-#undef ZV_SCALAR
 
 void ZvVariant::DeleteObject() noexcept {
     switch (m_objectClass) {
@@ -250,22 +221,51 @@ void ZvVariant::SetObject(ItemType type, Value*& slot, Value const& value) {
     slot = static_cast<Value*>(m_object);
 }
 
-#define ZV_OBJECT(Name, type, Value, field, assertion)                                                       \
+// NOLINTBEGIN(modernize-use-nullptr): the assertions' texts
+#define ZV_ACCESS_SCALAR(name, Name, Value, slot)                                                            \
+    Value ZvVariant::Get##Name() const {                                                                     \
+        ZV_ASSERT(m_type == ItemType_##name);                                                                \
+        return m_##slot;                                                                                     \
+    }                                                                                                        \
+    void ZvVariant::Set##Name(Value value) {                                                                 \
+        BeginValue(ItemType_##name);                                                                         \
+        m_##slot = value;                                                                                    \
+    }
+#define ZV_ACCESS_FOUND(name, Name, Value, found, slot, assertion)                                           \
     Value ZvVariant::Get##Name() const {                                                                     \
         ZV_ASSERT(assertion);                                                                                \
-        Value const* const value = Find##field();                                                            \
+        Value const* const value = found;                                                                    \
         return value != nullptr ? *value : Value();                                                          \
     }                                                                                                        \
     void ZvVariant::Set##Name(Value const& value) {                                                          \
-        SetObject(ItemType_##type, m_p##field, value);                                                       \
+        SetObject(ItemType_##name, slot, value);                                                             \
     }
-ZV_OBJECT(Duration, duration, CDateTimeSpan, Duration, m_type == ItemType_duration)
-ZV_OBJECT(YearMonth, yearMonth, CDateTime, DateTime, m_type == ItemType_yearMonth)
-ZV_OBJECT(MonthDay, monthDay, CDateTime, DateTime, m_type == ItemType_monthDay)
-ZV_OBJECT(Date, date, CDateTime, DateTime, m_type == ItemType_date)
-ZV_OBJECT(DateTime, datetime, CDateTime, DateTime, m_type == ItemType_datetime)
-ZV_OBJECT(Time, time, CDateTime, DateTime, m_type == ItemType_time)
-#undef ZV_OBJECT
+#define ZV_ACCESS_DATE(name, Name, Value, slot)                                                              \
+    ZV_ACCESS_FOUND(name, Name, Value, FindDateTime(), m_pDateTime, m_type == ItemType_##name)
+#define ZV_ACCESS_OBJECT(name, Name, Value, slot)                                                            \
+    ZV_ACCESS_FOUND(name, Name, Value, Find##Name(), m_p##slot, m_type == ItemType_##name)
+#define ZV_ACCESS_NUMBER(name, Name, Value, slot)                                                            \
+    ZV_ACCESS_FOUND(name, Name, Value, Find##Name(), m_p##slot, m_type == ItemType_##name && m_p##slot != 0)
+#define ZV_ACCESS_BINARY(name, Name, Value, slot)                                                            \
+    Value ZvVariant::Get##Name() const {                                                                     \
+        ZV_ASSERT(m_type == ItemType_##name);                                                                \
+        return GetBinary();                                                                                  \
+    }                                                                                                        \
+    void ZvVariant::Set##Name(Value const& value) {                                                          \
+        SetObject(ItemType_##name, m_p##slot, value);                                                        \
+    }
+#define ZV_ACCESS_TEXT(name, Name, Value, slot) // below
+#define ZV_ACCESS(name, Policy, Name, Value, KIND, slot) ZV_ACCESS_##KIND(name, Name, Value, slot)
+ZV_SIMPLE_TYPES(ZV_ACCESS)
+#undef ZV_ACCESS
+#undef ZV_ACCESS_TEXT
+#undef ZV_ACCESS_BINARY
+#undef ZV_ACCESS_NUMBER
+#undef ZV_ACCESS_OBJECT
+#undef ZV_ACCESS_DATE
+#undef ZV_ACCESS_FOUND
+#undef ZV_ACCESS_SCALAR
+// NOLINTEND(modernize-use-nullptr)
 
 CDateTimeSpan const* ZvVariant::FindDuration() const noexcept {
     return m_type == ItemType_duration && !m_isNil ? m_pDuration : nullptr;
@@ -283,46 +283,6 @@ CDecimal const* ZvVariant::FindDecimal() const noexcept {
 
 CBigInteger const* ZvVariant::FindInteger() const noexcept {
     return m_type == ItemType_integer && !m_isNil ? m_pBigInteger : nullptr;
-}
-
-CDecimal ZvVariant::GetDecimal() const {
-    // NOLINTNEXTLINE(modernize-use-nullptr): the assertion's text
-    ZV_ASSERT(m_type == ItemType_decimal && m_pDecimal != 0);
-    CDecimal const* const value = FindDecimal();
-    return value != nullptr ? *value : CDecimal();
-}
-
-void ZvVariant::SetDecimal(CDecimal const& value) {
-    SetObject(ItemType_decimal, m_pDecimal, value);
-}
-
-CBigInteger ZvVariant::GetInteger() const {
-    // NOLINTNEXTLINE(modernize-use-nullptr): the assertion's text
-    ZV_ASSERT(m_type == ItemType_integer && m_pBigInteger != 0);
-    CBigInteger const* const value = FindInteger();
-    return value != nullptr ? *value : CBigInteger();
-}
-
-void ZvVariant::SetInteger(CBigInteger const& value) {
-    SetObject(ItemType_integer, m_pBigInteger, value);
-}
-
-CBinaryData ZvVariant::GetHexBinary() const {
-    ZV_ASSERT(m_type == ItemType_hexBinary);
-    return GetBinary();
-}
-
-void ZvVariant::SetHexBinary(CBinaryData const& value) {
-    SetObject(ItemType_hexBinary, m_pBinary, value);
-}
-
-CBinaryData ZvVariant::GetBase64Binary() const {
-    ZV_ASSERT(m_type == ItemType_base64Binary);
-    return GetBinary();
-}
-
-void ZvVariant::SetBase64Binary(CBinaryData const& value) {
-    SetObject(ItemType_base64Binary, m_pBinary, value);
 }
 
 CBinaryData ZvVariant::GetBinary() const noexcept {
