@@ -277,5 +277,17 @@ TEST(FastInfosetReader, TracesTheElements) {
     EXPECT_EQ(s_trace, "New Root Elm: u::a\nNew Elm: ::b\nEnd Elm: ::b\nEnd Elm: u::a\n");
 }
 
+// Two elements that differ, and are shown alike.
+TEST(FastInfosetReader, NumbersPathsByTheNamesThatTheyShow) {
+    CXmlDocument document;
+    Load(document, Document(Octets(
+                       "38 CF 00 'b' 04 'urn:x' F0 3C 00 'r' 3D 81 00 'c' F0 3C 02 'b:c' F0 3C 00 'c' FF")));
+    CXmlElement const* child = document.GetDocumentElement()->GetFirstElement();
+    for (char const* path : {"/r/b:c[1]", "/r/b:c[2]", "/r/c"}) {
+        EXPECT_EQ(child->GetXPath(), path);
+        child = child->GetNextSiblingElement();
+    }
+}
+
 } // namespace
 } // namespace ZvXmlLib16

@@ -34,12 +34,16 @@ std::string OnOneLine(std::string_view text) {
 }
 
 // Empty for an absent part, and for one that a vocabulary from outside names and does not hold.
-std::string_view Part(ReadVocabulary::Strings const& table, std::uint32_t index) {
-    return index == 0 || index > table.entries.size() ? std::string_view() : table.entries[index - 1];
+std::string_view Part(ReadVocabulary::NameParts const& table, std::uint32_t index) {
+    return index == 0 || index > table.entries.size() ? std::string_view() : table.entries[index - 1].text;
 }
 
 std::string Entry(ReadVocabulary const&, std::string_view text) {
     return OnOneLine(text);
+}
+
+std::string Entry(ReadVocabulary const&, ReadVocabulary::NamePart const& part) {
+    return OnOneLine(part.text);
 }
 
 // prefix:local {uri}

@@ -140,7 +140,8 @@ void CExpatReader::EndElement() {
 
 void CExpatReader::DeclareNamespace(char const* prefix, char const* uri) {
     std::string const localPrefix = prefix == nullptr ? std::string() : Utf8ToLocal(prefix);
-    m_doc.m_namespaces[localPrefix] = uri == nullptr ? std::string() : Utf8ToLocal(uri);
+    m_doc.m_namespaces[localPrefix] =
+        std::make_shared<std::string const>(uri == nullptr ? std::string() : Utf8ToLocal(uri));
 }
 
 void CExpatReader::Text(char const* text, std::size_t length) {

@@ -3,6 +3,7 @@
 #include "zvxmllib/values/binary/Encoder.h"
 
 #include <cstring>
+#include <utility>
 
 namespace ZvXmlLib16 {
 
@@ -69,52 +70,49 @@ XmlName* NameTable::FindElementName(char const* parserName, bool splitNamespace)
     return m_lastElementName = name;
 }
 
-// `local` where it is the same text.
-std::string const* NameTable::KeepParserString(std::string_view text, std::string const& local) {
-    return text == local ? &local : &*m_parserStrings.emplace(text).first;
+std::string const* NameTable::Keep(std::string_view text) {
+    return &*m_strings.emplace(text).first;
 }
 
 XmlName* NameTable::Add(std::string_view parserName, std::uint64_t hash, bool splitNamespace) {
     // The conversion comes first, the split is done on local text.
-    std::string local = Utf8ToLocal(parserName.data(), parserName.size());
-    std::string uri;
-    std::size_t const separator = splitNamespace ? local.find(kNamespaceSeparator) : std::string::npos;
-    if (separator != std::string::npos) {
-        uri = local.substr(0, separator);
-        local.erase(0, separator + 1);
+    std::string const text = Utf8ToLocal(parserName.data(), parserName.size());
+    auto const split = [splitNamespace](std::string_view name) {
+        std::size_t const separator =
+            splitNamespace ? name.find(kNamespaceSeparator) : std::string_view::npos;
+        return separator == std::string_view::npos
+                   ? std::pair(std::string_view(), name)
+                   : std::pair(name.substr(0, separator), name.substr(separator + 1));
+    };
+    auto const [uri, localName] = split(text);
+    XmlName& name = Insert(Keep(uri), Keep(localName), hash);
+    if (text != parserName) {
+        auto const [parserUri, parserLocalName] = split(parserName);
+        name.parserUri = Keep(parserUri);
+        name.parserLocalName = Keep(parserLocalName);
     }
-    XmlName& name = Insert(std::move(uri), std::move(local), hash);
-    std::size_t const parserSplit =
-        splitNamespace ? parserName.find(kNamespaceSeparator) : std::string_view::npos;
-    bool const isSplit = parserSplit != std::string_view::npos;
-    name.parserUri = KeepParserString(isSplit ? parserName.substr(0, parserSplit) : "", *name.namespaceUri);
-    name.parserLocalName =
-        KeepParserString(isSplit ? parserName.substr(parserSplit + 1) : parserName, name.localName);
     return &name;
 }
 
-XmlName& NameTable::Insert(std::string uri, std::string localName, std::uint64_t hash) {
+XmlName& NameTable::Insert(std::string const* uri, std::string const* localName, std::uint64_t hash) {
     if (m_names.size() >= m_buckets.size())
         Grow();
-    std::string const* const sharedUri = &*m_namespaceUris.insert(std::move(uri)).first;
     XmlName*& bucket = m_buckets[hash & (m_buckets.size() - 1)];
-    XmlName& name = m_names.emplace_back(
-        XmlName{&m_tree, std::move(localName), sharedUri, nullptr, nullptr, hash, bucket, nullptr});
+    XmlName& name =
+        m_names.emplace_back(XmlName{&m_tree, localName, uri, uri, localName, hash, bucket, nullptr});
     bucket = &name;
     return name;
 }
 
-XmlName* NameTable::FindByParts(std::string_view uri, std::string_view localName) {
-    std::uint64_t const hash = Hash(localName) * 31 + Hash(uri);
+XmlName* NameTable::FindByParts(std::string const* uri, std::string const* localName) {
+    std::string const* const parts[] = {uri, localName};
+    std::uint64_t const hash = Hash({reinterpret_cast<char const*>(parts), sizeof parts});
     for (XmlName* name = m_buckets[hash & (m_buckets.size() - 1)]; name != nullptr;
          name = name->nextInBucket) {
-        if (name->hash == hash && name->localName == localName && *name->namespaceUri == uri)
+        if (name->localName == localName && name->namespaceUri == uri)
             return name;
     }
-    XmlName& name = Insert(std::string(uri), std::string(localName), hash);
-    name.parserUri = name.namespaceUri;
-    name.parserLocalName = &name.localName;
-    return &name;
+    return &Insert(uri, localName, hash);
 }
 
 void NameTable::Grow() {

@@ -1,6 +1,7 @@
 // The names of a document, each kept once.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <string>
@@ -15,8 +16,8 @@ class XmlTree;
 // A name of elements and attributes, in the local encoding. Lives as long as its tree's content.
 struct XmlName {
     XmlTree* tree;
-    std::string localName;
-    std::string const* namespaceUri; // shared by the names of one namespace
+    std::string const* localName; // shared, as the next three: names have their parts in common
+    std::string const* namespaceUri;
 
     // What the XML parser calls it, in UTF-8: the URI, '|' and the local name, or the local name alone. The
     // same strings as above where local text is UTF-8, and in trees that no parser fills.
@@ -41,21 +42,26 @@ public:
     // The name of an element, with the one before it in the document as a hint: documents repeat themselves.
     XmlName* FindElementName(char const* parserName, bool splitNamespace);
 
-    // By the namespace URI, empty for none, and the local name.
-    XmlName* FindByParts(std::string_view uri, std::string_view localName);
+    // The one string with this text, which lives as long as the table. For parts of names.
+    std::string const* Keep(std::string_view text);
+    // By the namespace URI, empty for none, and the local name, both from Keep: what this costs does not grow
+    // with their length.
+    XmlName* FindByParts(std::string const* uri, std::string const* localName);
 
 private:
+    struct TextHash {
+        std::size_t operator()(std::string const& text) const noexcept { return Hash(text); }
+    };
+
     static std::uint64_t Hash(std::string_view text) noexcept;
-    XmlName& Insert(std::string uri, std::string localName, std::uint64_t hash);
+    XmlName& Insert(std::string const* uri, std::string const* localName, std::uint64_t hash);
     XmlName* Add(std::string_view parserName, std::uint64_t hash, bool splitNamespace);
-    std::string const* KeepParserString(std::string_view text, std::string const& local);
     void Grow();
 
     XmlTree& m_tree;
     std::deque<XmlName> m_names;
     std::vector<XmlName*> m_buckets; // a power of two of them
-    std::unordered_set<std::string> m_namespaceUris;
-    std::unordered_set<std::string> m_parserStrings; // where they differ from local text
+    std::unordered_set<std::string, TextHash> m_strings;
     XmlName* m_lastElementName = nullptr;
 };
 

@@ -23,7 +23,7 @@ bool IsSchemaInstance(std::string_view uri) {
 CXmlAttribute::~CXmlAttribute() = default;
 
 std::string const& CXmlAttribute::GetLocalName() const noexcept {
-    return m_name->localName;
+    return *m_name->localName;
 }
 
 std::string const& CXmlAttribute::GetNamespaceURI() const noexcept {

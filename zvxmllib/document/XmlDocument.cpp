@@ -149,7 +149,7 @@ CXmlElement* CXmlDocument::GetDocumentElement() const noexcept {
 std::string CXmlDocument::LookupAliasFromNamespace(char const* namespaceURI) const {
     char const* const uri = namespaceURI == nullptr ? "" : namespaceURI;
     for (auto const& [prefix, declared] : m_namespaces) {
-        if (declared == uri)
+        if (*declared == uri)
             return prefix;
     }
     return std::string();
@@ -157,7 +157,7 @@ std::string CXmlDocument::LookupAliasFromNamespace(char const* namespaceURI) con
 
 std::string CXmlDocument::LookupNamespaceFromAlias(char const* alias) const {
     auto const found = m_namespaces.find(alias == nullptr ? "" : alias);
-    return found == m_namespaces.end() ? std::string() : found->second;
+    return found == m_namespaces.end() ? std::string() : *found->second;
 }
 
 } // namespace ZvXmlLib16

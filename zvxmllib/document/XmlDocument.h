@@ -90,8 +90,8 @@ private:
     void EndElement();
 
     std::unique_ptr<XmlTree> m_tree;
-    // Prefix to URI, without scopes: the last declaration of a prefix stays.
-    std::map<std::string, std::string, std::less<>> m_namespaces;
+    // Prefix to URI, without scopes: the last declaration of a prefix stays. Prefixes may share a string.
+    std::map<std::string, std::shared_ptr<std::string const>, std::less<>> m_namespaces;
     SchemaType m_schemaType;
     ElementCallback m_pfnElementCallback;
     CSerializationContext const* m_pContext;

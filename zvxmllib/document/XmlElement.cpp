@@ -16,7 +16,7 @@ CXmlDocument const* CXmlElement::GetDocument() const noexcept {
 }
 
 std::string const& CXmlElement::GetLocalName() const noexcept {
-    return m_name->localName;
+    return *m_name->localName;
 }
 
 std::string const& CXmlElement::GetNamespaceURI() const noexcept {

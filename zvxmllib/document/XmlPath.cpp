@@ -32,10 +32,14 @@ std::string CXmlElement::GetNameWithPredicate() const {
     std::string name = GetQName();
     if (m_parent == nullptr)
         return name;
-    // Siblings of the same interned name are equal; of the others, names are compared as they are shown.
+    // Siblings of the same interned name are equal; of the others, names are compared as they are shown: a
+    // local name with a colon looks like one with a prefix. What is shown ends with the local name.
     auto const isSameNamed = [&](CXmlElement const& sibling) {
+        std::string const& local = sibling.GetLocalName();
         return sibling.m_name == m_name ||
-               (sibling.GetLocalName() == GetLocalName() && sibling.GetQName() == name);
+               (local.size() <= name.size() &&
+                name.compare(name.size() - local.size(), local.size(), local) == 0 &&
+                sibling.GetQName() == name);
     };
     int position = 1;
     bool isBefore = true;

@@ -18,6 +18,7 @@
 #include "zvxmllib/values/binary/Encoder.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace ZvXmlLib16 {
 
@@ -90,6 +91,7 @@ bool CFastInfosetReader::Parse(unsigned char const* data, std::size_t length) {
 
     m_doc.m_tree = std::make_unique<XmlTree>(m_doc, false);
     m_tree = m_doc.m_tree.get();
+    m_noText = m_tree->GetNames().Keep({});
     CountsSettler const settler(*m_tree);
     m_vocabulary = std::make_unique<ReadVocabulary>(m_context, *m_tree);
     // Most texts are in the tree as they are here.
@@ -176,7 +178,7 @@ void CFastInfosetReader::EndElement() {
 }
 
 void CFastInfosetReader::Trace(char const* what, XmlName const& name) const {
-    DebugTrace("%s: %s::%s\n", what, name.namespaceUri->c_str(), name.localName.c_str());
+    DebugTrace("%s: %s::%s\n", what, name.namespaceUri->c_str(), name.localName->c_str());
 }
 
 void CFastInfosetReader::ParseCharacterChunk(std::uint8_t octet) {
@@ -200,18 +202,21 @@ void CFastInfosetReader::ParseAttribute(std::uint8_t octet) {
 std::uint8_t CFastInfosetReader::ParseNamespaceAttributes() {
     std::uint8_t octet = 0;
     while (((octet = m_in.ReadOctet()) & 0xFC) == 0xCC) {
-        std::string_view const prefix =
-            (octet & 0x02) == 0 ? std::string_view() : ReadNamespacePart(m_vocabulary->prefixNames);
-        std::string_view const uri =
-            (octet & 0x01) == 0 ? std::string_view() : ReadNamespacePart(m_vocabulary->namespaceNames);
-        m_doc.m_namespaces[std::string(prefix)] = uri;
+        std::string_view const prefix = (octet & 0x02) == 0 ? std::string_view() : ReadDeclaredPrefix();
+        NameParts& uris = m_vocabulary->namespaceNames;
+        std::string const* const uri =
+            SharedText(uris, (octet & 0x01) == 0 ? 0 : ReadIdentifyingString(uris));
+        // The string lives as long as the tree, which ends with these declarations.
+        m_doc.m_namespaces[std::string(prefix)] = {std::shared_ptr<void>(), uri};
     }
     return m_in.ReadOctet();
 }
 
-std::string_view CFastInfosetReader::ReadNamespacePart(Strings& table) {
-    std::uint32_t const index = ReadIdentifyingString(table);
-    return table.entries[index - 1];
+std::string_view CFastInfosetReader::ReadDeclaredPrefix() {
+    NameParts& prefixes = m_vocabulary->prefixNames;
+    std::string_view const prefix = prefixes.entries[ReadIdentifyingString(prefixes) - 1].text;
+    Charge(prefix.size());
+    return prefix;
 }
 
 XmlName const* CFastInfosetReader::ParseQName(std::uint8_t octet, QNames& table) {
@@ -241,13 +246,20 @@ XmlName const* CFastInfosetReader::QNameAt(QNames& table, std::uint32_t index) {
 }
 
 XmlName const* CFastInfosetReader::Resolve(ReadVocabulary::QName const& entry) {
-    auto const text = [](Strings const& table, std::uint32_t index) {
-        if (index > table.entries.size())
-            FailIndexBeyondTable(index, table.content);
-        return index == 0 ? std::string_view() : table.entries[index - 1];
-    };
-    return m_tree->GetNames().FindByParts(text(m_vocabulary->namespaceNames, entry.namespaceName),
-                                          text(m_vocabulary->localNames, entry.localName));
+    return m_tree->GetNames().FindByParts(SharedText(m_vocabulary->namespaceNames, entry.namespaceName),
+                                          SharedText(m_vocabulary->localNames, entry.localName));
+}
+
+// That of the entry, or the empty one for the index 0.
+std::string const* CFastInfosetReader::SharedText(NameParts& table, std::uint32_t index) {
+    if (index > table.entries.size())
+        FailIndexBeyondTable(index, table.content);
+    if (index == 0)
+        return m_noText;
+    ReadVocabulary::NamePart& part = table.entries[index - 1];
+    if (part.shared == nullptr)
+        part.shared = m_tree->GetNames().Keep(part.text);
+    return part.shared;
 }
 
 } // namespace ZvXmlLib16

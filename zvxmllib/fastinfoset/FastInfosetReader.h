@@ -42,6 +42,7 @@ public:
 
 private:
     using Strings = ReadVocabulary::Strings;
+    using NameParts = ReadVocabulary::NameParts;
     using QNames = ReadVocabulary::QNames;
     // An encoded string: its octets, and what they mean.
     struct EncodedString {
@@ -74,19 +75,21 @@ private:
     void ParseCharacterChunk(std::uint8_t octet);
     void ParseAttribute(std::uint8_t octet);
     std::uint8_t ParseNamespaceAttributes();
-    std::string_view ReadNamespacePart(Strings& table);
+    std::string_view ReadDeclaredPrefix();
+    std::string const* SharedText(NameParts& table, std::uint32_t index);
     XmlName const* ParseQName(std::uint8_t octet, QNames& table);
     XmlName const* QNameAt(QNames& table, std::uint32_t index);
     XmlName const* Resolve(ReadVocabulary::QName const& entry);
     void Trace(char const* what, XmlName const& name) const;
 
     // FastInfosetStrings.cpp
-    std::uint32_t ReadIdentifyingString(Strings& table);
+    std::uint32_t ReadIdentifyingString(NameParts& table);
     std::uint32_t ReadOptionalIndex(std::uint8_t octet);
     std::string_view ReadAttributeValue();
     EncodedString ReadEncodedString5(std::uint8_t octet);
     EncodedString ReadEncodedString7(std::uint8_t octet);
     std::string_view TextAt(Strings const& table, std::uint32_t index);
+    void Charge(std::size_t octets);
     std::string_view Decode(EncodedString const& encoded);
     std::string_view DecodeUtf8(std::string_view octets);
     std::string_view DecodeUtf16(std::string_view octets);
@@ -99,8 +102,9 @@ private:
     XmlTree* m_tree = nullptr; // the document's, once there is one
     OctetInput m_in;           // a copy of the input, in the storage of the tree
     std::unique_ptr<ReadVocabulary> m_vocabulary;
-    std::uint64_t m_textLeft = 0; // octets that indices may still stand for
-    std::string m_text;           // for what has to be put together
+    std::string const* m_noText = nullptr; // what the tree keeps of the empty text
+    std::uint64_t m_textLeft = 0;          // octets that indices may still stand for
+    std::string m_text;                    // for what has to be put together
     std::u16string m_units;
     std::array<char16_t, 512> m_work{}; // spares the conversion of short texts an allocation
     bool m_isAsciiOnly = false;         // settled once for the document, as the next two

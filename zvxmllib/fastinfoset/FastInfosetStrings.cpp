@@ -51,7 +51,7 @@ std::string_view UpToNul(std::string_view text) noexcept {
 } // namespace
 
 // Returns the entry of the string in the table, where a literal goes.
-std::uint32_t CFastInfosetReader::ReadIdentifyingString(Strings& table) {
+std::uint32_t CFastInfosetReader::ReadIdentifyingString(NameParts& table) {
     std::uint8_t const octet = m_in.ReadOctet();
     if (octet >= 0x80) {
         std::uint32_t const index = m_in.ReadInteger2(octet);
@@ -59,7 +59,7 @@ std::uint32_t CFastInfosetReader::ReadIdentifyingString(Strings& table) {
             FailIndexBeyondTable(index, table.content);
         return index;
     }
-    table.entries.push_back(UpToNul(DecodeUtf8(m_in.ReadOctets(m_in.ReadLength2(octet)))));
+    table.entries.push_back({UpToNul(DecodeUtf8(m_in.ReadOctets(m_in.ReadLength2(octet))))});
     return static_cast<std::uint32_t>(table.entries.size());
 }
 
@@ -91,10 +91,15 @@ std::string_view CFastInfosetReader::TextAt(Strings const& table, std::uint32_t 
     if (index > table.entries.size())
         FailIndexBeyondTable(index, table.content);
     std::string_view const text = table.entries[index - 1];
-    if (text.size() > m_textLeft)
-        FailTextFromIndices();
-    m_textLeft -= text.size();
+    Charge(text.size());
     return text;
+}
+
+// For text that an index stands for, which is copied or looked at.
+void CFastInfosetReader::Charge(std::size_t octets) {
+    if (octets > m_textLeft)
+        FailTextFromIndices();
+    m_textLeft -= octets;
 }
 
 // An index of eight bits stands across two octets, and the length begins behind it.

@@ -11,10 +11,11 @@ namespace ZvXmlLib16 {
 namespace {
 
 // The template may change or end before the tree does.
-void Copy(CFIVocabulary::CFIStringTable const& source, XmlTree& tree, ReadVocabulary::Strings& target) {
+template <class Entry>
+void Copy(CFIVocabulary::CFIStringTable const& source, XmlTree& tree, ReadVocabulary::Table<Entry>& target) {
     target.entries.reserve(source.m_table.size());
     for (std::string const& text : source)
-        target.entries.push_back(tree.KeepText(text));
+        target.entries.push_back(Entry{tree.KeepText(text)});
 }
 
 void Copy(CFIVocabulary::CFIQNameTable const& source, ReadVocabulary::QNames& target) {
@@ -34,8 +35,8 @@ std::string ElementText(std::string_view text) {
 
 ReadVocabulary::ReadVocabulary(CFastInfosetContext const& context, XmlTree& tree) {
     if (!context.GetUseGeneratedVocabulary()) {
-        prefixNames.entries.push_back("xml");
-        namespaceNames.entries.push_back(kXmlNamespace);
+        prefixNames.entries.push_back({"xml"});
+        namespaceNames.entries.push_back({kXmlNamespace});
         return;
     }
     CFIVocabulary const& vocabulary = *context.GetVocabulary();

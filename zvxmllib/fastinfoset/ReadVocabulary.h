@@ -30,15 +30,21 @@ struct ReadVocabulary {
         std::vector<Entry> entries;
         char const* content; // for messages
     };
+    // A part of names, with the string that the names of the tree share, null until one of them needs it.
+    struct NamePart {
+        std::string_view text;
+        std::string const* shared = nullptr;
+    };
     using Strings = Table<std::string_view>;
+    using NameParts = Table<NamePart>;
     using QNames = Table<QName>;
 
     // What X.891 gives every document, and, where the context says so, the vocabulary in the context.
     ReadVocabulary(CFastInfosetContext const& context, XmlTree& tree);
 
-    Strings prefixNames{{}, "prefixes"};
-    Strings namespaceNames{{}, "namespace names"};
-    Strings localNames{{}, "local names"};
+    NameParts prefixNames{{}, "prefixes"};
+    NameParts namespaceNames{{}, "namespace names"};
+    NameParts localNames{{}, "local names"};
     QNames elementNames{{}, "element names"};
     QNames attributeNames{{}, "attribute names"};
     Strings attributeValues{{}, "attribute values"};

@@ -207,7 +207,7 @@ void CJsonTreeWriter::Declare(std::string const& attributeName, std::string cons
     // The parser joins URI and name by this character.
     if (uri == kXmlNamespace || uri == kXmlnsNamespace || uri.find('|') != std::string::npos)
         throw NotPlain();
-    if (!m_doc.m_namespaces.emplace(prefix, uri).second)
+    if (!m_doc.m_namespaces.emplace(prefix, std::make_shared<std::string const>(uri)).second)
         throw NotPlain();
     m_prefixes[prefix] = uri;
 }
@@ -240,7 +240,9 @@ XmlName const* CJsonTreeWriter::NameOf(Names& names, std::string const& text, bo
     if (found == m_prefixes.end())
         throw NotPlain();
     bool const hasNamespace = !isAttribute || colon != std::string::npos;
-    return names.Add(text, m_tree->GetNames().FindByParts(hasNamespace ? found->second : "", local));
+    NameTable& table = m_tree->GetNames();
+    std::string_view const uri = hasNamespace ? std::string_view(found->second) : std::string_view();
+    return names.Add(text, table.FindByParts(table.Keep(uri), table.Keep(local)));
 }
 
 void CJsonTreeWriter::AppendBreak(bool isDue, std::size_t depth) {
