@@ -14,7 +14,8 @@ constexpr auto kCollapse = CWhitespaceUtils::WhitespaceRule_Collapse;
 constexpr auto kPreserve = CWhitespaceUtils::WhitespaceRule_Preserve;
 CPrimitiveRestrictions const kNoFacets;
 
-// The tables of a class are built under the one lock of the process, at the first use of the class.
+// The tables of a class are built under the one lock of the process, at the first use of the class. A flag in
+// front of the lock spares later objects the lock.
 class TableLock {
 public:
     explicit TableLock(CZVCriticalSection& lock) : m_lock(lock) { m_lock.Enter(); }
@@ -65,6 +66,7 @@ CdateCol* NewDeliveries() {
 CParentElementInfo* CItem::s_info = nullptr;
 CElementInfo** CItem::s_elements = nullptr;
 CAttributeInfo** CItem::s_attributes = nullptr;
+std::atomic<bool> CItem::s_hasTables{false};
 
 CItem::CItem() {
     BuildTables();
@@ -74,6 +76,8 @@ CItem::CItem() {
 CItem::~CItem() = default;
 
 void CItem::BuildTables() {
+    if (s_hasTables.load(std::memory_order_acquire))
+        return;
     TableLock const lock(m_csInit);
     if (s_info != nullptr)
         return;
@@ -100,9 +104,11 @@ void CItem::BuildTables() {
     };
     s_info = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "item", kNamespace,
                                     true, false, -1, ItemType_invalid, nullptr, false);
+    s_hasTables.store(true, std::memory_order_release);
 }
 
 void CItem::CleanUp() {
+    s_hasTables = false;
     CleanMetaData(s_info, s_elements, s_attributes);
 }
 CParentElementInfo* CItem::GetClassInfo() {
@@ -183,6 +189,7 @@ CXmlElement* CItemCol::FromXml_Int(CXmlElement*, CXmlElement* current, CSerializ
 CParentElementInfo* COrder::s_info = nullptr;
 CElementInfo** COrder::s_elements = nullptr;
 CAttributeInfo** COrder::s_attributes = nullptr;
+std::atomic<bool> COrder::s_hasTables{false};
 
 COrder::COrder() : m_items(new CItemCol), m_deliveries(NewDeliveries()) {
     BuildTables();
@@ -192,6 +199,8 @@ COrder::COrder() : m_items(new CItemCol), m_deliveries(NewDeliveries()) {
 COrder::~COrder() = default;
 
 void COrder::BuildTables() {
+    if (s_hasTables.load(std::memory_order_acquire))
+        return;
     TableLock const lock(m_csInit);
     if (s_info != nullptr)
         return;
@@ -214,9 +223,11 @@ void COrder::BuildTables() {
     };
     s_info = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "order", kNamespace,
                                     true, false, -1, ItemType_invalid, nullptr, false);
+    s_hasTables.store(true, std::memory_order_release);
 }
 
 void COrder::CleanUp() {
+    s_hasTables = false;
     CleanMetaData(s_info, s_elements, s_attributes);
 }
 CParentElementInfo* COrder::GetClassInfo() {

@@ -14,6 +14,7 @@
 
 #include <zvxmllib/ZvXmlLib.h>
 
+#include <atomic>
 #include <string>
 
 namespace purchase_order {
@@ -62,6 +63,7 @@ private:
     static ZvXmlLib16Data::CParentElementInfo* s_info;
     static ZvXmlLib16Data::CElementInfo** s_elements;
     static ZvXmlLib16Data::CAttributeInfo** s_attributes;
+    static std::atomic<bool> s_hasTables; // the three above are built
 };
 
 class CItemCol : public ZvXmlLib16::CXmlCollection {
@@ -135,6 +137,7 @@ private:
     static ZvXmlLib16Data::CParentElementInfo* s_info;
     static ZvXmlLib16Data::CElementInfo** s_elements;
     static ZvXmlLib16Data::CAttributeInfo** s_attributes;
+    static std::atomic<bool> s_hasTables; // the three above are built
 };
 
 } // namespace purchase_order
