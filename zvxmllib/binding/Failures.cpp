@@ -67,4 +67,56 @@ void FailTooFewItems(std::string const& elementName, int minOccurs) {
         "");
 }
 
+void FailUnreadElement(std::string const& name, std::string const& unread, std::string const& path) {
+    throw CZvValidationException(
+        FormatString("Failed read all the elements held within the element [%s]. The "
+                     "unexpected element [%s] remains un processed",
+                     name.c_str(), unread.c_str()),
+        path);
+}
+
+void FailNoSubstitution(std::string const& name, std::string const& path) {
+    throw CZvValidationException(
+        FormatString("Failed to find a suitable substitution element for [%s].", name.c_str()), path);
+}
+
+void FailRequiredWildcard(std::string const& ns, std::string const& path) {
+    throw CZvValidationException(
+        FormatString("Failed to find the required element from namespace [%s].", ns.c_str()), path);
+}
+
+void FailUnexpectedAttribute(std::string const& path) {
+    throw CZvValidationException("Unexpected Attribute found.", path);
+}
+
+void FailNilNotAllowed(std::string const& path) {
+    throw CZvValidationException("Invalid use of 'nil' attribute in non-nillable element.", path);
+}
+
+void FailNilValue(std::string const& value, std::string const& path) {
+    throw CZvValidationException(
+        FormatString("Unexpected Value [%s] for 'nil' Attribute found.", value.c_str()), path);
+}
+
+void FailContentOfNil(std::string const& name, std::string const& path) {
+    throw CZvValidationException(
+        FormatString("Unexpected content found in the nil element [%s].", name.c_str()), path);
+}
+
+void FailFacetOfRead(CZvException const& cause, std::string const& path) {
+    throw CZvValidationException(cause.GetMessage(), path);
+}
+
+void FailUnknownAlias(std::string const& alias, std::string const& path) {
+    throw CZvValidationException(FormatString("Namespace alias [%s] not found", alias.c_str()), path);
+}
+
+void FailRootElement(std::string const& name, std::string const& ns, std::string const& foundName,
+                     std::string const& foundNs, std::string const& path) {
+    throw CZvValidationException(
+        FormatString("Expected the root element [%s] of namespace [%s], found [%s] of namespace [%s].",
+                     name.c_str(), ns.c_str(), foundName.c_str(), foundNs.c_str()),
+        path);
+}
+
 } // namespace ZvXmlLib16

@@ -58,6 +58,7 @@ protected:
 
 private:
     void AddText(std::string_view text);
+    void AddStrictly(std::string_view text, CXmlElement const& element);
 };
 
 } // namespace detail

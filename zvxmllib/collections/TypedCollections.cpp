@@ -2,8 +2,10 @@
 #include "zvxmllib/collections/TypedCollections.h"
 
 #include "zvxmllib/collections/Failures.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/values/facets/CheckPrimitive.h"
 #include "zvxmllib/values/text/TextValues.h"
+#include "zvxmllib/values/variant/StrictText.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
 #include <type_traits>
@@ -25,6 +27,10 @@ struct Conversion;
         static constexpr char const* kClassName = "C" #name "Col";                                           \
         static constexpr auto FromText = &name##FromText;                                                    \
         static constexpr auto ToText = &name##ToText;                                                        \
+        template <class Any>                                                                                 \
+        static void Put(ZvVariant& variant, Any const& value) {                                              \
+            variant.Set##Name(value);                                                                        \
+        }                                                                                                    \
     };
 ZV_COLLECTED_TYPES(ZV_CONVERSION)
 #undef ZV_CONVERSION
@@ -105,6 +111,17 @@ void ValueStore<Value>::WriteValues(CXmlWriter* writer, CSerializationContext co
     }
 }
 
+template <class Value>
+template <class Put>
+void ValueStore<Value>::WriteStrictly(CXmlWriter* writer, CSerializationContext const& ctx, ItemType type,
+                                      Put put) const {
+    ZvVariant& variant = writer->GetValueRoom().value;
+    WriteValues(writer, ctx, type, [&](auto const& value, std::string& buffer) -> std::string const& {
+        put(variant, value);
+        return CheckWritten(variant, buffer);
+    });
+}
+
 #define ZV_PARAMETERS                                                                                        \
     char const *elementName, char const *namespaceURI, int minOccurs, int maxOccurs, char const *pattern,    \
         std::int32_t minLength, std::int32_t maxLength, char const *minInclusive, char const *maxInclusive,  \
@@ -163,6 +180,9 @@ void ValueCollection<Policy>::Clear() {
 template <class Policy>
 void ValueCollection<Policy>::ToXml_Int(CXmlWriter* writer, bool, char const*,
                                         CSerializationContext const& ctx, bool) const {
+    if (ctx.GetStrict())
+        return this->WriteStrictly(writer, ctx, Policy::kType,
+                                   Conversion<Policy::kType>::template Put<Value>);
     this->WriteValues(
         writer, ctx, Policy::kType, [this](auto const& value, std::string& buffer) -> std::string const& {
             return Conversion<Policy::kType>::ToText(value, this->m_formatOverride.c_str(), buffer);
@@ -174,9 +194,31 @@ CXmlElement* ValueCollection<Policy>::FromXml_Int(CXmlElement* element, CXmlElem
                                                   CSerializationContext const& ctx, bool optionalChoice) {
     if (typeid(*this) != typeid(typename Policy::Collection))
         return CXmlTypeCollection::FromXml_Int(element, current, ctx, optionalChoice);
+    if (ctx.GetStrict())
+        return this->ReadStrictly(
+            current, ctx,
+            [](CXmlTypeCollection& collection, std::string_view text, CXmlElement const& itemElement) {
+                static_cast<ValueCollection&>(collection).AddStrictly(text, itemElement);
+            },
+            optionalChoice);
     return this->ReadTexts(current, ctx, [](CXmlTypeCollection& collection, std::string_view text) {
         static_cast<ValueCollection&>(collection).AddText(text);
     });
+}
+
+template <class Policy>
+void ValueCollection<Policy>::AddStrictly(std::string_view text, CXmlElement const& element) {
+    RequireLexical(Policy::kType, text);
+    Value value = Conversion<Policy::kType>::FromText(text, CWhitespaceUtils::WhitespaceRule_None);
+    if (this->m_restrictions.HasFacets()) {
+        ZvVariant variant;
+        Conversion<Policy::kType>::Put(variant, value);
+        this->CheckRead(variant, text, element);
+    }
+    int const index = this->GetCount();
+    this->BeginAdd(index, value);
+    this->Insert(index, value);
+    this->CompleteAdd(value);
 }
 
 template <class Policy>
@@ -215,6 +257,8 @@ void DateCollection<Policy>::ToXml_Int(CXmlWriter* writer, bool isRoot, char con
                                        CSerializationContext const& ctx, bool optionalChoice) const {
     if (typeid(*this) != typeid(typename Policy::Collection))
         return CdatetimeBaseCol::ToXml_Int(writer, isRoot, ns, ctx, optionalChoice);
+    if (ctx.GetStrict())
+        return WriteStrictly(writer, ctx, Policy::kType, Conversion<Policy::kType>::template Put<CDateTime>);
     WriteValues(writer, ctx, ItemType_datetime, DateText);
 }
 
@@ -223,9 +267,25 @@ CXmlElement* DateCollection<Policy>::FromXml_Int(CXmlElement* element, CXmlEleme
                                                  CSerializationContext const& ctx, bool optionalChoice) {
     if (typeid(*this) != typeid(typename Policy::Collection))
         return CXmlTypeCollection::FromXml_Int(element, current, ctx, optionalChoice);
+    if (ctx.GetStrict())
+        return ReadStrictly(
+            current, ctx,
+            [](CXmlTypeCollection& collection, std::string_view text, CXmlElement const& itemElement) {
+                static_cast<DateCollection&>(collection).AddStrictly(text, itemElement);
+            },
+            optionalChoice);
     return ReadTexts(current, ctx, [](CXmlTypeCollection& collection, std::string_view text) {
         static_cast<DateCollection&>(collection).AddText(text);
     });
+}
+
+template <class Policy>
+void DateCollection<Policy>::AddStrictly(std::string_view text, CXmlElement const& element) {
+    CDateTime const value = StrictDateTimeFromText(Policy::kType, text);
+    ZvVariant variant;
+    Conversion<Policy::kType>::Put(variant, value);
+    CheckRead(variant, text, element);
+    BaseAddAt(GetCount(), value);
 }
 
 template <class Policy>

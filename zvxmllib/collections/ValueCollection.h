@@ -44,6 +44,9 @@ protected:
     template <class ToText>
     void WriteValues(CXmlWriter* writer, CSerializationContext const& ctx, ItemType type,
                      ToText toText) const;
+    // In a strict context. `put(variant, value)` puts a value into a variant.
+    template <class Put>
+    void WriteStrictly(CXmlWriter* writer, CSerializationContext const& ctx, ItemType type, Put put) const;
 
 private:
     std::vector<Value> m_values;
@@ -83,6 +86,7 @@ protected:
 private:
     void Check(Value const& value) const;
     void AddText(std::string_view text);
+    void AddStrictly(std::string_view text, CXmlElement const& element);
 };
 
 } // namespace ZvXmlLib16::detail

@@ -1,8 +1,15 @@
 // CXmlTypeCollection, what all collections of values share.
 #include "zvxmllib/collections/XmlTypeCollection.h"
 
+#include "zvxmllib/binding/Failures.h"
+#include "zvxmllib/binding/StrictElement.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/values/facets/CheckPrimitive.h"
+#include "zvxmllib/values/facets/FacetCheck.h"
+#include "zvxmllib/values/text/RuledText.h"
+#include "zvxmllib/values/variant/StrictText.h"
 
 namespace ZvXmlLib16 {
 
@@ -23,14 +30,20 @@ CXmlTypeCollection::CXmlTypeCollection(ItemType type, char const* elementName, c
 CXmlTypeCollection::~CXmlTypeCollection() = default;
 
 CXmlElement* CXmlTypeCollection::FromXml_Int(CXmlElement*, CXmlElement* current,
-                                             CSerializationContext const& ctx, bool) {
-    return ReadTexts(current, ctx, [](CXmlTypeCollection& collection, std::string_view text) {
+                                             CSerializationContext const& ctx, bool optionalChoice) {
+    TakeText const take = [](CXmlTypeCollection& collection, std::string_view text) {
         collection.AddFromString(std::string(text));
-    });
+    };
+    return ReadTexts(current, ctx, take, optionalChoice);
 }
 
 CXmlElement* CXmlTypeCollection::ReadTexts(CXmlElement* current, CSerializationContext const& ctx,
-                                           TakeText take) {
+                                           TakeText take, bool isInGroup) {
+    if (ctx.GetStrict())
+        return ReadEach(current, ctx, isInGroup, [&](CXmlElement const& element, std::string& room) {
+            CheckValueElement(ctx, element, m_itemType, false);
+            take(*this, element.GetNodeText().Read(room));
+        });
     std::string room;
     while (current != nullptr &&
            DoesElementNameMatch(ctx, current, GetElementName().c_str(), m_namespace.c_str())) {
@@ -38,6 +51,55 @@ CXmlElement* CXmlTypeCollection::ReadTexts(CXmlElement* current, CSerializationC
         current = current->GetNextSiblingElement();
     }
     return current;
+}
+
+CXmlElement* CXmlTypeCollection::ReadStrictly(CXmlElement* current, CSerializationContext const& ctx,
+                                              TakeElement take, bool isInGroup) {
+    bool const isText = m_itemType == ItemType_string || m_itemType == ItemType_char;
+    auto const rule = isText ? m_whitespaceRule : CWhitespaceUtils::WhitespaceRule_Collapse;
+    return ReadEach(current, ctx, isInGroup, [&](CXmlElement const& element, std::string& room) {
+        CheckValueElement(ctx, element, m_itemType, false);
+        detail::RuledText const ruled(rule, element.GetNodeText().Read(room));
+        take(*this, ruled.Get(), element);
+    });
+}
+
+// A group may come again, and what is beyond the greatest number is the next one's.
+template <class Take>
+CXmlElement* CXmlTypeCollection::ReadEach(CXmlElement* current, CSerializationContext const& ctx,
+                                          bool isInGroup, Take take) {
+    bool const hasMost = isInGroup && GetMaxOccurs() != -1 && !ctx.GetIgnoreInvalidCollectionCounts();
+    std::string room;
+    while (current != nullptr && (!hasMost || GetCount() < GetMaxOccurs()) &&
+           DoesElementNameMatch(ctx, current, GetElementName().c_str(), m_namespace.c_str())) {
+        take(*current, room);
+        current = current->GetNextSiblingElement();
+    }
+    return current;
+}
+
+void CXmlTypeCollection::CheckRead(ZvVariant const& value, std::string_view text,
+                                   CXmlElement const& element) const {
+    if (!m_restrictions.HasFacets())
+        return;
+    try {
+        FacetCheck const check{GetElementName().c_str(), m_restrictions, FacetRules::kXmlSchema};
+        check.Check(value, m_itemType);
+        check.CheckText(text);
+    } catch (CZvException const& failure) {
+        FailFacetOfRead(failure, element.GetXPath());
+    }
+}
+
+std::string const& CXmlTypeCollection::CheckWritten(ZvVariant const& value, std::string& buffer) const {
+    std::string const& text =
+        detail::ToStrictText(GetElementName().c_str(), value, m_itemType, m_formatOverride.c_str(), buffer);
+    if (m_restrictions.HasFacets()) {
+        FacetCheck const check{GetElementName().c_str(), m_restrictions, FacetRules::kXmlSchema};
+        check.Check(value, m_itemType);
+        check.CheckText(text);
+    }
+    return text;
 }
 
 } // namespace ZvXmlLib16

@@ -33,21 +33,34 @@ protected:
     ~CXmlTypeCollection() override;
 
     // Adds the texts of all elements of the collection's name that stand next to each other from `current`
-    // on.
+    // on. In a strict context `optionalChoice` is told to a collection of a group, which ends at its greatest
+    // number of items.
     CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
                              bool optionalChoice) override;
     // Throws what the conversion of the type throws, and what adding the value throws.
     virtual void AddFromString(std::string value) = 0;
 
-    // FromXml_Int with another way to take a text.
+    // FromXml_Int with another way to take a text, and with the element that it stands in.
     using TakeText = void (*)(CXmlTypeCollection& collection, std::string_view text);
-    CXmlElement* ReadTexts(CXmlElement* current, CSerializationContext const& ctx, TakeText take);
+    CXmlElement* ReadTexts(CXmlElement* current, CSerializationContext const& ctx, TakeText take,
+                           bool isInGroup = false);
+    using TakeElement = void (*)(CXmlTypeCollection& collection, std::string_view text,
+                                 CXmlElement const& element);
+    CXmlElement* ReadStrictly(CXmlElement* current, CSerializationContext const& ctx, TakeElement take,
+                              bool isInGroup);
+    // In a strict context, for a value and its text. The first throws CZvValidationException with the path.
+    void CheckRead(ZvVariant const& value, std::string_view text, CXmlElement const& element) const;
+    std::string const& CheckWritten(ZvVariant const& value, std::string& buffer) const;
 
     CPrimitiveRestrictions m_restrictions;
     ItemType const m_itemType;
     std::string const m_formatOverride;
     CWhitespaceUtils::WhitespaceRule const m_whitespaceRule;
     bool const m_needsCheck; // false if the facets let every value pass
+
+private:
+    template <class Take>
+    CXmlElement* ReadEach(CXmlElement* current, CSerializationContext const& ctx, bool isInGroup, Take take);
 };
 
 } // namespace ZvXmlLib16

@@ -4,6 +4,7 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/driver/Failures.h"
+#include "zvxmllib/driver/StrictValues.h"
 #include "zvxmllib/driver/XmlGeneratedClass.h"
 #include "zvxmllib/values/facets/CheckPrimitive.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
@@ -41,6 +42,16 @@ void CAttributeInfoPrimitive::CheckRestriction(ZvVariant const& value) const {
     ZvXmlLib16::CheckPrimitiveVariant(m_name.c_str(), value, m_type, m_restrictions);
 }
 
+StrictValue CAttributeInfoPrimitive::AsStrictValue() const noexcept {
+    return {m_name, m_type, m_rule, m_restrictions};
+}
+
+std::string const& CAttributeInfoPrimitive::ToText(CSerializationContext const& ctx, ZvVariant const& value,
+                                                   std::string& buffer) const {
+    return ctx.GetStrict() ? AsStrictValue().ToText(value, m_formatOverride, buffer)
+                           : value.ToText(m_formatOverride.c_str(), buffer);
+}
+
 void CAttributeInfoPrimitive::AttributeToXml(CSerializationContext const& ctx,
                                              CXmlGeneratedClass const* object, CXmlWriter* writer) const {
     ZvVariant value;
@@ -48,20 +59,28 @@ void CAttributeInfoPrimitive::AttributeToXml(CSerializationContext const& ctx,
     if (m_optional && !value.IsValid())
         return;
     std::string buffer;
-    std::string const& text = value.ToText(m_formatOverride.c_str(), buffer);
+    std::string const& text = ToText(ctx, value, buffer);
     if (IsSuppressedDefault(ctx, text))
         return;
-    if (m_needsCheck)
-        CheckRestriction(value);
+    if (m_needsCheck) {
+        if (ctx.GetStrict())
+            AsStrictValue().Check(value, text);
+        else
+            CheckRestriction(value);
+    }
     writer->WriteAttribute(m_name, m_namespace, text, value.GetTypeAsEnum());
 }
 
-bool CAttributeInfoPrimitive::AttributeFromXml(CSerializationContext const&, CXmlGeneratedClass* object,
+bool CAttributeInfoPrimitive::AttributeFromXml(CSerializationContext const& ctx, CXmlGeneratedClass* object,
                                                CXmlAttribute* attribute) {
-    if (!HasExactName(*attribute))
+    bool const isStrict = ctx.GetStrict();
+    if (isStrict ? !IsThisAttribute(ctx, attribute) : !HasExactName(*attribute))
         return false;
     ZvVariant value;
-    value.FromText(attribute->GetValueView(), m_type, m_rule);
+    if (isStrict)
+        AsStrictValue().Read(value, attribute->GetValueView(), *attribute);
+    else
+        value.FromText(attribute->GetValueView(), m_type, m_rule);
     InvokePropertySet(object, value, *attribute);
     return true;
 }

@@ -8,6 +8,8 @@
 
 namespace ZvXmlLib16Data {
 
+struct StrictValue;
+
 // A typed attribute. Its value is tested against the facets on writing. Matches by exact name and namespace.
 class ZV_API CAttributeInfoPrimitive : public CAttributeInfo {
 public:
@@ -27,6 +29,10 @@ public:
     void CheckRestriction(ZvVariant const& value) const;
 
 private:
+    StrictValue AsStrictValue() const noexcept;
+    std::string const& ToText(CSerializationContext const& ctx, ZvVariant const& value,
+                              std::string& buffer) const;
+
     ZvXmlLib16::CPrimitiveRestrictions const m_restrictions;
     ZvXmlLib16::ItemType const m_type;
     std::string const m_formatOverride;

@@ -29,6 +29,8 @@ using ZvXmlLib16::XmlElementType_Element;
 using ZvXmlLib16::XmlElementType_Pseudo;
 using ZvXmlLib16::ZvVariant;
 
+struct StrictValue;
+
 // One child element of a generated class. Immutable, shared by all instances and threads. The order of the
 // virtual operations is a contract.
 class ZV_API CElementInfo {
@@ -161,10 +163,11 @@ private:
     friend class ZvXmlLib16::CXmlGeneratedClass; // the driver
 
     bool ReadNilAttribute(Ctx const& ctx, CXmlElement& element) const;
+    StrictValue AsStrictValue() const noexcept;
     template <class Parse>
     void ReadValue(Ctx const& ctx, Object* object, CXmlElement** current, ItemType type, Parse parse) const;
     template <class ToText>
-    bool WriteProperty(Object const* object, CXmlWriter* writer, ToText toText) const;
+    bool WriteProperty(Ctx const& ctx, Object const* object, CXmlWriter* writer, ToText toText) const;
 
     std::string const m_name;
     std::string const m_namespace;

@@ -1,4 +1,5 @@
 // The steps of reading that the members of the element family are made of.
+#include "zvxmllib/binding/StrictElement.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlAttribute.h"
@@ -6,6 +7,7 @@
 #include "zvxmllib/driver/ElementInfoBase.h"
 #include "zvxmllib/driver/Failures.h"
 #include "zvxmllib/driver/NilText.h"
+#include "zvxmllib/driver/StrictValues.h"
 #include "zvxmllib/driver/XmlGeneratedClass.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
 
@@ -37,7 +39,9 @@ void CElementInfo::ReadValue(Ctx const& ctx, Object* object, CXmlElement** curre
                              Parse parse) const {
     CXmlElement& element = **current;
     ZvVariant value;
-    if (element.GetAttributeCount() != 0 && ReadNilAttribute(ctx, element)) {
+    bool const isNil = ctx.GetStrict() ? ZvXmlLib16::CheckValueElement(ctx, element, m_itemType, m_nillable)
+                                       : element.GetAttributeCount() != 0 && ReadNilAttribute(ctx, element);
+    if (isNil) {
         value.SetNil(type);
     } else {
         std::string room;
@@ -49,6 +53,12 @@ void CElementInfo::ReadValue(Ctx const& ctx, Object* object, CXmlElement** curre
 }
 
 void CElementInfo::ElementFromXmlPrim(Ctx const& ctx, Object* object, CXmlElement** current) const {
+    if (ctx.GetStrict()) {
+        CXmlElement const& element = **current;
+        return ReadValue(ctx, object, current, m_itemType, [&](ZvVariant& value, std::string_view text) {
+            AsStrictValue().Read(value, text, element);
+        });
+    }
     ReadValue(ctx, object, current, m_itemType, [this](ZvVariant& value, std::string_view text) {
         value.FromText(text, m_itemType, m_whitespaceRule);
     });

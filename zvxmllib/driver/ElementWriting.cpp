@@ -4,20 +4,24 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/driver/ElementInfoBase.h"
 #include "zvxmllib/driver/Failures.h"
+#include "zvxmllib/driver/StrictValues.h"
 #include "zvxmllib/driver/XmlGeneratedClass.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
 namespace ZvXmlLib16Data {
 
-// A nil value is written also where the entry is not nillable. A value that equals the default is not tested
-// against the facets: whether its text stands in the output is the writer's to say.
+// A nil value is written also where the entry is not nillable, but in a strict context. A value that equals
+// the default is not tested against the facets: whether its text stands in the output is the writer's to say.
 template <class ToText>
-bool CElementInfo::WriteProperty(Object const* object, CXmlWriter* writer, ToText toText) const {
+bool CElementInfo::WriteProperty(Ctx const& ctx, Object const* object, CXmlWriter* writer,
+                                 ToText toText) const {
     auto& [value, buffer] = writer->GetValueRoom();
     value.SetInvalid();
     ReadProperty(object, value);
     if (value.IsNil()) {
+        if (ctx.GetStrict() && !m_nillable)
+            FailNilToWrite(m_name);
         writer->WriteElementStart(m_name, m_namespace);
         writer->WriteNilAttribute();
         writer->WriteElementEnd();
@@ -27,8 +31,12 @@ bool CElementInfo::WriteProperty(Object const* object, CXmlWriter* writer, ToTex
         return false;
     std::string const& text = toText(value, buffer);
     bool const isDefault = !m_defaultValue.empty() && text == m_defaultValue;
-    if (m_needsCheck && !isDefault)
-        CheckRestriction(value);
+    if (m_needsCheck && !isDefault) {
+        if (ctx.GetStrict())
+            AsStrictValue().Check(value, text);
+        else
+            CheckRestriction(value);
+    }
     writer->WriteElementStart(m_name, m_namespace);
     writer->WriteElementValue(text, m_hasRestrictions ? value.GetTypeAsEnum() : ZvXmlLib16::ItemType_string,
                               isDefault);
@@ -36,20 +44,29 @@ bool CElementInfo::WriteProperty(Object const* object, CXmlWriter* writer, ToTex
     return true;
 }
 
-bool CElementInfo::ElementToXmlPrim(Ctx const&, Object const* object, CXmlWriter* writer) const {
+bool CElementInfo::ElementToXmlPrim(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
+    if (ctx.GetStrict())
+        return WriteProperty(
+            ctx, object, writer, [this](ZvVariant const& value, std::string& buffer) -> auto& {
+                return AsStrictValue().ToText(value, m_formatOverride, buffer);
+            });
     return WriteProperty(
-        object, writer, [this](ZvVariant const& value, std::string& buffer) -> auto& {
+        ctx, object, writer, [this](ZvVariant const& value, std::string& buffer) -> auto& {
             return value.ToText(m_formatOverride.c_str(), buffer);
         });
 }
 
-bool CElementInfo::ElementToXmlEnum(Ctx const&, Object const* object, CXmlWriter* writer,
+bool CElementInfo::ElementToXmlEnum(Ctx const& ctx, Object const* object, CXmlWriter* writer,
                                     EnumToString enumToString) const {
     return WriteProperty(
-        object, writer, [enumToString](ZvVariant const& value, std::string& buffer) -> auto& {
+        ctx, object, writer, [enumToString](ZvVariant const& value, std::string& buffer) -> auto& {
             char const* const text = enumToString(value.GetI4());
             return buffer = text == nullptr ? "" : text;
         });
+}
+
+StrictValue CElementInfo::AsStrictValue() const noexcept {
+    return {m_name, m_itemType, m_whitespaceRule, m_restrictions};
 }
 
 // The tag comes from the child's own element name, so that a derived element keeps its name.

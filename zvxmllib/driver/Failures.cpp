@@ -7,6 +7,7 @@
 namespace ZvXmlLib16Data {
 
 using ZvXmlLib16::CZvInvalidParamException;
+using ZvXmlLib16::CZvInvalidStateException;
 using ZvXmlLib16::CZvValidationException;
 using ZvXmlLib16::FormatString;
 
@@ -44,14 +45,6 @@ void FailNoChoiceFound(std::string const& name, std::string const& path) {
                      "choice, so one and only one element should be populated. The element contained no "
                      "sutable child elements",
                      name.c_str()),
-        path);
-}
-
-void FailUnreadElement(std::string const& name, std::string const& unread, std::string const& path) {
-    throw CZvValidationException(
-        FormatString("Failed read all the elements held within the element [%s]. The "
-                     "unexpected element [%s] remains un processed",
-                     name.c_str(), unread.c_str()),
         path);
 }
 
@@ -105,27 +98,14 @@ void FailMandatoryElement(std::string const& name) {
                                  "");
 }
 
-void FailNoSubstitution(std::string const& name, std::string const& path) {
-    throw CZvValidationException(
-        FormatString("Failed to find a suitable substitution element for [%s].", name.c_str()), path);
+void FailText(std::string_view text, std::string const& path) {
+    throw CZvValidationException(FormatString("Unexpected text [%s] found.", std::string(text).c_str()),
+                                 path);
 }
 
-void FailRequiredWildcard(std::string const& ns, std::string const& path) {
-    throw CZvValidationException(
-        FormatString("Failed to find the required element from namespace [%s].", ns.c_str()), path);
-}
-
-void FailUnexpectedAttribute(std::string const& path) {
-    throw CZvValidationException("Unexpected Attribute found.", path);
-}
-
-void FailNilNotAllowed(std::string const& path) {
-    throw CZvValidationException("Invalid use of 'nil' attribute in non-nillable element.", path);
-}
-
-void FailNilValue(std::string const& value, std::string const& path) {
-    throw CZvValidationException(
-        FormatString("Unexpected Value [%s] for 'nil' Attribute found.", value.c_str()), path);
+void FailNilToWrite(std::string const& name) {
+    throw CZvInvalidStateException(
+        FormatString("The Property [%s] is nil, and its element may not be nil", name.c_str()));
 }
 
 } // namespace ZvXmlLib16Data

@@ -1,13 +1,24 @@
 // Every message of generated classes and their tables.
 #pragma once
 
+#include "zvxmllib/binding/Failures.h"
 #include "zvxmllib/foundation/Forward.h"
 
 #include <string>
+#include <string_view>
 
 namespace ZvXmlLib16Data {
 
 using ZvXmlLib16::CZvException;
+
+// What other readers of elements fail by, too.
+using ZvXmlLib16::FailFacetOfRead;
+using ZvXmlLib16::FailNilNotAllowed;
+using ZvXmlLib16::FailNilValue;
+using ZvXmlLib16::FailNoSubstitution;
+using ZvXmlLib16::FailRequiredWildcard;
+using ZvXmlLib16::FailUnexpectedAttribute;
+using ZvXmlLib16::FailUnreadElement;
 
 // The driver. The texts of a group type out of range differ between writing and reading.
 [[noreturn]] void FailToWriteElement(std::string const& name, CZvException const& cause);
@@ -17,8 +28,6 @@ using ZvXmlLib16::CZvException;
 [[noreturn]] void FailToReadElement(std::string const& path, CZvException const& cause);
 [[noreturn]] void FailUnknownGroupType();
 [[noreturn]] void FailNoChoiceFound(std::string const& name, std::string const& path);
-[[noreturn]] void FailUnreadElement(std::string const& name, std::string const& unread,
-                                    std::string const& path);
 
 // The entries.
 [[noreturn]] void FailPropertyGet(std::string const& name, CZvException const& cause);
@@ -33,10 +42,9 @@ using ZvXmlLib16::CZvException;
 [[noreturn]] void FailMandatoryProperty(std::string const& name);
 [[noreturn]] void FailRequiredChild(std::string const& name, std::string const& path);
 [[noreturn]] void FailMandatoryElement(std::string const& name);
-[[noreturn]] void FailNoSubstitution(std::string const& name, std::string const& path);
-[[noreturn]] void FailRequiredWildcard(std::string const& ns, std::string const& path);
-[[noreturn]] void FailUnexpectedAttribute(std::string const& path);
-[[noreturn]] void FailNilNotAllowed(std::string const& path);
-[[noreturn]] void FailNilValue(std::string const& value, std::string const& path);
+
+// Of a strict context alone. `text` is of the document.
+[[noreturn]] void FailText(std::string_view text, std::string const& path);
+[[noreturn]] void FailNilToWrite(std::string const& name);
 
 } // namespace ZvXmlLib16Data

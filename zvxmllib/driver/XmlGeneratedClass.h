@@ -71,7 +71,10 @@ private:
 
     CXmlElement* ReadContent(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
                              bool optionalChoice, ZvXmlLib16Data::CParentElementInfo const& info);
-    void ReadSimpleContent(CXmlElement const& element, ZvXmlLib16Data::CParentElementInfo const& info);
+    void ReadSimpleContent(CSerializationContext const& ctx, CXmlElement const& element,
+                           ZvXmlLib16Data::CParentElementInfo const& info);
+    void WriteSimpleContent(CXmlWriter& writer, CSerializationContext const& ctx,
+                            ZvXmlLib16Data::CParentElementInfo const& info) const;
     void ReadNilAttribute(CXmlElement const& element, CXmlAttribute const& attribute);
     CXmlElement* ProcessElementSeqFromXml(CSerializationContext const& ctx, CXmlElement* element,
                                           CXmlElement* current, XmlElementType elementType);

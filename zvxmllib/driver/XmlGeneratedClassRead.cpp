@@ -5,6 +5,7 @@
 #include "zvxmllib/driver/ElementInfo.h"
 #include "zvxmllib/driver/Failures.h"
 #include "zvxmllib/driver/NilText.h"
+#include "zvxmllib/driver/StrictValues.h"
 #include "zvxmllib/driver/XmlGeneratedClass.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
@@ -105,16 +106,22 @@ CXmlElement* CXmlGeneratedClass::ReadContent(CXmlElement* element, CXmlElement* 
         FailUnknownGroupType();
     }
     if (info.GetPrimitiveValuePropertyIndex() != -1 && info.GetPrimitiveDataType() != ItemType_invalid)
-        ReadSimpleContent(*element, info);
+        ReadSimpleContent(ctx, *element, info);
     return current;
 }
 
-void CXmlGeneratedClass::ReadSimpleContent(CXmlElement const& element, CParentElementInfo const& info) {
+// Only a strict context takes the blanks off that the type does not have.
+void CXmlGeneratedClass::ReadSimpleContent(CSerializationContext const& ctx, CXmlElement const& element,
+                                           CParentElementInfo const& info) {
     ZvVariant value;
     std::string room;
     ItemType const type =
         info.GetOutputPrimitiveClassAsTextProperty() ? ItemType_string : info.GetPrimitiveDataType();
-    value.FromText(element.GetNodeText().Read(room), type, CWhitespaceUtils::WhitespaceRule_None);
+    std::string_view const text = element.GetNodeText().Read(room);
+    if (ctx.GetStrict())
+        ContentOf(info, type).Read(value, text, element);
+    else
+        value.FromText(text, type, CWhitespaceUtils::WhitespaceRule_None);
     AccessProperty(info.GetPrimitiveValuePropertyIndex(), false, value);
 }
 

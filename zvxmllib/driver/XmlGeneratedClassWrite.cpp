@@ -3,6 +3,7 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/driver/ElementInfo.h"
 #include "zvxmllib/driver/Failures.h"
+#include "zvxmllib/driver/StrictValues.h"
 #include "zvxmllib/driver/XmlGeneratedClass.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
@@ -79,15 +80,28 @@ void CXmlGeneratedClass::WriteContent(CXmlWriter& writer, CSerializationContext 
     default:
         FailUnknownXmlGroupType();
     }
-    if (info.GetPrimitiveValuePropertyIndex() == -1 || info.GetPrimitiveDataType() == ItemType_invalid)
-        return;
+    if (info.GetPrimitiveValuePropertyIndex() != -1 && info.GetPrimitiveDataType() != ItemType_invalid)
+        WriteSimpleContent(writer, ctx, info);
+}
+
+void CXmlGeneratedClass::WriteSimpleContent(CXmlWriter& writer, CSerializationContext const& ctx,
+                                            CParentElementInfo const& info) const {
     ZvVariant value;
     ReadProperty(info.GetPrimitiveValuePropertyIndex(), value);
-    if (value.IsNil())
+    std::string const& format = info.GetPrimitiveFormatOverride();
+    if (value.IsNil()) {
+        if (ctx.GetStrict() && FindNillable(info) == nullptr)
+            FailNilToWrite(GetElementName());
         writer.WriteNilAttribute();
-    else
-        writer.WriteElementValue(value.ToString(info.GetPrimitiveFormatOverride().c_str()),
-                                 value.GetTypeAsEnum(), false);
+    } else if (ctx.GetStrict()) {
+        std::string buffer;
+        ItemType const type =
+            info.GetOutputPrimitiveClassAsTextProperty() ? ItemType_string : info.GetPrimitiveDataType();
+        writer.WriteElementValue(ContentOf(info, type).ToText(value, format, buffer), value.GetTypeAsEnum(),
+                                 false);
+    } else {
+        writer.WriteElementValue(value.ToString(format.c_str()), value.GetTypeAsEnum(), false);
+    }
 }
 
 void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer, CSerializationContext const& ctx) const {

@@ -52,6 +52,21 @@ void FailBooleanText(std::string_view text) {
                                                 std::string(text).c_str()));
 }
 
+void FailZoneIsLost(std::string_view zone) {
+    throw CZvInvalidValueException(
+        FormatString("The time zone [%s] can not be kept", std::string(zone).c_str()));
+}
+
+void FailDecimalPlaces(std::string_view text, std::int32_t most) {
+    throw CZvInvalidValueException(FormatString("The value [%s] has more than %d decimal places",
+                                                std::string(text).c_str(), static_cast<int>(most)));
+}
+
+void FailWrittenText(std::string const& text, char const* name, std::string const& typeName) {
+    throw CZvInvalidStateException(
+        FormatString("The value [%s] of [%s] is no %s", text.c_str(), name, typeName.c_str()));
+}
+
 void FailZeroDivisor(char const* operation) {
     throw CZvInvalidValueException(FormatString("ERROR: Overflow in operator%s.", operation));
 }

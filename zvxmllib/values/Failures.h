@@ -23,6 +23,11 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailCharText(std::string_view text);
 [[noreturn]] void FailBooleanText(std::string_view text);
 
+// Strict texts. `name` is that of the element or attribute.
+[[noreturn]] void FailZoneIsLost(std::string_view zone);
+[[noreturn]] void FailDecimalPlaces(std::string_view text, std::int32_t most);
+[[noreturn]] void FailWrittenText(std::string const& text, char const* name, std::string const& typeName);
+
 // CBigInteger. `operation` is the operator as the message writes it.
 [[noreturn]] void FailZeroDivisor(char const* operation);
 [[noreturn]] void FailNegativeSquareRoot();

@@ -304,6 +304,7 @@ void CDateTime::Clear() noexcept {
     m_hasOffset = false;
     m_zoneHour = 0;
     m_zoneMinute = 0;
+    m_isZoneNegative = false;
 }
 
 bool CDateTime::IsOneOf(unsigned types) const noexcept {
@@ -364,6 +365,12 @@ void CDateTime::SetTimeZone(short hour, unsigned char minute) {
     m_hasOffset = true;
     m_zoneHour = hour;
     m_zoneMinute = minute;
+    m_isZoneNegative = false;
+}
+
+void CDateTime::SetTimeZone(bool isNegative, unsigned char hour, unsigned char minute) {
+    SetTimeZone(static_cast<short>(isNegative ? -hour : hour), minute);
+    m_isZoneNegative = isNegative && hour == 0 && minute != 0;
 }
 
 void CDateTime::SetUTC() noexcept {
@@ -371,6 +378,7 @@ void CDateTime::SetUTC() noexcept {
     m_hasOffset = false;
     m_zoneHour = 0;
     m_zoneMinute = 0;
+    m_isZoneNegative = false;
 }
 
 // By counting days: the local zone has hours that do not exist and hours that come twice.

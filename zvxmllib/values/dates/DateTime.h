@@ -123,12 +123,15 @@ public:
     bool IsUTC() const noexcept { return m_hasZone; }
     // The zone is an offset.
     bool HasTimeZone() const noexcept { return m_hasOffset; }
-    // Throw CZvInvalidStateException if there is no offset. The sign lives in the hour alone, so there is
-    // no offset between 0 and minus one hour.
+    // Throw CZvInvalidStateException if there is no offset. The sign of an offset of less than an hour shows
+    // in IsZoneNegative alone.
     short GetZoneHour() const;
     unsigned char GetZoneMinute() const;
+    bool IsZoneNegative() const noexcept { return m_zoneHour < 0 || m_isZoneNegative; }
     // Hours from -23 to 23, minutes below 60; otherwise throws CZvInvalidValueException.
     void SetTimeZone(short hour, unsigned char minute);
+    // The same with the sign beside the number, so that offsets such as -00:30 can be set.
+    void SetTimeZone(bool isNegative, unsigned char hour, unsigned char minute);
     void SetUTC() noexcept;
 
     // Seconds since 1970, UTC; a value without a zone counts as UTC. For dateTime and date, otherwise throws
@@ -145,13 +148,16 @@ public:
 
     // The text decides the type, whatever it was: a dateTime; any of the five with a date part; a time. They
     // throw CZvInvalidValueException, also for a null pointer, and the object is to be set anew then. A text
-    // given by its length ends at a NUL within.
+    // given by its length ends at a NUL within. The offset -00:30 becomes +00:30, unless `keepZoneSign`.
     void ParseXSDDateTime(char const* text);
     void ParseXSDDateTime(std::string_view text);
+    void ParseXSDDateTime(std::string_view text, bool keepZoneSign);
     void ParseXSDDate(char const* text);
     void ParseXSDDate(std::string_view text);
+    void ParseXSDDate(std::string_view text, bool keepZoneSign);
     void ParseXSDTime(char const* text);
     void ParseXSDTime(std::string_view text);
+    void ParseXSDTime(std::string_view text, bool keepZoneSign);
 
     // The lexical form, or "Error: Date Not Set". The only format that prints it is "s"; null, "" and "G"
     // give an empty text.
@@ -178,6 +184,15 @@ public:
     CDateTime& operator-=(CDateTimeSpan const& span);
     // The difference of two dates is not computed: the result is zero.
     CDateTimeSpan operator-(CDateTime const& other) const;
+
+    // XML Schema Part 2, appendix E, to its end: January 31 and a month are the last of February. A field
+    // that the type lacks counts as its least value. Heeds the sign of the span. Throws
+    // CZvInvalidValueException for a result that is out of range.
+    CDateTime AddDuration(CDateTimeSpan const& span) const;
+    // What leads from `other` to this value, in days and parts of a day: other.AddDuration gives the same
+    // instant. For two values of one type that is dateTime, date or time, either both with a zone or both
+    // without; otherwise throws CZvInvalidValueException.
+    CDateTimeSpan GetDifference(CDateTime const& other) const;
 
 private:
     friend bool detail::ReadPlainDateTime(std::string_view text, CDateTime& value) noexcept;
@@ -220,6 +235,8 @@ private:
     void SetDatePart(std::string_view text);
     void SetXSDTime(std::string_view text);
     void SetZone(std::string_view text);
+    void KeepZoneSign(std::string_view text) noexcept;
+    long long SecondsOfInstant() const noexcept;
     void Validate() const;
     void Clear() noexcept;
     bool IsOneOf(unsigned types) const noexcept;
@@ -227,6 +244,7 @@ private:
     bool IsNotSet() const noexcept;
     char* PrintTo(char* at) const noexcept;
     void AddDateTimeSpan(CDateTimeSpan const& span);
+    long long AddTime(CDateTimeSpan const& span) noexcept;
     DTCompareResult CompareFields(CDateTime const& other) const noexcept;
     CDateTime AtOffset(short hour) const;
 
@@ -244,6 +262,7 @@ private:
     bool m_hasOffset = false; // only with m_hasZone
     short m_zoneHour = 0;
     unsigned char m_zoneMinute = 0;
+    bool m_isZoneNegative = false; // of an offset of less than an hour
 };
 
 inline SYSTEMTIME CDateTime::GetAsSystemTime() const {

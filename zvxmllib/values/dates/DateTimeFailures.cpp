@@ -48,6 +48,11 @@ void FailTimeZoneRange(int hour, int minute) {
     throw CZvInvalidValueException(FormatString("Invalid TimeZone [%d:%d]", hour, minute));
 }
 
+void FailDifference(std::string const& left, std::string const& right) {
+    throw CZvInvalidValueException(
+        FormatString("There is no difference between [%s] and [%s]", left.c_str(), right.c_str()));
+}
+
 void FailYearZero() {
     throw CZvInvalidValueException("Invalid Year Zero");
 }

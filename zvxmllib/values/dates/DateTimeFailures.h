@@ -18,6 +18,7 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailInstantOfType(char const* typeName);
 [[noreturn]] void FailSystemTimeOfType(char const* typeName);
 [[noreturn]] void FailTimeZoneRange(int hour, int minute);
+[[noreturn]] void FailDifference(std::string const& left, std::string const& right);
 
 // Fields out of range. `name` is that of the field at the head of the message, `variable` the one in its
 // condition.

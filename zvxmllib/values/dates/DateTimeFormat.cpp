@@ -80,7 +80,7 @@ char* CDateTime::PrintTo(char* at) const noexcept {
         at = detail::PrintFraction(at, m_milliSecond, m_microSecond, m_nanoSecond);
     }
     if (m_hasOffset) {
-        *at++ = m_zoneHour < 0 ? '-' : '+';
+        *at++ = IsZoneNegative() ? '-' : '+';
         at = detail::PrintTwoDigits(at, static_cast<unsigned>(m_zoneHour < 0 ? -m_zoneHour : m_zoneHour));
         *at++ = ':';
         at = detail::PrintTwoDigits(at, m_zoneMinute);

@@ -143,6 +143,30 @@ void CDateTime::ParseXSDTime(std::string_view text) {
     Validate();
 }
 
+void CDateTime::ParseXSDDateTime(std::string_view text, bool keepZoneSign) {
+    ParseXSDDateTime(text);
+    if (keepZoneSign)
+        KeepZoneSign(UpToNul(text));
+}
+
+void CDateTime::ParseXSDDate(std::string_view text, bool keepZoneSign) {
+    ParseXSDDate(text);
+    if (keepZoneSign)
+        KeepZoneSign(UpToNul(text));
+}
+
+void CDateTime::ParseXSDTime(std::string_view text, bool keepZoneSign) {
+    ParseXSDTime(text);
+    if (keepZoneSign)
+        KeepZoneSign(UpToNul(text));
+}
+
+// The text has been read, and so ends in the offset if there is one.
+void CDateTime::KeepZoneSign(std::string_view text) noexcept {
+    m_isZoneNegative =
+        m_hasOffset && m_zoneHour == 0 && m_zoneMinute != 0 && text[text.size() - kOffsetLength] == '-';
+}
+
 void CDateTime::SetXSDDate(std::string_view text) {
     if (text.find('T') != std::string_view::npos)
         FailDateWithT();
@@ -270,6 +294,7 @@ bool detail::ReadPlainDateTime(std::string_view text, CDateTime& value) noexcept
     int const signedHour = static_cast<int>(zoneHour);
     value.m_zoneHour = static_cast<short>(hasOffset && text.front() == '-' ? -signedHour : signedHour);
     value.m_zoneMinute = static_cast<unsigned char>(zoneMinute);
+    value.m_isZoneNegative = false;
     return true;
 }
 

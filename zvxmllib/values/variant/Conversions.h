@@ -1,12 +1,14 @@
 // CConversions, one pair of functions for each primitive type: its lexical form to and from the value.
 #pragma once
 
+#include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/platform/Api.h"
 #include "zvxmllib/values/text/Whitespace.h"
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace ZvXmlLib16 {
 
@@ -90,5 +92,10 @@ public:
     static std::string integerToString(CBigInteger const& value);
     static CBigInteger integerFromString(std::string const& value, WhitespaceRule rule);
 };
+
+// True if a strict context would read this text, which its white space rule has been applied to, as a value
+// of the type: XML Schema Part 2 gives it to the type, and the value class holds it without loss. False for a
+// type that has no text. The conversions above take more.
+ZV_API bool IsValidText(ItemType type, std::string_view text);
 
 } // namespace ZvXmlLib16
