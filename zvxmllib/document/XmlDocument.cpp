@@ -113,7 +113,8 @@ void CXmlDocument::LoadXmlStream(unsigned char const* data, std::uint32_t length
 // What is not a complete compressed stream is no failure: it goes on as it is.
 void CXmlDocument::Parse(unsigned char const* data, std::size_t length) {
     CBinaryData decompressed;
-    if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), decompressed)) {
+    if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), decompressed,
+                              m_pContext->GetStrict())) {
         data = decompressed.GetData();
         length = decompressed.GetLength();
     }

@@ -22,7 +22,7 @@ CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration, CSerializ
     writer.Close();
     CBinaryData data = sink.GetData();
     if (compression != CompressionType_None)
-        CZvZip::Compress(data, compression);
+        CZvZip::Compress(data, compression, ctx.GetStrict());
     return data;
 }
 

@@ -1,4 +1,5 @@
 // The JSON reading of the document: JSON text to the bytes of an XML document.
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/json/JsonInput.h"
 #include "zvxmllib/json/JsonTextReader.h"
@@ -7,7 +8,8 @@ namespace ZvXmlLib16 {
 
 CBinaryData CXmlDocument::LoadJsonFile(char const* fileName) {
     Cleanup();
-    return CJsonTextReader::ConvertToXml(JsonInput::OfFile(fileName).GetText(), *m_pContext);
+    return CJsonTextReader::ConvertToXml(JsonInput::OfFile(fileName, m_pContext->GetStrict()).GetText(),
+                                         *m_pContext);
 }
 
 CBinaryData CXmlDocument::LoadJson(char const* text) {
@@ -27,7 +29,8 @@ CBinaryData CXmlDocument::LoadJson(char16_t const* text) {
 
 CBinaryData CXmlDocument::LoadJsonStream(unsigned char const* data, std::uint32_t length) {
     Cleanup();
-    return CJsonTextReader::ConvertToXml(JsonInput::OfBytes(data, length).GetText(), *m_pContext);
+    return CJsonTextReader::ConvertToXml(JsonInput::OfBytes(data, length, m_pContext->GetStrict()).GetText(),
+                                         *m_pContext);
 }
 
 bool CXmlDocument::IsJson(unsigned char const* data, std::uint32_t length) {

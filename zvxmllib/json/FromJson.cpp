@@ -42,7 +42,7 @@ std::string TextOf(CBinaryData const& xml) {
 
 void CXmlObjectBase::FromJsonFile(char const* fileName, CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
-    FromJson_Int(JsonInput::OfFile(fileName).GetText(), ctx);
+    FromJson_Int(JsonInput::OfFile(fileName, ctx.GetStrict()).GetText(), ctx);
 }
 
 void CXmlObjectBase::FromJson(wchar_t const* text, CSerializationContext const& ctx) {
@@ -68,7 +68,7 @@ void CXmlObjectBase::FromJsonStream(CBinaryData const& data, CSerializationConte
 void CXmlObjectBase::FromJsonStream(unsigned char* const data, std::uint32_t length,
                                     CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
-    FromJson_Int(JsonInput::OfBytes(data, length).GetText(), ctx);
+    FromJson_Int(JsonInput::OfBytes(data, length, ctx.GetStrict()).GetText(), ctx);
 }
 
 // A class that reads XML bytes in its own way gets them. For all others the tree is made straight from the

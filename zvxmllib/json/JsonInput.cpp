@@ -21,8 +21,8 @@ std::string_view WithoutMark(unsigned char const* data, std::size_t length) {
 }
 
 // What is not a complete compressed stream is no failure: it goes on as it is. `room` keeps the rest.
-std::string_view Utf8Of(unsigned char const* data, std::size_t length, CBinaryData& room) {
-    if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), room))
+std::string_view Utf8Of(unsigned char const* data, std::size_t length, CBinaryData& room, bool strict) {
+    if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), room, strict))
         return WithoutMark(room.GetData(), room.GetLength());
     return WithoutMark(data, length);
 }
@@ -34,19 +34,19 @@ bool IsLocalAsItIs(std::string_view utf8) {
 
 } // namespace
 
-JsonInput JsonInput::OfFile(char const* fileName) {
+JsonInput JsonInput::OfFile(char const* fileName, bool strict) {
     JsonInput input;
     std::size_t length = 0;
     input.m_file = CXmlDocument::ReadFile(fileName == nullptr ? "" : fileName, length);
-    input.TakeUtf8(input.m_file.get(), length);
+    input.TakeUtf8(input.m_file.get(), length, strict);
     return input;
 }
 
-JsonInput JsonInput::OfBytes(unsigned char const* data, std::size_t length) {
+JsonInput JsonInput::OfBytes(unsigned char const* data, std::size_t length, bool strict) {
     if (data == nullptr || length == 0)
         FailEmptyJsonStream();
     JsonInput input;
-    input.TakeUtf8(data, length);
+    input.TakeUtf8(data, length, strict);
     return input;
 }
 
@@ -81,8 +81,8 @@ bool JsonInput::IsJson(unsigned char const* data, std::size_t length) {
            std::string_view("{[\"/").find(text[first]) != std::string_view::npos;
 }
 
-void JsonInput::TakeUtf8(unsigned char const* data, std::size_t length) {
-    m_text = Utf8Of(data, length, m_decompressed);
+void JsonInput::TakeUtf8(unsigned char const* data, std::size_t length, bool strict) {
+    m_text = Utf8Of(data, length, m_decompressed, strict);
     if (IsLocalAsItIs(m_text))
         return;
     m_made = Utf8ToLocal(m_text.data(), m_text.size());

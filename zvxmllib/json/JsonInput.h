@@ -14,9 +14,10 @@ namespace ZvXmlLib16 {
 // caller's, and outlive this.
 class JsonInput {
 public:
-    // UTF-8, with or without a byte order mark, in gzip or zlib form too. Throw CZvException.
-    static JsonInput OfFile(char const* fileName);
-    static JsonInput OfBytes(unsigned char const* data, std::size_t length);
+    // UTF-8, with or without a byte order mark, in gzip or zlib form too. Throw CZvException; strict, also
+    // for a compressed stream that is cut or damaged.
+    static JsonInput OfFile(char const* fileName, bool strict);
+    static JsonInput OfBytes(unsigned char const* data, std::size_t length, bool strict);
     // Local text, and wide. Throw CZvException for an empty one.
     static JsonInput OfText(char const* text);
     static JsonInput OfText(wchar_t const* text);
@@ -30,7 +31,7 @@ public:
 
 private:
     JsonInput() = default;
-    void TakeUtf8(unsigned char const* data, std::size_t length);
+    void TakeUtf8(unsigned char const* data, std::size_t length, bool strict);
 
     std::unique_ptr<unsigned char[]> m_file;
     CBinaryData m_decompressed;

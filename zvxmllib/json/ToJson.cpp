@@ -39,7 +39,7 @@ CBinaryData CXmlObjectBase::ToJsonStream(bool formatted, XmlEncoding encoding, E
     WriteJsonText(sink, formatted, eol, ctx);
     CBinaryData data = sink.GetEncodedData();
     if (compression != CompressionType_None)
-        CZvZip::Compress(data, compression);
+        CZvZip::Compress(data, compression, ctx.GetStrict());
     return data;
 }
 

@@ -30,4 +30,8 @@ void FailCompress(int code) {
     throw CZvException(FormatString("Failed to compress data. [Error Code: %d]", code));
 }
 
+void FailDecompress(int code) {
+    throw CZvException(FormatString("Failed to decompress data. [Error Code: %d]", code));
+}
+
 } // namespace ZvXmlLib16

@@ -13,5 +13,6 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailDecompressionLimit(std::uint64_t limit);
 // `code` is the result of zlib.
 [[noreturn]] void FailCompress(int code);
+[[noreturn]] void FailDecompress(int code);
 
 } // namespace ZvXmlLib16

@@ -6,6 +6,8 @@
 #include "zvxmllib/values/binary/BinaryData.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <limits>
 #include <memory>
 #include <new>
 
@@ -57,29 +59,77 @@ bool HasHeader(unsigned char const* data, std::uint32_t length) noexcept {
     return isGzip || isZlib;
 }
 
-// Hands the content of one complete stream to `take` in pieces. True at the end of the stream, and as soon as
-// `take` wants no more; false for what is no such stream.
+bool IsGzip(unsigned char const* data, std::size_t length) noexcept {
+    return length >= 3 && data[0] == 0x1F && data[1] == 0x8B && data[2] == Z_DEFLATED;
+}
+
+// Streams that stand one behind the other.
+class Inflation {
+public:
+    Inflation(unsigned char const* data, std::uint32_t length)
+        : m_piece(new unsigned char[kPiece]), m_stream(&inflateEnd) {
+        m_stream->next_in = data;
+        m_stream->avail_in = length;
+        m_state = inflateInit2(m_stream.Get(), kAnyWindow);
+        CheckStart(m_state);
+    }
+
+    // Hands the content of one stream to `take` in pieces. Z_STREAM_END at its end, Z_OK as soon as `take`
+    // wants no more, otherwise what is wrong: Z_BUF_ERROR where the stream is cut.
+    template <class Take>
+    int ReadStream(Take take) {
+        while (m_state == Z_OK) {
+            m_stream->next_out = m_piece.get();
+            m_stream->avail_out = kPiece;
+            m_state = inflate(m_stream.Get(), Z_NO_FLUSH);
+            CheckStart(m_state);
+            if (m_state != Z_OK && m_state != Z_STREAM_END)
+                break;
+            if (!take(m_piece.get(), kPiece - m_stream->avail_out))
+                return Z_OK;
+        }
+        return m_state;
+    }
+
+    unsigned char const* GetNext() noexcept { return m_stream->next_in; }
+    std::uint32_t GetLeft() noexcept { return m_stream->avail_in; }
+    void Restart() { m_state = inflateReset(m_stream.Get()); }
+
+private:
+    std::unique_ptr<unsigned char[]> m_piece;
+    Stream m_stream;
+    int m_state;
+};
+
+// One complete stream; what follows is not looked at. False for what is no such stream.
 template <class Take>
 bool Inflate(unsigned char const* data, std::uint32_t length, Take take) {
     if (!HasHeader(data, length))
         return false;
-    std::unique_ptr<unsigned char[]> const piece(new unsigned char[kPiece]);
-    Stream stream(&inflateEnd);
-    stream->next_in = data;
-    stream->avail_in = length;
-    int state = inflateInit2(stream.Get(), kAnyWindow);
-    CheckStart(state);
-    while (state == Z_OK) {
-        stream->next_out = piece.get();
-        stream->avail_out = kPiece;
-        state = inflate(stream.Get(), Z_NO_FLUSH);
-        CheckStart(state);
-        if (state != Z_OK && state != Z_STREAM_END)
-            return false;
-        if (!take(piece.get(), kPiece - stream->avail_out))
+    int const state = Inflation(data, length).ReadStream(take);
+    return state == Z_STREAM_END || state == Z_OK;
+}
+
+// All of the data: the members of a gzip file (RFC 1952, 2.2), or one zlib stream.
+template <class Take>
+bool InflateWhole(unsigned char const* data, std::uint32_t length, Take take) {
+    constexpr unsigned char kUsualZlib = 0x78; // deflate, 32 KiB
+    if (!HasHeader(data, length))
+        return false;
+    bool const isGzip = IsGzip(data, length);
+    Inflation inflation(data, length);
+    for (;;) {
+        int const state = inflation.ReadStream(take);
+        if (state != Z_STREAM_END && !isGzip && data[0] != kUsualZlib)
+            return false; // another format, by its first octets alone
+        if (state != Z_STREAM_END)
+            FailDecompress(state == Z_BUF_ERROR ? Z_BUF_ERROR : Z_DATA_ERROR);
+        if (inflation.GetLeft() == 0)
             return true;
+        if (!isGzip || !IsGzip(inflation.GetNext(), inflation.GetLeft()))
+            FailDecompress(Z_DATA_ERROR);
+        inflation.Restart();
     }
-    return true;
 }
 
 } // namespace
@@ -88,19 +138,23 @@ CZvZip::CZvZip() : CInstanceMonitor(zipRegistration) {}
 
 CZvZip::~CZvZip() = default;
 
-void CZvZip::Compress(unsigned char*& data, std::uint32_t& length, CompressionType type) {
+void CZvZip::Compress(unsigned char*& data, std::uint32_t& length, CompressionType type, bool strict) {
     if (type != CompressionType_GZip && type != CompressionType_ZLib)
         return;
-    // Data that does not shrink is refused, so the output needs no more than the size of the input.
-    std::unique_ptr<unsigned char[]> output(new unsigned char[length]);
     Stream stream(&deflateEnd);
     CheckStart(deflateInit2(stream.Get(), kLevel, Z_DEFLATED,
                             type == CompressionType_GZip ? kGzipWindow : kZlibWindow, kMemoryLevel,
                             Z_DEFAULT_STRATEGY));
+    // Data that does not shrink is refused, unless strict, so the output needs no more than the size of the
+    // input.
+    std::uint64_t const bound = strict ? std::uint64_t{deflateBound(stream.Get(), length)} : length;
+    std::uint32_t const room =
+        static_cast<std::uint32_t>(std::min(bound, std::uint64_t{std::numeric_limits<std::uint32_t>::max()}));
+    std::unique_ptr<unsigned char[]> output(new unsigned char[room]);
     stream->next_in = data;
     stream->avail_in = length;
     stream->next_out = output.get();
-    stream->avail_out = length;
+    stream->avail_out = room;
     deflate(stream.Get(), Z_NO_FLUSH);
     int const result = deflate(stream.Get(), Z_FINISH);
     if (result != Z_STREAM_END)
@@ -110,13 +164,13 @@ void CZvZip::Compress(unsigned char*& data, std::uint32_t& length, CompressionTy
     length = static_cast<std::uint32_t>(stream->total_out);
 }
 
-void CZvZip::Compress(CBinaryData& data, CompressionType type) {
+void CZvZip::Compress(CBinaryData& data, CompressionType type, bool strict) {
     std::uint32_t length = data.GetLength();
     if (length == 0)
         return;
     unsigned char* bytes = data.ReleaseData();
     try {
-        Compress(bytes, length, type);
+        Compress(bytes, length, type, strict);
     } catch (...) {
         delete[] bytes;
         throw;
@@ -133,11 +187,12 @@ void CZvZip::Decompress(unsigned char*& data, std::uint32_t& length) {
     data = result.ReleaseData();
 }
 
-bool CZvZip::TryDecompress(unsigned char const* data, std::uint32_t length, CBinaryData& result) {
+bool CZvZip::TryDecompress(unsigned char const* data, std::uint32_t length, CBinaryData& result,
+                           bool strict) {
     CBinaryData content;
     std::uint64_t const limit = GetDecompressionLimit();
     std::uint64_t room = 0; // never more than the limit
-    bool const isStream = Inflate(data, length, [&](unsigned char const* piece, std::uint32_t made) {
+    auto const take = [&](unsigned char const* piece, std::uint32_t made) {
         if (made > limit - content.GetLength())
             FailDecompressionLimit(limit);
         std::uint64_t const needed = std::uint64_t{content.GetLength()} + made;
@@ -147,7 +202,8 @@ bool CZvZip::TryDecompress(unsigned char const* data, std::uint32_t length, CBin
         }
         content.Append(piece, made);
         return true;
-    });
+    };
+    bool const isStream = strict ? InflateWhole(data, length, take) : Inflate(data, length, take);
     if (isStream)
         result = content;
     return isStream;

@@ -17,18 +17,23 @@ public:
     ~CZvZip() override;
 
     // At the fastest level. Throws CZvException if the result does not fit into the size of the input, and
-    // the buffer is unchanged then. Another type than the two compressed ones leaves the buffer alone.
-    static void Compress(unsigned char*& data, std::uint32_t& length, CompressionType type);
+    // the buffer is unchanged then; a strict result may be larger than the input. Another type than the two
+    // compressed ones leaves the buffer alone.
+    static void Compress(unsigned char*& data, std::uint32_t& length, CompressionType type,
+                         bool strict = false);
     // The same; empty data stays empty, and after a failure the data is empty.
-    static void Compress(CBinaryData& data, CompressionType type);
+    static void Compress(CBinaryData& data, CompressionType type, bool strict = false);
 
     // Replaces one complete gzip (RFC 1952) or zlib (RFC 1950) stream by its content; what follows it is
     // ignored. Anything else is left as it is. Throws CZvException for content beyond the process's limit.
     static void Decompress(unsigned char*& data, std::uint32_t& length);
 
     // The same on borrowed bytes: true, with the content in `result`, if they are such a stream; otherwise
-    // `result` is unchanged. Cheap on data that is not compressed.
-    static bool TryDecompress(unsigned char const* data, std::uint32_t length, CBinaryData& result);
+    // `result` is unchanged. Cheap on data that is not compressed. Strict: all members of a gzip file are
+    // joined, and what begins as gzip, or as zlib with its usual window, throws CZvException where it is cut,
+    // damaged or has something behind.
+    static bool TryDecompress(unsigned char const* data, std::uint32_t length, CBinaryData& result,
+                              bool strict = false);
     // The same for the first 64 KiB of the content, without a look at what comes behind them.
     static bool TryDecompressStart(unsigned char const* data, std::uint32_t length, CBinaryData& result);
 };

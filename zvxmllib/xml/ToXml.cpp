@@ -41,7 +41,7 @@ CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool formatted, X
     WriteXmlText(sink, includeDocHeader, formatted, eol, ctx);
     CBinaryData data = sink.GetEncodedData();
     if (compression != CompressionType_None)
-        CZvZip::Compress(data, compression);
+        CZvZip::Compress(data, compression, ctx.GetStrict());
     return data;
 }
 
