@@ -9,7 +9,7 @@ namespace ZvXmlLib16 {
 // writes them to standard error and aborts. A handler that returns lets the program go on.
 using AssertionHandler = void (*)(char const* condition, char const* file, int line);
 
-// Replaces the handler and returns the one before; null restores the default.
+// Replaces the handler and returns the previous one; null restores the default.
 ZV_API AssertionHandler SetAssertionHandler(AssertionHandler handler);
 
 namespace detail {
@@ -18,8 +18,8 @@ ZV_API void FailAssertion(char const* condition, char const* file, int line);
 
 } // namespace ZvXmlLib16
 
-// Guards what only a programmer can break; nothing that comes from a document may reach one. Compiled
-// out with NDEBUG, so nothing relies on it.
+// For mistakes that only a programmer can make; no document may trigger one. Compiled out with NDEBUG, so
+// nothing may rely on it.
 #ifdef NDEBUG
 #define ZV_ASSERT(condition) static_cast<void>(0)
 #else

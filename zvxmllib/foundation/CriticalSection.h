@@ -6,8 +6,8 @@
 #include <atomic>
 #include <mutex>
 
-// Mutual exclusion that the owning thread may enter again; as many Leave as Enter. One of static storage is
-// constant-initialised, so it can be used by the constructors of other static objects.
+// The owning thread may enter again; each Enter needs a Leave. A static one is constant-initialised, so
+// constructors of other static objects can use it.
 class ZV_API CZVCriticalSection {
 public:
     constexpr CZVCriticalSection() noexcept {}
@@ -19,7 +19,7 @@ public:
     void Leave();
 
 private:
-    std::mutex m_mutex; // the standard's recursive one need not be constant-initialised
+    std::mutex m_mutex; // std::recursive_mutex need not be constant-initialised
     std::atomic<void const*> m_owner{nullptr};
     unsigned m_entries = 0; // of the owner
 };

@@ -1,12 +1,12 @@
-// Enumerations whose numbers pass between generated code and the library. The underlying types are
-// fixed, so that a value out of range is a value like any other and can be refused.
+// Enumerations whose numbers pass between generated code and the library. The underlying types are fixed, so
+// a value out of range is well-defined and can be refused.
 #pragma once
 
 #include <cstdint>
 
 namespace ZvXmlLib16 {
 
-// The byte form of text.
+// The encoding of text as bytes.
 enum XmlEncoding : std::int32_t {
     XmlEncoding_None = 0,               // no encoding chosen: text stays in the local encoding
     XmlEncoding_UTF8 = 1,               // no byte order mark

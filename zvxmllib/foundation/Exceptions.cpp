@@ -60,7 +60,7 @@ CZvException const* CZvException::GetInnerException() const {
     return m_inner.get();
 }
 
-// What all derived classes have in common, and the two shapes of their other constructors.
+// What all derived classes share, and the two kinds of their other constructors.
 #define ZV_DEFINE_EXCEPTION(Class, Base)                                                                     \
     Class::Class() = default;                                                                                \
     Class::Class(CZvException const& other) : Base(other) {}                                                 \

@@ -1,5 +1,5 @@
-// The CZvException family: every failure of the library but the allocator's. Thrown by value, caught
-// by reference.
+// The CZvException family: every failure of the library except std::bad_alloc. Thrown by value, caught by
+// reference.
 #pragma once
 
 #include "zvxmllib/platform/Api.h"
@@ -10,7 +10,7 @@
 namespace ZvXmlLib16 {
 
 // A message, the path of the place in the document where the failure arose, and an owned copy of the
-// exception that caused this one. A path that is not empty is appended to the message after "\nPath: ".
+// exception that caused this one. A non-empty path is appended to the message after "\nPath: ".
 class ZV_API CZvException {
 public:
     CZvException();
@@ -42,9 +42,9 @@ private:
 };
 
 // The classes below add no state. Each can be made from a base object, whose message, path and cause it
-// takes over as they are.
+// copies.
 
-// The document or a value offends the schema.
+// The document or a value violates the schema.
 class ZV_API CZvValidationException : public CZvException {
 public:
     CZvValidationException();
@@ -57,7 +57,7 @@ protected:
     CZvException* Clone() const override;
 };
 
-// A value that cannot be parsed or offends a facet.
+// A value that cannot be parsed or violates a facet.
 class ZV_API CZvInvalidValueException : public CZvValidationException {
 public:
     CZvInvalidValueException();

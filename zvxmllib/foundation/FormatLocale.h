@@ -8,7 +8,7 @@
 
 namespace ZvXmlLib16::detail {
 
-// True if a conversion of the format obeys the locale: only floating point has a decimal point.
+// True if a conversion of the format depends on the locale: only floating point has a decimal point.
 inline bool HasFloatingConversion(char const* format) noexcept {
     for (char const* p = std::strchr(format, '%'); p != nullptr; p = std::strchr(p, '%')) {
         p += 1 + std::strspn(p + 1, "#-+ 0123456789.*$'hlLqjzt");

@@ -11,7 +11,7 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-constexpr std::size_t kOrdinaryMessage = 512; // bytes that are printed without asking for the length first
+constexpr std::size_t kOrdinaryMessage = 512; // bytes; longer text is measured first
 
 __attribute__((format(printf, 1, 0))) std::string FormatList(char const* format, std::va_list arguments) {
     detail::FormatLocale const locale(format);
@@ -33,7 +33,7 @@ __attribute__((format(printf, 1, 0))) std::string FormatList(char const* format,
         text.pop_back();
     }
     va_end(again);
-    if (printed < 0) // beyond what the runtime can count
+    if (printed < 0) // longer than the runtime can count
         throw std::bad_alloc();
     return text;
 }

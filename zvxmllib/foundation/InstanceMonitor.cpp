@@ -13,7 +13,7 @@ namespace {
 
 using ClassType = CInstanceMonitor::ClassType;
 
-// All records. Made at first use and never destroyed: other static objects are tracked, too.
+// All records. Made at first use and never destroyed, since static objects are tracked too.
 struct ClassList {
     CZVCriticalSection lock;
     std::vector<std::unique_ptr<ClassType>> records; // in order of first creation

@@ -7,11 +7,12 @@
 #include <cstdint>
 #include <string>
 
-// Base of the classes whose instances are counted by name, so that a leak shows. Counting is safe for
-// threads and takes no lock: the record of a class is found once, its counters are atomic.
+// Base of the classes whose instances are counted by name, so that a leak shows. Counting is thread-safe and
+// takes no lock: the record of a class is looked up once, and its counters are atomic.
 class ZV_API CInstanceMonitor {
 public:
-    // The record of one class name. Records are never freed, so a late instance may always touch its own.
+    // The record of one class name. Records are never freed, so an instance that outlives Cleanup can still
+    // use its own.
     struct ClassType {
         std::string m_className;
         std::atomic<std::int32_t> lInstanceCount{0}; // alive now
@@ -46,21 +47,20 @@ public:
     explicit CInstanceMonitor(Registration& registration) : m_pct(registration.Record()) { Count(*m_pct, 1); }
     // A copy is one more instance.
     CInstanceMonitor(CInstanceMonitor const& other) : m_pct(other.m_pct) { Count(*m_pct, 1); }
-    // The target stays the instance that it is.
+    // The number of instances stays the same.
     CInstanceMonitor& operator=(CInstanceMonitor const&) noexcept { return *this; }
     virtual ~CInstanceMonitor();
 
-    // A header and a line for each class in order of first creation: "    name = live/total", with
-    // "--> " in front in place of the blanks while instances are alive. No line feed at the end.
+    // A header and a line for each class in order of first creation: "    name = live/total", with "--> " in
+    // place of the blanks while instances are alive. No line feed at the end.
     static std::string DumpState();
 
-    // Forgets all classes. To be called when no tracked object is in use; objects that end later are
-    // harmless.
+    // Forgets all classes. Call it when no tracked object is in use; objects destroyed later are harmless.
     static void Cleanup();
 
 protected:
-    // For objects whose owner settles their count in bulk by CountMany: takes the record, counts nothing.
-    // Such an object is never destroyed singly.
+    // For objects whose owner counts them in bulk by CountMany: takes the record, counts nothing. Such an
+    // object is never destroyed on its own.
     struct CountedByOwner {};
     CInstanceMonitor(ClassType* record, CountedByOwner) noexcept : m_pct(record) {}
 

@@ -3,8 +3,8 @@
 
 #include "zvxmllib/foundation/Assert.h"
 
-// Holds exactly one reference on its target, which may be null. T has AddRef() and Release(). Several
-// smart pointers on one object may live on several threads; one smart pointer belongs to one thread.
+// Holds exactly one reference to its target, which may be null. T has AddRef() and Release(). Several smart
+// pointers to one object may live on several threads; one smart pointer belongs to one thread.
 template <class T>
 class CSmartPtr {
 public:
@@ -20,8 +20,8 @@ public:
             p->Release();
     }
 
-    // The new reference is taken before the old one goes, so that self-assignment, and assignment of an
-    // object that only the old target keeps alive, are harmless.
+    // Takes the new reference before it drops the old one, so self-assignment is safe, and so is assigning an
+    // object that only the old target keeps alive.
     CSmartPtr& operator=(T* target) {
         if (target != nullptr)
             target->AddRef();

@@ -54,12 +54,12 @@ void PutUtf8(char32_t c, std::size_t size, char* output) noexcept {
 
 struct Decoded {
     char32_t codePoint;
-    std::size_t size; // octets taken
+    std::size_t size; // octets consumed
     bool valid;
 };
 
-// The sequence at the start of the octets, of which there is at least one. A malformed one takes the
-// longest prefix of a well-formed sequence (Unicode, table 3-7), so that each gives one replacement.
+// The sequence at the start of the octets, of which there is at least one. A malformed one consumes the
+// longest prefix of a well-formed sequence (Unicode, table 3-7), so each gives one replacement.
 Decoded DecodeUtf8(unsigned char const* p, std::size_t available) noexcept {
     unsigned char const lead = p[0];
     if (lead < 0x80)
@@ -67,7 +67,7 @@ Decoded DecodeUtf8(unsigned char const* p, std::size_t available) noexcept {
     if (lead < 0xC2 || lead > 0xF4)
         return {kReplacement, 1, false};
     std::size_t const size = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    // The second octet excludes overlong forms, surrogates and what lies above U+10FFFF.
+    // The second octet rules out overlong forms, surrogates and values above U+10FFFF.
     unsigned char const low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
     unsigned char const high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
     if (available < 2 || p[1] < low || p[1] > high)
@@ -92,7 +92,7 @@ bool AreEightAscii(unsigned char const* p) noexcept {
     return (word & 0x8080808080808080U) == 0;
 }
 
-// Octets below 128 at the start, eight at a time; up to seven more may follow.
+// Counts octets below 128 at the start, eight at a time; up to seven more may follow.
 std::size_t AsciiRun(unsigned char const* p, std::size_t length) noexcept {
     std::size_t i = 0;
     while (i + 8 <= length && AreEightAscii(p + i))

@@ -7,8 +7,8 @@
 
 namespace ZvXmlLib16 {
 
-// Converts UTF-16 to UTF-8 and returns the count of octets. With a null `output` it only counts, and an
-// unpaired surrogate gives 0; with an output, an unpaired surrogate ends the conversion. Output stops
+// Converts UTF-16 to UTF-8 and returns the count of octets. With a null `output` it only counts, and returns
+// 0 for text with an unpaired surrogate; otherwise an unpaired surrogate ends the conversion. Output stops
 // before a sequence that would not fit.
 std::size_t ConvertUtf16ToUtf8(char16_t const* input, std::size_t units, char* output, std::size_t capacity);
 
@@ -21,7 +21,7 @@ std::u16string ConvertUtf8ToUtf16(std::string_view utf8);
 std::size_t ConvertUtf8ToUtf16(std::string_view utf8, char16_t* output) noexcept;
 // The same as bytes, the low one of each unit first; `output` has room for CountUtf16Units units.
 void ConvertUtf8ToUtf16Bytes(std::string_view utf8, unsigned char* output) noexcept;
-// The units that the conversion gives.
+// The number of units that the conversion gives.
 std::size_t CountUtf16Units(std::string_view utf8) noexcept;
 
 // The text with each malformed sequence replaced by U+FFFD.
@@ -33,8 +33,8 @@ bool IsAscii(std::string_view text) noexcept;
 // True if the text is well-formed UTF-8 (RFC 3629): no overlong forms, no surrogates.
 bool IsValidUtf8(std::string_view text) noexcept;
 
-// 32-bit wide characters as 16-bit units: above U+FFFF a surrogate pair, surrogate values pass as units,
-// above U+10FFFF U+FFFD.
+// Converts 32-bit wide characters to 16-bit units. Values above U+FFFF become surrogate pairs, surrogate
+// values pass unchanged, and values above U+10FFFF become U+FFFD.
 std::u16string UnitsFromWide(wchar_t const* text);
 
 } // namespace ZvXmlLib16

@@ -11,7 +11,7 @@ static_assert(sizeof(time_t) >= sizeof(long long), "instants have 64 bits");
 
 namespace {
 
-// The form without a buffer shared by all threads. It fails only for a year that an int does not hold.
+// The thread-safe form. It fails only for a year that does not fit an int.
 tm BreakDownLocally(time_t instant) {
     tm fields{};
     ::localtime_r(&instant, &fields);

@@ -13,11 +13,11 @@ struct ClockReading {
     unsigned milliSecond;
 };
 
-// The present moment in the local time zone. Any number of threads may ask at once.
+// The current local time. Thread-safe.
 ClockReading ReadLocalClock();
 
 // The day of the week on which an instant falls in the local time zone; 0 is Sunday. The instant is given in
-// seconds since 1970, UTC, and lies within the years that an int holds.
+// seconds since 1970, UTC, and its year must fit an int.
 unsigned LocalDayOfWeek(long long instant);
 
 } // namespace ZvXmlLib16::platform

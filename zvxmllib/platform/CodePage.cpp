@@ -1,4 +1,4 @@
-// Numbered code pages to and from UTF-16: ASCII and Latin-1 by own code, the others by iconv.
+// Numbered code pages to and from UTF-16: ASCII and Latin-1 by our own code, the others by iconv.
 #include "zvxmllib/platform/CodePage.h"
 
 #include <cerrno>
@@ -175,9 +175,9 @@ std::string Utf16ToSingleByte(std::u16string_view text, unsigned char greatest) 
     return result;
 }
 
-// Converts as much of the input as is well-formed and can be expressed; returns 0 or the error number of
-// the character at which it stopped. `output` is called with each piece of the result. A null input puts
-// out what the descriptor holds back in case an accent follows, and resets it.
+// Converts as much of the input as is well-formed and can be expressed; returns 0 or the error number of the
+// character at which it stopped. `output` is called with each piece of the result. A null input flushes what
+// the descriptor holds back in case an accent follows, and resets it.
 template <class Output>
 int ConvertPiece(iconv_t descriptor, char*& input, std::size_t& left, Output output) {
     char buffer[1024];
@@ -192,8 +192,8 @@ int ConvertPiece(iconv_t descriptor, char*& input, std::size_t& left, Output out
     }
 }
 
-// Converts all of the input. `replace(left)` puts out the replacement of the character that is
-// `left` bytes before the end and returns its size in bytes.
+// Converts all of the input. `replace(left)` emits the replacement for the character `left` bytes before the
+// end and returns that character's size in bytes.
 template <class Output, class Replace>
 void ConvertAll(iconv_t descriptor, char* input, std::size_t left, Output output, Replace replace) {
     auto const flush = [&] {

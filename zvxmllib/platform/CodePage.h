@@ -12,17 +12,17 @@ inline constexpr std::uint32_t kDefaultCodePage = 0; // the encoding of the user
 inline constexpr std::uint32_t kThreadCodePage = 3;  // the same here
 inline constexpr std::uint32_t kUtf8CodePage = 65001;
 
-// The page that a number stands for: 0, 3 and unknown numbers give the page of the user's locale, which
-// is UTF-8 where the locale names US-ASCII or nothing known. Safe for threads; ask once, not for each
-// text. The bytes 0 to 127 of all pages are ASCII, so pure ASCII needs no conversion.
+// The page that a number stands for: 0, 3 and unknown numbers give the page of the user's locale, which is
+// UTF-8 where the locale names US-ASCII or an unknown encoding. Thread-safe; ask once, not for each text. The
+// bytes 0 to 127 of all pages are ASCII, so pure ASCII needs no conversion.
 std::uint32_t ResolveCodePage(std::uint32_t codePage) noexcept;
 
-// The conversions take a resolved page other than UTF-8, which the library converts on its own.
+// The conversions take a resolved page, but not UTF-8, which the library converts itself.
 
 // Malformed input becomes U+FFFD, one for each character.
 std::u16string CodePageToUtf16(std::uint32_t codePage, std::string_view text);
 
-// What the page cannot express, unpaired surrogates included, becomes '?', one for each character.
+// Characters that the page lacks, and unpaired surrogates, each become '?'.
 std::string Utf16ToCodePage(std::uint32_t codePage, std::u16string_view text);
 
 } // namespace ZvXmlLib16::platform

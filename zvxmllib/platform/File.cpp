@@ -13,9 +13,8 @@ namespace ZvXmlLib16::platform {
 
 namespace {
 
-constexpr std::size_t kGreatestTransfer = std::size_t{1}
-                                          << 30; // one call of the system takes no more than 2 GiB
-constexpr mode_t kPermissions = 0666;            // less the user's mask
+constexpr std::size_t kGreatestTransfer = std::size_t{1} << 30; // a system call transfers less than 2 GiB
+constexpr mode_t kPermissions = 0666;                           // less the user's mask
 
 int Open(char const* name, int flags) noexcept {
     for (;;) {
@@ -25,7 +24,7 @@ int Open(char const* name, int flags) noexcept {
     }
 }
 
-// A write that moves nothing would be tried for ever.
+// A write that moves nothing would be retried forever.
 ssize_t Progress(ssize_t written) noexcept {
     if (written != 0)
         return written;
@@ -49,7 +48,7 @@ bool File::OpenForReading(char const* name) noexcept {
     m_handle = Open(name, O_RDONLY);
     if (m_handle < 0)
         return Fail();
-    // The system opens a directory for reading and fails at the first read only.
+    // The system opens a directory for reading; only the first read fails.
     struct stat status;
     int const error = ::fstat(m_handle, &status) != 0 ? errno : S_ISDIR(status.st_mode) ? EISDIR : 0;
     if (error == 0)
@@ -120,7 +119,7 @@ bool File::WriteAt(std::uint64_t offset, void const* data, std::size_t length, s
     return true;
 }
 
-// An interrupted close has closed the handle all the same.
+// An interrupted close has still closed the handle.
 bool File::Close() noexcept {
     if (m_handle < 0)
         return true;

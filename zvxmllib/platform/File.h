@@ -7,14 +7,14 @@
 
 namespace ZvXmlLib16::platform {
 
-// What becomes of a file that is there already.
+// What happens to an existing file.
 enum class FileMode {
-    kOverwrite, // it is emptied at once
-    kReplace    // it stays until the new one is complete
+    kOverwrite, // emptied at once
+    kReplace    // kept until the new one is complete
 };
 
-// Operations answer false on failure and keep the system's error number in Error(). Short transfers and
-// interruptions by signals are gone on with. Not copyable.
+// Operations return false on failure and keep the system's error number in Error(). Short transfers and
+// interruptions by signals are continued. Not copyable.
 class File {
 public:
     File() noexcept = default;
@@ -22,13 +22,13 @@ public:
     File& operator=(File const&) = delete;
     ~File(); // closes, without a report
 
-    // A null name is an empty one. A directory is a failure to open.
+    // A null name counts as empty. Opening a directory fails.
     bool OpenForReading(char const* name) noexcept;
     // Creates the file or empties an existing one.
     bool Create(char const* name) noexcept;
     // Creates a temporary file beside the one of this name, which Commit renames to it. Symbolic links are
-    // followed; the permissions of an existing file are kept, and its owner where the system allows it. What
-    // is no regular file is written directly.
+    // followed; the permissions of an existing file are kept, and its owner where the system allows it.
+    // Anything but a regular file is written directly.
     bool CreateReplacement(char const* name);
     bool Create(char const* name, FileMode mode) {
         return mode == FileMode::kReplace ? CreateReplacement(name) : Create(name);
@@ -36,16 +36,15 @@ public:
 
     // The size in bytes at this moment; 0 for pipes and files whose size the system does not know.
     bool GetSize(std::uint64_t& size) noexcept;
-    // Reads until `length` bytes or the end of the file; `count` is what was read.
+    // Reads until `length` bytes or the end of the file; `count` is the number of bytes read.
     bool Read(void* data, std::size_t length, std::size_t& count) noexcept;
     bool Write(void const* data, std::size_t length) noexcept;
-    // The same at an offset in bytes. A file without offsets (a pipe) goes on where it is.
+    // The same at an offset in bytes. A file without offsets (a pipe) continues where it is.
     bool ReadAt(std::uint64_t offset, void* data, std::size_t length, std::size_t& count) noexcept;
     bool WriteAt(std::uint64_t offset, void const* data, std::size_t length, std::size_t& count) noexcept;
-    // After writing, the outcome is that of all delayed writes, too. A replacement that has not been
-    // committed is removed.
+    // After writing, the result includes all delayed writes. An uncommitted replacement is removed.
     bool Close() noexcept;
-    // Closes the file; a replacement is on the disk before it takes the name of the file.
+    // Closes the file. A replacement reaches the disk before it takes the file's name.
     bool Commit() noexcept;
 
     int Error() const noexcept { return m_error; }

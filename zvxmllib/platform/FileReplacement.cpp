@@ -18,14 +18,14 @@ constexpr int kMostLinks = 40;        // what the system follows
 constexpr int kMostTries = 100;       // names of temporary files that others have taken
 constexpr mode_t kPermissions = 0666; // less the user's mask
 constexpr mode_t kAllPermissions = 07777;
-constexpr mode_t kPermissionsOfUsers = 0777; // without those of an owner who is another one now
+constexpr mode_t kPermissionsOfUsers = 0777; // without set-id bits, for the owner may differ
 
 std::string FolderOf(std::string const& name) {
     std::size_t const slash = name.rfind('/');
     return slash == std::string::npos ? std::string() : name.substr(0, slash + 1);
 }
 
-// Where the symbolic links of `name` lead, whether or not there is a file. False for a failure or a circle.
+// Where the symbolic links of `name` lead, whether or not a file is there. False for a failure or a cycle.
 bool FollowLinks(std::string& name) {
     for (int links = 0; links <= kMostLinks; ++links) {
         struct stat status;
@@ -44,7 +44,7 @@ bool FollowLinks(std::string& name) {
     return false;
 }
 
-// Makes the folder's entry for a renamed file last. A file system that cannot do so has done its best.
+// Flushes the directory entry of a renamed file. A file system that cannot do so is not an error.
 void FlushFolder(std::string const& name) noexcept {
     std::size_t const slash = name.rfind('/');
     char folder[4096] = ".";
@@ -74,7 +74,7 @@ bool File::CreateReplacement(char const* name) {
     return OpenBeside(m_target) && (!exists || KeepPermissions(m_target));
 }
 
-// The name begins with a point and does not depend on the target's, which may be as long as names can be.
+// The name begins with a dot and does not contain the target's, which may already have the greatest length.
 bool File::OpenBeside(std::string const& target) {
     static std::atomic<unsigned int> number{0};
     std::string const folder = FolderOf(target);
@@ -91,7 +91,7 @@ bool File::OpenBeside(std::string const& target) {
     return Fail();
 }
 
-// Removes the replacement; the error stays the one that has just happened.
+// Removes the replacement and keeps the error that has just happened.
 bool File::Discard() noexcept {
     int const error = errno;
     Close();

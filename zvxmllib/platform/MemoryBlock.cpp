@@ -19,7 +19,7 @@ MemoryBlock AllocateBlock(std::size_t size) {
         throw std::bad_alloc();
 #ifdef MADV_HUGEPAGE
     if (isLarge)
-        ::madvise(data, whole, MADV_HUGEPAGE); // advice: what comes of it does not matter
+        ::madvise(data, whole, MADV_HUGEPAGE); // advice only, so the result is ignored
 #endif
     return MemoryBlock(static_cast<char*>(data));
 }

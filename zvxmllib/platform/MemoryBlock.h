@@ -1,5 +1,5 @@
-// A block of memory that is filled from front to back; a large one lies on large pages where the system
-// has them, which spares a fault for every few kilobytes.
+// A block of memory that is filled from front to back; a large one uses large pages where the system has
+// them, which saves a page fault for every few kilobytes.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@ struct MemoryBlockDeleter {
 };
 using MemoryBlock = std::unique_ptr<char[], MemoryBlockDeleter>;
 
-// From this size on, blocks lie on large pages; sizes should be multiples of it then.
+// From this size on, blocks use large pages; sizes should then be multiples of it.
 inline constexpr std::size_t kLargePage = 2 * 1024 * 1024;
 
 // Not initialised, aligned for every type. Throws std::bad_alloc.

@@ -14,7 +14,7 @@ locale_t CLocale() noexcept {
 
 } // namespace
 
-// Setting a null locale changes nothing and returns the one in force, so the guard is harmless without one.
+// Setting a null locale changes nothing and returns the current one, so the guard is harmless without one.
 CNumericLocaleGuard::CNumericLocaleGuard() noexcept : m_previous(::uselocale(CLocale())) {}
 
 CNumericLocaleGuard::~CNumericLocaleGuard() {

@@ -14,8 +14,8 @@ namespace ZvXmlLib16::platform {
 
 namespace {
 
-// Blocks all signals for its life: a thread started meanwhile inherits that, so the application's handlers
-// never run on it.
+// Blocks all signals during its lifetime. A thread started meanwhile inherits that, so the application's
+// handlers never run on it.
 class BlockedSignals {
 public:
     BlockedSignals() noexcept {

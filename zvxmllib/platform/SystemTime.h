@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-// An application that has records of its own, under these names and with these field names, defines
-// ZV_OWN_SYSTEMTIME and declares them ahead of this header. Tags, field order and field widths are its own
-// affair: no compiled function of the library takes or returns a record.
+// An application that has its own records, with these names and field names, defines ZV_OWN_SYSTEMTIME and
+// declares them before this header. Their tags, field order and field widths do not matter: no compiled
+// function of the library takes or returns a record.
 #ifndef ZV_OWN_SYSTEMTIME
 
 // A calendar date with the time of day, to the millisecond.
@@ -20,7 +20,7 @@ struct SYSTEMTIME {
     std::uint16_t wMilliseconds;
 };
 
-// A count of intervals of 100 nanoseconds since the begin of 1601, UTC, in two halves.
+// A count of intervals of 100 nanoseconds since the start of 1601, UTC, in two halves.
 struct FILETIME {
     std::uint32_t dwLowDateTime;
     std::uint32_t dwHighDateTime;

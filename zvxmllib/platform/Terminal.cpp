@@ -1,4 +1,4 @@
-// Whether somebody is watching.
+// Whether standard error goes to a terminal.
 #include "zvxmllib/platform/Terminal.h"
 
 #include <unistd.h>

@@ -1,4 +1,4 @@
-// Whether somebody is watching.
+// Whether standard error goes to a terminal.
 #pragma once
 
 namespace ZvXmlLib16::platform {

@@ -1,4 +1,4 @@
-// Which code stands behind a virtual function.
+// Finds the code that a virtual call reaches.
 #pragma once
 
 #include <cstddef>
@@ -6,10 +6,10 @@
 
 namespace ZvXmlLib16::platform {
 
-// The address of the code that a call of the virtual `member` on `object` reaches; null where that is not
-// known. Read from the virtual table as the Itanium C++ ABI lays it out (2.3 and 2.5.2), on the one machine
-// for which that is known here. Class has its virtual table pointer at its beginning, as one whose first base
-// class is polymorphic has.
+// The address of the code that a call of the virtual `member` on `object` reaches; null where that cannot be
+// found out. Reads the virtual table as the Itanium C++ ABI lays it out (2.3 and 2.5.2), on the one
+// architecture supported here. The virtual table pointer of Class must come first, as it does if its first
+// base class is polymorphic.
 template <class Class, class Function>
 void const* CodeBehind([[maybe_unused]] Class const& object,
                        [[maybe_unused]] Function Class::*member) noexcept {
