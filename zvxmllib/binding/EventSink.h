@@ -1,4 +1,4 @@
-// IEventSink, what hears of changes in collections.
+// IEventSink, the listener to changes in collections.
 #pragma once
 
 #include "zvxmllib/foundation/Forward.h"
@@ -14,7 +14,7 @@ public:
         MsgCollectionChange = 0,         // data: null
         MsgCollectionAdd = 1,            // data: the item that will be added
         MsgCollectionAddComplete = 2,    // data: the item added
-        MsgCollectionRemove = 3,         // data: int const*, the index; null when it is not known
+        MsgCollectionRemove = 3,         // data: int const*, the index; null if unknown
         MsgCollectionRemoveComplete = 4, // the same
     };
 

@@ -1,4 +1,4 @@
-// The generator's version, and the gate that all entry points pass.
+// The generator's version, which all entry points check.
 #include "zvxmllib/binding/GeneratorVersion.h"
 
 #include "zvxmllib/binding/Failures.h"
@@ -48,7 +48,7 @@ void CompareGeneratorVersion() noexcept {
     try {
         ShowVersionMismatch();
     } catch (...) {
-        // Without memory for the text; the entry points say it again.
+        // No memory for the text; the entry points will report it again.
     }
 }
 

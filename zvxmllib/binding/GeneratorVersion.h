@@ -1,4 +1,4 @@
-// The generator's version, and the gate that all entry points pass.
+// The generator's version, which all entry points check.
 #pragma once
 
 #include "zvxmllib/platform/Api.h"
@@ -20,7 +20,7 @@ namespace detail {
 // Shows the error box and throws CZvException if the versions differ.
 void CheckGeneratorVersion();
 
-// Shows the error box if the versions differ; nothing after the first call in the process.
+// Shows the error box if the versions differ. Only the first call in the process does anything.
 void CompareGeneratorVersion() noexcept;
 extern std::atomic<bool> g_isGeneratorVersionCompared;
 inline void CompareGeneratorVersionOnce() noexcept {

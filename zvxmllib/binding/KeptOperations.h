@@ -1,5 +1,5 @@
-// Which operations of the object base a class has kept: where it has, the library may take a shorter way to
-// the same result. Header only.
+// Which operations of the object base a class has not replaced. For these the library may take a shorter way
+// to the same result. Header only.
 #pragma once
 
 #include "zvxmllib/binding/XmlObjectBase.h"
@@ -9,7 +9,7 @@
 
 namespace ZvXmlLib16::detail {
 
-// A class that replaces nothing that it need not.
+// A class that replaces only what it must.
 class PlainObject final : public CXmlObjectBase {
 public:
     ~PlainObject() override = default;
@@ -30,7 +30,7 @@ using ReadText = void (CXmlObjectBase::*)(char const*, CSerializationContext con
 using ReadData = void (CXmlObjectBase::*)(CBinaryData const&, CSerializationContext const&);
 using ReadBytes = void (CXmlObjectBase::*)(unsigned char*, std::uint32_t, CSerializationContext const&);
 
-// True where it is certain that a call of `operation` on this object reaches the object base.
+// True if a call of `operation` on this object is certain to reach the object base.
 template <auto operation>
 bool KeepsOperation(CXmlObjectBase const& object) {
     static void const* const own = platform::CodeBehind<CXmlObjectBase>(PlainObject(), operation);

@@ -1,4 +1,4 @@
-// A namespace against the list of an XML Schema wildcard.
+// Tests a namespace against the list of an XML Schema wildcard.
 #include "zvxmllib/binding/NamespaceRules.h"
 
 namespace ZvXmlLib16 {

@@ -4,7 +4,7 @@
 namespace ZvXmlLib16 {
 
 // Objects nested deeper than this below the outermost one are refused on reading, writing and cloning. Far
-// above what documents use, and far below what the stack of a thread holds.
+// more than documents use, and far less than the stack of a thread can take.
 inline constexpr int kMaxNestingDepth = 1000;
 
 // Counts one level of nesting on the current thread. Throws CZvException beyond the limit.

@@ -1,4 +1,4 @@
-// What generated setters call: null, name and choice tests, and the tests of namespaces.
+// Helpers for generated setters: null, name and choice tests, and the tests of namespaces.
 #include "zvxmllib/binding/Failures.h"
 #include "zvxmllib/binding/NamespaceRules.h"
 #include "zvxmllib/binding/XmlCollectionBase.h"
@@ -29,7 +29,7 @@ void CXmlObjectBase::Throw_IfElementNameDiffers(CXmlObjectBase* value, char cons
         FailElementNameDiffers(TextOf(name), actual);
 }
 
-// An empty choice takes the name also when no value comes with it.
+// An empty choice takes the name even without a value.
 void CXmlObjectBase::Choice_SelectElement(char const* name, CXmlObjectBase* value, std::string& selected) {
     if (selected == TextOf(name)) {
         if (value == nullptr)

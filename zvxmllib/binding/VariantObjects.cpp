@@ -19,7 +19,7 @@ CSmartPtr<CXmlObjectBase> ZvVariant::GetXmlObject() const {
     return FindXmlObject();
 }
 
-// The new count is taken before the old one goes: the object may live by what this variant holds.
+// Takes the new reference before it drops the old one: what this variant holds may keep the object alive.
 void ZvVariant::SetXmlObject(CXmlObjectBase* value) {
     if (value != nullptr)
         value->AddRef();
@@ -28,7 +28,7 @@ void ZvVariant::SetXmlObject(CXmlObjectBase* value) {
 }
 
 CSmartPtr<CXmlCollectionBase> ZvVariant::GetXmlCollection() const {
-    CXmlCollectionBase* const m_pXmlCol = FindXmlCollection(); // so called in the assertion's text
+    CXmlCollectionBase* const m_pXmlCol = FindXmlCollection(); // its name is part of the assertion's text
     // NOLINTNEXTLINE(modernize-use-nullptr): the assertion's text
     ZV_ASSERT(m_type == ItemType_XmlCollection && m_pXmlCol != 0);
     return m_pXmlCol;

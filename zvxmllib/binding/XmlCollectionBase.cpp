@@ -1,4 +1,4 @@
-// CXmlCollectionBase, what all collections share.
+// CXmlCollectionBase, the base of all collections.
 #include "zvxmllib/binding/XmlCollectionBase.h"
 
 #include "zvxmllib/binding/Failures.h"

@@ -1,4 +1,4 @@
-// CXmlCollectionBase, what all collections share: the element of their items, bounds, listeners.
+// CXmlCollectionBase, the base of all collections: element name of the items, bounds, listeners.
 #pragma once
 
 #include "zvxmllib/binding/XmlObjectBase.h"
@@ -9,10 +9,10 @@
 
 namespace ZvXmlLib16 {
 
-// A collection is a bound object that adds no element of its own: each item is written under the element
-// name and namespace of the collection. The bounds are looked at only when an object is written or read,
-// or when somebody asks; adding is never refused for them. The order of the virtual operations is a
-// contract. Belongs to one thread at a time; not copyable.
+// A collection is a bound object that adds no element of its own: each item is written under the element name
+// and namespace of the collection. The bounds are checked only when an object is written or read, or on
+// request; adding beyond them is allowed. The order of the virtual operations is a contract. Belongs to one
+// thread at a time; not copyable.
 class ZV_API CXmlCollectionBase : public CXmlObjectBase {
 public:
     CXmlCollectionBase(CXmlCollectionBase const&) = delete;
@@ -34,7 +34,7 @@ public:
     // Removes the items one by one, from the first.
     virtual void Clear() = 0;
     virtual void Remove(int index) = 0;
-    // Throws CZvValidationException unless the count is in the bounds or the context ignores counts.
+    // Throws CZvValidationException unless the count is within the bounds or the context ignores counts.
     virtual void ValidateCount(CSerializationContext const& ctx) const;
     virtual bool IsValidCount(CSerializationContext const& ctx) const;
 
@@ -42,10 +42,10 @@ public:
     // -1 for unbounded.
     int GetMaxOccurs() const noexcept { return m_maxOccurs; }
 
-    // Every change is told to all listeners in order of registration: before it by MsgCollectionAdd or
+    // All listeners hear of every change, in order of registration: before it by MsgCollectionAdd or
     // MsgCollectionRemove, after it by the "Complete" form and MsgCollectionChange. A sink is borrowed: it
-    // removes itself or outlives the collection. Not to be called from within OnEvent. One sink may be
-    // registered several times; it is removed altogether.
+    // must remove itself or outlive the collection. Do not call these from within OnEvent. A sink may be
+    // registered several times; removing it removes them all.
     void AddEventListener(IEventSink* sink);
     void RemoveEventListener(IEventSink* sink);
 
@@ -57,7 +57,7 @@ protected:
     void FireOnCollectionChange();
     void FireOnCollectionAdd(void* item);
     void FireOnCollectionAddComplete(void* item);
-    // -1 for an index that is not known.
+    // -1 for an unknown index.
     void FireOnCollectionRemove(int index);
     void FireOnCollectionRemoveComplete(int index);
 

@@ -12,11 +12,11 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-// Deletions nested deeper than this on one thread are put off until the outermost one has returned.
+// Deletions nested deeper than this on one thread are postponed until the outermost one returns.
 constexpr int kMaxNestedDeletions = 64;
 
-// The count of an object that is being deleted. What takes and gives up references on it meanwhile, a
-// listener for instance, does not bring the count to 0 a second time.
+// The count of an object that is being deleted. References taken and released meanwhile, by a listener for
+// instance, then cannot bring the count to 0 a second time.
 constexpr std::int32_t kDeletedCount = 1 << 30;
 
 struct Deletions {

@@ -16,11 +16,10 @@
 namespace ZvXmlLib16 {
 
 // Made with a count of 0 and held by CSmartPtr; the Release that brings the count back to 0 deletes the
-// object. AddRef and Release are safe for threads, everything else belongs to one thread at a time.
-//
-// The order of the virtual operations is a contract with generated code. All entry points throw the
-// CZvException family: first for a wrong generator version, then for what goes wrong. A failed writing leaves
-// the object as it was; a failed reading leaves it partly filled, unless the document itself was at fault.
+// object. AddRef and Release are thread-safe; everything else belongs to one thread at a time.  The order of
+// the virtual operations is a contract with generated code. All entry points throw the CZvException family:
+// first for a wrong generator version, then for what goes wrong. A failed write leaves the object as it was;
+// a failed read leaves it partly filled, unless the document could not be parsed.
 class ZV_API CXmlObjectBase : public IEventSink {
 protected:
     void OnEvent(CXmlObjectBase* sender, IEventSink::MsgType type, void* data) override;
@@ -29,7 +28,7 @@ public:
     // The object's own CXmlObjectBase part.
     virtual CXmlObjectBase* GetBase() = 0;
 
-    // An existing file is overwritten; after a failure it may hold a part. `includeDocHeader` writes the
+    // An existing file is overwritten; after a failure it may be incomplete. `includeDocHeader` writes the
     // XML declaration. ZLib compression is refused here.
     virtual void ToXmlFile(char const* fileName, bool includeDocHeader, bool formatted, XmlEncoding encoding,
                            EOLType eol, CSerializationContext const& ctx, CompressionType compression) const;
@@ -37,7 +36,7 @@ public:
                                    CSerializationContext const& ctx, CompressionType compression) const;
     virtual void ToJsonFile(char const* fileName, bool formatted, XmlEncoding encoding, EOLType eol,
                             CSerializationContext const& ctx, CompressionType compression) const;
-    // Text in the local encoding; the declaration names none.
+    // Text in the local encoding, which the declaration does not name.
     virtual std::string ToXml(bool includeDocHeader, bool formatted, EOLType eol,
                               CSerializationContext const& ctx);
     virtual std::string ToJson(bool formatted, EOLType eol, CSerializationContext const& ctx);
@@ -49,9 +48,9 @@ public:
     virtual CBinaryData ToJsonStream(bool formatted, XmlEncoding encoding, EOLType eol,
                                      CSerializationContext const& ctx, CompressionType compression);
 
-    // File and stream forms recognise gzip, zlib, Fast Infoset and XML text by their content; the text
-    // forms take XML text as it is. JSON becomes XML by the JSON options of the context, and goes through
-    // FromXmlStream; without round trip in full the context ignores namespaces for the length of the call.
+    // File and stream forms recognise gzip, zlib, Fast Infoset and XML text by their content; the text forms
+    // take plain XML text. JSON becomes XML by the JSON options of the context, and goes through
+    // FromXmlStream; except in mode full round trip, the context ignores namespaces during the call.
     virtual void FromXmlFile(char const* fileName, CSerializationContext const& ctx);
     virtual void FromJsonFile(char const* fileName, CSerializationContext const& ctx);
     virtual void FromXml(wchar_t const* text, CSerializationContext const& ctx);
@@ -77,10 +76,10 @@ public:
 
 protected:
     virtual void AttributesToXml_Int(CXmlWriter* writer, CSerializationContext const& ctx) const;
-    // `isRoot` is true for the outermost object only; `optionalChoice` tolerates a choice with nothing set.
+    // `isRoot` is true for the outermost object only; `optionalChoice` allows a choice with nothing set.
     virtual void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
                            bool optionalChoice) const = 0;
-    // Reads from `element`, beginning with its child `current`; returns the next sibling not consumed.
+    // Reads from `element`, starting at its child `current`; returns the first child not consumed, or null.
     virtual CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current,
                                      CSerializationContext const& ctx, bool optionalChoice) = 0;
 
@@ -96,7 +95,7 @@ public:
         return count;
     }
 
-    // As the wchar_t forms, for UTF-16 text.
+    // Like the wchar_t forms, for UTF-16 text.
     void FromXml(char16_t const* text, CSerializationContext const& ctx);
     void FromJson(char16_t const* text, CSerializationContext const& ctx);
 
@@ -119,7 +118,7 @@ protected:
     static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* current,
                                     CSerializationContext const& ctx);
 
-    // Deliver one event to `sink`; an index of -1 is passed on as null.
+    // Deliver one event to `sink`; an index of -1 arrives as null.
     static void FireOnCollectionChangeEvent(IEventSink* sink, CXmlCollectionBase* collection);
     static void FireOnCollectionAddEvent(IEventSink* sink, CXmlCollectionBase* collection, void* item);
     static void FireOnCollectionAddCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection,
@@ -131,8 +130,8 @@ protected:
     // For generated setters. Throws CZvInvalidParamException.
     static void Throw_IfPropertyIsNull(CXmlObjectBase* value, char const* name);
     static void Throw_IfElementNameDiffers(CXmlObjectBase* value, char const* name);
-    // The bookkeeping of a choice: `selected` is the element name of the member that is set, empty for
-    // none. Throw CZvInvalidStateException when another member is set.
+    // The bookkeeping of a choice: `selected` is the element name of the member that is set, empty for none.
+    // They throw CZvInvalidStateException if another member is set.
     static void Choice_SelectElement(char const* name, CXmlObjectBase* value, std::string& selected);
     static void Choice_SetElementValid(bool valid, char const* name, std::string& selected);
     static void Choice_CollectionChanged(char const* name, std::int32_t count, std::string& selected);
@@ -140,7 +139,7 @@ protected:
                                        CXmlElement*& current, std::int32_t& count,
                                        CSerializationContext const& ctx);
 
-    // A namespace against the list of an XML Schema wildcard, with its target namespace. TestNamespace
+    // Test a namespace against the list of an XML Schema wildcard with its target namespace. TestNamespace
     // throws CZvInvalidNamespaceException.
     void TestNamespace(char const* ns, char const* allowed, char const* target) const;
     bool IsNamespaceValid(char const* ns, char const* allowed, char const* target) const;
@@ -152,7 +151,7 @@ private:
     friend class ZvXmlLib16Data::CAttributeInfo;
     friend class ZvXmlLib16Data::CElementInfo;
 
-    // Deletes this object. Deep trees are taken apart in a loop, so that they need no deep stack.
+    // Deletes this object. Deep trees are taken apart in a loop, without a deep stack.
     void DeleteUnreferenced() noexcept;
     void WriteXmlText(CTextStream& sink, bool includeDocHeader, bool formatted, EOLType eol,
                       CSerializationContext const& ctx) const;

@@ -19,7 +19,7 @@ public:
 
     std::string const& GetName() const noexcept { return m_name; }
     std::string const& GetValue() const noexcept { return m_value; }
-    // No restriction of a collection is tested.
+    // The restrictions of the collection are not tested.
     void SetName(char const* name);
     void SetValue(char const* value);
     void SetNamespace(char const* ns);
@@ -33,11 +33,11 @@ protected:
     std::string GetTargetNamespace() override;
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
                    bool optionalChoice) const override;
-    // Throws: it is the collection that reads.
+    // Throws: the collection does the reading.
     CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
                              bool optionalChoice) override;
 
-    // Called ahead of a change, with the text to come.
+    // Called before a change, with the new text.
     virtual void FireOnChangeName(char const* name);
     virtual void FireOnChangeNamespace(char const* ns);
 
@@ -56,8 +56,8 @@ private:
 // added by strings and what is read must fit it, or CZvInvalidNamespaceException is thrown.
 class ZV_API CAttributeCol : public CXmlCollection, public CInstanceMonitor {
 public:
-    // The namespace is that of attributes added without one; where it is empty and the list begins with a
-    // URI, it is that URI.
+    // `namespaceURI` is for attributes added without one; if it is empty and the list begins with a URI, that
+    // URI is.
     CAttributeCol(char const* namespaceURI, char const* allowedNamespaces, char const* targetNamespace);
 
     using CXmlObjectBase::GetBase;
@@ -66,9 +66,9 @@ public:
     CSmartPtr<CAttribute> Add(char const* name);
     CSmartPtr<CAttribute> Add(char const* name, char const* value);
     CSmartPtr<CAttribute> Add(char const* name, char const* value, char const* namespaceURI);
-    // As it is, without a test.
+    // Added unchanged and untested.
     CSmartPtr<CAttribute> Add(CAttribute* attribute);
-    // Without a test; null `after` puts it first, null `before` last.
+    // Untested; null `after` puts it first, null `before` last.
     void AddAfter(CAttribute const* after, CAttribute* attribute);
     void AddBefore(CAttribute const* before, CAttribute* attribute);
     // Throws CZvInvalidParamException for an index out of range.
@@ -77,7 +77,7 @@ public:
     CZvIterator<CAttribute> begin() const { return CZvIterator<CAttribute>(m_pHead); }
     CZvIterator<CAttribute> end() const { return CZvIterator<CAttribute>(nullptr); }
 
-    // A collection of its own, with clones of the items.
+    // A new collection with clones of the items.
     CSmartPtr<CAttributeCol> Clone() const;
 
 protected:

@@ -88,7 +88,7 @@ CSmartPtr<CAttributeCol> CAttributeCol::Clone() const {
     return clone;
 }
 
-// An attribute has no depth of its own, so that it does not count as a level of nesting.
+// An attribute does not count as a level of nesting.
 void CAttributeCol::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSerializationContext const& ctx,
                               bool) const {
     for (CAttribute const* const attribute : *this)

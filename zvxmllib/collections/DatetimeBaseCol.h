@@ -1,4 +1,4 @@
-// CdatetimeBaseCol, what the five collections of dates and times share.
+// CdatetimeBaseCol, the base of the five collections of dates and times.
 #pragma once
 
 #include "zvxmllib/collections/ValueCollection.h"
@@ -9,15 +9,15 @@
 
 namespace ZvXmlLib16 {
 
-// Each collection takes values of one kind only, and looks at that and at the facets before it tells anybody.
+// Each collection takes values of one kind only, and checks that and the facets before it notifies listeners.
 class ZV_API CdatetimeBaseCol : public detail::ValueStore<CDateTime> {
 public:
     void Clear() override;
     virtual void Add(CDateTime const& value);
-    // From 0 to the count. Throws CZvInvalidParamException for another index and for a date of another kind,
-    // and CZvException for a value that the facets forbid.
+    // `index` is from 0 to the count. Throws CZvInvalidParamException for another index or a date of another
+    // kind, and CZvException for a value that violates a facet.
     virtual void AddAt(int index, CDateTime const& value) = 0;
-    // A copy. Throws CZvInvalidParamException for an index out of range, as Remove.
+    // Returns a copy. Throws CZvInvalidParamException for an index out of range, like Remove.
     virtual CDateTime Item(int index);
 
 protected:
@@ -48,7 +48,7 @@ public:
 protected:
     ~DateCollection() override;
 
-    // As in ValueCollection, these two take the short way if nobody derives from the collection.
+    // As in ValueCollection, these two take a shortcut if the object is not of a derived class.
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
                    bool optionalChoice) const override;
     CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,

@@ -21,7 +21,7 @@ namespace {
 
 CInstanceMonitor::Registration s_registration("CElement");
 
-constexpr char kNamespaceDeclaration[] = "xmlns"; // as an attribute, where namespaces are not processed
+constexpr char kNamespaceDeclaration[] = "xmlns"; // an attribute where namespaces are not processed
 
 char const* TextOf(char const* text) noexcept {
     return text == nullptr ? "" : text;
@@ -78,7 +78,7 @@ CElement::CElement(CElement const& other)
 CElement& CElement::operator=(CElement const& other) {
     if (this == &other)
         return *this;
-    // By way of a clone, since `other` may be a part of this element.
+    // Through a clone, since `other` may be a part of this element.
     CSmartPtr<CElement> const clone(new CElement(other));
     m_name = std::move(clone->m_name);
     m_text = std::move(clone->m_text);
@@ -147,9 +147,9 @@ void CElement::PromiseCollections() {
     }
 }
 
-// Takes them in place of those that are there; null stands for one that is to be made.
+// Replaces the present ones; null stands for one that is still to be made.
 void CElement::AdoptCollections(CSmartPtr<CAttributeCol> attributes, CSmartPtr<CElementCol> elements) {
-    // What was promised will not be made: it is taken back, as if it had not been counted.
+    // The promised collection will not be made, so its count is taken back.
     if (attributes != nullptr && m_attributesPromised != nullptr)
         CountMany(*std::exchange(m_attributesPromised, nullptr), -1, 0);
     if (elements != nullptr && m_elementsPromised != nullptr)
@@ -162,7 +162,7 @@ void CElement::AdoptCollections(CSmartPtr<CAttributeCol> attributes, CSmartPtr<C
 CSmartPtr<CAttributeCol> CElement::GetAttributes() const {
     if (m_attributes == nullptr) {
         m_attributes = new CAttributeCol(CollectionNamespace(), kAnyNamespace, TargetNamespace());
-        // It has counted itself.
+        // It counted itself when it was made.
         CountMany(*std::exchange(m_attributesPromised, nullptr), -1, 0);
     }
     return m_attributes;
@@ -317,7 +317,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* current, CSerializ
 void CElement::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSerializationContext const& ctx,
                          bool optionalChoice) const {
     if (m_rules != nullptr && !m_rules->defaultNamespace.empty()) {
-        // Only text can be spliced in; in another format the element is written like any other.
+        // Only XML text can be spliced in; other formats write the element like any other.
         if (CXmlTextWriter* const textWriter = dynamic_cast<CXmlTextWriter*>(writer)) {
             WriteFragment(*textWriter, ctx, optionalChoice);
             return;
@@ -332,7 +332,7 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSerializatio
     writer->WriteElementEnd();
 }
 
-// A document of its own inside the other one: it declares its default namespace and all prefixes that it
+// A self-contained document inside the other one: it declares its default namespace and all prefixes that it
 // uses.
 void CElement::WriteFragment(CXmlTextWriter& writer, CSerializationContext const& ctx,
                              bool optionalChoice) const {

@@ -11,20 +11,19 @@
 namespace ZvXmlLib16 {
 
 // A node of an editable tree of names, texts and namespaces: attributes, child elements, and one text, which
-// is written behind the children. Held by CSmartPtr; belongs to one thread at a time. References to its
-// strings are valid until they are set. Restrictions are lists as in CAttributeCol.
-//
-// Reading, writing and cloning throw CZvException for trees that are nested too deep; see kMaxNestingDepth.
+// is written after the children. Held by CSmartPtr; belongs to one thread at a time. References to its
+// strings are valid until they are set. Restrictions are lists as in CAttributeCol.  Reading, writing and
+// cloning throw CZvException for trees that are nested too deep; see kMaxNestingDepth.
 class ZV_API CElement : public CXmlObjectBase, public CInstanceMonitor {
 public:
     // Null arguments, and a namespace that does not fit the list, throw CZvInvalidNamespaceException.
     explicit CElement(char const* name);
-    // The namespace is also the list of what is allowed; it is not a token such as "##any".
+    // `namespaceURI` is also the only namespace allowed, so it must not be a token such as "##any".
     CElement(char const* name, char const* namespaceURI);
     CElement(char const* name, char const* namespaceURI, char const* allowedNamespaces,
              char const* targetNamespace);
-    // The object's XML as a tree. With a default namespace that is not empty, the element is later written
-    // as a fragment of its own with that default namespace.
+    // Turns the object's XML into a tree. With a non-empty default namespace, the element is later written as
+    // a self-contained fragment with that default namespace.
     CElement(CXmlObjectBase* object, char const* defaultNamespace);
     // A copy is a clone.
     CElement(CElement const& other);
@@ -36,26 +35,27 @@ public:
 
     std::string const& GetName() const noexcept { return m_name; }
     std::string const& GetText() const noexcept { return m_text; }
-    // No restriction is tested.
+    // The restrictions are not tested.
     void SetName(char const* name);
     void SetText(char const* text);
     void SetNamespace(char const* ns);
 
-    // Never null. They are made when they are first asked for, so ask the two below first where most
-    // elements have none.
+    // Never null. They are made at first use, so call the two below first where most elements have none.
     CSmartPtr<CAttributeCol> GetAttributes() const;
     CSmartPtr<CElementCol> GetChildElements() const;
     bool HasAttributes() const noexcept;
     bool HasChildElements() const noexcept;
 
-    // Only tests: this element, its attributes and all below. Throws CZvInvalidNamespaceException.
+    // Only tests this element, its attributes and everything below; does not store the restrictions. Throws
+    // CZvInvalidNamespaceException.
     void SetNamespaceRestrictions(char const* allowedNamespaces, char const* targetNamespace);
 
-    // Shares nothing with this element. The default namespace of a fragment is not taken over. Throws
+    // Shares nothing with this element. The default namespace of a fragment is not copied. Throws
     // CZvInvalidNamespaceException if the namespace has been set to one that is not allowed.
     CSmartPtr<CElement> Clone() const;
 
-    // The other forms read the first child of a document's root, as a member of a bound object would.
+    // The other forms read the first child of the document's root, as if the element were a member of a bound
+    // object.
     using CXmlObjectBase::FromXml;
     // Reads the root of a document, with the default context.
     void FromXml(char const* xml);
@@ -76,7 +76,7 @@ protected:
     CXmlElement* FromXml_Int(CXmlElement* parent, CXmlElement* current, CSerializationContext const& ctx,
                              bool optionalChoice) override;
 
-    // Called ahead of a change, with the text to come.
+    // Called before a change, with the new text.
     virtual void FireOnChangeName(char const* name);
     virtual void FireOnChangeNamespace(char const* ns);
     virtual void FireOnChangeText(char const* text);
@@ -97,7 +97,7 @@ private:
         return m_collectionsHaveNoNamespace ? "" : m_namespace.c_str();
     }
 
-    // What most elements do not have: a restriction, a target namespace, the default namespace of a fragment.
+    // What few elements have: a restriction, a target namespace, the default namespace of a fragment.
     struct Rules {
         std::string allowedNamespaces{"##any"};
         std::string targetNamespace;
@@ -112,8 +112,8 @@ private:
     std::string m_namespace;
     std::unique_ptr<Rules> m_rules; // null for the defaults
 
-    // Most elements of a document have no attributes or no children. A collection is made when it is asked
-    // for, and counted from the start in its class's record, which stands here as long as it is not made.
+    // Most elements of a document have no attributes or no children. A collection is made at first use, but
+    // counted from the start in the record of its class, which is kept here until then.
     mutable CSmartPtr<CAttributeCol> m_attributes;
     mutable CSmartPtr<CElementCol> m_elements;
     mutable ClassType* m_attributesPromised = nullptr;
@@ -122,12 +122,12 @@ private:
     bool m_collectionsHaveNoNamespace = false;
 };
 
-// The children of an element, or what a wildcard takes. Whatever is added or read may be in any namespace;
-// the list given to the constructor is for its own namespace only. There are no bounds.
+// The children of an element, or what a wildcard takes. Elements of any namespace can be added or read; the
+// list given to the constructor only applies to its own namespace. There are no bounds.
 class ZV_API CElementCol : public CXmlCollection, public CInstanceMonitor {
 public:
-    // The namespace is that of elements added by name alone; where it is empty and the list is a token such
-    // as "##any", it is that token. The two counts have no effect.
+    // `namespaceURI` is for elements added by name alone; if it is empty and the list is a token such as
+    // "##any", that token is used. The two counts have no effect.
     CElementCol(char const* namespaceURI, char const* allowedNamespaces, char const* targetNamespace,
                 int minOccurs, int maxOccurs);
 
@@ -139,7 +139,7 @@ public:
     CSmartPtr<CElement> Add(char const* name);
     CSmartPtr<CElement> Add(char const* name, char const* namespaceURI);
     CSmartPtr<CElement> Add(CElement* element);
-    // Without a test; null `after` puts it first, null `before` last.
+    // Untested; null `after` puts it first, null `before` last.
     void AddAfter(CElement const* after, CElement* element);
     void AddBefore(CElement const* before, CElement* element);
     // Throws CZvInvalidParamException for an index out of range.
@@ -148,7 +148,7 @@ public:
     CZvIterator<CElement> begin() const { return CZvIterator<CElement>(m_pHead); }
     CZvIterator<CElement> end() const { return CZvIterator<CElement>(nullptr); }
 
-    // A collection of its own, with clones of the items.
+    // A new collection with clones of the items.
     CSmartPtr<CElementCol> Clone() const;
 
 protected:

@@ -10,8 +10,8 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-// The element's XML goes through both classes' operations. Where neither has replaced them it goes as UTF-8
-// bytes, so that text outside the local encoding is not lost.
+// The element's XML goes through the operations of both classes. If neither has replaced them it goes as
+// UTF-8 bytes, so that text outside the local encoding is not lost.
 bool MayGoAsBytes(CXmlObjectBase const& object, CElement const& element) {
     using namespace detail;
     return KeepsOperation<&CXmlObjectBase::ToXml>(element) &&
@@ -27,7 +27,7 @@ void CXmlObjectBase::FromXmlElement(CElement const* element, CSerializationConte
     if (element == nullptr)
         FailNullElement();
     CElement& source =
-        const_cast<CElement&>(*element); // writing leaves it as it is, but the slots are not const
+        const_cast<CElement&>(*element); // writing does not change it, but the operations are not const
     CSerializationContext const& plain = CSerializationContext::GetDefaultContext();
     if (MayGoAsBytes(*this, source))
         FromXmlStream(

@@ -35,7 +35,7 @@ struct Conversion;
 ZV_COLLECTED_TYPES(ZV_CONVERSION)
 #undef ZV_CONVERSION
 
-// Of all kinds of dates.
+// For all kinds of dates.
 std::string const& DateText(CDateTime const& value, std::string& buffer) {
     return dateToText(value, nullptr, buffer);
 }
@@ -71,7 +71,7 @@ void ValueStore<Value>::Remove(int index) {
     FireOnCollectionChange();
 }
 
-// Listeners get the address of the value. They do not change it.
+// Listeners get the address of the value, and must not change it.
 template <class Value>
 void ValueStore<Value>::BeginAdd(int index, Value const& value) {
     FireOnCollectionAdd(const_cast<Value*>(&value));
@@ -154,7 +154,7 @@ template <class Policy>
 void ValueCollection<Policy>::AddAt(int index, Argument value) {
     this->BeginAdd(index, value);
     Check(value);
-    if (this->HasListeners()) // they are shown the value behind this, too
+    if (this->HasListeners()) // they also see the value after this one
         this->Insert(index, value);
     else
         this->Insert(index, std::forward<Argument>(value));
@@ -326,7 +326,7 @@ void CdatetimeBaseCol::BaseAddAt(int index, CDateTime const& value) {
     CompleteAdd(value);
 }
 
-// The operation that makes the text is not const, and leaves the collection as it is.
+// The operation that makes the text is not const, but does not change the collection.
 void CdatetimeBaseCol::ToXml_Int(CXmlWriter* writer, bool, char const*, CSerializationContext const& ctx,
                                  bool) const {
     auto& self = const_cast<CdatetimeBaseCol&>(*this);

@@ -11,7 +11,7 @@
 
 namespace ZvXmlLib16::detail {
 
-// Values in order of position, and the events of their coming and going.
+// Values in order of position, and the events of adding and removing them.
 template <class Value>
 class ZV_API ValueStore : public CXmlTypeCollection {
 public:
@@ -22,7 +22,7 @@ public:
     // Throws CZvInvalidParamException for an index out of range.
     void Remove(int index) override;
 
-    // For reading: a change made through them passes no check and fires no event.
+    // For reading: a change made through them is not checked and fires no event.
     iterator begin() noexcept { return m_values.begin(); }
     iterator end() noexcept { return m_values.end(); }
     const_iterator begin() const noexcept { return m_values.begin(); }
@@ -33,14 +33,14 @@ protected:
     ~ValueStore() override;
 
     Value At(int index) const;
-    // The steps of adding: facets are looked at between the first two.
+    // The steps of adding: facets are checked between the first two.
     void BeginAdd(int index, Value const& value);
     void Insert(int index, Value value);
     void CompleteAdd(Value const& value);
-    // Empties at once what nobody listens to, if the object is of exactly this class, so that no derived
-    // Remove is passed over.
+    // Empties the collection at once if it has no listeners and is of exactly this class, so that no derived
+    // Remove is skipped.
     void ClearAs(std::type_info const& collection);
-    // `toText(value, buffer)` gives the text, which may stand in the buffer.
+    // `toText(value, buffer)` returns the text, which may be in the buffer.
     template <class ToText>
     void WriteValues(CXmlWriter* writer, CSerializationContext const& ctx, ItemType type,
                      ToText toText) const;
@@ -66,10 +66,10 @@ public:
                     char const* formatOverride);
 
     void Add(Argument value);
-    // From 0 to the count; throws CZvInvalidParamException for another index, and CZvException for a value
-    // that the facets forbid.
+    // `index` is from 0 to the count. Throws CZvInvalidParamException for another index, and CZvException for
+    // a value that violates a facet.
     void AddAt(int index, Argument value);
-    // A copy. Throws CZvInvalidParamException for an index out of range, as Remove.
+    // Returns a copy. Throws CZvInvalidParamException for an index out of range, like Remove.
     Value Item(int index) const;
     void Clear() override;
 
@@ -78,7 +78,7 @@ protected:
 
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
                    bool optionalChoice) const override;
-    // Reads the texts where they lie, if nobody derives from the collection.
+    // Reads the texts in place, if the object is not of a derived class.
     CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
                              bool optionalChoice) override;
     void AddFromString(std::string value) override;

@@ -15,8 +15,8 @@
 
 namespace ZvXmlLib16::detail {
 
-// `Collection` is the named class; `Argument` is a value as Add takes it. The policies are exported, because
-// a template is no more visible than its arguments.
+// `Collection` is the named class; `Argument` is a value as Add takes it. The policies are exported because a
+// template cannot be more visible than its arguments.
 template <class Collection_, ItemType type, class Value_, class Argument_ = Value_>
 struct ValueItem {
     using Collection = Collection_;

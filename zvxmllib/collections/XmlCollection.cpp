@@ -18,7 +18,7 @@ CXmlCollection::~CXmlCollection() {
         if (HasListeners())
             CXmlCollection::Clear();
     } catch (...) {
-        // What a listener throws ends the telling, not the clearing.
+        // An exception from a listener ends the notifications, not the clearing.
     }
     while (CNode* const node = m_pHead) {
         m_pHead = node->m_pNext;

@@ -8,10 +8,10 @@
 
 namespace ZvXmlLib16 {
 
-// The base of collections of one class; a derived class offers Add, Item and the like with its own item
-// type. Items are shared with everybody else who holds them, and one item may stand in it several times.
-// Adding at the end takes constant time, access by position does not. The end of a collection tells
-// listeners about each item, too, and never throws.
+// The base of collections of one class; a derived class offers Add, Item and the like with its own item type.
+// Items are shared with everybody else who holds them, and may be in a collection several times. Adding at
+// the end takes constant time, access by position does not. The destructor notifies listeners of each item
+// too, and never throws.
 class ZV_API CXmlCollection : public CXmlCollectionBase {
 public:
     struct CNode {
@@ -28,7 +28,7 @@ protected:
 public:
     int GetCount() const override;
     void Clear() override;
-    // Throws CZvInvalidParamException for an index out of range, ahead of any event.
+    // Throws CZvInvalidParamException for an index out of range, before any event.
     void Remove(int index) override;
 
 protected:
@@ -39,17 +39,17 @@ protected:
     void PrependItem(CXmlObjectBase* item);
     // The item gets this index. Throws CZvInvalidParamException for an index above the count.
     void AddItemAt(int index, CXmlObjectBase* item);
-    // Behind `after`, for null at the front. Throws CZvInvalidParamException, after the first event, if it
-    // is not in the collection.
+    // Adds after `after`, or at the front for null. Throws CZvInvalidParamException, after the first event,
+    // if it is not in the collection.
     void AddAfterItem(CXmlObjectBase const* after, CXmlObjectBase* item);
-    // In front of `before`, for null at the end. Throws as AddAfterItem.
+    // Adds before `before`, or at the end for null. Throws like AddAfterItem.
     void AddBeforeItem(CXmlObjectBase const* before, CXmlObjectBase* item);
 
     // Throws CZvInvalidParamException for an index out of range.
     CNode* GetNodeAtIndex(int index) const;
-    // The first node with this very object. Throws CZvInvalidParamException if there is none.
+    // The first node with this object. Throws CZvInvalidParamException if there is none.
     CNode* GetNodeForItem(CXmlObjectBase const* item) const;
-    // The node ends with it. Listeners do not learn the index: the list does not know it.
+    // Deletes the node. Listeners get no index, since the list does not know it.
     void RemoveNode(CNode* node);
 
     // Head and tail are both null or both set.
@@ -58,7 +58,7 @@ protected:
     std::int32_t m_count = 0;
 
 private:
-    // Links a new node in front of `next`, at the end for null, and tells that it is there.
+    // Links a new node before `next`, or at the end for null, and notifies listeners.
     void InsertBefore(CNode* next, CXmlObjectBase* item);
     void Unlink(CNode* node) noexcept;
 };

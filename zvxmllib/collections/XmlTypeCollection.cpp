@@ -1,4 +1,4 @@
-// CXmlTypeCollection, what all collections of values share.
+// CXmlTypeCollection, the base of all collections of values.
 #include "zvxmllib/collections/XmlTypeCollection.h"
 
 #include "zvxmllib/binding/Failures.h"
@@ -64,7 +64,7 @@ CXmlElement* CXmlTypeCollection::ReadStrictly(CXmlElement* current, CSerializati
     });
 }
 
-// A group may come again, and what is beyond the greatest number is the next one's.
+// A group may repeat, and items beyond the maximum belong to the next one.
 template <class Take>
 CXmlElement* CXmlTypeCollection::ReadEach(CXmlElement* current, CSerializationContext const& ctx,
                                           bool isInGroup, Take take) {

@@ -1,4 +1,4 @@
-// CXmlTypeCollection, what all collections of values share: the type, its facets, reading.
+// CXmlTypeCollection, the base of all collections of values: the type, its facets, reading.
 #pragma once
 
 #include "zvxmllib/binding/XmlCollectionBase.h"
@@ -12,7 +12,7 @@
 
 namespace ZvXmlLib16 {
 
-// A repeating element of a simple type. Values are checked against the facets when they are added, so that a
+// A repeating element of a simple type. Values are checked against the facets when they are added, so a
 // collection never holds one that its type forbids. Belongs to one thread at a time. The order of the virtual
 // operations is a contract.
 class ZV_API CXmlTypeCollection : public CXmlCollectionBase {
@@ -22,8 +22,8 @@ public:
     void SetStrict(bool strict) noexcept { m_restrictions.SetStrict(strict); }
 
 protected:
-    // Bounds as in CXmlCollectionBase, facets as in CPrimitiveRestrictions. `rule` is for values read from
-    // text, `formatOverride` for those of r4, r8 and decimal written as text; null is none.
+    // Bounds as in CXmlCollectionBase, facets as in CPrimitiveRestrictions. `rule` applies to values read
+    // from text, `formatOverride` to r4, r8 and decimal written as text; null for none.
     CXmlTypeCollection(ItemType type, char const* elementName, char const* namespaceURI, int minOccurs,
                        int maxOccurs, char const* pattern, std::int32_t minLength, std::int32_t maxLength,
                        char const* minInclusive, char const* maxInclusive, char const* minExclusive,
@@ -32,12 +32,12 @@ protected:
                        char const* formatOverride);
     ~CXmlTypeCollection() override;
 
-    // Adds the texts of all elements of the collection's name that stand next to each other from `current`
-    // on. In a strict context `optionalChoice` is told to a collection of a group, which ends at its greatest
-    // number of items.
+    // Adds the texts of adjacent elements of the collection's name, starting at `current`. In a strict
+    // context `optionalChoice` is told to a collection of a group, which ends at its greatest number of
+    // items.
     CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
                              bool optionalChoice) override;
-    // Throws what the conversion of the type throws, and what adding the value throws.
+    // Throws what converting and adding the value throw.
     virtual void AddFromString(std::string value) = 0;
 
     // FromXml_Int with another way to take a text, and with the element that it stands in.

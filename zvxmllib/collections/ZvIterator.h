@@ -9,13 +9,13 @@ namespace detail {
 [[noreturn]] ZV_API void FailIteratorAtEnd();
 } // namespace detail
 
-// Valid as long as the item that it stands on is in the collection. The item is borrowed.
+// Valid while its current item is in the collection. The item is borrowed.
 template <class T>
 class CZvIterator {
 public:
     explicit CZvIterator(CXmlCollection::CNode* node) noexcept : m_node(node) {}
 
-    // Compares items: two places that hold the same one are equal.
+    // Compares items: two positions with the same item are equal.
     bool operator!=(CZvIterator const& other) const noexcept {
         if (m_node == other.m_node)
             return false;
@@ -24,7 +24,7 @@ public:
         return static_cast<CXmlObjectBase*>(m_node->m_item) != other.m_node->m_item;
     }
 
-    // Not to be called at the end.
+    // Do not call at the end.
     T* operator*() const { return static_cast<T*>(static_cast<CXmlObjectBase*>(m_node->m_item)); }
 
     // Throws CZvException at the end.

@@ -35,7 +35,7 @@ void CNamespaceAliasMap::RemoveNamespace(char const* ns) {
     m_aliases.erase(TextOf(ns));
 }
 
-// The entry that stays behind is what callers have always counted on.
+// Callers rely on the entry that this leaves behind.
 std::string CNamespaceAliasMap::GetAliasFromNamespace(char const* ns) {
     return m_aliases[TextOf(ns)];
 }

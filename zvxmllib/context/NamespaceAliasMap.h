@@ -19,7 +19,7 @@ public:
     // The alias comes first. Replaces an earlier alias of the namespace.
     void Add(char const* alias, char const* ns);
     void RemoveNamespace(char const* ns);
-    // For an unknown namespace empty, and an entry with an empty alias stays in the map.
+    // Empty for an unknown namespace, for which it leaves an entry with an empty alias in the map.
     std::string GetAliasFromNamespace(char const* ns);
     // The smallest namespace with this alias; throws CZvException if there is none.
     std::string GetNamespaceFromAlias(char const* alias);
@@ -29,7 +29,7 @@ public:
     // `index` from 0, below the count, in the order of the URIs.
     std::string GetNamespaceAt(int index);
 
-    // The entries themselves, for walks.
+    // The entries themselves, for iteration.
     std::map<std::string, std::string> const& GetEntries() const noexcept { return m_aliases; }
 
 private:

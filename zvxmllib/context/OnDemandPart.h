@@ -6,9 +6,9 @@
 
 namespace ZvXmlLib16 {
 
-// Owns a Part, or none as long as nobody has asked for it. A copy has a part of its own, equal to that of the
-// source. Only who calls Get must know the Part's class, so the owner of an OnDemandPart knows none of the
-// formats whose options it carries. Get may be called by several threads at once: all get the same part.
+// Owns a Part, made when it is first asked for. A copy has an equal part of its own. Only callers of Get need
+// the definition of Part, so the owner of an OnDemandPart need not know the formats whose options it carries.
+// Several threads may call Get at once: all get the same part.
 template <class Part>
 class OnDemandPart {
 public:

@@ -26,14 +26,14 @@ public:
     CSerializationContext& operator=(CSerializationContext const& other);
     virtual ~CSerializationContext();
 
-    // The context of calls that name none. A change lasts for the life of the process.
+    // The context of calls without one. A change lasts for the life of the process.
     static CSerializationContext& GetDefaultContext();
 
     // Declared at the root when not empty; elements in it get no prefix.
     std::string GetDefaultNamespaceURI() const;
     void SetDefaultNamespaceURI(char const* uri);
 
-    // Whether xsi:type names the class of an object under another element name than its own. True.
+    // Whether an object whose element name is not that of its type gets an xsi:type. True at first.
     bool GetWriteTypeAttribute() const noexcept { return m_writeTypeAttribute; }
     void SetWriteTypeAttribute(bool write) noexcept { m_writeTypeAttribute = write; }
 
@@ -41,16 +41,16 @@ public:
     CNamespaceAliasMap const& GetNamespaceAliases() const noexcept { return m_namespaceAliases; }
     CNamespaceAliasMap& GetNamespaceAliases() noexcept { return m_namespaceAliases; }
 
-    // Attributes written on the root element, ahead of the object's own. Made at first use.
+    // Attributes written on the root element, before the object's own. Made at first use.
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
 
-    // Whole instructions, written in order ahead of the root element.
+    // Whole instructions, written in order before the root element.
     std::list<std::string> const& GetProcessingInstructions() const noexcept {
         return m_processingInstructions;
     }
     std::list<std::string>& GetProcessingInstructions() noexcept { return m_processingInstructions; }
 
-    // Written as it is inside the root's start tag, behind its attributes.
+    // Written unchanged into the root's start tag, after its attributes.
     std::string GetInLineSchema() const;
     void SetInLineSchema(char const* schema);
 
@@ -69,10 +69,10 @@ public:
     bool GetIgnoreUnknownAttributes() const noexcept { return m_ignoreUnknownAttributes; }
     void SetIgnoreUnknownAttributes(bool ignore) noexcept { m_ignoreUnknownAttributes = ignore; }
 
-    // Match by local names alone; always true for SchemaType_NoNamespaces. A JSON read without round trip in
-    // full turns this on for the length of the call, also in a context that is shared: another thread that
-    // reads with the same context meanwhile ignores namespaces, too, and the two may leave it on or off. Give
-    // each thread that reads such JSON a context of its own.
+    // Match by local names alone; always true for SchemaType_NoNamespaces. Reading JSON in another mode than
+    // full round trip turns this on during the call, even in a shared context: another thread that reads with
+    // the same context at that time ignores namespaces too, and the two may leave it on or off. Give each
+    // thread that reads such JSON a context of its own.
     bool GetIgnoreNamespaces() const noexcept {
         return m_ignoreNamespaces || m_schemaType == SchemaType_NoNamespaces;
     }
@@ -81,7 +81,7 @@ public:
     SchemaType GetSchemaType() const noexcept { return m_schemaType; }
     void SetSchemaType(SchemaType type) noexcept { m_schemaType = type; }
 
-    // An optional attribute that equals its default is not written.
+    // Whether an optional attribute that equals its default is left out.
     bool GetNoOptionalAttributeDefaultOutput() const noexcept { return m_noOptionalAttributeDefaultOutput; }
     void SetNoOptionalAttributeDefaultOutput(bool noOutput) noexcept {
         m_noOptionalAttributeDefaultOutput = noOutput;
@@ -91,7 +91,7 @@ public:
     bool GetWriteDefaultElementValues() const noexcept { return m_writeDefaultElementValues; }
     void SetWriteDefaultElementValues(bool write) noexcept { m_writeDefaultElementValues = write; }
 
-    // False keeps the marks of CDATA sections in the texts read. True.
+    // False keeps the CDATA marks in the texts that are read. True at first.
     bool GetStripCDATA() const noexcept { return m_stripCDATA; }
     void SetStripCDATA(bool strip) noexcept { m_stripCDATA = strip; }
 
@@ -112,7 +112,7 @@ public:
     CFastInfosetContext& GetFIContext() const;
 
 private:
-    friend class IgnoredNamespaces; // of a JSON read
+    friend class IgnoredNamespaces; // for reading JSON
 
     OnDemandPart<CJsonContext> m_json;
     OnDemandPart<CFastInfosetContext> m_fastInfoset;
@@ -129,7 +129,7 @@ private:
     bool m_ignoreMissingMandatoryElements = false;
     bool m_ignoreUnknownElements = false;
     bool m_ignoreUnknownAttributes = false;
-    mutable SharedFlag m_ignoreNamespaces = false; // a JSON read changes it for its length
+    mutable SharedFlag m_ignoreNamespaces = false; // reading JSON changes it during the call
     bool m_noOptionalAttributeDefaultOutput = false;
     bool m_writeDefaultElementValues = false;
     bool m_stripCDATA = true;

@@ -1,4 +1,4 @@
-// The JSON reading of the document: JSON text to the bytes of an XML document.
+// JSON text to the bytes of an XML document, for CXmlDocument.
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/json/JsonInput.h"

@@ -8,7 +8,7 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-// All failures of the grammar end with the place.
+// All failures of the grammar end with the position.
 [[noreturn]] void FailAt(JsonPlace const& place, std::string const& what) {
     throw CZvValidationException(what + FormatString(" at line %d, position %d.", place.line, place.position),
                                  place.path);

@@ -36,14 +36,14 @@ struct JsonPlace {
 [[noreturn]] void FailInvalidEscape(char found, JsonPlace const& place);
 [[noreturn]] void FailEndBehindSign(JsonPlace const& place);
 [[noreturn]] void FailEndBehindExponentMark(JsonPlace const& place);
-// Also for an exponent whose sign has another character behind it.
+// Also for an exponent sign that another character follows.
 [[noreturn]] void FailEndBeforeDigit(JsonPlace const& place);
 [[noreturn]] void FailExpectedDigit(char found, JsonPlace const& place);
 // `word`: null, true or false, as the message has it.
 [[noreturn]] void FailEndInWord(char const* word, JsonPlace const& place);
 [[noreturn]] void FailWrongWord(char const* word, JsonPlace const& place);
 
-// The way to XML.
+// Conversion to XML.
 [[noreturn]] void FailEmptyName(std::string const& path);
 [[noreturn]] void FailArrayWithoutName(std::string const& path);
 [[noreturn]] void FailElementName(std::string const& name);

@@ -14,8 +14,8 @@
 
 namespace ZvXmlLib16 {
 
-// Where the JSON has no namespaces there are none to match. The context, which is the caller's, says so as
-// long as this lives.
+// If the JSON has no namespaces there are none to match. The caller's context ignores them while this object
+// lives.
 class IgnoredNamespaces {
 public:
     explicit IgnoredNamespaces(CSerializationContext const& ctx) noexcept
@@ -61,7 +61,7 @@ void CXmlObjectBase::FromJson(char const* text, CSerializationContext const& ctx
 }
 
 void CXmlObjectBase::FromJsonStream(CBinaryData const& data, CSerializationContext const& ctx) {
-    // The slot takes a pointer to bytes that it does not change.
+    // The operation takes a non-const pointer, but does not change the bytes.
     FromJsonStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(), ctx);
 }
 
@@ -71,8 +71,9 @@ void CXmlObjectBase::FromJsonStream(unsigned char* const data, std::uint32_t len
     FromJson_Int(JsonInput::OfBytes(data, length, ctx.GetStrict()).GetText(), ctx);
 }
 
-// A class that reads XML bytes in its own way gets them. For all others the tree is made straight from the
-// JSON where it is the same as that of the XML text, which is made for the message of a failure then.
+// A class that has replaced the reading of XML bytes gets them. For all others the tree is made directly from
+// the JSON where that gives the same tree as the XML text; the text is then made only for the message of a
+// failure.
 void CXmlObjectBase::FromJson_Int(std::string_view json, CSerializationContext const& ctx) {
     CXmlDocument document(ctx);
     if (detail::KeepsReadingOfBytes(*this) && CJsonTreeWriter::Fill(document, json, ctx)) {

@@ -15,7 +15,8 @@ enum JsonRoundTrip : std::int32_t {
     JsonRoundTrip_Full = 2          // also prefixes on names, their declarations, and xsi:type
 };
 
-// The part of a CSerializationContext that its GetJsonContext gives; belongs to one thread like that.
+// Part of a CSerializationContext, returned by its GetJsonContext. Belongs to one thread, as the context
+// does.
 class ZV_API CJsonContext {
 public:
     CJsonContext();
@@ -32,7 +33,7 @@ public:
     std::string GetRootElementName() const;
     void SetRootElementName(char const* name);
 
-    // Reading: whether comments (slash and star) may stand between tokens. True at first.
+    // Reading: whether comments may stand between tokens. True at first.
     bool GetAllowComments() const noexcept { return m_allowComments; }
     // Sets it.
     void GetAllowComments(bool allow) noexcept { m_allowComments = allow; }

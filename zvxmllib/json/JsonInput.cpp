@@ -20,7 +20,7 @@ std::string_view WithoutMark(unsigned char const* data, std::size_t length) {
     return text;
 }
 
-// What is not a complete compressed stream is no failure: it goes on as it is. `room` keeps the rest.
+// Data that is not a complete compressed stream is passed on unchanged. `room` holds everything else.
 std::string_view Utf8Of(unsigned char const* data, std::size_t length, CBinaryData& room, bool strict) {
     if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), room, strict))
         return WithoutMark(room.GetData(), room.GetLength());

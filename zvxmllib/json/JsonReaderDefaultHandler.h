@@ -1,4 +1,4 @@
-// CJsonReaderDefaultHandler, the front of the handler chain: knows where in the text the parse stands.
+// CJsonReaderDefaultHandler, the front of the handler chain, which knows the current place in the text.
 #pragma once
 
 #include "zvxmllib/json/JsonReaderHandler.h"
@@ -57,7 +57,7 @@ private:
     std::vector<StackItem> m_stack;
     std::string m_names;
     std::unique_ptr<IJsonReaderHandler> m_next;
-    bool m_isTraced = false; // settled once for the document
+    bool m_isTraced = false; // decided once for the document
 };
 
 } // namespace ZvXmlLib16

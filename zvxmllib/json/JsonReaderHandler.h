@@ -1,4 +1,4 @@
-// What the JSON parser tells: its events, and where in the text a failure arose.
+// The events of the JSON parser, and where in the text a failure arose.
 #pragma once
 
 #include "zvxmllib/foundation/InstanceMonitor.h"
@@ -7,8 +7,8 @@
 
 namespace ZvXmlLib16 {
 
-// Receives the events of one parse in the order of the text. Strings are local text without NULs, and belong
-// to the parser; they are valid during the call.
+// Receives the events of one parse in the order of the text. Strings are local text without NULs; they belong
+// to the parser and are valid during the call only.
 class IJsonReaderHandler : public CInstanceMonitor {
 public:
     IJsonReaderHandler();
@@ -21,7 +21,7 @@ public:
     // The value of this member comes next.
     virtual void OnName(std::string const& name) = 0;
     virtual void OnString(std::string const& value) = 0;
-    // The number as it stands in the text.
+    // The number, unparsed.
     virtual void OnNumber(std::string const& text) = 0;
     virtual void StartObject() = 0;
     virtual void EndObject() = 0;
@@ -33,7 +33,7 @@ public:
 
 class IErrorPathProvider {
 public:
-    // The open members from the inside out, each with a point before it; arrays are not in it.
+    // The open members, innermost first, each preceded by a dot; arrays are left out.
     virtual std::string GetErrorPath() const = 0;
 
 protected:

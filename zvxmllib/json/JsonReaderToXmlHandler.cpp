@@ -55,22 +55,22 @@ void CJsonReaderToXmlHandler::OnBool(bool value) {
     WriteValue(value ? kTrue : kFalse);
 }
 
-// An empty element; of an attribute, nothing.
+// Writes an empty element; for an attribute, nothing.
 void CJsonReaderToXmlHandler::OnNull() {
     StartArrayItemIfDue();
     WriteDueElementStart();
     EndItem();
 }
 
-// An object behind a name belongs to the element that the name has started; each further one of an array
-// starts an element of the array's name.
+// An object after a name belongs to the element that the name has started; each further object of an array
+// starts an element with the array's name.
 void CJsonReaderToXmlHandler::StartObject() {
     if (m_strCurrentName.empty() && !m_arrayStack.empty())
         StartElement(m_arrayStack.back());
     WriteDueElementStart();
 }
 
-// A root that was given a name and has no value is due still.
+// A root with a given name and no value is still due.
 void CJsonReaderToXmlHandler::EndObject() {
     WriteDueElementStart();
     if (!m_bTextMember)
@@ -91,9 +91,9 @@ void CJsonReaderToXmlHandler::EndArray() {
         DropEmptyArray();
 }
 
-// The first item of an array is the element that the name has started, so an array without items leaves
-// nothing, whatever the name stood for. Only the root is written all the same, empty. Inside an array it is
-// not even an item: the name waits for the next one.
+// The first item of an array is the element that the name has started, so an empty array writes nothing,
+// whatever the name stood for. Only the root is written anyway, empty. Inside an array an empty one is not an
+// item: the name waits for the next.
 void CJsonReaderToXmlHandler::DropEmptyArray() {
     bool const isText = !m_isStartDue && !m_bInAttribute;
     m_bInAttribute = false;
@@ -109,7 +109,7 @@ void CJsonReaderToXmlHandler::DropEmptyArray() {
     m_strCurrentName.clear();
 }
 
-// The start itself is written when it is certain that the element has an item.
+// The start tag is written once it is certain that the element has an item.
 void CJsonReaderToXmlHandler::StartElement(std::string const& name) {
     m_bInAttribute = false;
     m_strCurrentName = name;

@@ -1,4 +1,4 @@
-// CJsonReaderToXmlHandler, the way from the events of the JSON parser to XML text.
+// CJsonReaderToXmlHandler, which turns the events of the JSON parser into XML text.
 #pragma once
 
 #include "zvxmllib/foundation/Forward.h"
@@ -11,13 +11,12 @@
 
 namespace ZvXmlLib16 {
 
-// The reverse of the mapping by which CJsonTextWriter writes, except that it takes more. What the writer
-// refuses becomes a CZvInvalidStateException, and what the mapping has no place for a
-// CZvValidationException.
+// The reverse of the mapping of CJsonTextWriter, but it accepts more. What the writer refuses becomes a
+// CZvInvalidStateException, what the mapping has no place for a CZvValidationException.
 class CJsonReaderToXmlHandler : public IJsonReaderHandler {
 public:
     // `writer` and `errorPath` are borrowed and outlive the handler. In JsonRoundTrip_None no name has a
-    // meaning of its own.
+    // special meaning.
     CJsonReaderToXmlHandler(CXmlWriter& writer, JsonRoundTrip roundTrip, IErrorPathProvider const& errorPath);
     ~CJsonReaderToXmlHandler() override;
 
@@ -48,9 +47,9 @@ private:
     std::vector<std::string> m_arrayStack; // the names of the open arrays
     std::string m_strCurrentName;          // the last name that no value has used up; empty for none
     bool m_bInAttribute = false;           // the coming value is that of the attribute m_strCurrentName
-    bool m_bTextMember = false;            // the current object's text was seen, which has ended its element
+    bool m_bTextMember = false;            // the text of the current object was seen, and ended its element
     bool m_isStartDue = false;             // the element m_strCurrentName is open here, but not yet written
-    std::size_t m_emptyArrays = 0;         // begun inside each other behind the last name, without an item
+    std::size_t m_emptyArrays = 0;         // nested arrays begun after the last name, without an item yet
 };
 
 } // namespace ZvXmlLib16

@@ -101,7 +101,7 @@ bool CJsonTextReader::ReadSignificant() noexcept {
     return true;
 }
 
-// True if the current slash began a comment, which is behind us then.
+// True if the current slash began a comment, which has then been skipped.
 bool CJsonTextReader::SkipComment() noexcept {
     if (m_next == m_end)
         return false;
@@ -116,7 +116,7 @@ bool CJsonTextReader::SkipComment() noexcept {
     return true;
 }
 
-// The opening star is not the first half of the end.
+// The opening star does not count as the start of the end.
 void CJsonTextReader::SkipBlockComment() noexcept {
     while (ReadByte()) {
         if (m_current == '*' && m_next != m_end && *m_next == '/') {
@@ -249,7 +249,7 @@ void CJsonTextReader::ParseString() {
             break;
         if (m_current == '\\') {
             ParseEscape();
-        } else { // behind a line feed, or a NUL
+        } else { // after a line feed, or a NUL
             AppendCharacters();
             m_hasNul = m_hasNul || m_current == '\0';
             m_token += m_current;
@@ -301,7 +301,7 @@ void CJsonTextReader::ParseCharacterCode() {
     for (char const& character : digits) {
         unsigned const digit = HexDigit(character);
         if (digit == kNoDigit) {
-            m_next = &character + 1; // the place of this one
+            m_next = &character + 1; // the position of this one
             FailInvalidEscape(character, Place());
         }
         code = code * 16 + digit;
@@ -310,8 +310,8 @@ void CJsonTextReader::ParseCharacterCode() {
     m_characters += static_cast<char16_t>(code);
 }
 
-// Collected, since a character beyond U+FFFF takes two escapes. A surrogate without its other half is
-// replaced as the local encoding replaces what it cannot express.
+// Collected, since a character beyond U+FFFF takes two escapes. A lone surrogate is replaced like a character
+// that the local encoding lacks.
 void CJsonTextReader::AppendCharacters() {
     if (m_characters.empty())
         return;

@@ -16,9 +16,9 @@ namespace ZvXmlLib16 {
 struct JsonPlace;
 
 // Sends the events of a JSON text (RFC 8259) to a chain of handlers, without keeping any of it. Comments may
-// stand between tokens, control characters in strings pass as they are, except that line feeds are dropped
-// everywhere, and what follows the first value is not looked at. Throws CZvValidationException with the line
-// and position of what is no JSON, and the path of the members that are open there. Belongs to one thread.
+// stand between tokens, control characters are allowed in strings, line feeds are dropped everywhere, and
+// anything after the first value is ignored. Throws CZvValidationException with the line and position of a
+// syntax error and the path of the open members. Belongs to one thread.
 class CJsonTextReader : public CInstanceMonitor {
 public:
     // `text` is local text, borrowed, and outlives the reader.
@@ -32,20 +32,19 @@ public:
     IErrorPathProvider const& GetErrorPathProvider() const noexcept { return m_handler; }
     // True at first.
     void SetAllowComments(bool allow) noexcept { m_allowComments = allow; }
-    // The text is the value of a member of this name then; empty at first, for a text that names its root.
+    // The text is then the value of a member of this name. Empty at first, for a text that names its root.
     void SetRootElementName(std::string name) { m_rootElementName = std::move(name); }
 
-    // Once for each reader. What a handler throws passes through.
+    // Call it once for each reader. Exceptions of handlers pass through.
     void Parse();
 
-    // The XML document that the JSON text stands for, by the context's JSON options: UTF-8, with its
-    // declaration.
+    // Converts the JSON text to an XML document by the context's JSON options: UTF-8, with a declaration.
     static CBinaryData ConvertToXml(std::string_view json, CSerializationContext const& ctx);
     // The same into a writer, from the root to its Close.
     static void Convert(std::string_view json, CSerializationContext const& ctx, CXmlWriter& writer);
 
 private:
-    // The next byte that is no line feed becomes the current character. False at the end of the text.
+    // The next byte that is not a line feed becomes the current character. False at the end of the text.
     bool ReadByte() noexcept {
         while (m_next != m_end) {
             char const byte = *m_next++;
@@ -58,11 +57,11 @@ private:
         m_isAtEnd = true;
         return false;
     }
-    // The same past white space and comments.
+    // The same, skipping white space and comments.
     bool ReadSignificant() noexcept;
     bool SkipComment() noexcept;
     void SkipBlockComment() noexcept;
-    // The next `count` bytes, line feeds included. False if there are fewer, which are read all the same.
+    // The next `count` bytes, line feeds included. False if there are fewer; these are read anyway.
     bool ReadBlock(std::size_t count, std::string_view& block) noexcept;
     void CountLine() noexcept {
         ++m_line;

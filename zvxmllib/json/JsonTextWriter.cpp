@@ -15,7 +15,7 @@ constexpr std::int32_t kRootDepth = 1; // the braces of the document stand at de
 constexpr std::string_view kAttributeMark = "@";
 constexpr std::string_view kTextName = "#text";
 
-// The escapes of the format are a letter behind a backslash, or this one: all four digits.
+// An escape of the format is the letter after the backslash, or this value: four hexadecimal digits.
 constexpr unsigned char kHexadecimal = CTextWriter::kFirstOfFormat;
 
 constexpr CTextWriter::EscapeTable MakeEscapeTable() {
@@ -35,7 +35,7 @@ constexpr CTextWriter::EscapeTable MakeEscapeTable() {
 
 constexpr CTextWriter::EscapeTable kEscapeTable = MakeEscapeTable();
 
-// Types whose lexical forms are those of JSON, or close to them: NaN and INF are not.
+// Types whose lexical forms are those of JSON, except NaN and INF.
 constexpr bool StandsBare(ItemType type) {
     return (type >= ItemType_i1 && type <= ItemType_r8) ||
            (type >= ItemType_boolean && type <= ItemType_integer);
@@ -59,7 +59,7 @@ void CJsonTextWriter::WriteDocumentEnd() {
     m_sink->Append('}');
 }
 
-// Comments are no JSON; the reader takes them all the same.
+// Comments are not JSON, but the reader accepts them.
 void CJsonTextWriter::WriteComment(std::string const& text) {
     m_sink->Append("/* ", 3);
     AppendEscaped(text);
@@ -143,7 +143,7 @@ void CJsonTextWriter::WriteTypeAttribute(std::string const& ns, std::string cons
         CTextWriter::WriteTypeAttribute(ns, typeName, type);
 }
 
-// An element without a value is null in any case.
+// An element without a value becomes null anyway.
 void CJsonTextWriter::WriteNilAttribute() {}
 
 // An object takes attributes at any time.
@@ -152,7 +152,7 @@ void CJsonTextWriter::RequireOpenStartTag() const {
         FailAttributeAfterContent();
 }
 
-// Bound collections can be written by themselves, and have more than one root then.
+// A bound collection can be written on its own, and then has more than one root.
 void CJsonTextWriter::BeginRoot() {
     if (m_hasRoot) {
         m_sink->Append(',');
@@ -164,7 +164,7 @@ void CJsonTextWriter::BeginRoot() {
     PushContext().m_depth = kRootDepth;
 }
 
-// What stands ahead of a member of the current element.
+// Writes what precedes a member of the current element.
 void CJsonTextWriter::BeginMember() {
     if (m_bObjectPending) {
         if (m_hasScalar)
@@ -178,7 +178,7 @@ void CJsonTextWriter::BeginMember() {
     AppendBreak(m_pContext->m_depth + 1);
 }
 
-// The first item of a collection that turns out to be an object makes an array of it.
+// The first item that turns out to be an object makes an array of the collection.
 void CJsonTextWriter::OpenArrayIfDue() {
     CXmlWriterContext* const parent = m_pContext->m_parent;
     if (parent == nullptr || parent->m_collectionState != CollectionState_Announced)
@@ -255,7 +255,7 @@ void CJsonTextWriter::AppendScalar(std::string const& text, ItemType type) {
     m_sink->Append('"');
 }
 
-// A line feed becomes a real end of line, which other readers of JSON refuse.
+// A line feed becomes a real line end, which other JSON readers refuse.
 void CJsonTextWriter::AppendEscaped(std::string const& text) {
     constexpr char kDigits[] = "0123456789ABCDEF";
     CTextWriter::AppendEscaped(text.c_str(), kEscapeTable, m_eol,

@@ -11,8 +11,8 @@
 namespace ZvXmlLib16 {
 
 // Writes one JSON object with the root element as its member into a text sink. An element is a member of its
-// parent: a scalar if it holds text alone, null if it holds nothing, else an object of its attributes, child
-// elements and text. Prefixes come from the aliases given; only the root may have one made up.
+// parent: a scalar if it holds only text, null if it is empty, else an object of its attributes, child
+// elements and text. Prefixes come from the given aliases; only the root may get a generated one.
 class CJsonTextWriter : public CTextWriter {
 public:
     // `sink` is borrowed and outlives the writer.
@@ -30,11 +30,11 @@ public:
     void WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) override;
     void WriteNilAttribute() override;
 
-    // The braces around the root; behind Open and the options, and ahead of Close.
+    // Write the braces around the root: after Open and the options, and before Close.
     void WriteDocumentStart();
     void WriteDocumentEnd();
 
-    // To be set before the root element. JsonRoundTrip_Full at first.
+    // Set it before the root element. JsonRoundTrip_Full at first.
     JsonRoundTrip GetRoundTrip() const noexcept { return m_roundTrip; }
     void SetRoundTrip(JsonRoundTrip roundTrip) noexcept { m_roundTrip = roundTrip; }
 
@@ -61,10 +61,10 @@ private:
     JsonRoundTrip m_roundTrip = JsonRoundTrip_Full;
     // The name of the current element is written, but no brace yet: nothing has shown that it is an object.
     bool m_bObjectPending = false;
-    bool m_hasScalar = false; // while that is so: its text is written
+    bool m_hasScalar = false; // in that state: its text is written
     bool m_hasRoot = false;   // a root element was begun
 
-    std::int32_t m_openArrays = 0; // each of them moves all that is open one indent to the right
+    std::int32_t m_openArrays = 0; // each adds one indent to everything open
 };
 
 } // namespace ZvXmlLib16

@@ -18,20 +18,20 @@ namespace {
 constexpr char kXmlnsNamespace[] = "http://www.w3.org/2000/xmlns/";
 constexpr std::string_view kDeclaration = "xmlns";
 constexpr std::string_view kCDataStart = "<![CDATA[";
-constexpr std::size_t kMostAttributes = 64; // they are compared with each other
+constexpr std::size_t kMostAttributes = 64; // each is compared with all others
 
 CInstanceMonitor::Registration s_registration("CJsonTreeWriter");
 
-// The document has to go by way of XML text. No failure: it never leaves Fill.
+// The document must go through XML text. Not a failure: it never leaves Fill.
 struct NotPlain {};
 
-// What the parser has to say to a byte of a text.
+// How the parser treats a byte of a text.
 enum ByteKind : unsigned char { kPlain = 0, kBeyondAscii = 1, kTab = 2, kRefused = 4 };
 
 constexpr std::array<unsigned char, 256> MakeByteKinds() {
     std::array<unsigned char, 256> kinds{};
     for (std::size_t byte = 0; byte < 0x20; ++byte)
-        kinds[byte] = kRefused; // a carriage return, too: it is dropped in one place and not in another
+        kinds[byte] = kRefused; // carriage returns too: they are dropped in some places only
     for (std::size_t byte = 0x80; byte < 0x100; ++byte)
         kinds[byte] = kBeyondAscii;
     kinds['\n'] = kPlain;
@@ -79,7 +79,7 @@ bool IsDeclaration(std::string_view name) {
 } // namespace
 
 bool CJsonTreeWriter::Fill(CXmlDocument& document, std::string_view json, CSerializationContext const& ctx) {
-    // A listener hears every event once, and here they may come a second time.
+    // A listener must hear every event once, and here events may come twice.
     if (!IsLocalTextUtf8() || ctx.GetSchemaType() == SchemaType_NoNamespaces || IsDebugTraceEnabled())
         return false;
     document.MakeTree();
@@ -180,7 +180,7 @@ void CJsonTreeWriter::WriteAttribute(std::string const& name, std::string const&
         AddAttribute(name, value);
 }
 
-// The declarations of a start tag hold for its own names.
+// The declarations of a start tag apply to its own names.
 void CJsonTreeWriter::FinishRootStart() {
     if (!m_isRootDue)
         return;

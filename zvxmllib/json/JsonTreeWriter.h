@@ -1,4 +1,4 @@
-// CJsonTreeWriter, the short way of JSON into the parsed tree: without the XML text in between.
+// CJsonTreeWriter, which builds the parsed tree from JSON without XML text in between.
 #pragma once
 
 #include "zvxmllib/document/XmlDocument.h"
@@ -17,13 +17,14 @@ namespace ZvXmlLib16 {
 
 struct XmlName;
 
-// Takes the calls of which CXmlTextWriter makes formatted XML text, and builds the very tree that the parser
-// makes of that text, white space included. What needs the parser's judgement it does not take at all: names
-// beyond ASCII, declarations below the root, control characters, CDATA sections, all that is ill-formed.
+// Takes the calls from which CXmlTextWriter would make formatted XML text, and builds exactly the tree that
+// the parser would make of that text, white space included. It leaves what needs the parser's judgement to
+// the parser: names beyond ASCII, declarations below the root, control characters, CDATA sections, anything
+// ill-formed.
 class CJsonTreeWriter final : public CXmlWriter {
 public:
-    // Fills `document` by the context's JSON options. False, with nothing in it, if the text has to go by way
-    // of XML text. Throws what that way throws for what is no JSON.
+    // Fills `document` by the context's JSON options. Returns false and leaves it empty if the text must go
+    // through XML text. Throws the same as that way for invalid JSON.
     static bool Fill(CXmlDocument& document, std::string_view json, CSerializationContext const& ctx);
 
     void Close() override;
@@ -39,7 +40,7 @@ public:
     void WriteNilAttribute() override;
 
 private:
-    // Names as they stand in the JSON, with what they mean; documents repeat themselves.
+    // The names of the JSON with their meaning, cached because documents repeat them.
     class Names {
     public:
         struct Entry {
@@ -47,7 +48,7 @@ private:
             XmlName const* name;
             Entry* likelyNext; // the one that followed last time, null at first
         };
-        // Null for a name that is not known yet.
+        // Null for an unknown name.
         XmlName const* Find(std::string const& text);
         XmlName const* Add(std::string const& text, XmlName const* name);
 
@@ -70,7 +71,7 @@ private:
     void Declare(std::string const& attributeName, std::string const& uri);
     void AddAttribute(std::string const& name, std::string const& value);
     XmlName const* NameOf(Names& names, std::string const& text, bool isAttribute);
-    // The end of a line if one is due, and the indent of this depth, as text of the current element.
+    // Adds a due line end and the indent of this depth to the text of the current element.
     void AppendBreak(bool isDue, std::size_t depth);
 
     CXmlDocument& m_doc;

@@ -12,7 +12,7 @@
 
 namespace ZvXmlLib16 {
 
-// Writing leaves the object as it is, but the slot that names the target namespace is not const.
+// Writing does not change the object, but GetTargetNamespace is not const.
 void CXmlObjectBase::WriteJsonText(CTextStream& sink, bool formatted, EOLType eol,
                                    CSerializationContext const& ctx) const {
     CJsonTextWriter writer(&sink);
@@ -47,7 +47,7 @@ void CXmlObjectBase::ToJsonFile(char const* fileName, bool formatted, XmlEncodin
                                 CSerializationContext const& ctx, CompressionType compression) const {
     if (compression == CompressionType_ZLib)
         FailZLibForFiles();
-    // Neither way writes a byte order mark, whatever the encoding: a JSON file has none.
+    // Neither way writes a byte order mark, whatever the encoding: JSON files have none.
     if (compression == CompressionType_None && IsAsyncToXmlFile()) {
         detail::CheckGeneratorVersion();
         CFileTextStream sink(fileName, encoding, false);

@@ -6,8 +6,7 @@
 namespace ZvXmlLib16 {
 
 // With true, ToXmlFile and ToJsonFile without compression write the file while the text is being made, so
-// that no more than a few kilobytes of it are in memory; a failure leaves the part that was written. False at
-// first.
+// that only a few kilobytes of it are in memory; a failure leaves what was written. False at first.
 ZV_API void AsyncToXmlFile(bool async) noexcept;
 
 // With true, loading a file parses one chunk of it while the next is being read, so that a document of any
@@ -15,7 +14,7 @@ ZV_API void AsyncToXmlFile(bool async) noexcept;
 // ones and Fast Infoset are not recognised, and after a failure the document is empty. False at first.
 ZV_API void AsyncFromXmlFile(bool async) noexcept;
 
-// Both are read when an operation starts, and may be set by any thread.
+// Both take effect when an operation starts, and may be set by any thread.
 ZV_API bool IsAsyncToXmlFile() noexcept;
 ZV_API bool IsAsyncFromXmlFile() noexcept;
 

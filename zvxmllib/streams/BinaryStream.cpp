@@ -21,7 +21,7 @@ CBinaryStream::CBinaryStream(Registration& registration, CBinaryData const& data
 CBinaryStream::~CBinaryStream() = default;
 
 void CBinaryStream::Append(CBinaryData const& data) {
-    // It may be a handle on the bytes of this stream.
+    // `data` may share the bytes of this stream.
     CBinaryData const kept(data); // NOLINT(performance-unnecessary-copy-initialization)
     Append(kept.GetData(), kept.GetLength());
 }

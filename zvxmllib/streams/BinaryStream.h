@@ -40,10 +40,10 @@ protected:
 
 private:
     void MakeRoom(std::uint32_t least);
-    // What was written into the room belongs to the data then, and there is no room.
+    // What was written into the room becomes part of the data, and no room is left.
     void GiveUpRoom() const noexcept;
 
-    // The room lies behind the data, which it is a part of before anybody sees it.
+    // The room follows the data, and becomes part of it before anybody sees it.
     mutable CBinaryData m_data;
     mutable unsigned char* m_room = nullptr;
     mutable unsigned char* m_next = nullptr;

@@ -1,4 +1,4 @@
-// The mark at the head of files of 16-bit text. Header only.
+// The mark at the start of files of 16-bit text. Header only.
 #pragma once
 
 #include "zvxmllib/foundation/Enumerations.h"

@@ -9,18 +9,17 @@
 
 namespace ZvXmlLib16 {
 
-// Collects bytes in memory; the file is touched by WriteToFile alone.
+// Collects bytes in memory; only WriteToFile touches the file.
 class CFileBinaryStream : public CBinaryStream {
 public:
-    // With a 16-bit encoding the file begins with a byte order mark. The bytes are already encoded, and
-    // bytes that are not text of that encoding (compressed ones) take XmlEncoding_None. A null name is an
-    // empty one.
+    // With a 16-bit encoding the file begins with a byte order mark. The bytes are already encoded; pass
+    // XmlEncoding_None for bytes that are not text (compressed ones). A null name counts as empty.
     CFileBinaryStream(char const* fileName, XmlEncoding encoding);
     CFileBinaryStream(char const* fileName, XmlEncoding encoding, CBinaryData const& data);
     ~CFileBinaryStream() override;
 
     // Creates the file, or overwrites or replaces an existing one. Throws CZvException with the system's
-    // error number; after a failed overwriting, what was written stays.
+    // error number; after a failed overwrite, what was written stays.
     void WriteToFile(platform::FileMode mode = platform::FileMode::kOverwrite);
 
 private:

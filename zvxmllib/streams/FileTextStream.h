@@ -10,21 +10,21 @@
 
 namespace ZvXmlLib16 {
 
-// Open creates the file or empties an existing one, each Flush sends what has been appended while the writer
-// makes the next portion, and Close completes the file. A sink that is not closed leaves a file that ends
-// early, or, where it was to replace one, no file. All three throw CZvException with the system's error
-// number; after that the file is closed and the sink is good for nothing but destruction.
+// Open creates the file or empties an existing one, each Flush writes what has been appended while the writer
+// makes the next portion, and Close completes the file. A sink that is not closed leaves a truncated file, or
+// no file if it was to replace one. All three throw CZvException with the system's error number; after that
+// the file is closed and the sink can only be destroyed.
 class CFileTextStream : public CTextStream {
 public:
-    // With `writesMark`, text of a 16-bit encoding begins with a byte order mark. A null name is an empty
-    // one.
+    // With `writesMark`, text of a 16-bit encoding begins with a byte order mark. A null name counts as
+    // empty.
     CFileTextStream(char const* fileName, XmlEncoding encoding, bool writesMark = true,
                     platform::FileMode mode = platform::FileMode::kOverwrite);
     ~CFileTextStream() override;
 
     void Open() override;
     void Close() override;
-    // Does nothing, and waits for nothing, with nothing to send.
+    // Returns at once if there is nothing to write.
     void Flush() override;
 
 private:
@@ -33,7 +33,7 @@ private:
     std::string m_fileName;
     bool m_writesMark;
     platform::FileMode m_mode;
-    std::uint64_t m_filePos = 0; // of the write in flight; behind its end once that has been waited for
+    std::uint64_t m_filePos = 0; // of the write in flight; its end once that is complete
     CBinaryData m_pendingData;   // what is being written; outlives the file
     platform::OverlappedFile m_file;
 };

@@ -1,4 +1,4 @@
-// CStringBuffer, the text accumulator: appends without moving what is there.
+// CStringBuffer, a text accumulator that appends without moving what it holds.
 #include "zvxmllib/streams/StringBuffer.h"
 
 #include "zvxmllib/foundation/Assert.h"
@@ -63,7 +63,7 @@ void CStringBuffer::AppendAcrossBlocks(char const* text, std::size_t length) {
     }
 }
 
-// The capacities of all blocks together never pass the greatest length, so filling a block needs no test.
+// All blocks together never exceed the greatest length, so filling a block needs no test.
 void CStringBuffer::AddBlock(std::size_t wanted) {
     ZV_ASSERT(m_LastBlock_SizeOf == m_LastBlock_DataIn);
     std::size_t capacity = m_blockSize;

@@ -1,4 +1,4 @@
-// CStringBuffer, the text accumulator: appends without moving what is there.
+// CStringBuffer, a text accumulator that appends without moving what it holds.
 #pragma once
 
 #include "zvxmllib/foundation/InstanceMonitor.h"
@@ -12,7 +12,7 @@
 
 namespace ZvXmlLib16 {
 
-// A list of blocks of text. Belongs to one thread. More than 4 GiB of text is std::bad_alloc.
+// A list of blocks of text. Belongs to one thread. More than 4 GiB of text throws std::bad_alloc.
 class CStringBuffer : public CInstanceMonitor {
 public:
     CStringBuffer();
@@ -24,7 +24,7 @@ public:
 
     // Frees all blocks.
     void Clear();
-    // Empties the buffer; keeps the block if there is exactly one.
+    // Empties the buffer; a single block is kept.
     void Reset();
 
     // Up to the first NUL.
@@ -72,7 +72,7 @@ private:
 
     std::vector<Block> m_blocks; // all but the last are full
     std::size_t m_blockSize;
-    bool m_blocksGrow; // with the text, so that a large one has few blocks
+    bool m_blocksGrow; // as the text does, so that a large one has few blocks
     std::size_t m_LastBlock_DataIn = 0;
     std::size_t m_LastBlock_SizeOf = 0;
     char* m_lastBlock = nullptr;

@@ -16,8 +16,8 @@ namespace {
 
 CInstanceMonitor::Registration textStreamRegistration("CTextStream");
 
-// Local text that is UTF-8 goes from the blocks straight into the result. The test of the bytes comes
-// behind the copy, where no character is divided between two blocks. Text ends at a NUL.
+// Local text that is UTF-8 goes from the blocks straight into the result. The bytes are tested after copying,
+// where no character is split between two blocks. Text ends at a NUL.
 CBinaryData JoinUtf8(CStringBuffer const& buffer) {
     std::size_t const length = buffer.GetLength();
     if (length == 0)
@@ -50,7 +50,7 @@ void CTextStream::Open() {
     m_buffer.Reset();
 }
 
-// Nothing to do in memory; they exist so that a writer can treat all text sinks alike.
+// Nothing to do in memory. They let a writer treat all text sinks alike.
 void CTextStream::Close() {}
 
 void CTextStream::Flush() {}

@@ -24,7 +24,7 @@ public:
     void Append(std::string const& text) { m_buffer.Append(text); }
     void Append(char const* text, std::size_t length) { m_buffer.Append(text, length); }
 
-    // Characters held.
+    // The number of characters held.
     std::size_t GetLength() const noexcept { return m_buffer.GetLength(); }
     XmlEncoding GetEncoding() const noexcept { return m_encoding; }
     // The whole text, owned by the sink and valid until the next change.

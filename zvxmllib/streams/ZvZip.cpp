@@ -22,7 +22,7 @@ constexpr int kLevel = Z_BEST_SPEED;
 constexpr int kMemoryLevel = 8;
 constexpr int kZlibWindow = 15;               // 32 KiB, wrapped as zlib
 constexpr int kGzipWindow = kZlibWindow + 16; // the same, wrapped as gzip
-constexpr int kAnyWindow = kZlibWindow + 32;  // told by the header
+constexpr int kAnyWindow = kZlibWindow + 32;  // the header decides
 constexpr std::uint32_t kPiece = 0x10000;
 
 CInstanceMonitor::Registration zipRegistration("CZvZip");
@@ -33,7 +33,7 @@ public:
     explicit Stream(int (*end)(z_streamp)) noexcept : m_end(end) {}
     Stream(Stream const&) = delete;
     Stream& operator=(Stream const&) = delete;
-    ~Stream() { m_end(&m_stream); } // harmless where the start has failed
+    ~Stream() { m_end(&m_stream); } // harmless if the start failed
 
     z_stream* operator->() noexcept { return &m_stream; }
     z_stream* Get() noexcept { return &m_stream; }

@@ -24,17 +24,17 @@ public:
     // The same; empty data stays empty, and after a failure the data is empty.
     static void Compress(CBinaryData& data, CompressionType type, bool strict = false);
 
-    // Replaces one complete gzip (RFC 1952) or zlib (RFC 1950) stream by its content; what follows it is
-    // ignored. Anything else is left as it is. Throws CZvException for content beyond the process's limit.
+    // Replaces one complete gzip (RFC 1952) or zlib (RFC 1950) stream by its content; anything after it is
+    // ignored. Other data is left unchanged. Throws CZvException for content beyond the limit of the process.
     static void Decompress(unsigned char*& data, std::uint32_t& length);
 
-    // The same on borrowed bytes: true, with the content in `result`, if they are such a stream; otherwise
-    // `result` is unchanged. Cheap on data that is not compressed. Strict: all members of a gzip file are
-    // joined, and what begins as gzip, or as zlib with its usual window, throws CZvException where it is cut,
-    // damaged or has something behind.
+    // The same on borrowed bytes: returns true and stores the content in `result` if they are such a stream;
+    // otherwise `result` is unchanged. Cheap on data that is not compressed. Strict: all members of a gzip
+    // file are joined, and what begins as gzip, or as zlib with its usual window, throws CZvException where
+    // it is cut, damaged or has something behind.
     static bool TryDecompress(unsigned char const* data, std::uint32_t length, CBinaryData& result,
                               bool strict = false);
-    // The same for the first 64 KiB of the content, without a look at what comes behind them.
+    // The same for the first 64 KiB of the content; the rest is not examined.
     static bool TryDecompressStart(unsigned char const* data, std::uint32_t length, CBinaryData& result);
 };
 

@@ -1,4 +1,4 @@
-// CTextWriter, what the writers of text formats share.
+// CTextWriter, the common base of the writers of text formats.
 #include "zvxmllib/writers/TextWriter.h"
 
 #include "zvxmllib/context/SerializationContext.h"
@@ -17,7 +17,7 @@ void CTextWriter::Open() {
     m_sink->Open();
 }
 
-// The sink is closed first, so that a document that is not complete gives its file back, too.
+// The sink is closed first, so that the file is released even if the document is incomplete.
 void CTextWriter::Close() {
     m_sink->Close();
     CXmlWriter::Close();

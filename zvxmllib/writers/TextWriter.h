@@ -1,4 +1,4 @@
-// CTextWriter, what the writers of text formats share.
+// CTextWriter, the common base of the writers of text formats.
 #pragma once
 
 #include "zvxmllib/foundation/Forward.h"
@@ -13,12 +13,12 @@
 
 namespace ZvXmlLib16 {
 
-// Writes into a text sink: line ends, indentation, escapes, and the attributes xsi:type and xsi:nil. What an
-// element looks like is the format's.
+// Writes into a text sink: line ends, indentation, escapes, and the attributes xsi:type and xsi:nil. The
+// formats decide how an element looks.
 class CTextWriter : public CXmlWriter {
 public:
-    // What a byte needs in escaped text; what lies above these is the format's. The end of the text is a byte
-    // like any other.
+    // What a byte needs in escaped text; each format adds values above these. The end of the text is treated
+    // like a byte.
     enum : unsigned char { kPlain, kEndOfText, kLineFeed, kDropped, kFirstOfFormat };
     using EscapeTable = std::array<unsigned char, 256>;
 
@@ -29,10 +29,10 @@ public:
     void WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) override;
     void WriteNilAttribute() override;
 
-    // Opens the writer, with the options below as an entry point has them.
+    // Opens the writer with the options of an entry point, which are those below.
     void Begin(bool formatted, EOLType eol, CSerializationContext const& ctx);
 
-    // To be set before the root element. True at first.
+    // Set it before the root element. True at first.
     bool GetFormatted() const noexcept { return m_formatted; }
     void SetFormatted(bool formatted) noexcept { m_formatted = formatted; }
     // EOLType_LF at first. Throws CZvException for a value out of range.
@@ -46,18 +46,17 @@ protected:
     // `sink` is borrowed and outlives the writer.
     CTextWriter(Registration& registration, CTextStream* sink);
 
-    // Throws where the current element takes no attribute, or none is open.
+    // Throws if the current element can take no attribute, or none is open.
     virtual void RequireOpenStartTag() const = 0;
     // The alias by which xsi:type may name a type of `ns`. Valid until the context changes.
     virtual std::string const& AliasForType(std::string const& ns) = 0;
-    // The declaration of an alias as a part of the start of an element; of an empty alias that of the default
-    // namespace.
+    // Declares an alias as part of the start of an element; an empty alias declares the default namespace.
     virtual void AppendDeclaration(std::string_view alias, std::string const& ns) = 0;
 
-    // What is known before the root. An alias made for the root itself is only in its own scope.
+    // The aliases known before the root. One generated for the root is in the root's scope only.
     void AppendRootDeclarations();
     void AppendEndOfLine() { m_sink->Append(m_eol.data(), m_eol.size()); }
-    // If formatted: the indent of this depth, and an end of line with the indent behind it.
+    // If formatted: the indent of this depth, and a line end followed by that indent.
     void AppendIndent(std::int32_t depth) {
         if (m_formatted && depth != 0) {
             std::size_t const eolLength = m_eol.size();
@@ -72,8 +71,8 @@ protected:
         }
     }
     // Appends runs of plain bytes at once, `lineFeed` for a line feed, and calls `appendOther(byte, escape)`
-    // with the byte's place where the format has an escape. Bytes are looked at one by one, since every byte
-    // of a multi-byte character is above 127.
+    // with the position of a byte for which the format has an escape. Bytes can be examined one by one, since
+    // every byte of a multi-byte character is above 127.
     template <class AppendOther>
     void AppendEscaped(char const* text, EscapeTable const& table, std::string_view lineFeed,
                        AppendOther appendOther);
@@ -100,7 +99,7 @@ private:
 
     EOLType m_eolType = EOLType_LF;
     std::string m_indent{"\t"};
-    std::string m_lineBreak; // m_eol, then m_indent as many times as the greatest depth so far
+    std::string m_lineBreak; // m_eol, then one m_indent for each level of the greatest depth so far
 };
 
 template <class AppendOther>

@@ -1,4 +1,4 @@
-// Namespace URIs that the writers treat in a special way.
+// Namespace URIs that the writers treat specially.
 #pragma once
 
 #include <string>

@@ -51,10 +51,10 @@ void CXmlWriter::CloseOpenArray() {}
 void CXmlWriter::SetCollectionState(int state) {
     if (m_pContext == nullptr)
         return;
-    // An array that goes on may be that of a repeated group, which has a collection in it.
+    // An array that continues may belong to a repeated group that contains a collection.
     if (state == CollectionState_Announced && m_pContext->m_arrayOpen)
         CloseOpenArray();
-    // A collection that never opened an array leaves nothing to be closed.
+    // A collection that never opened an array leaves nothing to close.
     bool const nothingToClose = state == CollectionState_Ended && !m_pContext->m_arrayOpen;
     m_pContext->m_collectionState = nothingToClose ? CollectionState_None : state;
 }
@@ -85,7 +85,7 @@ void CXmlWriter::PopContext() noexcept {
         SettleContextCounts(m_contextsNotCounted + 1);
 }
 
-// The root is counted at once, all that is nested in it when the root is closed.
+// The root is counted at once; everything nested in it is counted when the root is closed.
 void CXmlWriter::SettleContextCounts(std::int32_t ended) noexcept {
     CountMany(*m_contextRecord, m_contextsNotCounted, ended);
     m_contextsNotCounted = 0;

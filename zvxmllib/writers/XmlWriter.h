@@ -16,16 +16,16 @@
 
 namespace ZvXmlLib16 {
 
-// How far an element has come with the collection of child elements that is written in it.
+// How far the writing of a collection of child elements has come in an element.
 enum CollectionState : std::int32_t {
     CollectionState_None = 0,
-    CollectionState_Announced = 1, // its items are to come; nothing of it is in the output
-    CollectionState_ArrayOpen = 2, // of formats with arrays: its "[" is written, and items go on
-    CollectionState_Ended = 3,     // all items are written; an array that was opened waits for its "]"
+    CollectionState_Announced = 1, // its items follow; nothing of it is written yet
+    CollectionState_ArrayOpen = 2, // formats with arrays: its "[" is written, and more items may follow
+    CollectionState_Ended = 3,     // all items are written; an open array still needs its "]"
 };
 
 // Drivers, metadata and collections call these operations in document order, and a derived class turns them
-// into a format: options, Open, what stands before the root, then for each element its start, attributes,
+// into a format: options, Open, anything before the root, then for each element its start, attributes,
 // content and end, then Close. A writer writes one document and belongs to one thread. The order of the
 // virtual operations is a contract. Strings are in the local encoding.
 class ZV_API CXmlWriter : public CInstanceMonitor {
@@ -43,7 +43,8 @@ public:
     virtual void Open();
     // Throws CZvException if an element is still open.
     virtual void Close();
-    // Inside an element these two hold for it and what is nested in it, before the root for the document.
+    // Inside an element these two apply to its attributes and content, but not to its own name, which is
+    // already written. Before the root they apply to the document.
     virtual void SetDefaultNamespace(std::string const& ns);
     virtual void AddNamespaceAlias(std::string const& alias, std::string const& ns);
     virtual void WriteComment(std::string const& text) = 0;
@@ -54,7 +55,7 @@ public:
     // `isDefault`: the text equals the default value of the element.
     virtual void WriteElementValue(std::string const& text, ItemType type, bool isDefault) = 0;
     virtual void WriteElementEnd() = 0;
-    // Attributes stand directly behind the start of their element, or CZvException is thrown.
+    // Attributes directly follow the start of their element; anywhere else throws CZvException.
     virtual void WriteAttribute(std::string const& name, std::string const& ns, std::string const& value,
                                 ItemType type) = 0;
     // xsi:type
@@ -64,20 +65,20 @@ public:
 
 protected:
     // Called when a collection begins inside an element whose last collection is still open in the output.
-    // Only formats with arrays have something to do.
+    // Only formats with arrays do anything here.
     virtual void CloseOpenArray();
 
 public:
-    // Room for a value on its way from a property to the output, used again for each so that its strings
-    // keep their memory. Nobody's across the writing of another element.
+    // Room for a value on its way from a property to the output, reused so that its strings keep their
+    // memory. Writing another element overwrites it.
     struct ValueRoom {
         ZvVariant value;
         std::string text;
     };
     ValueRoom& GetValueRoom() noexcept { return m_valueRoom; }
 
-    // CollectionState_Announced just before the items of a collection are written, CollectionState_Ended just
-    // after; nothing without an open element.
+    // Call with CollectionState_Announced just before the items of a collection are written and with
+    // CollectionState_Ended just after. No effect without an open element.
     void SetCollectionState(int state);
 
 protected:
@@ -89,7 +90,7 @@ protected:
     // Valid until the context is used again.
     static std::string const& GenerateAlias(CXmlWriterContext& context, std::string const& ns);
 
-    // Opens an element inside the current one, or the root. Contexts that have been closed are used again.
+    // Opens an element inside the current one, or the root. Closed contexts are reused.
     CXmlWriterContext& PushContext();
     // Closes the innermost element; its context stays valid until the next PushContext.
     void PopContext() noexcept;
@@ -108,8 +109,8 @@ private:
     std::int32_t m_contextsNotCounted = 0; // made inside that root
 };
 
-// A scope of its own is made only when it is needed, otherwise the parent's is in force; and it holds only
-// what is new in it. So neither a deep document nor one with many namespaces copies aliases about.
+// A context gets a scope of its own only when it needs one, and uses its parent's until then. A scope holds
+// only what is new in it, so neither deep documents nor many namespaces cause aliases to be copied.
 class ZV_API CXmlWriter::CXmlWriterContext {
 public:
     CXmlWriterContext(CXmlWriterContext const&) = delete;
@@ -138,7 +139,7 @@ private:
     friend class CXmlWriter;
     CXmlWriterContext();
 
-    // Begins the life of another element.
+    // Prepares the context for another element.
     void Reset(CXmlWriterContext* parent);
     void MakeOwnScope();
     void EnterGiven(std::string const& ns, std::string const& alias);
@@ -152,14 +153,14 @@ private:
     CXmlWriterContext* m_outerScope = nullptr; // where a namespace not found here is looked up
     std::string m_ownDefaultNamespace;
     NamespaceMap m_ownMap;
-    mutable NamespaceMap::value_type const* m_lastAlias = nullptr; // the last answer, null when not known
-    // Aliases are numbered in the order in which they are generated. All below the next one are taken; among
-    // those above it are some that were not generated but given to this scope. An alias stays taken when its
-    // namespace gets another one.
+    mutable NamespaceMap::value_type const* m_lastAlias = nullptr; // the last answer, null for none
+    // Aliases are numbered in the order in which they are generated. All below the next one are taken. Some
+    // above it may be taken too: those that this scope was given. An alias stays taken when its namespace
+    // gets another one.
     std::uint64_t m_nextAlias = 0;
     std::set<std::uint64_t> m_givenAliases;
 
-    std::vector<NamespaceMap::node_type> m_spareEntries; // kept with the capacity of their strings
+    std::vector<NamespaceMap::node_type> m_spareEntries; // reused with the capacity of their strings
 };
 
 } // namespace ZvXmlLib16

@@ -10,9 +10,9 @@ namespace {
 
 constexpr std::uint64_t kLetters = 26;
 constexpr std::size_t kShortestAlias = 2;
-constexpr std::size_t kLongestAlias = 12; // more are not reached, and their numbers would not fit
+constexpr std::size_t kLongestAlias = 12; // longer ones are never reached, and their numbers would not fit
 
-// The place of an alias in the order AA, AB, ... ZZ, AAA, ...; none for texts that are not in it.
+// The position of an alias in the order AA, AB, ... ZZ, AAA, ...; none for other texts.
 std::optional<std::uint64_t> NumberOfAlias(std::string_view alias) {
     if (alias.size() < kShortestAlias || alias.size() > kLongestAlias)
         return std::nullopt;

@@ -42,7 +42,7 @@ void CXmlObjectBase::FromXml(char const* text, CSerializationContext const& ctx)
 }
 
 void CXmlObjectBase::FromXmlStream(CBinaryData const& data, CSerializationContext const& ctx) {
-    // The slot takes a pointer to bytes that it does not change.
+    // The operation takes a non-const pointer, but does not change the bytes.
     FromXmlStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(), ctx);
 }
 

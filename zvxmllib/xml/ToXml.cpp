@@ -12,7 +12,7 @@
 
 namespace ZvXmlLib16 {
 
-// Writing leaves the object as it is, but the slot that names the target namespace is not const.
+// Writing does not change the object, but GetTargetNamespace is not const.
 void CXmlObjectBase::WriteXmlText(CTextStream& sink, bool includeDocHeader, bool formatted, EOLType eol,
                                   CSerializationContext const& ctx) const {
     CXmlTextWriter writer(&sink);
@@ -58,7 +58,7 @@ void CXmlObjectBase::ToXmlFile(char const* fileName, bool includeDocHeader, bool
     }
     CBinaryData const data = const_cast<CXmlObjectBase*>(this)->ToXmlStream(includeDocHeader, formatted,
                                                                             encoding, eol, ctx, compression);
-    // A byte order mark belongs to text: in front of a compressed file it would hide what the file is.
+    // A byte order mark belongs to text: before compressed data it would hide the compression.
     XmlEncoding const mark = compression == CompressionType_None ? encoding : XmlEncoding_None;
     CFileBinaryStream(fileName, mark, data).WriteToFile();
 }

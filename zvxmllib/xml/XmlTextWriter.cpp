@@ -144,7 +144,7 @@ void CXmlTextWriter::WriteElementEnd() {
     } else {
         if (m_pContext->m_childCount != 0)
             AppendIndent(m_pContext->m_depth);
-        // As written at the start, whatever has become of the scope since.
+        // The name as written at the start, whatever has happened to the scope since.
         std::string const& endTag = m_endTags[static_cast<std::size_t>(m_pContext->m_depth)];
         m_sink->Append(endTag.data(), endTag.size());
     }
@@ -184,7 +184,7 @@ void CXmlTextWriter::CloseStartTag() {
     m_sink->Append('>');
 }
 
-// Behind a declaration stand two blanks: its own and that of the attribute.
+// Two blanks follow a declaration: its own and that of the attribute.
 std::string const& CXmlTextWriter::AliasForType(std::string const& ns) {
     if (std::string const* const known = m_pContext->FindAlias(ns))
         return *known;
@@ -199,7 +199,7 @@ std::string const& CXmlTextWriter::DeclareNamespace(std::string const& ns) {
     return alias;
 }
 
-// The end tag is made here, and the start tag taken from it.
+// Makes the end tag, and takes the start tag from it.
 void CXmlTextWriter::AppendStartTag(std::int32_t depth, std::string const& name, std::string_view alias) {
     std::size_t const index = static_cast<std::size_t>(depth);
     if (m_endTags.size() <= index)

@@ -10,8 +10,8 @@
 
 namespace ZvXmlLib16 {
 
-// Writes XML 1.0 with namespaces into a text sink. Prefixes come from the aliases given, or are made
-// up where they are needed.
+// Writes XML 1.0 with namespaces into a text sink. Prefixes come from the given aliases, or are generated
+// where needed.
 class CXmlTextWriter : public CTextWriter {
 public:
     // `sink` is borrowed and outlives the writer.
@@ -27,30 +27,30 @@ public:
     void WriteAttribute(std::string const& name, std::string const& ns, std::string const& value,
                         ItemType type) override;
 
-    // To be set before the root element. False at first.
+    // Set it before the root element. False at first.
     bool GetWriteDefaultElementValues() const noexcept { return m_writeDefaultElementValues; }
     void SetWriteDefaultElementValues(bool write) noexcept { m_writeDefaultElementValues = write; }
 
-    // To be called before the root element.
+    // Call it before the root element.
     void WriteDeclaration();
-    // A line before the root element.
+    // Writes a line before the root element.
     void WriteDirective(std::string const& text);
-    // The first step of WriteElementStart by itself: counts a child and closes an open start tag.
+    // The first step of WriteElementStart: counts a child and closes an open start tag.
     void BeginChild();
-    // The text as it is, and the end of line if formatted.
+    // Writes the text unchanged, and a line end if formatted.
     void WriteRawLine(std::string const& text);
 
 protected:
     void RequireOpenStartTag() const override;
     std::string const& AliasForType(std::string const& ns) override;
-    // With a blank ahead of it: xmlns:alias="ns", for an empty alias xmlns="ns".
+    // Writes a blank and xmlns:alias="ns", or xmlns="ns" for an empty alias.
     void AppendDeclaration(std::string_view alias, std::string const& ns) override;
 
 private:
     void CloseStartTag();
     void AppendStartTag(std::int32_t depth, std::string const& name, std::string_view alias);
     void AppendEscaped(std::string const& text, EscapeTable const& table, std::string_view lineFeed);
-    // The alias that is generated for `ns`, declared.
+    // Generates an alias for `ns` and declares it.
     std::string const& DeclareNamespace(std::string const& ns);
 
     bool m_writeDefaultElementValues = false;
