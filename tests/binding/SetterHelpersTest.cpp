@@ -52,24 +52,22 @@ TEST(SetterHelpers, KeepTheBooksOfAChoice) {
         char const* after;
         std::string message;
     };
-    Row const rows[] = {
-        {"select", select(true), "", "a", ""},
-        {"select again", select(true), "a", "a", ""},
-        {"select null takes the name of an empty choice", select(false), "", "a", ""},
-        {"select null gives up the own name", select(false), "a", "", ""},
-        {"select null leaves another alone", select(false), "b", "b", ""},
-        {"select beside another", select(true), "b", "b", refused},
-        {"valid", setValid(true), "", "a", ""},
-        {"valid again", setValid(true), "a", "a", ""},
-        {"valid beside another", setValid(true), "b", "b", refusedValid},
-        {"invalid gives up any name", setValid(false), "b", "", ""},
-        {"items come", changed(1), "", "a", ""},
-        {"items stay", changed(2), "a", "a", ""},
-        {"items go", changed(0), "a", "", ""},
-        {"no items", changed(0), "", "", ""},
-        {"no items beside another", changed(0), "b", "b", ""},
-        {"items beside another", changed(1), "b", "b", refused},
-    };
+    Row const rows[] = {{"select", select(true), "", "a", ""},
+                        {"select again", select(true), "a", "a", ""},
+                        {"select null takes the name of an empty choice", select(false), "", "a", ""},
+                        {"select null gives up the own name", select(false), "a", "", ""},
+                        {"select null leaves another alone", select(false), "b", "b", ""},
+                        {"select beside another", select(true), "b", "b", refused},
+                        {"valid", setValid(true), "", "a", ""},
+                        {"valid again", setValid(true), "a", "a", ""},
+                        {"valid beside another", setValid(true), "b", "b", refusedValid},
+                        {"invalid gives up any name", setValid(false), "b", "", ""},
+                        {"items come", changed(1), "", "a", ""},
+                        {"items stay", changed(2), "a", "a", ""},
+                        {"items go", changed(0), "a", "", ""},
+                        {"no items", changed(0), "", "", ""},
+                        {"no items beside another", changed(0), "b", "b", ""},
+                        {"items beside another", changed(1), "b", "b", refused}};
     for (Row const& row : rows) {
         std::string selected = row.before;
         if (row.message.empty())
@@ -87,28 +85,26 @@ TEST(SetterHelpers, TestNamespacesAgainstALists) {
         char const* allowed;
         bool isValid;
     };
-    Row const rows[] = {
-        {"u", "##any", true},
-        {"", "##any", true},
-        {"t", "##other", false},
-        {"u", "##other", true},
-        {"", "##other", true},
-        {"", "##local", true},
-        {"u", "##local", false},
-        {"t", "##targetNamespace", true},
-        {"", "##targetNamespace", false},
-        {"u", "u", true},
-        {"", "u", true},
-        {"u2", "u", false},
-        {"u", "u2 u", true},
-        {"u3", "u2 u", false},
-        {"t", "u ##targetNamespace", true},
-        {"u", "##local ##targetNamespace", false},
-        {"u 2", "u 2", false},
-        {"##any", "##local", false},
-        {"", "", true},
-        {"u", "", false},
-    };
+    Row const rows[] = {{"u", "##any", true},
+                        {"", "##any", true},
+                        {"t", "##other", false},
+                        {"u", "##other", true},
+                        {"", "##other", true},
+                        {"", "##local", true},
+                        {"u", "##local", false},
+                        {"t", "##targetNamespace", true},
+                        {"", "##targetNamespace", false},
+                        {"u", "u", true},
+                        {"", "u", true},
+                        {"u2", "u", false},
+                        {"u", "u2 u", true},
+                        {"u3", "u2 u", false},
+                        {"t", "u ##targetNamespace", true},
+                        {"u", "##local ##targetNamespace", false},
+                        {"u 2", "u 2", false},
+                        {"##any", "##local", false},
+                        {"", "", true},
+                        {"u", "", false}};
     CSmartPtr<WrittenObject> const object(new WrittenObject);
     for (Row const& row : rows) {
         EXPECT_EQ(object->IsNamespaceValid(row.ns, row.allowed, "t"), row.isValid)

@@ -107,16 +107,6 @@ TEST(VersionGate, StandsInFrontOfEveryEntryPoint) {
     EXPECT_EQ(object->m_readElement, "");
 }
 
-TEST(VersionGate, ComesBehindTheTestOfTheCompressionOfFiles) {
-    GeneratorVersion const version(15, 1);
-    CSmartPtr<WrittenObject> const object(new WrittenObject);
-    EXPECT_EQ(MessageOf<CZvException>([&] {
-                  object->ToXmlFile("/nowhere/a", false, false, XmlEncoding_UTF8, EOLType_LF, ctx,
-                                    CompressionType_ZLib);
-              }),
-              "ZLIB Compression only available for To Stream methods.");
-}
-
 // A process of its own, in which no bound object has been made so far.
 TEST(VersionGateDeathTest, TheFirstObjectOfAProcessShowsTheMismatchOnce) {
     testing::GTEST_FLAG(death_test_style) = "threadsafe";

@@ -360,21 +360,6 @@ TEST_P(TypedCollection, IsCountedUnderItsName) {
 INSTANTIATE_TEST_SUITE_P(Each, TypedCollection, testing::ValuesIn(Rows()),
                          [](auto const& instance) { return std::string(instance.param.className); });
 
-TEST(TypedCollections, CheckTheirCountsWhenTheyWrite) {
-    ColSetup setup;
-    setup.minOccurs = 1;
-    setup.maxOccurs = 1;
-    CSmartPtr<Ci4Col> const collection(NewCol<Ci4Col>(setup));
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Access::Write(*collection); }),
-              "The Minimum number of [v] elements allowed in this collection is 1");
-    Access::ReadTexts(*collection, {"1", "2"});
-    EXPECT_EQ(MessageOf<CZvValidationException>([&] { Access::Write(*collection); }),
-              "The Maximum number of [v] elements allowed in this collection is 1");
-    CSerializationContext ignoring;
-    ignoring.SetIgnoreInvalidCollectionCounts(true);
-    EXPECT_EQ(Access::Write(*collection, ignoring), ":v=1#5 :v=2#5 ");
-}
-
 template <class Col>
 std::string WrittenBy(char const* format, char const* text) {
     ColSetup setup;

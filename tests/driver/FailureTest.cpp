@@ -87,14 +87,6 @@ TEST(ReadingFailure, LeavesWhatWasReadAndNothingOfBefore) {
     EXPECT_EQ(Write(*probe), "<order><a>2</a></order>");
 }
 
-TEST(WritingFailure, AddsALinkForEachLevel) {
-    Items model;
-    CSmartPtr<Probe> const probe(new Probe(model));
-    static_cast<ProbeCol*>(static_cast<CXmlCollectionBase*>(probe->properties[0].GetXmlCollection()))->Add();
-    EXPECT_EQ(WriteFailure(*probe), "Failed to convert the element [item] to XML\n"
-                                    "The Property [price] is mandatory, it may not be NULL");
-}
-
 TEST(WritingFailure, OfAPropertyOrAttributeIsWrapped) {
     Model model;
     model.elements = {Prim<CElementInfoSeqPrimOpt>("price", 0)};
@@ -109,17 +101,6 @@ TEST(WritingFailure, OfAPropertyOrAttributeIsWrapped) {
     probe->refused = 1;
     EXPECT_EQ(WriteFailure(*probe), "Failed to convert attributes to XML\n"
                                     "Failed to get the property value for [a].\nThe property refuses");
-}
-
-TEST(WritingFailure, OfAnEmptyChoiceSaysSo) {
-    OrderOf none({});
-    OrderOf model(XmlElementGroupType_Choice,
-                  {new CElementInfoChoiceClsCol("none", "", 0, XmlElementType_Element)},
-                  [&none](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(none, 1, -1)); });
-    CSmartPtr<Probe> const probe(new Probe(model));
-    EXPECT_EQ(WriteFailure(*probe), "This element is a choice, and as such must have at one (and only one) "
-                                    "valid item, currently there are none set");
-    EXPECT_FALSE(probe->DoesElementContainOptionalElements());
 }
 
 TEST(Failure, OfAGroupTypeOutOfRange) {

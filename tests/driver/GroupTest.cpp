@@ -183,23 +183,6 @@ TEST(GroupInASequence, OfAnAllGroup) {
         SkippingUnknown());
 }
 
-TEST(GroupInASequence, OfACollectionTestsItsCount) {
-    for (bool const isChoice : {false, true}) {
-        Group group(isChoice ? XmlElementGroupType_Choice : XmlElementGroupType_Sequence,
-                    {isChoice ? static_cast<CElementInfo*>(new CElementInfoChoicePrimCol("i", "", 0))
-                              : new CElementInfoSeqPrimCol("i", "", 0)});
-        group.init = [](Probe& probe) {
-            probe.properties[0].SetXmlCollection(NewCol<Ci4Col>({"i", "", 2, 3}));
-        };
-        Order order(Kind::kOptional);
-        for (auto const& [letters, outcome] : {std::pair("aiiz", "02()"), std::pair("aiiiz", "02()"),
-                                               std::pair("aiz", "unread i"), std::pair("aiiiiz", "unread i")})
-            EXPECT_EQ(Outcome(order, letters, ctx), outcome) << letters;
-        EXPECT_EQ(Outcome(order, "aiz", Ignoring(&CSerializationContext::SetIgnoreInvalidCollectionCounts)),
-                  "02()");
-    }
-}
-
 // A group is given the element around it, so that it sees all of its attributes.
 TEST(NestedGroup, SeesTheAttributesOfTheElementAroundIt) {
     Group group(XmlElementGroupType_Sequence, {Prim<CElementInfoSeqPrimOpt>("k", 0)});

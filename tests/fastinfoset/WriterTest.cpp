@@ -3,7 +3,6 @@
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/Script.h"
-#include "tests/support/TemporaryFile.h"
 #include "zvxmllib/fastinfoset/FastInfosetWriter.h"
 #include "zvxmllib/foundation/DebugTrace.h"
 
@@ -331,19 +330,6 @@ TEST(FastInfosetWriter, ReportsMisuse) {
           std::pair("(a", "An Element has not been closed.")})
         EXPECT_EQ(MessageOf<CZvException>([script = script] { FastInfosetOf(Script(script)); }), message)
             << script;
-}
-
-TEST(FastInfosetWriter, WritesFilesOfTheSameOctets) {
-    CSmartPtr<WrittenObject> const object(new WrittenObject(Script("(a '" + std::string(500, 'x') + "')")));
-    CSerializationContext const ctx;
-    TemporaryFile const file;
-    object->ToFastInfosetFile(file.Path(), FInfoDecl_None, ctx, CompressionType_None);
-    std::string const plain = TextOf(object->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None));
-    EXPECT_EQ(Hex(file.Content()), Hex(plain));
-    EXPECT_EQ(MessageOf<CZvException>(
-                  [&] { object->ToFastInfosetFile(file.Path(), FInfoDecl_None, ctx, CompressionType_ZLib); }),
-              "ZLIB Compression only available for To Stream methods.");
-    EXPECT_EQ(Hex(file.Content()), Hex(plain));
 }
 
 std::string g_trace;

@@ -35,14 +35,6 @@ TEST(Exceptions, AppendThePathOnlyWhereItIsGivenAndNotEmpty) {
     }
 }
 
-TEST(Exceptions, PrintTheChainFromTheOutermostToTheCause) {
-    CZvInvalidValueException const cause("cause");
-    CZvValidationException const middle("middle", "/a/b", cause);
-    CZvException const outer("outer", "/a", middle);
-    EXPECT_EQ(outer.GetFullMessage(), "outer\nPath: /a\nmiddle\nPath: /a/b\ncause");
-    EXPECT_EQ(cause.GetFullMessage(), cause.GetMessage());
-}
-
 TEST(Exceptions, KeepTheClassOfTheCauseThroughCopies) {
     auto source = std::make_unique<CZvException>("outer", CZvInvalidNamespaceException("inner", "/n"));
     CZvException const copy(*source);

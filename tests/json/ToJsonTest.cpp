@@ -1,16 +1,11 @@
 // The entry points that write JSON, for objects written by hand, untyped elements and typed classes.
 #include "tests/json/JsonParser.h"
-#include "tests/support/Bytes.h"
 #include "tests/support/Entries.h"
-#include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/Script.h"
-#include "tests/support/TemporaryFile.h"
 #include "tests/support/WrittenObject.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/json/JsonContext.h"
-#include "zvxmllib/streams/AsyncFiles.h"
-#include "zvxmllib/streams/ZvZip.h"
 
 #include <gmock/gmock.h>
 
@@ -18,10 +13,6 @@ using namespace ZvXmlLib16;
 using namespace entries;
 
 namespace {
-
-CSmartPtr<WrittenObject> Scalar(std::string const& text) {
-    return new WrittenObject(Script("(a '" + text + "')"));
-}
 
 TEST(ToJson, GivesTheContextsOptionsToTheWriter) {
     CSerializationContext ctx;
@@ -39,59 +30,6 @@ TEST(ToJson, WritesTheBracesAloneForAnObjectThatWritesNothing) {
     CSerializationContext const ctx;
     EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), "{}");
     EXPECT_EQ(object->ToJson(true, EOLType_LF, ctx), "{\n\n}");
-}
-
-TEST(ToJsonStream, GivesBytesOfTheEncodingWithoutAMark) {
-    LocalEncoding const local(65001);
-    CSerializationContext const ctx;
-    auto const bytes = [&](XmlEncoding encoding) {
-        return TextOf(
-            Scalar("\xC3\xA4")->ToJsonStream(false, encoding, EOLType_LF, ctx, CompressionType_None));
-    };
-    EXPECT_EQ(bytes(XmlEncoding_UTF8), "{\"a\": \"\xC3\xA4\"}");
-    std::string const utf16 = Utf16("{\"a\": \"") + std::string("\xE4\0", 2) + Utf16("\"}");
-    EXPECT_EQ(bytes(XmlEncoding_UTF16), utf16);
-    EXPECT_EQ(bytes(XmlEncoding_UTF16NoDeclaration), utf16);
-}
-
-TEST(ToJsonStream, Compresses) {
-    CSerializationContext const ctx;
-    std::string const text(1000, 'x');
-    for (CompressionType const type : {CompressionType_GZip, CompressionType_ZLib}) {
-        CBinaryData const data = Scalar(text)->ToJsonStream(false, XmlEncoding_UTF8, EOLType_LF, ctx, type);
-        EXPECT_LT(data.GetLength(), 100U);
-        CBinaryData decompressed;
-        ASSERT_TRUE(CZvZip::TryDecompress(data.GetData(), data.GetLength(), decompressed)) << type;
-        EXPECT_EQ(TextOf(decompressed), "{\"a\": \"" + text + "\"}");
-    }
-}
-
-TEST(ToJsonFile, WritesNoByteOrderMarkInEitherWay) {
-    CSerializationContext const ctx;
-    TemporaryFile const file;
-    CSmartPtr<WrittenObject> const object = Scalar(std::string(10000, 'x'));
-    std::string const json = "{\"a\": \"" + std::string(10000, 'x') + "\"}";
-    for (bool const isDirect : {false, true}) {
-        AsyncToXmlFile(isDirect);
-        for (XmlEncoding const encoding : {XmlEncoding_UTF8, XmlEncoding_UTF16}) {
-            object->ToJsonFile(file.Path(), false, encoding, EOLType_LF, ctx, CompressionType_None);
-            EXPECT_TRUE(file.Content() == (encoding == XmlEncoding_UTF8 ? json : Utf16(json)))
-                << isDirect << encoding;
-        }
-        object->ToJsonFile(file.Path(), false, XmlEncoding_UTF16, EOLType_LF, ctx, CompressionType_GZip);
-        EXPECT_THAT(file.Content(), testing::StartsWith("\x1F\x8B")) << isDirect;
-        EXPECT_EQ(MessageOf<CZvException>([&] {
-                      object->ToJsonFile("/nowhere/a", false, XmlEncoding_UTF8, EOLType_LF, ctx,
-                                         CompressionType_None);
-                  }),
-                  "Failed to write data to the file [/nowhere/a] error [0x00000002]");
-        EXPECT_EQ(MessageOf<CZvException>([&] {
-                      object->ToJsonFile("/nowhere/a", false, XmlEncoding_UTF8, EOLType_LF, ctx,
-                                         CompressionType_ZLib);
-                  }),
-                  "ZLIB Compression only available for To Stream methods.");
-    }
-    AsyncToXmlFile(false);
 }
 
 TEST(ToJson, WritesUntypedElements) {

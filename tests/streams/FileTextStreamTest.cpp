@@ -1,7 +1,6 @@
 // The text sink that writes its file while text is still coming.
 #include "zvxmllib/streams/FileTextStream.h"
 
-#include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/TemporaryFile.h"
 
@@ -37,33 +36,6 @@ TEST(FileTextStream, WritesPortionsInOrder) {
     stream.Append("\xC3\xA4");
     stream.Close();
     EXPECT_EQ(file.Content(), "\xC3\xA4");
-}
-
-TEST(FileTextStream, PutsTheMarkAheadOf16BitText) {
-    LocalEncoding const encoding(65001);
-    struct Row {
-        XmlEncoding encoding;
-        bool writesMark;
-        std::string bytes;
-    };
-    std::string const text("a\0\xAC\x20", 4);
-    for (Row const& row :
-         {Row{XmlEncoding_UTF16, true, "\xFF\xFE" + text},
-          Row{XmlEncoding_UTF16NoDeclaration, true, "\xFF\xFE" + text}, Row{XmlEncoding_UTF16, false, text},
-          Row{XmlEncoding_UTF8, true, "a\xE2\x82\xAC"}}) {
-        TemporaryFile const file;
-        CFileTextStream stream(file.Path(), row.encoding, row.writesMark);
-        stream.Open();
-        stream.Append("a");
-        stream.Flush();
-        stream.Append("\xE2\x82\xAC");
-        stream.Close();
-        EXPECT_EQ(file.Content(), row.bytes) << row.encoding;
-        CFileTextStream empty(file.Path(), row.encoding, row.writesMark);
-        empty.Open();
-        empty.Close();
-        EXPECT_EQ(file.Content(), row.bytes.substr(0, row.bytes.size() - 4));
-    }
 }
 
 TEST(FileTextStream, WritesToAPipe) {

@@ -70,14 +70,6 @@ TEST(EncodedText, ReplacesWhatIsNoUtf8AndEndsAtANul) {
     EXPECT_EQ(TextOf(stream.GetEncodedData()), "a");
 }
 
-TEST(EncodedText, RefusesAnUnknownEncoding) {
-    for (XmlEncoding encoding :
-         {XmlEncoding_None, static_cast<XmlEncoding>(4), static_cast<XmlEncoding>(-1)}) {
-        EXPECT_EQ(MessageOf<CZvException>([&] { Encode("x", encoding); }),
-                  "Unknown Encoding, select UTF-8 (contact our support team)");
-    }
-}
-
 // The stream writes on behind the bytes that a handle shows, without touching them.
 TEST(BinaryStream, LeavesHandlesOnItsBytesAlone) {
     CBinaryData given;

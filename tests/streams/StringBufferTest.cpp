@@ -46,20 +46,6 @@ TEST(StringBuffer, FillsBlocksOfOneLessThanTheInitialSize) {
     }
 }
 
-TEST(StringBuffer, JoinsItsBlocksOnceAndGoesOn) {
-    CStringBuffer buffer(8);
-    EXPECT_STREQ(buffer.GetBuffer(), "");
-    buffer.Append("abcde");
-    char const* const single = buffer.GetBuffer();
-    EXPECT_EQ(single, Blocks(buffer).empty() ? nullptr : buffer.GetBuffer());
-    buffer.Append("fghij");
-    char const* const joined = buffer.GetBuffer();
-    EXPECT_STREQ(joined, "abcdefghij");
-    EXPECT_EQ(buffer.GetBuffer(), joined);
-    buffer.Append("klmnopqrstuvwxyz");
-    EXPECT_STREQ(buffer.GetBuffer(), "abcdefghijklmnopqrstuvwxyz");
-}
-
 TEST(StringBuffer, KeepsASingleBlockOnReset) {
     CStringBuffer buffer(8);
     buffer.Append("abcdefg");
@@ -104,21 +90,6 @@ TEST(StringBuffer, RefusesTextBeyond32Bits) {
     std::size_t const volatile tooLong = 0xFFFFFFFFU;
     EXPECT_THROW(buffer.Append("b", tooLong), std::bad_alloc);
     EXPECT_STREQ(buffer.GetBuffer(), "a");
-}
-
-TEST(TextStream, BeginsAnewWhenItIsOpened) {
-    CTextStream stream(XmlEncoding_None);
-    stream.Open();
-    stream.Append('<');
-    stream.Append("a");
-    stream.Append(std::string("/>"));
-    stream.Flush();
-    stream.Close();
-    EXPECT_EQ(stream.GetLength(), 4U);
-    EXPECT_STREQ(stream.GetText(), "<a/>");
-    stream.Open();
-    EXPECT_EQ(stream.GetLength(), 0U);
-    EXPECT_STREQ(stream.GetText(), "");
 }
 
 } // namespace

@@ -43,39 +43,4 @@ TEST(ZvxmlConvertToFastInfoset, DeclaresEveryNamespaceAtTheRoot) {
     }
 }
 
-TEST(ZvxmlConvertToFastInfoset, IsToldByEndings) {
-    ScratchDirectory const scratch;
-    std::string const document = "<r>" + std::string(500, 'x') + "</r>";
-    scratch.Write("in.xml", document);
-    using namespace std::string_literals;
-    struct FileRow {
-        char const* arguments;
-        char const* output;
-        std::string start;
-    };
-    for (FileRow const& row : {
-             FileRow{"in.xml a.fi", "a.fi", "\xE0\0\0\1"s},
-             FileRow{"in.xml b.finf", "b.finf", "\xE0\0\0\1"s},
-             FileRow{"--declaration in.xml c.fi", "c.fi", "<?xml version='1.0' encoding='finf'?>\xE0"s},
-             FileRow{"in.xml d.fi.gz", "d.fi.gz", "\x1F\x8B"s},
-             FileRow{"in.xml e.finf.zz", "e.finf.zz", "\x78\x01"s},
-             FileRow{"--to xml in.xml f.fi", "f.fi", "<r>"s},
-         }) {
-        ToolResult const result = scratch.Run("convert " + std::string(row.arguments));
-        ASSERT_EQ(result.exitCode, 0) << row.arguments << '\n' << result.err;
-        EXPECT_THAT(scratch.Read(row.output), testing::StartsWith(row.start)) << row.arguments;
-        EXPECT_EQ(scratch.Run("convert " + std::string(row.output) + " -").out, document) << row.arguments;
-    }
-}
-
-TEST(ZvxmlConvertToFastInfoset, RefusesLengthsThatAreNone) {
-    ScratchDirectory const scratch;
-    for (char const* length : {"x", "-1", "1x", "4294967296", "''"}) {
-        ToolResult const result = scratch.Run(std::string("convert --add-length ") + length + " - -", "<a/>");
-        EXPECT_NE(result.exitCode, 0) << length;
-        EXPECT_THAT(result.err, testing::HasSubstr("--add-length takes a number from 0 to 4294967295"))
-            << length;
-    }
-}
-
 } // namespace

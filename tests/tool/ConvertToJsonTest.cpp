@@ -36,52 +36,6 @@ TEST(ZvxmlConvertToJson, GivesEveryNamespaceAnAliasAtTheRoot) {
     }
 }
 
-TEST(ZvxmlConvertToJson, WritesAsItsOptionsSay) {
-    ScratchDirectory const scratch;
-    constexpr char kInput[] = "<a>\n <b c='1'>x</b>\n</a>";
-    for (Row const& row : {
-             Row{"--indent 2", kInput,
-                 "{\n  \"a\": {\n    \"b\": {\n      \"@c\": \"1\",\n      \"#text\": \"x\"\n    },\n"
-                 "    \"#text\": \"\"\n  }\n}"},
-             Row{"--indent 0 --eol crlf", kInput,
-                 "{\r\n\"a\": {\r\n\"b\": {\r\n\"@c\": \"1\",\r\n\"#text\": \"x\"\r\n},\r\n\"#text\": "
-                 "\"\"\r\n}\r\n}"},
-             Row{"--declaration", "<a>x</a>", R"({"a": "x"})"},
-             // White space between elements is text like any other, line ends included.
-             Row{"", kInput, "{\"a\": {\"b\": {\"@c\": \"1\",\"#text\": \"x\"},\"#text\": \"\n \n\"}}"},
-         }) {
-        ToolResult const result =
-            scratch.Run("convert --to json " + std::string(row.options) + " - -", row.input);
-        EXPECT_EQ(result.out, row.output) << row.options;
-        EXPECT_EQ(result.exitCode, 0) << row.options << '\n' << result.err;
-    }
-}
-
-TEST(ZvxmlConvertToJson, IsToldByEndingsAndWritesNoByteOrderMark) {
-    ScratchDirectory const scratch;
-    scratch.Write("in.xml", "<r>" + std::string(500, 'x') + "</r>");
-    using namespace std::string_literals;
-    struct FileRow {
-        char const* arguments;
-        char const* output;
-        std::string start;
-    };
-    for (FileRow const& row : {
-             FileRow{"in.xml a.json", "a.json", "{\"r\""s},
-             FileRow{"--to json in.xml b.xml", "b.xml", "{\"r\""s},
-             FileRow{"--to xml in.xml c.json", "c.json", "<r>"s},
-             FileRow{"in.xml d.json.gz", "d.json.gz", "\x1F\x8B"s},
-             FileRow{"in.xml e.json.zz", "e.json.zz", "\x78\x01"s},
-             FileRow{"--encoding utf-16 in.xml f.json", "f.json", "{\0\"\0r\0\"\0"s},
-         }) {
-        ToolResult const result = scratch.Run("convert " + std::string(row.arguments));
-        ASSERT_EQ(result.exitCode, 0) << row.arguments << '\n' << result.err;
-        EXPECT_THAT(scratch.Read(row.output), testing::StartsWith(row.start)) << row.arguments;
-    }
-    EXPECT_THAT(scratch.Run("convert --encoding utf-16 --to json in.xml -").out,
-                testing::StartsWith("{\0\"\0"s));
-}
-
 // Line feeds are those of texts, as nothing is formatted.
 std::string WithEscapedLineFeeds(std::string const& text) {
     std::string result;

@@ -9,7 +9,7 @@ TEST(ZvxmlOnRealDocuments, KeepsElementsAttributesTextsAndNamespaces) {
     struct Form {
         char const* options;
         char const* file;
-        Texts texts; // the indent joins the text of elements with children
+        Texts texts; // the indent joins the text of elements with children, and JSON has no line feeds
     };
     std::vector<std::string> const documents = RealDocuments();
     ASSERT_GE(documents.size(), 6U);
@@ -22,6 +22,8 @@ TEST(ZvxmlOnRealDocuments, KeepsElementsAttributesTextsAndNamespaces) {
                  Form{"--eol crlf", "form.xml.zz", Texts::All},
                  Form{"", "form.fi", Texts::All},
                  Form{"--add-length 1000000 --declaration", "form.finf.gz", Texts::All},
+                 Form{"", "form.json", Texts::WithoutLineFeeds},
+                 Form{"", "form.json.gz", Texts::WithoutLineFeeds},
                  Form{"--pretty", "form.xml", Texts::OfElementsWithoutChildren},
              }) {
             std::string const what = document + ' ' + form.options + ' ' + form.file;
@@ -32,7 +34,9 @@ TEST(ZvxmlOnRealDocuments, KeepsElementsAttributesTextsAndNamespaces) {
             ToolResult const back = scratch.Run("convert " + std::string(form.file) + " back.xml");
             ASSERT_EQ(back.exitCode, 0) << what << '\n' << back.err;
             std::vector<std::string> const expected = DescribeDocument(document, form.texts);
-            EXPECT_TRUE(DescribeDocument(scratch.Path(form.file), form.texts) == expected) << what;
+            if (form.texts != Texts::WithoutLineFeeds) {
+                EXPECT_TRUE(DescribeDocument(scratch.Path(form.file), form.texts) == expected) << what;
+            }
             EXPECT_TRUE(DescribeDocument(scratch.Path("back.xml"), form.texts) == expected) << what;
         }
     }

@@ -13,6 +13,8 @@ TEST(ZvxmlMessages, ReportsFilesThatCannotBeConverted) {
     scratch.Write("good.xml", "<a/>");
     scratch.Write("bad.xml", "<a>\n<b>\n</a>");
     scratch.Write("empty.xml", "");
+    scratch.Write("bad.json", "{\"a\"");
+    scratch.Write("comment.json", "{/**/\"a\":1}");
     scratch.Write("text.gz", "\x1F\x8B no gzip at all");
     scratch.Write("uri.xml", "<a xmlns='u?a&amp;b'/>");
     scratch.Write("path.xml", "<a xmlns='c:\\x'/>");
@@ -27,6 +29,8 @@ TEST(ZvxmlMessages, ReportsFilesThatCannotBeConverted) {
              Row{"convert dir out.xml", "dir: Failed to open the file [dir] Error [0x00000015]\n"},
              Row{"convert bad.xml out.xml", "bad.xml: "},
              Row{"convert empty.xml out.xml", "empty.xml: "},
+             Row{"convert bad.json out.xml", "bad.json: Unexpected End of File."},
+             Row{"convert --no-comments comment.json out.xml", "comment.json: Expected quotation mark"},
              Row{"convert text.gz out.xml", "text.gz: "},
              Row{"convert - out.xml", "standard input: XML Stream is empty!\n"},
              Row{"convert good.xml dir", "dir: Failed to write data to the file [dir] error [0x00000015]\n"},
@@ -87,6 +91,12 @@ TEST(ZvxmlMessages, RefusesCommandLinesThatMakeNoSense) {
              Row{"convert --eol cr a.xml b.xml", "zvxml: --eol takes lf or crlf, not 'cr'\n"},
              Row{"convert --encoding latin1 a.xml b.xml",
                  "zvxml: --encoding takes utf-8 or utf-16, not 'latin1'\n"},
+             Row{"convert --add-length x a.xml b.xml",
+                 "zvxml: --add-length takes a number from 0 to 4294967295\n"},
+             Row{"convert --add-length -1 a.xml b.xml",
+                 "zvxml: --add-length takes a number from 0 to 4294967295\n"},
+             Row{"convert --add-length 4294967296 a.xml b.xml",
+                 "zvxml: --add-length takes a number from 0 to 4294967295\n"},
              Row{"inspect", "zvxml: inspect takes one file\n"},
              Row{"inspect a.xml b.xml", "zvxml: inspect takes one file\n"},
              Row{"inspect --deep a.xml", "zvxml: unknown option '--deep'\n"},

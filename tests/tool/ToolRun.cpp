@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <random>
@@ -84,8 +85,10 @@ std::vector<std::string> DescribeDocument(std::string const& file, Texts texts) 
         for (CXmlAttribute const* attribute : element.GetAttributes())
             line += " {" + attribute->GetNamespaceURI() + "}" + attribute->GetLocalName() + "=" +
                     attribute->GetValue();
-        if (texts == Texts::All || element.GetFirstElement() == nullptr)
+        if (texts != Texts::OfElementsWithoutChildren || element.GetFirstElement() == nullptr)
             line += ": " + element.GetText();
+        if (texts == Texts::WithoutLineFeeds)
+            line.erase(std::remove(line.begin(), line.end(), '\n'), line.end());
         lines.push_back(line);
     }
     return lines;

@@ -34,7 +34,7 @@ private:
     std::filesystem::path m_path;
 };
 
-enum class Texts { All, OfElementsWithoutChildren };
+enum class Texts { All, OfElementsWithoutChildren, WithoutLineFeeds };
 
 // Elements with their namespaces, attributes and texts, a line each, as the library reads them.
 std::vector<std::string> DescribeDocument(std::string const& file, Texts texts = Texts::All);

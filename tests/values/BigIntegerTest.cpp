@@ -22,7 +22,7 @@ namespace {
 // Read before main, and before the library's own statics if they were made by code.
 std::string const kBoundAtLoad = CBigInteger::MIN_DOUBLE.ToString();
 
-std::string MakeDigits(unsigned count, std::uint64_t state) {
+std::string MakeDigits(std::size_t count, std::uint64_t state) {
     std::string digits = "1";
     for (; count > 0; --count) {
         state = state * 6364136223846793005U + 1442695040888963407U;
@@ -106,31 +106,31 @@ TEST(BigInteger, LeavesTheValueAloneWhenATextIsRefused) {
 }
 
 TEST(BigInteger, CalculatesAsTheTablesSay) {
-    for (zvtest::IntegerRow const& row : zvtest::kIntegers) {
-        CBigInteger const a(row.a);
-        CBigInteger const b(row.b);
-        std::string const what = std::string(row.a) + " and " + row.b;
-        EXPECT_EQ((a + b).ToString(), row.sum) << what;
-        EXPECT_EQ((a - b).ToString(), row.difference) << what;
-        EXPECT_EQ((a * b).ToString(), row.product) << what;
-        EXPECT_EQ((a / b).ToString(), row.quotient) << what;
-        EXPECT_EQ((a % b).ToString(), row.remainder) << what;
+    auto const rows = zvtest::NumberTable<8>("integers");
+    ASSERT_GE(rows.size(), 30U);
+    for (auto const& row : rows) {
+        CBigInteger const a(row[0].c_str());
+        CBigInteger const b(row[1].c_str());
+        CBigInteger const results[] = {a + b, a - b, a * b, a / b, a % b};
+        for (std::size_t i = 0; i < 5; ++i)
+            EXPECT_EQ(results[i].ToString(), row[i + 2]) << row[0] << " and " << row[1];
         if (a != CBigInteger(0)) {
-            EXPECT_EQ(a.GetAbs().SquareRoot().ToString(), row.rootOfMagnitude) << what;
+            EXPECT_EQ(a.GetAbs().SquareRoot().ToString(), row[7]) << row[0];
         }
     }
 }
 
 TEST(BigInteger, CalculatesWithTenThousandDigitsInAMomentAndExactly) {
     auto const start = std::chrono::steady_clock::now();
-    for (zvtest::LargeRow const& row : zvtest::kLargeIntegers) {
-        CBigInteger const a(MakeDigits(row.digitsOfA, 1).c_str());
-        CBigInteger const b(MakeDigits(row.digitsOfB, 2).c_str());
-        EXPECT_EQ(Modulo((a * b).ToString()), row.product) << row.digitsOfA;
-        EXPECT_EQ(Modulo((b * a).ToString()), row.product) << row.digitsOfA;
-        EXPECT_EQ(Modulo((a / b).ToString()), row.quotient) << row.digitsOfA;
-        EXPECT_EQ(Modulo((a % b).ToString()), row.remainder) << row.digitsOfA;
-        EXPECT_EQ(Modulo(a.SquareRoot().ToString()), row.root) << row.digitsOfA;
+    auto const rows = zvtest::NumberTable<6>("large integers");
+    ASSERT_GE(rows.size(), 10U);
+    for (auto const& row : rows) {
+        CBigInteger const a(MakeDigits(std::stoul(row[0]), 1).c_str());
+        CBigInteger const b(MakeDigits(std::stoul(row[1]), 2).c_str());
+        CBigInteger const results[] = {a * b, a / b, a % b, a.SquareRoot()};
+        for (std::size_t i = 0; i < 4; ++i)
+            EXPECT_EQ(std::to_string(Modulo(results[i].ToString())), row[i + 2]) << row[0];
+        EXPECT_EQ(Modulo((b * a).ToString()), Modulo(results[0].ToString())) << row[0];
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start,
               std::chrono::seconds(10)); // ten rows, sanitizers and all
@@ -220,8 +220,10 @@ TEST(BigInteger, TakesEveryIntegerTypeToItsLimits) {
 }
 
 TEST(BigInteger, ConvertsDoublesDigitByDigit) {
-    for (zvtest::DoubleRow const& row : zvtest::kDoubles)
-        EXPECT_EQ(CBigInteger(row.value).ToString(), row.asInteger) << row.value;
+    auto const rows = zvtest::NumberTable<2>("doubles");
+    ASSERT_GE(rows.size(), 15U);
+    for (auto const& [value, integer] : rows)
+        EXPECT_EQ(CBigInteger(std::stod(value)).ToString(), integer) << value;
     EXPECT_EQ(CBigInteger(std::nan("")).ToString(), "0");
 }
 

@@ -21,16 +21,14 @@ namespace {
 
 TEST(BinaryData, SharesItsBlockUntilAHandleIsWrittenTo) {
     using Change = void (*)(CBinaryData&);
-    for (Change change : {
-             Change([](CBinaryData& data) { data.Append(static_cast<unsigned char>('x')); }),
-             Change([](CBinaryData& data) { data.Append('x'); }),
-             Change([](CBinaryData& data) { data.Append(data); }),
-             Change([](CBinaryData& data) { data[1] = 'x'; }),
-             Change([](CBinaryData& data) { delete[] data.ReleaseData(); }),
-             Change([](CBinaryData& data) { data.SetBuffer("x"); }),
-             Change([](CBinaryData& data) { data.Reserve(100); }),
-             Change([](CBinaryData& data) { data.Reserve(100000); }),
-         }) {
+    for (Change change : {Change([](CBinaryData& data) { data.Append(static_cast<unsigned char>('x')); }),
+                          Change([](CBinaryData& data) { data.Append('x'); }),
+                          Change([](CBinaryData& data) { data.Append(data); }),
+                          Change([](CBinaryData& data) { data[1] = 'x'; }),
+                          Change([](CBinaryData& data) { delete[] data.ReleaseData(); }),
+                          Change([](CBinaryData& data) { data.SetBuffer("x"); }),
+                          Change([](CBinaryData& data) { data.Reserve(100); }),
+                          Change([](CBinaryData& data) { data.Reserve(100000); })}) {
         CBinaryData const original("abc");
         CBinaryData copy;
         copy = original;
@@ -183,23 +181,14 @@ TEST(Base64, ReadsLeniently) {
         std::string text;
         char const* bytes;
     };
-    for (Row const& row : {
-             Row{" Z\tm\r\n9 v ", "foo"},
-             Row{"Zm9vYmFyZm9v\nYmFyZm9v", "foobarfoobarfoo"},
-             Row{"=Z=m=9=v=", "foo"},
-             Row{"Zm9vYg", "foob"}, // no padding
-             Row{"Zm9vY", "foo"},   // six bits left over
-             Row{"Zg==Zm9v", "f\x06"
-                             "f\xF6"}, // padding does not begin a new group
-             Row{"\xDAm9v", "foo"},    // the top bit does not count
-             Row{"Zm9v*", ""},
-             Row{"*Zm9v", ""},
-             Row{"Zm*9", ""},
-             Row{"Zm9vZm9-", ""},
-             Row{"Z\xAAm9v", ""},
-             Row{"====", ""},
-             Row{"\x01", ""},
-         }) {
+    for (Row const& row : {Row{" Z\tm\r\n9 v ", "foo"}, Row{"Zm9vYmFyZm9v\nYmFyZm9v", "foobarfoobarfoo"},
+                           Row{"=Z=m=9=v=", "foo"}, Row{"Zm9vYg", "foob"}, // no padding
+                           Row{"Zm9vY", "foo"},                            // six bits left over
+                           Row{"Zg==Zm9v", "f\x06"
+                                           "f\xF6"}, // padding does not begin a new group
+                           Row{"\xDAm9v", "foo"},    // the top bit does not count
+                           Row{"Zm9v*", ""}, Row{"*Zm9v", ""}, Row{"Zm*9", ""}, Row{"Zm9vZm9-", ""},
+                           Row{"Z\xAAm9v", ""}, Row{"====", ""}, Row{"\x01", ""}}) {
         CBinaryData data("old");
         data.SetAsBase64(row.text.c_str());
         EXPECT_EQ(TextOf(data), row.bytes) << row.text;
@@ -235,18 +224,12 @@ TEST(Hex, RefusesWhatIsNoPairOfDigits) {
         char const* text;
         char const* message;
     };
-    for (Row const& row : {
-             Row{"0", "Invalid length in hex string"},
-             Row{"00zzz", "Invalid length in hex string"},
-             Row{"0g", "Invalid char in hex string [g]"},
-             Row{"g0", "Invalid char in hex string [g]"},
-             Row{"GH", "Invalid char in hex string [G]"},
-             Row{"00 0", "Invalid char in hex string [ ]"},
-             Row{"/0", "Invalid char in hex string [/]"},
-             Row{":0", "Invalid char in hex string [:]"},
-             Row{"@0", "Invalid char in hex string [@]"},
-             Row{"`0", "Invalid char in hex string [`]"},
-         }) {
+    for (Row const& row :
+         {Row{"0", "Invalid length in hex string"}, Row{"00zzz", "Invalid length in hex string"},
+          Row{"0g", "Invalid char in hex string [g]"}, Row{"g0", "Invalid char in hex string [g]"},
+          Row{"GH", "Invalid char in hex string [G]"}, Row{"00 0", "Invalid char in hex string [ ]"},
+          Row{"/0", "Invalid char in hex string [/]"}, Row{":0", "Invalid char in hex string [:]"},
+          Row{"@0", "Invalid char in hex string [@]"}, Row{"`0", "Invalid char in hex string [`]"}}) {
         CBinaryData data("old");
         EXPECT_EQ(MessageOf<CZvException>([&] { data.SetAsHexString(row.text); }), row.message);
         EXPECT_EQ(data.GetLength(), 0U);

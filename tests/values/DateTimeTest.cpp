@@ -125,33 +125,32 @@ TEST(DateTime, SettingByPartsKeepsATypeAndRefusesFieldsOutOfRange) {
         Set set;
         char const* outcome;
     };
-    for (Row const& row : {
-             Row{[](CDateTime& d) { d.SetDateTime(2005, 1, 2, 3, 4, 5); }, "2005-01-02T03:04:05"},
-             Row{[](CDateTime& d) { d.SetDateTime(2005, 1, 2, 3, 4, 5, 6, 7, 8); },
-                 "2005-01-02T03:04:05.006007008"},
-             Row{[](CDateTime& d) { d.SetTime(3, 4, 5, 6, 7, 8); }, "03:04:05.006007008"},
-             Row{[](CDateTime& d) { d.SetGYear(-5); }, "-0005"},
-             Row{[](CDateTime& d) { d.SetGYearMonth(2005, 6); }, "2005-06"},
-             Row{[](CDateTime& d) { d.SetGMonth(6); }, "--06"},
-             Row{[](CDateTime& d) { d.SetGMonthDay(2, 29); }, "--02-29"},
-             Row{[](CDateTime& d) { d.SetGDay(31); }, "---31"},
-             Row{[](CDateTime& d) { d.SetGYear(10000); },
-                 "Invalid Year [10000] (-9999 <= year <= 9999 && year != 0)"},
-             Row{[](CDateTime& d) { d.SetGYear(-10000); },
-                 "Invalid Year [-10000] (-9999 <= year <= 9999 && year != 0)"},
-             Row{[](CDateTime& d) { d.SetGMonth(0); }, "Invalid Month [0] (1 <= month <= 12)"},
-             Row{[](CDateTime& d) { d.SetGMonthDay(4, 31); }, "Invalid Day [31] (1 <= day <= days in month)"},
-             Row{[](CDateTime& d) { d.SetGDay(32); }, "Invalid Day [32] (1 <= day <= 31)"},
-             Row{[](CDateTime& d) { d.SetTime(24, 60, 60); }, "Invalid Hour [24] (0 <= hour <= 23)"},
-             Row{[](CDateTime& d) { d.SetTime(23, 60, 60); }, "Invalid Minute [60] (0 <= minute <= 59)"},
-             Row{[](CDateTime& d) { d.SetTime(23, 59, 60); }, "Invalid Second [60] (0 <= second <= 59)"},
-             Row{[](CDateTime& d) { d.SetFracTime(1000, 1000, 1000); },
-                 "Invalid Milli-Second [1000] (0 <= milli <= 999)"},
-             Row{[](CDateTime& d) { d.SetFracTime(999, 1000, 1000); },
-                 "Invalid Micro-Second [1000] (0 <= micro <= 999)"},
-             Row{[](CDateTime& d) { d.SetFracTime(999, 999, 1000); },
-                 "Invalid Nano-Second [1000] (0 <= nano <= 999)"},
-         }) {
+    for (Row const& row :
+         {Row{[](CDateTime& d) { d.SetDateTime(2005, 1, 2, 3, 4, 5); }, "2005-01-02T03:04:05"},
+          Row{[](CDateTime& d) { d.SetDateTime(2005, 1, 2, 3, 4, 5, 6, 7, 8); },
+              "2005-01-02T03:04:05.006007008"},
+          Row{[](CDateTime& d) { d.SetTime(3, 4, 5, 6, 7, 8); }, "03:04:05.006007008"},
+          Row{[](CDateTime& d) { d.SetGYear(-5); }, "-0005"},
+          Row{[](CDateTime& d) { d.SetGYearMonth(2005, 6); }, "2005-06"},
+          Row{[](CDateTime& d) { d.SetGMonth(6); }, "--06"},
+          Row{[](CDateTime& d) { d.SetGMonthDay(2, 29); }, "--02-29"},
+          Row{[](CDateTime& d) { d.SetGDay(31); }, "---31"},
+          Row{[](CDateTime& d) { d.SetGYear(10000); },
+              "Invalid Year [10000] (-9999 <= year <= 9999 && year != 0)"},
+          Row{[](CDateTime& d) { d.SetGYear(-10000); },
+              "Invalid Year [-10000] (-9999 <= year <= 9999 && year != 0)"},
+          Row{[](CDateTime& d) { d.SetGMonth(0); }, "Invalid Month [0] (1 <= month <= 12)"},
+          Row{[](CDateTime& d) { d.SetGMonthDay(4, 31); }, "Invalid Day [31] (1 <= day <= days in month)"},
+          Row{[](CDateTime& d) { d.SetGDay(32); }, "Invalid Day [32] (1 <= day <= 31)"},
+          Row{[](CDateTime& d) { d.SetTime(24, 60, 60); }, "Invalid Hour [24] (0 <= hour <= 23)"},
+          Row{[](CDateTime& d) { d.SetTime(23, 60, 60); }, "Invalid Minute [60] (0 <= minute <= 59)"},
+          Row{[](CDateTime& d) { d.SetTime(23, 59, 60); }, "Invalid Second [60] (0 <= second <= 59)"},
+          Row{[](CDateTime& d) { d.SetFracTime(1000, 1000, 1000); },
+              "Invalid Milli-Second [1000] (0 <= milli <= 999)"},
+          Row{[](CDateTime& d) { d.SetFracTime(999, 1000, 1000); },
+              "Invalid Micro-Second [1000] (0 <= micro <= 999)"},
+          Row{[](CDateTime& d) { d.SetFracTime(999, 999, 1000); },
+              "Invalid Nano-Second [1000] (0 <= nano <= 999)"}}) {
         CDateTime fresh;
         std::string outcome = ValueFailure([&] { row.set(fresh); });
         EXPECT_EQ(outcome == "nothing was thrown" ? fresh.ToString() : outcome, row.outcome);
@@ -192,19 +191,13 @@ TEST(DateTime, InstantsGoBothWays) {
         unsigned dayOfWeek;
         unsigned dayOfYear;
     };
-    for (Row const& row : {
-             Row{"1970-01-01T00:00:00", 0, 5, 1},
-             Row{"2000-02-29T12:00:00", 951825600, 3, 60},
-             Row{"1900-03-01T00:00:00", -2203891200, 5, 60},
-             Row{"2038-01-19T03:14:08", 2147483648, 3, 19},
-             Row{"1582-10-15T00:00:00", -12219292800, 6, 288},
-             Row{"0001-01-01T00:00:00", -62135596800, 2, 1},
-             Row{"9999-12-31T23:59:59", 253402300799, 6, 365},
-             Row{"2024-12-31T06:30:00", 1735626600, 3, 366},
-             Row{"2023-12-31T06:30:00", 1704004200, 1, 365},
-             Row{"1600-02-29T00:00:00", -11670998400, 3, 60},
-             Row{"1969-12-31T23:59:59", -1, 4, 365},
-         }) {
+    for (Row const& row :
+         {Row{"1970-01-01T00:00:00", 0, 5, 1}, Row{"2000-02-29T12:00:00", 951825600, 3, 60},
+          Row{"1900-03-01T00:00:00", -2203891200, 5, 60}, Row{"2038-01-19T03:14:08", 2147483648, 3, 19},
+          Row{"1582-10-15T00:00:00", -12219292800, 6, 288}, Row{"0001-01-01T00:00:00", -62135596800, 2, 1},
+          Row{"9999-12-31T23:59:59", 253402300799, 6, 365}, Row{"2024-12-31T06:30:00", 1735626600, 3, 366},
+          Row{"2023-12-31T06:30:00", 1704004200, 1, 365}, Row{"1600-02-29T00:00:00", -11670998400, 3, 60},
+          Row{"1969-12-31T23:59:59", -1, 4, 365}}) {
         CDateTime const value(row.text);
         EXPECT_EQ(value.GetTime(), row.instant) << row.text;
         EXPECT_EQ(value.GetDayOfWeek(), row.dayOfWeek) << row.text;

@@ -45,30 +45,15 @@ void ExpectRows(std::vector<Row> const& rows) {
 
 } // namespace
 
+// More than is printed; what is printed is read below.
 TEST(DateTimeText, ReadsEachTypeWithEachZone) {
     ExpectRows({
-        {DateTime, "2005-01-02T03:04:05", "dateTime 2005-01-02T03:04:05"},
-        {DateTime, "-0044-03-15T00:00:00.5Z", "dateTime -0044-03-15T00:00:00.5Z"},
-        {DateTime, "2005-01-02T23:59:59.123456789-23:59", "dateTime 2005-01-02T23:59:59.123456789-23:59"},
-        {Date, "2005-01-01Z", "date 2005-01-01Z"},
-        {Date, "2005-01-01+05:00", "date 2005-01-01+05:00"},
         {Date, "2005-01-01+24:00", "date 2005-01-01+00:00"},
-        {Date, "-2004-02-29-01:30", "date -2004-02-29-01:30"},
         {Date, "-0004-02-29", "date -0004-02-29"},
-        {Date, "-0001", "gYear -0001"},
-        {Date, "9999Z", "gYear 9999Z"},
-        {Date, "2005-12+14:00", "gYearMonth 2005-12+14:00"},
-        {Date, "--12", "gMonth --12"},
+        {Date, "2000-02-29", "date 2000-02-29"},
         {Date, "--05--", "gMonth --05"},
         {Date, "--05--Z", "gMonth --05Z"},
         {Date, "--05??", "gMonth --05"}, // the last two are not looked at
-        {Date, "--05-08:00", "gMonth --05-08:00"},
-        {Date, "--02-29", "gMonthDay --02-29"},
-        {Date, "--02-29+01:00", "gMonthDay --02-29+01:00"},
-        {Date, "---31", "gDay ---31"},
-        {Date, "---01Z", "gDay ---01Z"},
-        {Time, "00:00:00", "time 00:00:00"},
-        {Time, "10:00:00.123456789", "time 10:00:00.123456789"},
         {Time, "10:00:00.", "time 10:00:00"},
         {Time, "10:00:00.+01:00", "time 10:00:00+01:00"},
         {Time, "10:00:00x", "time 10:00:00"},
@@ -96,27 +81,6 @@ TEST(DateTimeText, RefusesWhatHasNotTheForm) {
         {Date, "", "invalid: Invalid Date (Empty String)"},
         {Date, "2005-01-01T00:00:00", "invalid: Invalid Date ('T' not allowed)"},
         {Date, "2005-01-01+01:00Z", "invalid: Invalid Date (Bad Zone value)"},
-        {Date, "12005-01-01", DateForm("12005-01-01")},
-        {Date, "2005/01/01", DateForm("2005/01/01")},
-        {Date, "2005-01/01", DateForm("2005-01/01")},
-        {Date, "2005-1-1", DateForm("2005-1-1")},
-        {Date, "2005x12", DateForm("2005x12")},
-        {Date, "20a5", DateForm("20a5")},
-        {Date, " 2005", DateForm(" 2005")},
-        {Date, "+2005", DateForm("+2005")},
-        {Date, "-", DateForm("-")},
-        {Date, "--", DateForm("--")},
-        {Date, "---", DateForm("---")},
-        {Date, "--1", DateForm("--1")},
-        {Date, "--x1-01", DateForm("--x1-01")},
-        {Date, "--01x01", DateForm("--01x01")},
-        {Date, "--+01", DateForm("--+01")},
-        {Date, "---0x", DateForm("---0x")},
-        {Date, "Z", DateForm("Z")},
-        {Date, ":", DateForm(":")},
-        {Date, "-05:00", DateForm("-05:00")},
-        {Date, "--05:00", DateForm("--05:00")},
-        {Date, "\xB2\xB0\xB0\xB5", DateForm("\xB2\xB0\xB0\xB5")},
         {Date, "2005-0:-01", ZoneForm("-0:-01")},
         {Date, "2005-01-01+0100:", ZoneForm("+0100:")},
         {Date, "2005-01-01+1x:00", ZoneForm("+1x:00")},
@@ -124,13 +88,6 @@ TEST(DateTimeText, RefusesWhatHasNotTheForm) {
         {Date, "2005-01-01-30:00", "invalid: Invalid TimeZone [-30:0]"},
         {Date, "2005-01-01-05:60", "invalid: Invalid TimeZone [-5:60]"},
         {Time, "", "invalid: Invalid XSD Time (Empty String)"},
-        {Time, "10:00", TimeForm("10:00")},
-        {Time, "1a:00:00", TimeForm("1a:00:00")},
-        {Time, "10-00:00", TimeForm("10-00:00")},
-        {Time, "10:00-00", TimeForm("10:00-00")},
-        {Time, "24:00:00", TimeForm("24:00:00")},
-        {Time, "00:60:00", TimeForm("00:60:00")},
-        {Time, "23:59:60Z", TimeForm("23:59:60Z")},
         {Time, "10:00:00.1234567890",
          "invalid: Invalid XSD Time [10:00:00.1234567890] Fraction part too long"},
         {Time, "10:00:00+01:000", ZoneForm("+01:000")},
@@ -145,6 +102,14 @@ TEST(DateTimeText, RefusesWhatHasNotTheForm) {
         {DateTime, "2005-01-01T10:00:00+01:60", "invalid: Invalid TimeZone [1:60]"},
         {DateTime, "2005-01-01T10:00:00T", "dateTime 2005-01-01T10:00:00"},
     });
+    for (char const* const text :
+         {"12005-01-01", "2005/01/01", "2005-01/01", "2005-1-1", "2005x12", "20a5",    " 2005",
+          "+2005",       "-",          "--",         "---",      "--1",     "--x1-01", "--01x01",
+          "--+01",       "---0x",      "Z",          ":",        "-05:00",  "--05:00", "\xB2\xB0\xB0\xB5"})
+        EXPECT_EQ(ReadAs(Date, text), DateForm(text));
+    for (char const* const text :
+         {"10:00", "1a:00:00", "10-00:00", "10:00-00", "24:00:00", "00:60:00", "23:59:60Z"})
+        EXPECT_EQ(ReadAs(Time, text), TimeForm(text));
     EXPECT_EQ(MessageOf<CZvInvalidValueException>([] { CDateTime().ParseXSDDate(nullptr); }),
               "Invalid Date (Null String)");
     EXPECT_EQ(MessageOf<CZvInvalidValueException>([] { CDateTime().ParseXSDTime(nullptr); }),
@@ -163,7 +128,6 @@ TEST(DateTimeText, RefusesFieldsOutOfRange) {
         {Date, "0000-99-99", "invalid: Invalid Month [99] (1 <= month <= 12)"}, // the month comes first
         {Date, "2005-02-29", "invalid: Invalid Day [29] (1 <= day <= days in month"},
         {Date, "1900-02-29", "invalid: Invalid Day [29] (1 <= day <= days in month"},
-        {Date, "2000-02-29", "date 2000-02-29"},
         {Date, "2005-04-31", "invalid: Invalid Day [31] (1 <= day <= days in month"},
         {Date, "2005-04-00", "invalid: Invalid Day [0] (1 <= day <= days in month"},
         {Date, "--02-30", "invalid: Invalid Day [30] (1 <= day <= days in month)"},

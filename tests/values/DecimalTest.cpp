@@ -124,8 +124,7 @@ TEST(Decimal, ReadsMoreThanTheSchemaAllowsAndNamesTheFirstCharacterThatItDoesNot
              {"0x10", BadChar("0x10", 1)},
              {"INF", BadChar("INF", 0)},
              {"\xC3\xA4", BadChar("\xC3\xA4", 0)},
-             {"1,5", BadChar("1,5", 1)},
-         })
+             {"1,5", BadChar("1,5", 1)}})
         EXPECT_EQ(Read(row.text), row.result) << "[" << row.text << "]";
     EXPECT_EQ(CDecimal(static_cast<char const*>(nullptr)).ToString(), "0");
 }
@@ -152,18 +151,16 @@ TEST(Decimal, KeepsTheSignInBothParts) {
         char const* text;
         char const* parts;
     };
-    for (Row const& row : {
-             Row{"-1.25", "-1, -25, 2"},
-             {"-0.5", "-0, -5, 1"},
-             {"1.05", "1, 5, 2"},
-             {"1.50", "1, 5, 1"},
-             {"-5", "-5, -0, 1"},
-             {"-5.00", "-5, 0, 1"},
-             {"-5E1", "-50, 0, 1"},
-             {"-0E5", "0, 0, 1"},
-             {"-1E-33", "0, 0, 1"},
-             {"-1E-31", "-0, 0, 1"},
-         })
+    for (Row const& row : {Row{"-1.25", "-1, -25, 2"},
+                           {"-0.5", "-0, -5, 1"},
+                           {"1.05", "1, 5, 2"},
+                           {"1.50", "1, 5, 1"},
+                           {"-5", "-5, -0, 1"},
+                           {"-5.00", "-5, 0, 1"},
+                           {"-5E1", "-50, 0, 1"},
+                           {"-0E5", "0, 0, 1"},
+                           {"-1E-33", "0, 0, 1"},
+                           {"-1E-31", "-0, 0, 1"}})
         EXPECT_EQ(Parts(CDecimal(row.text)), row.parts) << row.text;
     EXPECT_EQ(Parts(CDecimal()), "0, 0, 1");
     EXPECT_EQ(Parts(CDecimal(-5)), "-5, 0, 1");
@@ -180,32 +177,34 @@ TEST(Decimal, KeepsTheSignInBothParts) {
 }
 
 TEST(Decimal, CalculatesAsTheTablesSay) {
-    for (zvtest::DecimalRow const& row : zvtest::kDecimals) {
-        CDecimal const a(row.a);
-        CDecimal const b(row.b);
-        std::string const what = std::string(row.a) + " and " + row.b;
-        EXPECT_EQ((a + b).ToString(), row.sum) << what;
-        EXPECT_EQ((a - b).ToString(), row.difference) << what;
-        EXPECT_EQ((a * b).ToString(), row.product) << what;
-        EXPECT_EQ((a / b).ToString(), row.quotient) << what;
-        EXPECT_EQ(a < b, row.order < 0) << what;
-        EXPECT_EQ(a > b, row.order > 0) << what;
-        EXPECT_EQ(a == b, row.order == 0) << what;
-        EXPECT_EQ(a != b, row.order != 0) << what;
+    auto const rows = zvtest::NumberTable<7>("decimals");
+    ASSERT_GE(rows.size(), 25U);
+    for (auto const& row : rows) {
+        CDecimal const a(row[0].c_str());
+        CDecimal const b(row[1].c_str());
+        std::string const what = row[0] + " and " + row[1];
+        CDecimal const results[] = {a + b, a - b, a * b, a / b};
+        for (std::size_t i = 0; i < 4; ++i)
+            EXPECT_EQ(results[i].ToString(), row[i + 2]) << what;
+        int const order = std::stoi(row[6]);
+        EXPECT_EQ(a < b, order < 0) << what;
+        EXPECT_EQ(a > b, order > 0) << what;
+        EXPECT_EQ(a == b, order == 0) << what;
+        EXPECT_EQ(a != b, order != 0) << what;
     }
 }
 
 TEST(Decimal, RoundsTextAwayFromZeroAndNumbersTowardsIt) {
-    for (zvtest::RoundingRow const& row : zvtest::kRoundings) {
-        CDecimal const value(row.text);
-        EXPECT_EQ(value.ToString(0), row.to0) << row.text;
-        EXPECT_EQ(value.ToString(1), row.to1) << row.text;
-        EXPECT_EQ(value.ToString(2), row.to2) << row.text;
-        EXPECT_EQ(value.ToString(3), row.to3) << row.text;
-        EXPECT_EQ(value.ToString(31), row.to31) << row.text;
-        EXPECT_EQ(value.ToLong(), row.toLong) << row.text;
-        EXPECT_EQ(CBigInteger(value).ToString(), std::to_string(row.toLong)) << row.text;
-        EXPECT_EQ(value.ToLongLong(), row.toLongLong) << row.text;
+    auto const rows = zvtest::NumberTable<8>("roundings");
+    ASSERT_GE(rows.size(), 15U);
+    constexpr int kPlaces[] = {0, 1, 2, 3, 31};
+    for (auto const& row : rows) {
+        CDecimal const value(row[0].c_str());
+        for (std::size_t i = 0; i < 5; ++i)
+            EXPECT_EQ(value.ToString(kPlaces[i]), row[i + 1]) << row[0];
+        EXPECT_EQ(std::to_string(value.ToLong()), row[6]) << row[0];
+        EXPECT_EQ(CBigInteger(value).ToString(), row[6]) << row[0];
+        EXPECT_EQ(std::to_string(value.ToLongLong()), row[7]) << row[0];
     }
     EXPECT_EQ(CDecimal("1.5").ToString(-1), "2.");
     EXPECT_EQ(CDecimal("1.5").ToString(std::numeric_limits<int>::max()), "1.5");
@@ -274,15 +273,13 @@ TEST(Decimal, ReadsDoublesByThirteenPlaces) {
         double value;
         std::string text;
     };
-    for (Row const& row : std::vector<Row>{
-             {0.1, "0.1"},
-             {-2.5, "-2.5"},
-             {1e-13, "0.0000000000001"},
-             {4e-14, "0"},
-             {-1234567.89, "-1234567.8899999998976"},
-             {1e22, "10000000000000000000000"},
-             {1e23, "99999999999999991611392"},
-         })
+    for (Row const& row : std::vector<Row>{{0.1, "0.1"},
+                                           {-2.5, "-2.5"},
+                                           {1e-13, "0.0000000000001"},
+                                           {4e-14, "0"},
+                                           {-1234567.89, "-1234567.8899999998976"},
+                                           {1e22, "10000000000000000000000"},
+                                           {1e23, "99999999999999991611392"}})
         EXPECT_EQ(CDecimal(row.value).ToString(), row.text) << row.value;
     for (double const value : {std::nan(""), -std::nan("")})
         EXPECT_EQ(MessageOf<CZvInvalidValueException>([&] { CDecimal const refused(value); }),

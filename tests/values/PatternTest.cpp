@@ -58,8 +58,7 @@ TEST(Pattern, MatchesTheWholeValue) {
              {R"(.)", "\xF0\x9F\x98\x80", true}, // one character, four bytes
              {R"(\w+)", "\xC3\xA9", false},
              {R"((a)(b)(c)(d)(e)(f)(g)(h)\9)", "abcdefghh", true}, // more groups than there is room for
-             {R"((a)(b)(c)(d)(e)(f)(g)(h)\9)", "abcdefghg", false},
-         })
+             {R"((a)(b)(c)(d)(e)(f)(g)(h)\9)", "abcdefghg", false}})
         EXPECT_EQ(MatchesPattern(row.pattern, row.value), row.matches)
             << row.pattern << " [" << row.value << "]";
 }
@@ -94,15 +93,13 @@ TEST(Pattern, IsTranslatedByReplacementInOrder) {
         char const* pattern;
         char const* expression;
     };
-    for (Row const& row : {
-             Row{R"((\\i\i\I\c\C)", R"(^((\\i([^\W\d]|:)([\W\d])(\w|\.|-|:)([^\w\.\-\:]))$)"},
-             Row{R"((\\\\i\\\i)", R"(^((\\\\i\\([^\W\d]|:))$)"},
-             Row{R"((\p{IsBasicLatin}\p{IsLatin-1Supplement}\p{IsLatinExtended-A})",
-                 R"(^(([\000-\177][\200-\377][\400-\577])$)"},
-             Row{R"(\p{IsLatinExtended-B})", R"(^([\600-\1117])$)"},
-             Row{R"(([\i]()", R"(^(([([^\W\d]|:)]()$)"}, // within a class like anywhere
-             Row{"(\x01", R"(^((\\)$)"},
-         })
+    for (Row const& row : {Row{R"((\\i\i\I\c\C)", R"(^((\\i([^\W\d]|:)([\W\d])(\w|\.|-|:)([^\w\.\-\:]))$)"},
+                           Row{R"((\\\\i\\\i)", R"(^((\\\\i\\([^\W\d]|:))$)"},
+                           Row{R"((\p{IsBasicLatin}\p{IsLatin-1Supplement}\p{IsLatinExtended-A})",
+                               R"(^(([\000-\177][\200-\377][\400-\577])$)"},
+                           Row{R"(\p{IsLatinExtended-B})", R"(^([\600-\1117])$)"},
+                           Row{R"(([\i]()", R"(^(([([^\W\d]|:)]()$)"}, // within a class like anywhere
+                           Row{"(\x01", R"(^((\\)$)"}})
         EXPECT_THAT(Check(row.pattern, "x"), testing::StartsWith("Invalid Regular Expression: " +
                                                                  std::string(row.expression) + " Error: '"))
             << row.pattern;
@@ -149,18 +146,17 @@ TEST(Pattern, GoesBackWithinLimits) {
         std::string text;
         while (text.size() < length)
             text += "ab";
-        for (Row const& row : std::vector<Row>{
-                 {"[ab]*", "", true},
-                 {"(a|b)*", "", true}, // needs memory for each character to go back
-                 {"((a|b)(a|b))*", "", true},
-                 {"([ab]{4})*", "", true},
-                 {"(a|b)*", "!", false},
-                 {"[ab]*[ab]*[cd]", "!", false}, // needs the square of the length
-                 {".*.*.*[cd]", "!", false},
-                 {"[ab]*[ab]*[cd]", "d", true},
-                 {"([ab]*)*[cd]", "!", false},
-                 {R"((\w+ ?)*[.])", "!", false},
-             })
+        for (Row const& row :
+             std::vector<Row>{{"[ab]*", "", true},
+                              {"(a|b)*", "", true}, // needs memory for each character to go back
+                              {"((a|b)(a|b))*", "", true},
+                              {"([ab]{4})*", "", true},
+                              {"(a|b)*", "!", false},
+                              {"[ab]*[ab]*[cd]", "!", false}, // needs the square of the length
+                              {".*.*.*[cd]", "!", false},
+                              {"[ab]*[ab]*[cd]", "d", true},
+                              {"([ab]*)*[cd]", "!", false},
+                              {R"((\w+ ?)*[.])", "!", false}})
             EXPECT_EQ(MatchesPattern(row.pattern, text + row.ending), row.matches)
                 << row.pattern << " " << length;
     }

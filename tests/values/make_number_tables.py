@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Makes NumberTables.h: results of arithmetic, worked out by Python's integers and fractions.
+"""Makes the tables of results of arithmetic, worked out by Python's integers and fractions.
 
-    python3 tests/values/make_number_tables.py > tests/values/NumberTables.h
+    python3 tests/values/make_number_tables.py > tests/data/numbers.txt
 """
 import math
 import random
@@ -13,15 +13,10 @@ sys.set_int_max_str_digits(0)
 MODULUS = 1000000007
 
 
-def quote(value):
-    return '"' + str(value) + '"'
-
-
-def table(kind, name, comment, rows):
-    print(f"\n// {comment}\ninline constexpr {kind} {name}[] = {{")
+def table(name, comment, rows):
+    print(f"\n# {comment}\n[{name}]")
     for row in rows:
-        print("    {" + ", ".join(row) + "},")
-    print("};")
+        print(" ".join(row))
 
 
 def truncated(a, b):
@@ -46,10 +41,10 @@ def integers():
         pairs.append((random.choice((a, -a)), random.choice((b, -b))))
     for a, b in pairs:
         quotient = truncated(a, b)
-        yield [quote(x) for x in (a, b, a + b, a - b, a * b, quotient, a - quotient * b, math.isqrt(abs(a)))]
+        yield [str(x) for x in (a, b, a + b, a - b, a * b, quotient, a - quotient * b, math.isqrt(abs(a)))]
 
 
-# The digits that NumberTables.h's reader makes, too.
+# The digits that the tests make, too.
 def digits(count, seed):
     state, text = seed, ""
     for _ in range(count):
@@ -74,7 +69,7 @@ def doubles():
             text = str(int(math.fmod(rest, 10))) + text
             rest = float(math.trunc(rest / 10))
         sign = "-" if value < 0 and text else ""
-        yield [repr(value), quote(sign + (text or "0"))]
+        yield [repr(value), str(sign + (text or "0"))]
 
 
 # Decimal numbers.
@@ -132,7 +127,7 @@ def decimals():
         pairs.append((decimal_text(25, random.randrange(31)), decimal_text(10, random.randrange(20))))
     for a, b in pairs:
         x, y = Fraction(a), Fraction(b)
-        yield [quote(t) for t in (a, b, exact(x + y), exact(x - y), limited(x * y),
+        yield [str(t) for t in (a, b, exact(x + y), exact(x - y), limited(x * y),
                                   divided(x, y) if y else "")] + [str(int(x > y) - int(x < y))]
 
 
@@ -152,37 +147,15 @@ def roundings():
         value = Fraction(limited(value))
         negative, whole = half_down(value, 0)
         _, tenths = half_down(value, 1)
-        yield ([quote(text)] + [quote(fixed(value, places)) for places in (0, 1, 2, 3, 31)] +
+        yield ([str(text)] + [str(fixed(value, places)) for places in (0, 1, 2, 3, 31)] +
                [str(-whole if negative else whole), str(-(tenths // 10) if negative else tenths // 10)])
 
 
-print("// Results of arithmetic, worked out by Python's integers and fractions: see make_number_tables.py.")
-print("#pragma once\n\n#include <cstdint>\n\nnamespace zvtest {")
-print("""
-struct IntegerRow {
-    char const *a, *b, *sum, *difference, *product, *quotient, *remainder, *rootOfMagnitude;
-};
-struct LargeRow {
-    unsigned digitsOfA, digitsOfB;
-    std::uint32_t product, quotient, remainder, root; // modulo 1000000007
-};
-struct DoubleRow {
-    double value;
-    char const* asInteger;
-};
-struct DecimalRow {
-    char const *a, *b, *sum, *difference, *product, *quotient;
-    int order;
-};
-struct RoundingRow {
-    char const *text, *to0, *to1, *to2, *to3, *to31;
-    int toLong;
-    long long toLongLong;
-};""")
-print("\n// clang-format off")
-table("IntegerRow", "kIntegers", "Small ones, and those that lead long division astray.", integers())
-table("LargeRow", "kLargeIntegers", "A one and that many digits of the generator, with seeds 1 and 2.", large_integers())
-table("DoubleRow", "kDoubles", "Halves towards zero, and large ones with the digits of repeated division.", doubles())
-table("DecimalRow", "kDecimals", "Products and quotients to 30 places, halves towards zero.", decimals())
-table("RoundingRow", "kRoundings", "Text rounds halves away from zero, numbers towards it.", roundings())
-print("// clang-format on\n\n} // namespace zvtest")
+print("# Results of arithmetic, worked out by Python's integers and fractions: see make_number_tables.py.")
+table("integers", "a b sum difference product quotient remainder root-of-the-magnitude", integers())
+table("large integers", "Of a one and as many digits of the generator, seeds 1 and 2, modulo 1000000007: digits of a "
+      "and b, product quotient remainder root", large_integers())
+table("doubles", "Halves towards zero, and large ones with the digits of repeated division.", doubles())
+table("decimals", "a b sum difference product quotient order: to 30 places, halves towards zero.", decimals())
+table("roundings", "value, to 0, 1, 2, 3, 31 places, to long, to long long: text rounds halves away from zero, numbers "
+      "towards it.", roundings())

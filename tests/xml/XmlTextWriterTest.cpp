@@ -30,8 +30,7 @@ TEST(XmlTextWriter, LaysElementsOut) {
         {"a comment leaves the start tag open", "~ (a ~)", "<!--c-->\n<a<!--c-->\n/>",
          "<!--c-->\n<a<!--c-->\n/>\n"},
         {"instructions and an inline schema", "? (a @b=c $)", "<?p?>\n\n<a b=\"c\" \n<s/>\n/>",
-         "<?p?>\n\n<a b=\"c\" \n<s/>\n/>\n"},
-    };
+         "<?p?>\n\n<a b=\"c\" \n<s/>\n/>\n"}};
     for (Row const& row : rows) {
         EXPECT_EQ(XmlOf(row.script), row.compact) << row.what;
         EXPECT_EQ(XmlOf(row.script, true), row.formatted) << row.what;
@@ -61,8 +60,7 @@ TEST(XmlTextWriter, EscapesTextAndAttributes) {
         {"]]>", "]]&gt;", "]]&gt;", EOLType_LF},
         {"\xC3\xA4<\xE2\x82\xAC", "\xC3\xA4&lt;\xE2\x82\xAC", "\xC3\xA4&lt;\xE2\x82\xAC", EOLType_LF},
         {"<![CDATA[<&>\n]]>", "<![CDATA[<&>\n]]>", "&lt;![CDATA[&lt;&amp;&gt;&#xA;]]&gt;", EOLType_CRLF},
-        {" <![CDATA[<]]>", " &lt;![CDATA[&lt;]]&gt;", " &lt;![CDATA[&lt;]]&gt;", EOLType_LF},
-    };
+        {" <![CDATA[<]]>", " &lt;![CDATA[&lt;]]&gt;", " &lt;![CDATA[&lt;]]&gt;", EOLType_LF}};
     for (Row const& row : rows) {
         auto const body = [&](CXmlWriter& w) {
             w.WriteElementStart("a", "");
@@ -112,8 +110,7 @@ TEST(XmlTextWriter, PutsPrefixesInScope) {
         {"the type has no prefix in no namespace and in the default one",
          "!xsi=http://www.w3.org/2001/XMLSchema-instance !p=u1 *d (d|r ^T ^d|T ^u1|T)",
          R"(<r xmlns="d" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:p="u1")"
-         R"( xsi:type="T" xsi:type="T" xsi:type="p:T"/>)"},
-    };
+         R"( xsi:type="T" xsi:type="T" xsi:type="p:T"/>)"}};
     for (Row const& row : rows)
         EXPECT_EQ(XmlOf(row.script), row.xml) << row.what;
 }
@@ -158,17 +155,11 @@ TEST(XmlTextWriter, ReportsMisuse) {
         char const* script;
         char const* message;
     };
-    for (Row const& row : {
-             Row{"(a", "An Element has not been closed."},
-             Row{"(a 'x' @b=", kLateAttribute},
-             Row{"(a 'x' ^b", kLateAttribute},
-             Row{"(a 'x' %", kLateAttribute},
-             Row{"@b=", kLateAttribute},
-             Row{"^b", kLateAttribute},
-             Row{"%", kLateAttribute},
-             Row{"''", "A value must be written inside an element."},
-             Row{")", "There is no open element to be closed."},
-         })
+    for (Row const& row : {Row{"(a", "An Element has not been closed."}, Row{"(a 'x' @b=", kLateAttribute},
+                           Row{"(a 'x' ^b", kLateAttribute}, Row{"(a 'x' %", kLateAttribute},
+                           Row{"@b=", kLateAttribute}, Row{"^b", kLateAttribute}, Row{"%", kLateAttribute},
+                           Row{"''", "A value must be written inside an element."},
+                           Row{")", "There is no open element to be closed."}})
         EXPECT_EQ(MessageOf<CZvException>([&] { XmlOf(Script(row.script)); }), row.message) << row.script;
     CTextStream sink(XmlEncoding_None);
     CXmlTextWriter writer(&sink);
