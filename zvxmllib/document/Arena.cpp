@@ -11,8 +11,8 @@ void Arena::Enter(std::size_t chunk) noexcept {
 }
 
 char* Arena::AllocateInNextChunk(std::size_t size) {
-    // Chunks behind the current one are left over from before a Rewind; one that is too small for this
-    // request is passed over until the next Rewind.
+    // Chunks after the current one are left over from before a Rewind; one too small for this request is
+    // skipped until the next Rewind.
     std::size_t next = m_chunks.empty() ? 0 : m_current + 1;
     while (next < m_chunks.size() && m_chunks[next].size < size)
         ++next;

@@ -1,4 +1,4 @@
-// Storage for many small objects that end together: a bump allocator with marks.
+// Storage for many small objects that are freed together: a bump allocator with marks.
 #pragma once
 
 #include "zvxmllib/platform/MemoryBlock.h"
@@ -8,8 +8,8 @@
 
 namespace ZvXmlLib16 {
 
-// Hands out memory from chunks that grow in size. Nothing is freed singly: Rewind gives back all that came
-// after a mark and keeps the chunks for the next use, the destructor frees everything. Belongs to one
+// Hands out memory from chunks that grow in size. Objects are not freed one by one: Rewind releases
+// everything after a mark and keeps the chunks for reuse; the destructor frees everything. Belongs to one
 // thread. Destructors of the objects inside are not run.
 class Arena {
 public:
@@ -19,7 +19,7 @@ public:
         char* top;
     };
 
-    // A chunk has a quarter of the bytes of all before it, and from `smallestChunk` to `largestChunk`.
+    // A chunk has a quarter of the size of all chunks before it, within `smallestChunk` and `largestChunk`.
     Arena(std::size_t smallestChunk, std::size_t largestChunk) noexcept
         : m_smallestChunk(smallestChunk), m_largestChunk(largestChunk) {}
     Arena(Arena const&) = delete;
@@ -36,7 +36,7 @@ public:
     }
 
     // Lengthens the allocation that ends at `end` by `size` bytes in place, if it is the last one and there
-    // is room. True if it did.
+    // is room. Returns true if it did.
     bool TryExtend(char const* end, std::size_t size) noexcept {
         if (end == nullptr || end != m_top || size > static_cast<std::size_t>(m_end - m_top))
             return false;
@@ -44,13 +44,13 @@ public:
         return true;
     }
 
-    // True if nothing was allocated behind `end`.
+    // True if nothing was allocated after `end`.
     bool IsTop(char const* end) const noexcept { return end == m_top; }
 
     Mark GetMark() const noexcept { return {m_current, m_top}; }
-    // Everything allocated since the mark is gone.
+    // Releases everything allocated since the mark.
     void Rewind(Mark const& mark) noexcept;
-    // Gives back the allocations from `begin` on, which lie in the current chunk.
+    // Releases the allocations from `begin` on, which are in the current chunk.
     void RewindTo(char* begin) noexcept { m_top = begin; }
 
 private:

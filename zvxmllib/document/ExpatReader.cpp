@@ -28,8 +28,8 @@ constexpr std::string_view kCdataEnd = "]]>";
 
 } // namespace
 
-// Nothing may be thrown through the parser: the first exception is kept and thrown again behind it, and the
-// events in between are passed over.
+// No exception may pass through the parser: the first one is kept and rethrown after the parser returns, and
+// the events in between are ignored.
 struct CExpatReader::Handlers {
     template <class Action>
     static void Run(void* userData, Action action) noexcept {

@@ -1,4 +1,4 @@
-// CExpatReader, the bridge from the events of the XML parser to the tree.
+// CExpatReader, which turns the events of the XML parser into the tree.
 #pragma once
 
 #include "zvxmllib/foundation/Forward.h"
@@ -17,8 +17,8 @@ namespace ZvXmlLib16 {
 class XmlTree;
 
 // Parses one document. Grammar, well-formedness, entities, attribute and line end normalisation and input
-// encodings (UTF-8, UTF-16, ISO-8859-1, US-ASCII) are expat's. Comments, processing instructions, the
-// prolog and references to external entities leave no trace. Belongs to the thread of the load.
+// encodings (UTF-8, UTF-16, ISO-8859-1, US-ASCII) are expat's. Comments, processing instructions, the prolog
+// and references to external entities are dropped. Belongs to the thread of the load.
 class CExpatReader : public CInstanceMonitor {
 public:
     // `document` is borrowed and outlives the reader.
@@ -29,7 +29,7 @@ public:
 
     void Init();
     // Parses the next chunk of the input; `final` for the last one, which may be empty. Throws CZvException
-    // with the parser's message and line, and what the document's callback threw.
+    // with the parser's message and line, or the exception of the document's callback.
     void Parse(unsigned char const* data, std::size_t length, bool final);
 
 private:

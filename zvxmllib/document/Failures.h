@@ -7,7 +7,7 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailOpen(char const* fileName, int error);
 [[noreturn]] void FailSize(char const* fileName, int error);
 [[noreturn]] void FailRead(char const* fileName, int error);
-// The same behind the first chunk of a file; its name is not told.
+// The same after the first chunk of a file; the message does not name it.
 [[noreturn]] void FailReadChunk(int error);
 [[noreturn]] void FailNoElement();
 [[noreturn]] void FailEmptyText();

@@ -25,8 +25,8 @@ bool XmlName::IsCalled(char const* parserName) const noexcept {
     return std::strcmp(parserName, parserLocalName->c_str()) == 0;
 }
 
-// Eight bytes at a time: names with a namespace are long and share their beginning. Differs from process to
-// process where addresses do, so that nobody prepares a document whose names meet in one bucket.
+// Eight bytes at a time: names with a namespace are long and share their beginning. Differs between processes
+// if addresses do, so that nobody can prepare a document whose names share a bucket.
 std::uint64_t NameTable::Hash(std::string_view text) noexcept {
     static constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15u;
     std::uint64_t hash = reinterpret_cast<std::uintptr_t>(&kMultiplier) + text.size() * kMultiplier;
@@ -75,7 +75,7 @@ std::string const* NameTable::Keep(std::string_view text) {
 }
 
 XmlName* NameTable::Add(std::string_view parserName, std::uint64_t hash, bool splitNamespace) {
-    // The conversion comes first, the split is done on local text.
+    // Converts first, then splits the local text.
     std::string const text = Utf8ToLocal(parserName.data(), parserName.size());
     auto const split = [splitNamespace](std::string_view name) {
         std::size_t const separator =

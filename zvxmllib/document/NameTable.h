@@ -13,14 +13,14 @@ namespace ZvXmlLib16 {
 
 class XmlTree;
 
-// A name of elements and attributes, in the local encoding. Lives as long as its tree's content.
+// The name of elements and attributes, in the local encoding. Lives as long as the content of its tree.
 struct XmlName {
     XmlTree* tree;
     std::string const* localName; // shared, as the next three: names have their parts in common
     std::string const* namespaceUri;
 
-    // What the XML parser calls it, in UTF-8: the URI, '|' and the local name, or the local name alone. The
-    // same strings as above where local text is UTF-8, and in trees that no parser fills.
+    // The XML parser's form, in UTF-8: the URI, '|' and the local name, or the local name alone. The same
+    // strings as above where local text is UTF-8, and in trees that no parser fills.
     std::string const* parserUri;
     std::string const* parserLocalName;
     std::uint64_t hash;
@@ -30,8 +30,8 @@ struct XmlName {
     bool IsCalled(char const* parserName) const noexcept;
 };
 
-// Finds the names of one document: by what the XML parser calls them, or by their parts in the local
-// encoding. A document is read in one of these two ways.
+// Finds the names of one document, either by the XML parser's form or by their parts in the local encoding. A
+// document uses one of the two.
 class NameTable {
 public:
     explicit NameTable(XmlTree& tree);
@@ -39,7 +39,8 @@ public:
     // With `splitNamespace` the local text of the name is split at its first '|'.
     XmlName* Find(char const* parserName, bool splitNamespace);
 
-    // The name of an element, with the one before it in the document as a hint: documents repeat themselves.
+    // The name of an element, with the previous one in the document as a hint, since documents repeat
+    // themselves.
     XmlName* FindElementName(char const* parserName, bool splitNamespace);
 
     // The one string with this text, which lives as long as the table. For parts of names.

@@ -1,4 +1,4 @@
-// NodeText, a text of the parsed tree: kept in the pieces in which it came, joined on request.
+// NodeText, a text of the parsed tree: kept in the pieces in which it arrived, joined on request.
 #pragma once
 
 #include "zvxmllib/platform/Api.h"
@@ -12,18 +12,17 @@ namespace ZvXmlLib16 {
 class CXmlElement;
 class XmlTree;
 
-// Text of an element or an attribute in one of three forms: one run of bytes in the tree's storage, a
-// chain of such runs, or a string that was asked for. Most texts are never more than one run. Filled by
-// XmlTree alone.
+// Text of an element or an attribute in one of three forms: one run of bytes in the tree's storage, a chain
+// of such runs, or a string that was asked for. Most texts are a single run. Only XmlTree fills it.
 class ZV_API NodeText {
 public:
-    // The whole text as a string, made at the first call and kept by `tree`. `element` is where it stands.
+    // The whole text as a string, made at the first call and kept by `tree`. `element` is its element.
     std::string const& AsString(XmlTree& tree, CXmlElement const& element) const;
 
     // Appends the text to `target`, without keeping a joined copy.
     void AppendTo(std::string& target) const;
 
-    // The text where it lies, or joined in `room` where it lies in pieces. Valid as long as both are.
+    // The text in place, or joined in `room` if it is in pieces. Valid as long as both are.
     std::string_view Read(std::string& room) const {
         if (m_form != Form::kChain)
             return View();
@@ -34,7 +33,7 @@ public:
 
     bool IsEmpty() const noexcept { return m_length == 0; }
 
-    // Empty where the text lies in pieces.
+    // Empty if the text is in pieces.
     std::string_view View() const noexcept {
         if (m_form == Form::kRun)
             return {m_run, m_length};
@@ -46,7 +45,7 @@ private:
 
     enum class Form : std::uint8_t { kRun, kChain, kString };
 
-    // One run of a chain, which stands `repeat` times in a row: white space between children does.
+    // One run of a chain, repeated `repeat` times, as white space between children often is.
     struct Piece {
         Piece* next;
         char const* chars;

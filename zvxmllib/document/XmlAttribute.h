@@ -29,7 +29,7 @@ public:
     std::string GetXPath() const;
 
     // One of xmlns, type, schemaLocation and noNamespaceSchemaLocation in the XML Schema instance namespace
-    // or the namespace of xmlns: no data of the schema.
+    // or the namespace of xmlns: not data of the schema.
     bool IsNamespaceAttribute() const noexcept;
     // nil in one of these namespaces.
     bool IsNilAttribute() const noexcept;

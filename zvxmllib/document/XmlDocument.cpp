@@ -133,7 +133,7 @@ void CXmlDocument::MakeTree() {
     m_tree = std::make_unique<XmlTree>(*this, m_pfnElementCallback != nullptr);
 }
 
-// The element arrives complete, as the last child of its parent; the callback says whether it may go.
+// The element arrives complete, as the last child of its parent; the callback decides whether to remove it.
 void CXmlDocument::EndElement() {
     CXmlElement* const element = m_tree->EndElement();
     if (m_pfnElementCallback == nullptr)

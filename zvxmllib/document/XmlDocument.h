@@ -1,4 +1,4 @@
-// CXmlDocument, the owner of the parsed tree: loads, recognises what it is given, and builds.
+// CXmlDocument, the owner of the parsed tree: loads input, recognises its form, and builds the tree.
 #pragma once
 
 #include "zvxmllib/foundation/Enumerations.h"
@@ -17,13 +17,12 @@ class ChunkedFile;
 class XmlTree;
 
 // Takes a file, a text or bytes, and owns the tree made of it. May be loaded any number of times; each load
-// drops what was there. Every load throws CZvException for input that cannot be read or parsed; the document
-// then holds what was built so far and is good for another load only. Document and tree belong to one thread.
-//
-// With a callback, a document of any length is read in little memory: it is called at the end of each
-// element, children before parents, and what it answers true for is taken out of the tree and ends; the root
-// stays. Fast Infoset is read whole, without a call. What the callback throws reaches the caller of the load.
-// Contexts are borrowed and must outlive the document.
+// drops the previous tree. Every load throws CZvException for input that cannot be read or parsed; the
+// document then holds what was built so far and can only be loaded again. Document and tree belong to one
+// thread.  With a callback, a document of any length is read in little memory: it is called at the end of
+// each element, children before parents, and an element for which it returns true is removed from the tree;
+// the root stays. Fast Infoset is read whole, without a call. Exceptions of the callback reach the caller of
+// the load. Contexts are borrowed and must outlive the document.
 class ZV_API CXmlDocument : public CInstanceMonitor {
 public:
     using ElementCallback = bool (*)(CXmlElement* element);
@@ -39,12 +38,12 @@ public:
     // XML text or Fast Infoset (X.891), in gzip or zlib form too: its content tells which. Files of 4 GiB and
     // more are refused. With AsyncFromXmlFile on, plain XML text of any size.
     void Load(char const* fileName);
-    // XML text as it is: its declaration, or UTF-8, says what its bytes mean. Throws for an empty text.
+    // XML text: its declaration, or else UTF-8, says what its bytes mean. Throws for an empty text.
     void LoadXml(char const* text);
     // UTF-16 text.
     void LoadXml(wchar_t const* text);
     void LoadXml(char16_t const* text);
-    // As Load. Throws for no bytes.
+    // Like Load. Throws for no bytes.
     void LoadXmlStream(unsigned char const* data, std::uint32_t length);
 
     // The XML document that a JSON text stands for, by the JSON options of the context: UTF-8, with its
@@ -62,10 +61,11 @@ public:
     // The root, null while the document is empty.
     CXmlElement* GetDocumentElement() const noexcept;
 
-    // The smallest prefix of all those declared anywhere in the document for this namespace. Empty for the
+    // The smallest of all prefixes declared for this namespace anywhere in the document. Empty for the
     // default namespace and for none.
     std::string LookupAliasFromNamespace(char const* namespaceURI) const;
-    // What was last declared for this prefix, the empty one for the default namespace; empty for none.
+    // The namespace last declared for this prefix, empty if there is none. The empty prefix is the default
+    // namespace.
     std::string LookupNamespaceFromAlias(char const* alias) const;
 
 protected:

@@ -41,7 +41,8 @@ public:
     // The value of the attribute with this name and namespace; an empty string if there is none.
     std::string const& GetAttribute(std::string const& localName, std::string const& namespaceURI) const;
 
-    // For messages: /order/item[2]/price. A position stands where the parent has several children of a name.
+    // For messages: /order/item[2]/price. A position is given where the parent has several children of that
+    // name.
     std::string GetXPath() const;
 
     // The attributes one by one, without making a vector of them.
@@ -49,7 +50,7 @@ public:
         return m_attributes == nullptr ? 0 : m_attributes->count;
     }
     CXmlAttribute* GetAttributeAt(std::size_t index) const noexcept;
-    // The text where it is kept in one piece: empty if it is not, and then GetText gives it.
+    // The text if it is kept in one piece; otherwise empty, and GetText gives it.
     NodeText const& GetNodeText() const noexcept { return m_text; }
 
 protected:
@@ -61,7 +62,7 @@ private:
     // The attributes follow it in storage.
     struct AttributeBlock {
         std::size_t count;
-        std::vector<CXmlAttribute*>* faces; // what GetAttributes gives, null until it is asked for
+        std::vector<CXmlAttribute*>* faces; // the result of GetAttributes, null until it is asked for
     };
 
     CXmlElement(ClassType* record, CXmlElement const* parent, XmlName const* name) noexcept

@@ -6,7 +6,7 @@
 
 namespace ZvXmlLib16 {
 
-// Walks down from the root without recursion: a path is asked for at any depth.
+// Walks down from the root without recursion, since the depth is unlimited.
 std::string CXmlElement::GetXPath() const {
     std::vector<CXmlElement const*> ancestors;
     for (CXmlElement const* element = this; element != nullptr; element = element->m_parent)
@@ -32,8 +32,8 @@ std::string CXmlElement::GetNameWithPredicate() const {
     std::string name = GetQName();
     if (m_parent == nullptr)
         return name;
-    // Siblings of the same interned name are equal; of the others, names are compared as they are shown: a
-    // local name with a colon looks like one with a prefix. What is shown ends with the local name.
+    // Siblings with the same interned name are equal; other names are compared as they are shown: a local
+    // name with a colon looks like one with a prefix. What is shown ends with the local name.
     auto const isSameNamed = [&](CXmlElement const& sibling) {
         std::string const& local = sibling.GetLocalName();
         return sibling.m_name == m_name ||

@@ -155,7 +155,7 @@ void XmlTree::AppendRun(OpenElement& open, std::string_view text) {
     open.runEnd = run + text.size();
 }
 
-// Puts a run behind those that are there; it does not grow.
+// Appends a run, which cannot grow.
 void XmlTree::AddRun(OpenElement& open, char const* run, std::uint32_t length) {
     NodeText& target = open.element->m_text;
     open.runEnd = nullptr;
@@ -183,8 +183,8 @@ void XmlTree::AppendKeptText(std::string_view text) {
         AddRun(open, text.data(), LengthOfRun(text));
 }
 
-// White space between children is mostly the same each time: a run equal to the one before it is counted, not
-// kept. Done when a child begins, since the run is complete then and still the last allocation.
+// White space between children is mostly the same: a run equal to the previous one is counted, not stored.
+// Done when a child begins, when the run is complete and still the last allocation.
 void XmlTree::FoldRepeatedTail(OpenElement& open) noexcept {
     NodeText::Piece* const before = open.beforeTail;
     NodeText::Piece* const tail = open.tail;
@@ -199,7 +199,7 @@ void XmlTree::FoldRepeatedTail(OpenElement& open) noexcept {
     ++before->repeat;
     open.tail = before;
     open.beforeTail = nullptr;
-    open.runEnd = nullptr; // it stands there several times
+    open.runEnd = nullptr; // it is repeated
 }
 
 CXmlElement* XmlTree::EndElement() {
@@ -210,7 +210,7 @@ CXmlElement* XmlTree::EndElement() {
 
 template <class Part>
 void XmlTree::ForgetClosed(KeptList<Part>& kept, std::size_t sinceCount) noexcept {
-    // What belongs to an open element was asked for from inside the element that goes, and stays.
+    // What belongs to an open element was asked for inside the removed element, and stays.
     auto const isOpen = [this](CXmlElement const* element) {
         return std::any_of(m_open.rbegin(), m_open.rend(),
                            [element](OpenElement const& open) { return open.element == element; });

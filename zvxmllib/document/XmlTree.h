@@ -1,4 +1,4 @@
-// XmlTree, the storage of a parsed document and what builds it.
+// XmlTree, the storage and the builder of a parsed document.
 #pragma once
 
 #include "zvxmllib/document/Arena.h"
@@ -16,12 +16,10 @@
 namespace ZvXmlLib16 {
 
 // The readers see a document as a stack machine: add an element, its attributes and its text, end it.
-//
-// Elements and attributes lie in an arena and end together; their names are kept once for each document;
-// texts lie in an arena of their own and are joined when somebody asks for the whole. Live and total
-// instances are settled in bulk, before anybody outside can look. Nothing here recurses, so depth costs no
-// stack. An element that is taken out gives its storage back, so that the memory of a load whose callback
-// takes everything is bounded by what is open at a time.
+// Elements and attributes are in an arena and are freed together; each name is kept once per document; texts
+// are in an arena of their own and are joined on request. Instances are counted in bulk, before anybody
+// outside can look. Nothing here recurses, so depth costs no stack. A removed element returns its storage, so
+// a load whose callback takes everything needs memory only for what is open at a time.
 class XmlTree {
 public:
     // With `isStreaming` elements can be taken out by RemoveLastChildElement.
@@ -62,8 +60,8 @@ public:
 
     // Closes the innermost open element and returns it.
     CXmlElement* EndElement();
-    // Takes the last child of the innermost open element out, with all that is in it: the element that was
-    // closed last, and only directly behind its EndElement. False for the root, which stays.
+    // Removes the last child of the innermost open element with its content: the element closed last, and
+    // only directly after its EndElement. Returns false for the root, which stays.
     bool RemoveLastChildElement();
 
     // Brings the counts of live and created instances up to date.
@@ -74,7 +72,7 @@ public:
     std::vector<CXmlAttribute*> const& KeepAttributeFaces(CXmlElement const& element);
 
 private:
-    // What is known of an element while it is open.
+    // The state of an open element.
     struct OpenElement {
         CXmlElement* element;
         CXmlElement* lastChild;
@@ -86,7 +84,7 @@ private:
         char* runEnd;
         std::uint32_t* runLength;
     };
-    // Where the storage stood when an element was opened; kept in streaming mode only.
+    // The state of the storage when an element was opened; kept in streaming mode only.
     struct StreamingMark {
         Arena::Mark nodes;
         Arena::Mark texts;
@@ -95,7 +93,7 @@ private:
         std::size_t keptStrings;
         std::size_t keptFaces;
     };
-    // What was asked for as a string or a vector, with the element that it belongs to.
+    // A string or vector that was asked for, with the element that it belongs to.
     template <class Part>
     struct Kept {
         Part part;

@@ -28,27 +28,28 @@ public:
 
     virtual void AttributeToXml(CSerializationContext const& ctx, CXmlGeneratedClass const* object,
                                 CXmlWriter* writer) const = 0;
-    // True if this entry took the attribute.
+    // Returns true if this entry took the attribute.
     virtual bool AttributeFromXml(CSerializationContext const& ctx, CXmlGeneratedClass* object,
                                   CXmlAttribute* attribute) = 0;
-    // Called once after all attributes of an element were offered; `found` if this entry took one.
+    // Called once after all attributes of an element have been offered; `found` says whether this entry took
+    // one.
     virtual void Validate(CSerializationContext const& ctx, bool found) const = 0;
 
 protected:
-    // A null default value is an empty one, and empty means none.
+    // A null or empty default value means none.
     CAttributeInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
                    char const* defaultValue);
 
     bool IsThisAttribute(CSerializationContext const& ctx, CXmlAttribute* attribute);
     bool HasExactName(CXmlAttribute const& attribute) const noexcept;
 
-    // These wrap what the property's class throws in CZvValidationException.
+    // They wrap exceptions of the property's class in CZvValidationException.
     void InvokePropertyGet(CXmlGeneratedClass* object, ZvVariant& value) const;
     void InvokePropertySet(CXmlGeneratedClass* object, ZvVariant& value,
                            CXmlAttribute const& attribute) const;
     void ReadProperty(CXmlGeneratedClass const* object, ZvVariant& value) const;
 
-    // Whether nothing is to be written for an optional attribute whose text is its default.
+    // Whether to leave out an optional attribute whose text is its default.
     bool IsSuppressedDefault(CSerializationContext const& ctx, std::string const& text) const;
     void ValidatePresence(bool found) const;
 

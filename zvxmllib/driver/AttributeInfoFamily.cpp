@@ -103,7 +103,7 @@ void CAttributeInfoEnum::AttributeToXml(CSerializationContext const& ctx, CXmlGe
     ReadProperty(object, value);
     if (m_optional && !value.IsValid())
         return;
-    // A mandatory attribute that has no value fails as the conversion of it does.
+    // A mandatory attribute without a value fails like the conversion of it.
     std::string const text = value.GetTypeAsEnum() == ZvXmlLib16::ItemType_i4
                                  ? TextOrEmpty(m_enumToString(value.GetI4()))
                                  : value.ToString(nullptr);

@@ -25,7 +25,7 @@ public:
                           CXmlAttribute* attribute) override;
     void Validate(CSerializationContext const& ctx, bool found) const override;
 
-    // Throws CZvInvalidValueException for a value that offends a facet.
+    // Throws CZvInvalidValueException for a value that violates a facet.
     void CheckRestriction(ZvVariant const& value) const;
 
 private:
@@ -37,7 +37,7 @@ private:
     ZvXmlLib16::ItemType const m_type;
     std::string const m_formatOverride;
     ZvXmlLib16::CWhitespaceUtils::WhitespaceRule const m_rule;
-    bool const m_needsCheck; // values are to be tested on writing
+    bool const m_needsCheck; // values are tested on writing
 };
 
 // An attribute of a generated enumeration: the property holds the enumerator as i4.
@@ -70,7 +70,7 @@ public:
                         CXmlWriter* writer) const override;
     bool AttributeFromXml(CSerializationContext const& ctx, CXmlGeneratedClass* object,
                           CXmlAttribute* attribute) override;
-    // Nothing is required of a wildcard.
+    // A wildcard requires nothing.
     void Validate(CSerializationContext const& ctx, bool found) const override;
 
 private:

@@ -1,4 +1,4 @@
-// CClassfactoryBase, what generated factories derive from: the type that an xsi:type attribute names.
+// CClassfactoryBase, the base of generated factories, which finds the type that an xsi:type attribute names.
 #pragma once
 
 #include "zvxmllib/foundation/Forward.h"
@@ -17,10 +17,10 @@ protected:
     CClassfactoryBase(CClassfactoryBase const&) = default;
     CClassfactoryBase& operator=(CClassfactoryBase const&) = default;
 
-    // The local part of xsi:type: what stands behind its first colon. Empty without the attribute.
+    // The local part of xsi:type: the text after its first colon. Empty without the attribute.
     static std::string GetElementType(CXmlElement* element);
     // The namespace of its prefix, by the last declaration of the prefix in the document; the namespace of
-    // the element where there is no prefix or nobody declared it.
+    // the element if there is no prefix or it is not declared.
     static std::string GetElementTypeNamespaceUri(CXmlElement* element);
 };
 

@@ -1,5 +1,5 @@
-// What the members of the element family have in common by the kind of their content, in whatever group they
-// stand: their fields, the writing, and the usual reading.
+// What the members of the element family share by the kind of their content, whatever group they belong to:
+// fields, writing, and the usual reading.
 #pragma once
 
 #include "zvxmllib/binding/XmlObjectBase.h" // its smart pointers release one
@@ -12,8 +12,8 @@ namespace ZvXmlLib16Data::detail {
 using Ctx = CElementInfo::Ctx;
 using Object = CElementInfo::Object;
 
-// The usual ElementFromXml of an entry takes the child under the cursor if it is the entry's, sets the
-// property, and answers whether it did.
+// The usual ElementFromXml of an entry takes the child under the cursor if it belongs to the entry, sets the
+// property, and returns whether it did.
 
 // An element with a text.
 class ZV_API ValueEntry : public CElementInfo {
@@ -53,8 +53,8 @@ protected:
     ObjectEntry(char const* name, char const* ns, std::int32_t propertyIndex, XmlElementType elementType);
 
     bool IsGroup() const noexcept { return m_elementType == ZvXmlLib16::XmlElementType_Pseudo; }
-    // Fills the new `child` from the element under the cursor, or from the children from there on. False, and
-    // nothing is set, for a group that took none.
+    // Fills the new `child` from the element under the cursor, or from the children from there on. Returns
+    // false and sets nothing for a group that took none.
     bool TakeInto(Ctx const& ctx, Object* object, CXmlObjectBase* child, CXmlElement* element,
                   CXmlElement** current) const;
 
@@ -79,7 +79,8 @@ private:
     int const m_classId;
 };
 
-// Its element factory makes what fits the element, or nothing. No group is read in the usual way.
+// Its element factory makes an object that fits the element, or none. The usual reading does not cover
+// groups.
 class ZV_API AbstractClassEntry : public ObjectEntry {
 public:
     AbstractClassEntry(char const* name, char const* ns, std::int32_t propertyIndex,
@@ -89,9 +90,9 @@ public:
                         char const* ns, XmlElementType parentType) override;
 
 protected:
-    // What the factory makes of an element; null where it makes nothing.
+    // The factory's object for an element, or null.
     CSmartPtr<CXmlObjectBase> MakeFor(CXmlElement* element) const { return m_factory(element); }
-    // The same for the element under the cursor; null if that is another.
+    // The same for the element under the cursor; null if that is a different one.
     CSmartPtr<CXmlObjectBase> MakeSubstitute(Ctx const& ctx, CXmlElement* current) const;
 
 private:
@@ -117,7 +118,7 @@ private:
     std::string const m_targetNamespace;
 };
 
-// Without the element the object cannot be written.
+// The object cannot be written without the element.
 template <class Content>
 class MandatoryEntry : public Content {
 public:

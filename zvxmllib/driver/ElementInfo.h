@@ -1,4 +1,4 @@
-// Chief header of the static description of generated classes: all of metadata/ in one include.
+// Chief header of the static description of generated classes: all entries in one include.
 #pragma once
 
 #include "zvxmllib/driver/AttributeInfoFamily.h"

@@ -1,5 +1,5 @@
 // The entries of an all group: 16 classes. Each takes at most one child, or the items of its collection, and
-// answers whether it is done.
+// returns whether it is done.
 #pragma once
 
 #include "zvxmllib/driver/ElementContents.h"
@@ -103,7 +103,7 @@ public:
     using AllOptional::AllOptional;
 };
 
-// A collection as such, and the base of the other collections. It is offered the cursor in every round.
+// A collection as such, and the base of the other collections. It is offered the cursor in each round.
 class ZV_API CElementInfoAllCol : public CElementInfo {
 public:
     CElementInfoAllCol(char const* name, char const* ns, std::int32_t propertyIndex);

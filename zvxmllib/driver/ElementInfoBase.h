@@ -1,5 +1,5 @@
-// CElementInfo, the base of the entries of an element table: what an entry knows, its access to the
-// property, and the steps of writing and reading that its members are made of.
+// CElementInfo, the base of the entries of an element table: the data of an entry, its access to the
+// property, and the steps of writing and reading that the members of the family combine.
 #pragma once
 
 #include "zvxmllib/foundation/Enumerations.h"
@@ -35,12 +35,12 @@ struct StrictValue;
 // virtual operations is a contract.
 class ZV_API CElementInfo {
 public:
-    // What most operations of the family take first.
+    // The first two arguments of most operations of the family.
     using Ctx = CSerializationContext;
     using Object = CXmlGeneratedClass;
 
-    // Both kinds of factory are generated. A class factory makes an object of the class of this id, under
-    // this name, never null; an element factory one that fits the element, or null.
+    // Both kinds of factory are generated. A class factory makes an object of the class with this id, under
+    // this name, and never returns null; an element factory makes one that fits the element, or returns null.
     using ClassFactory = CSmartPtr<CXmlObjectBase> (*)(int classId, char const* elementName);
     using ElementFactory = CSmartPtr<CXmlObjectBase> (*)(CXmlElement* element);
     using EnumToString = char const* (*)(int);
@@ -50,21 +50,21 @@ public:
     CElementInfo& operator=(CElementInfo const&) = delete;
     virtual ~CElementInfo();
 
-    // Writes the child; true if something was written.
+    // Writes the child; returns true if something was written.
     virtual bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const = 0;
     // Offers the cursor `*current`, a child of `element` or null, to this entry, which fills `object`. True:
-    // the entry is done, also when it read nothing. `ns` is the namespace of the class, `parentType` what the
-    // class of this table is.
+    // the entry is done, even if it read nothing. `ns` is the namespace of the class of this table,
+    // `parentType` its element type.
     virtual bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                                 char const* ns, XmlElementType parentType) = 0;
-    // After an all group was read: `found` if this entry took something, `checkMandatory` for a real
-    // element. False: the group did not match.
+    // Called after an all group was read: `found` if this entry took something, `checkMandatory` for a real
+    // element. Returns false if the group did not match.
     virtual bool Validate(Ctx const& ctx, Object const* object, bool found, bool checkMandatory) const;
-    // The attributes of a nested group, which stand on the enclosing element.
+    // Writes the attributes of a nested group onto the enclosing element.
     virtual void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const;
 
-    // Throws CZvInvalidValueException for a value that offends a facet, CZvException for an entry that is not
-    // primitive.
+    // Throws CZvInvalidValueException for a value that violates a facet, CZvException for an entry that is
+    // not primitive.
     void CheckRestriction(ZvVariant const& value) const;
 
     // Whether this entry lets its choice be empty: always, where its collection may be, or never. A bare
@@ -77,7 +77,7 @@ public:
 protected:
     // Classes, untyped elements and collections.
     CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex);
-    // Enumerations. A null default value, as a null format override below, is an empty one.
+    // Enumerations. A null default value counts as empty, and so does a null format override below.
     CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
                  EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue);
     // Primitives.
@@ -91,7 +91,7 @@ protected:
 
     bool IsThisElement(Ctx const& ctx, CXmlElement const* element) const;
 
-    // Access to the property. What its class throws is wrapped in CZvValidationException.
+    // Access to the property. Exceptions of its class are wrapped in CZvValidationException.
     void InvokePropertyGet(Object* object, ZvVariant& value) const;
     void InvokePropertySet(Object* object, ZvVariant& value, CXmlElement const& element) const;
     void ReadProperty(Object const* object, ZvVariant& value) const;
@@ -108,7 +108,7 @@ protected:
     bool ElementToXmlEnum(Ctx const& ctx, Object const* object, CXmlWriter* writer,
                           EnumToString enumToString) const;
     bool ElementToXmlPrim(Ctx const& ctx, Object const* object, CXmlWriter* writer) const;
-    // True, or throws CZvInvalidParamException for a mandatory element that was not written.
+    // Returns true, or throws CZvInvalidParamException for a mandatory element that was not written.
     bool Mandatory(bool written) const;
     void ObjectAttributesToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer,
                                XmlElementType elementType) const;
@@ -136,7 +136,7 @@ protected:
                                    std::string const& targetNamespace) const;
     static std::string GetAnyDefaultNamespace(char const* allowed, char const* ns, char const* target);
 
-    // Collections. The next cursor; a fixed name is locked where `isUntyped`.
+    // Collections. Return the next cursor; with `isUntyped` a fixed name is locked.
     CXmlElement* ReadCollection(Ctx const& ctx, CXmlCollectionBase& collection, CXmlElement* element,
                                 CXmlElement* current, bool isUntyped) const;
     bool SeqCollectionFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
@@ -156,7 +156,7 @@ protected:
 
     bool IsPrimitive() const noexcept { return m_hasRestrictions; }
 
-    bool m_usesClassNamespace = true; // members of the library that need no namespace save the call for it
+    bool m_usesClassNamespace = true; // the library's own entries that need no namespace save the call
     EnumToString const m_enumToString = nullptr;
 
 private:
@@ -180,7 +180,7 @@ private:
     bool const m_nillable = false;
     StringToEnum const m_stringToEnum = nullptr;
     bool const m_hasRestrictions = false; // built by the primitive constructor
-    bool const m_needsCheck = false;      // values are to be tested on writing
+    bool const m_needsCheck = false;      // values are tested on writing
     bool const m_isWildcard;
 };
 

@@ -1,4 +1,4 @@
-// The entries of a choice: 11 classes. Each answers whether it took the child.
+// The entries of a choice: 11 classes. Each returns whether it took the child.
 #pragma once
 
 #include "zvxmllib/driver/ElementContents.h"
@@ -69,7 +69,7 @@ public:
 
 namespace detail {
 
-// A collection that may be empty lets its choice be so.
+// A collection that may be empty makes its choice optional.
 template <class Collection>
 class ChoiceCollection : public Collection {
 public:

@@ -101,7 +101,7 @@ bool CElementInfoSeqUntpdMnd::ElementFromXml(Ctx const& ctx, Object* object, CXm
 
 // CElementInfoSeqUntpdOpt
 
-// The child is made before its name is looked at, so that a namespace it may not have fails in any case.
+// The child is made before its name is checked, so that a forbidden namespace always fails.
 bool CElementInfoSeqUntpdOpt::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
                                              CXmlElement** current, char const* ns, XmlElementType) {
     CXmlElement const* const offered = *current;

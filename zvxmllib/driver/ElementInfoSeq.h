@@ -1,5 +1,5 @@
-// The entries of a sequence: 16 classes. A mandatory entry that is absent fails in a real element and answers
-// false in a group; an optional one is done in any case.
+// The entries of a sequence: 16 classes. A missing mandatory entry throws in a real element and returns false
+// in a group; an optional entry always returns true.
 #pragma once
 
 #include "zvxmllib/driver/ElementContents.h"

@@ -1,4 +1,4 @@
-// The steps of reading that the members of the element family are made of.
+// The steps of reading that the members of the element family combine.
 #include "zvxmllib/binding/StrictElement.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/context/SerializationContext.h"
@@ -110,7 +110,7 @@ CXmlElement* CElementInfo::ReadCollection(Ctx const& ctx, CXmlCollectionBase& co
                 m_name, current == nullptr ? std::string() : current->GetNamespaceURI(), element, current,
                 ctx);
     }
-    // No level of nesting: its items are.
+    // The collection is not a level of nesting; its items are.
     CXmlObjectBase& items = collection;
     return items.FromXml_Int(element, current, ctx, false);
 }
@@ -135,7 +135,7 @@ bool CElementInfo::ChoiceCollectionFromXml(Ctx const& ctx, Object* object, CXmlE
         return false;
     if (parentType != XmlElementType_Element) {
         if (!collection->IsValidCount(ctx))
-            return false; // and the cursor stays
+            return false; // the cursor stays
         *current = next;
         return true;
     }
@@ -144,7 +144,7 @@ bool CElementInfo::ChoiceCollectionFromXml(Ctx const& ctx, Object* object, CXmlE
     return true;
 }
 
-// False always, so that the entry is offered the cursor in every round.
+// Always false, so that the entry is offered the cursor in each round.
 bool CElementInfo::AllCollectionFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
                                         CXmlElement** current, bool isUntyped) const {
     CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);

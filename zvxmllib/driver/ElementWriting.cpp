@@ -1,4 +1,4 @@
-// The steps of writing that the members of the element family are made of.
+// The steps of writing that the members of the element family combine.
 #include "zvxmllib/binding/NestingGuard.h"
 #include "zvxmllib/binding/XmlCollectionBase.h"
 #include "zvxmllib/context/SerializationContext.h"
@@ -11,8 +11,8 @@
 
 namespace ZvXmlLib16Data {
 
-// A nil value is written also where the entry is not nillable, but in a strict context. A value that equals
-// the default is not tested against the facets: whether its text stands in the output is the writer's to say.
+// Except in a strict context, a nil value is written even if the entry is not nillable. A value that equals
+// the default is not tested against the facets: the writer decides whether its text is written.
 template <class ToText>
 bool CElementInfo::WriteProperty(Ctx const& ctx, Object const* object, CXmlWriter* writer,
                                  ToText toText) const {

@@ -11,7 +11,7 @@ namespace ZvXmlLib16Data {
 
 using ZvXmlLib16::CZvException;
 
-// What other readers of elements fail by, too.
+// Used by other readers of elements, too.
 using ZvXmlLib16::FailFacetOfRead;
 using ZvXmlLib16::FailNilNotAllowed;
 using ZvXmlLib16::FailNilValue;

@@ -1,4 +1,4 @@
-// INillable, what a class has whose element can be nil (XML Schema Part 1, 2.6.2).
+// INillable, for classes whose element can be nil (XML Schema Part 1, 2.6.2).
 #pragma once
 
 #include "zvxmllib/platform/Api.h"

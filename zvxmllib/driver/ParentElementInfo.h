@@ -1,4 +1,4 @@
-// CParentElementInfo, what a generated class itself is.
+// CParentElementInfo, the description of a generated class itself.
 #pragma once
 
 #include "zvxmllib/foundation/Enumerations.h"
@@ -18,7 +18,7 @@ namespace ZvXmlLib16Data {
 // One for each generated class, shared by its instances; immutable.
 class ZV_API CParentElementInfo {
 public:
-    // A null format override is an empty one. `primitiveValuePropertyIndex` is -1 and `primitiveDataType`
+    // A null format override counts as empty. `primitiveValuePropertyIndex` is -1 and `primitiveDataType`
     // ItemType_invalid for a class without simple content.
     CParentElementInfo(ZvXmlLib16::XmlElementGroupType elementGroupType,
                        ZvXmlLib16::XmlElementType elementType, char const* elementName,
@@ -31,9 +31,9 @@ public:
 
     // The content model.
     ZvXmlLib16::XmlElementGroupType GetElementGroupType() const noexcept { return m_elementGroupType; }
-    // Own tag or group.
+    // A real element with a tag, or a group.
     ZvXmlLib16::XmlElementType GetElementType() const noexcept { return m_elementType; }
-    // The name of the type's element, which xsi:type names too.
+    // The name of the type, which xsi:type names.
     std::string const& GetElementName() const noexcept { return m_elementName; }
     std::string const& GetElementNamespace() const noexcept { return m_elementNamespace; }
     // Whether an attribute that fits no entry is an error.
@@ -43,7 +43,7 @@ public:
     std::int32_t GetPrimitiveValuePropertyIndex() const noexcept { return m_primitiveValuePropertyIndex; }
     ZvXmlLib16::ItemType GetPrimitiveDataType() const noexcept { return m_primitiveDataType; }
     std::string const& GetPrimitiveFormatOverride() const noexcept { return m_primitiveFormatOverride; }
-    // Whether the text of simple content goes to the property unparsed.
+    // Whether reading passes the text of simple content to the property unparsed.
     bool GetOutputPrimitiveClassAsTextProperty() const noexcept {
         return m_outputPrimitiveClassAsTextProperty;
     }
@@ -61,7 +61,7 @@ private:
     ZvXmlLib16::ItemType m_primitiveDataType;
     std::string m_primitiveFormatOverride;
     bool m_outputPrimitiveClassAsTextProperty;
-    // The class last found to have no INillable: spares the driver a checked cast for each object.
+    // The last class found to have no INillable. Saves the driver a checked cast for each object.
     mutable std::atomic<std::type_info const*> m_classWithoutNil{nullptr};
 };
 

@@ -20,7 +20,7 @@ void CXmlGeneratedClass::ReadProperty(int index, ZvVariant& value) const {
     Mutable().AccessProperty(index, true, value);
 }
 
-// The interface is found by a checked cast; that a class has none is remembered.
+// Finds the interface by a checked cast, and remembers a class that has none.
 INillable* CXmlGeneratedClass::FindNillable(CParentElementInfo const& info) const {
     std::type_info const& type = typeid(*this);
     if (info.m_classWithoutNil.load(std::memory_order_relaxed) == &type)

@@ -20,8 +20,9 @@ protected:
                              bool optionalChoice) override;
 
 public:
-    // The one gate to the properties: with `read` stores the property in `value`, invalid when it holds
-    // nothing; otherwise sets it, and may take a string or bytes out of `value`. Refuses by CZvException.
+    // The one gate to the properties: with `read` it stores the property in `value`, invalid if it holds
+    // nothing; otherwise it sets the property, and may move a string or bytes out of `value`. It refuses
+    // values by CZvException.
     virtual void AccessProperty(int index, bool read, ZvVariant& value) = 0;
     // Never null.
     virtual ZvXmlLib16Data::CParentElementInfo* GetClassInfo() = 0;
@@ -38,7 +39,7 @@ protected:
     CXmlGeneratedClass& operator=(CXmlGeneratedClass const&) = default;
 
     void ReadProperty(int index, ZvVariant& value) const;
-    // Whether an entry of a choice may be absent: an optional one, or a collection that may be empty.
+    // Whether a choice may be empty: it has an optional entry, or a collection that may be empty.
     bool DoesElementContainOptionalElements() const;
     // Whether an entry of the element table accepts `element`.
     bool IsElementInList(CSerializationContext const& ctx, CXmlElement* element) const;
@@ -49,7 +50,7 @@ protected:
                               ZvXmlLib16Data::CElementInfo**& elements,
                               ZvXmlLib16Data::CAttributeInfo**& attributes);
 
-    // For generated code, which builds its tables under it. The library does not take it.
+    // Generated code builds its tables under this lock. The library does not take it.
     static CZVCriticalSection m_csInit;
 
 private:

@@ -83,7 +83,7 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
     } catch (CZvException const& cause) {
         if (cause.GetPath().empty())
             FailToReadElement(element->GetXPath(), cause);
-        // A copy of the base part: the innermost element that has a path is the one that the caller sees.
+        // Throws a copy of the base part, so that the caller sees the innermost element that has a path.
         throw CZvException(cause);
     }
 }
@@ -178,7 +178,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(CSerializationContext 
             return reading.current;
         if (!reading.ignoresUnknown)
             reading.FailUnread();
-        // The walk goes on at the last entry, so that a collection there gets what stands behind.
+        // Continues at the last entry, so that a collection there gets the elements that follow.
         reading.current = reading.current->GetNextSiblingElement();
         if (reading.current == nullptr)
             return nullptr;

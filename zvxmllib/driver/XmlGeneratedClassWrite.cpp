@@ -18,7 +18,7 @@ using namespace ZvXmlLib16Data; // its failures
 
 namespace {
 
-// What stands before the root element, and the scope that it begins with. An empty alias is none.
+// Writes what precedes the root element, and sets the scope it starts with. An empty alias counts as none.
 void WriteProlog(CXmlWriter& writer, CSerializationContext const& ctx) {
     for (std::string const& instruction : ctx.GetProcessingInstructions())
         writer.WriteProcessingInstruction(instruction);
@@ -117,7 +117,7 @@ void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer, CSerializationC
     }
 }
 
-// The attributes of nested groups stand behind the class's own.
+// The attributes of nested groups follow the class's own.
 void CXmlGeneratedClass::ProcessAttributesToXml(CSerializationContext const& ctx, CElementInfo** elements,
                                                 CAttributeInfo** attributes, CXmlWriter* writer) const {
     for (; *attributes != nullptr; ++attributes)
@@ -132,7 +132,7 @@ void CXmlGeneratedClass::ProcessElementSeqToXml(CSerializationContext const& ctx
         (*elements)->ElementToXml(ctx, this, writer);
 }
 
-// Table order, whatever the order of reading was.
+// In table order, whatever the order of reading was.
 void CXmlGeneratedClass::ProcessElementAllToXml(CSerializationContext const& ctx, CElementInfo** elements,
                                                 CXmlWriter* writer) const {
     ProcessElementSeqToXml(ctx, elements, writer);

@@ -33,7 +33,7 @@ Bits ReadBits(std::string_view octets) noexcept {
     return bits;
 }
 
-// Calls `append` for each piece of `size` octets. `type` is what the message calls them.
+// Calls `append` for each piece of `size` octets. `type` is their name in the message.
 template <class Append>
 void AppendEach(std::string_view octets, std::size_t size, char const* type, std::string& text,
                 Append append) {
@@ -138,7 +138,7 @@ bool IsAsciiWithoutZero(std::string_view text) noexcept {
     return AreAsciiWithoutZero<std::uint64_t>(end - 8);
 }
 
-// As CBinaryData reads it.
+// Like CBinaryData.
 void AppendFromHex(std::string const& text, std::string& octets) {
     std::size_t const digits = std::strlen(text.c_str());
     if (digits % 2 != 0)

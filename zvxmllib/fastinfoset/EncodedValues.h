@@ -19,11 +19,11 @@
 namespace ZvXmlLib16 {
 
 // Appends the values to the text, with a blank between two of them. Algorithms 1 to 9: the tenth is text as
-// it is. Throws CZvException for octets that are no values of the algorithm, and for any other number.
+// it is. Throws CZvException for octets that are not values of the algorithm, and for any other number.
 void AppendEncodedValues(std::uint32_t algorithm, std::string_view octets, std::string& text);
 
-// Appends the octets of one value: a list is not split. The conversions of the types apply, and throw what
-// they throw. Throws CZvException for a number that is no algorithm.
+// Appends the octets of one value: a list is not split. Uses the conversions of the types, and throws what
+// they throw. Throws CZvException for an unknown algorithm.
 void AppendEncodedOctets(std::uint32_t algorithm, std::string const& text, std::string& octets);
 
 // Local text in UTF-8, up to the first zero: the text itself where it is the same, else in `room`.

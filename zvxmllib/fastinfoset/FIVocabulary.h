@@ -11,11 +11,11 @@
 
 namespace ZvXmlLib16 {
 
-// What writer and reader of a document know in advance (X.891 calls it an external vocabulary). A template: a
-// document that is written or read begins with a copy of it and leaves it as it is. The writer looks texts
-// up, the reader looks indices up, so there is a map and a table of each kind. None takes more than 1048576
-// entries: what is added beyond is dropped. Belongs to one thread at a time; copied by assignment. Strings
-// are in the local encoding.
+// What writer and reader of a document know in advance (X.891 calls it an external vocabulary). A template:
+// writing or reading a document starts with a copy and does not change it. The writer looks texts up, the
+// reader looks indices up, so there is a map and a table of each kind. Each holds at most 1048576 entries;
+// further ones are dropped. Belongs to one thread at a time; copied by assignment. Strings are in the local
+// encoding.
 class ZV_API CFIVocabulary {
 public:
     // A qualified name by the indices of its parts, from 1; 0 for none.
@@ -69,12 +69,12 @@ public:
     CFIVocabulary& operator=(CFIVocabulary const& other);
     virtual ~CFIVocabulary();
 
-    // A name, and what is new of its parts; nothing if the name is there. An empty prefix or namespace counts
-    // as none.
+    // Adds a name and those of its parts that are new; does nothing if the name exists. An empty prefix or
+    // namespace counts as none.
     void AddElement(std::string const& prefix, std::string const& ns, std::string const& localName);
     void AddAttribute(std::string const& prefix, std::string const& ns, std::string const& localName);
 
-    // These look for no duplicates: a text is to be added once, or writer and reader count differently.
+    // These do not look for duplicates: add a text once only, or writer and reader count differently.
     void AddElementValue(std::string const& value);
     void AddAttributeValue(std::string const& value);
     void AddPrefixName(std::string const& prefix);
@@ -89,8 +89,8 @@ public:
     CFIStringTable const& GetNamespaceNamesTable() const noexcept { return m_namespaceNames; }
     CFIStringTable const& GetPrefixNamesTable() const noexcept { return m_prefixNames; }
 
-    // The maps to the standard output: a line for each entry with its text and its index, by the bytes of the
-    // texts. The parts of a qualified name, local name first, have the byte 1 between them.
+    // Prints the maps to standard output: a line for each entry with its text and index, sorted by the bytes
+    // of the texts. The parts of a qualified name, local name first, have the byte 1 between them.
     void Dump() const;
 
 private:
@@ -101,7 +101,7 @@ private:
     static void AddQNameToVector(std::uint32_t prefix, std::uint32_t ns, std::uint32_t localName,
                                  CFIQNameTable& table);
     void AddQName(detail::IndexMap::QName const& name, detail::IndexMap& map, CFIQNameTable& table);
-    // The entry of the text, which is made if there is none.
+    // The entry of the text, added if it is missing.
     static std::uint32_t FindOrAdd(std::string_view text, detail::IndexMap& map, CFIStringTable& table);
 
     detail::IndexMaps m_maps;

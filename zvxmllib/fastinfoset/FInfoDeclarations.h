@@ -23,8 +23,8 @@ inline constexpr std::array<std::string_view, 9> kFInfoDeclarations = {
 };
 static_assert(kFInfoDeclarations.size() == std::size_t{FInfoDecl_Version11StandaloneNo});
 
-// What stands behind the declaration, or at the start: the identification and the version
-// (X.891, 12.6, 12.7).
+// What follows the declaration, or starts the document: the identification and the version (X.891, 12.6,
+// 12.7).
 inline constexpr std::string_view kFInfoMagic("\xE0\x00\x00\x01", 4);
 
 } // namespace ZvXmlLib16

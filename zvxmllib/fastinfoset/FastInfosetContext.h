@@ -11,7 +11,7 @@
 
 namespace ZvXmlLib16 {
 
-// The part of a CSerializationContext that its GetFIContext gives; belongs to one thread like that.
+// Part of a CSerializationContext, returned by its GetFIContext. Belongs to one thread, as the context does.
 class ZV_API CFastInfosetContext {
 public:
     enum EncodingType : std::uint32_t {
@@ -36,12 +36,12 @@ public:
     // 0, which is UTF-8.
     std::uint8_t GetDefaultStringEncoding() const noexcept { return m_defaultStringEncoding; }
 
-    // Both throw CZvInvalidParamException for a number that is no ItemType. Strings at first.
+    // Both throw CZvInvalidParamException for a number that is not an ItemType. Strings at first.
     EncodedCharacterString GetEncoding(std::uint32_t itemType) const;
     void SetEncoding(std::uint32_t itemType, EncodedCharacterString encoding);
     // The algorithms and alphabets that suit the types, except for ItemType_string and ItemType_char, which
-    // keep what they have. A text that its encoding does not know fails when it is written: fractions of
-    // seconds, for instance.
+    // stay unchanged. A text that its encoding cannot express, such as a fraction of a second, fails when it
+    // is written.
     void SetSuggestedValues();
 
     // Values of fewer characters are written once and then as an index; 0 for none. 6 at first. Characters
@@ -51,13 +51,13 @@ public:
     std::uint32_t GetElementMaxAddLength() const noexcept { return m_elementMaxAddLength; }
     void SetElementMaxAddLength(std::uint32_t length) noexcept { m_elementMaxAddLength = length; }
 
-    // Whether documents begin with what GetVocabulary holds. False at first. Writer and reader must agree,
-    // and their vocabularies must be equal: a document only names it.
+    // Whether documents start with the entries of GetVocabulary. False at first. Writer and reader must
+    // agree, and their vocabularies must be equal: a document only names it.
     bool GetUseGeneratedVocabulary() const noexcept { return m_useGeneratedVocabulary; }
     void SetUseGeneratedVocabulary(bool use) noexcept { m_useGeneratedVocabulary = use; }
     CFIVocabulary* GetVocabulary() noexcept { return &m_vocabulary; }
     CFIVocabulary const* GetVocabulary() const noexcept { return &m_vocabulary; }
-    // The name of the vocabulary in documents that begin with it; for an empty one the library has its own.
+    // The name of the vocabulary in documents that start with it; if empty, the library uses its own.
     std::string GetExternalVocabularyURI() const { return m_externalVocabularyUri; }
     void SetExternalVocabularyURI(std::string const& uri) { m_externalVocabularyUri = uri; }
 

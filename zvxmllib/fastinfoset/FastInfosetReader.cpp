@@ -55,7 +55,7 @@ std::string_view View(unsigned char const* data, std::size_t length) noexcept {
     return {reinterpret_cast<char const*>(data), length};
 }
 
-// Instances show in the counts when the load ends, however it ends.
+// Instances are counted when the load ends, however it ends.
 class CountsSettler {
 public:
     explicit CountsSettler(XmlTree& tree) noexcept : m_tree(tree) {}
@@ -102,7 +102,7 @@ bool CFastInfosetReader::Parse(unsigned char const* data, std::size_t length) {
     return true;
 }
 
-// What stands behind the root is not looked at.
+// Anything after the root is ignored.
 void CFastInfosetReader::ParseDocumentChildren() {
     for (;;) {
         std::uint8_t const octet = m_in.ReadOctet();
@@ -126,7 +126,7 @@ void CFastInfosetReader::ParseRoot(std::uint8_t octet) {
         ParseContent();
 }
 
-// The root is open, and so is whatever else was started and has not ended: no other state is needed.
+// The root and every other element that has not ended are open: no other state is needed.
 void CFastInfosetReader::ParseContent() {
     while (m_tree->HasOpenElement()) {
         std::uint8_t const octet = m_in.ReadOctet();
@@ -250,7 +250,7 @@ XmlName const* CFastInfosetReader::Resolve(ReadVocabulary::QName const& entry) {
                                           SharedText(m_vocabulary->localNames, entry.localName));
 }
 
-// That of the entry, or the empty one for the index 0.
+// The text of the entry, or the empty one for index 0.
 std::string const* CFastInfosetReader::SharedText(NameParts& table, std::uint32_t index) {
     if (index > table.entries.size())
         FailIndexBeyondTable(index, table.content);

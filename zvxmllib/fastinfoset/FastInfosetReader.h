@@ -19,12 +19,11 @@ class XmlTree;
 struct XmlName;
 
 // Reads one document, of this library or of another producer. What the tree has no place for (comments,
-// processing instructions, the document type, all of the header) is read over; texts and names lie in the
-// tree's storage, those that are referred to by index once. Nothing recurses. Belongs to the thread of the
-// load.
+// processing instructions, the document type, the whole header) is skipped; texts and names lie in the tree's
+// storage, those that are referred to by index once. Nothing recurses. Belongs to the thread of the load.
 class CFastInfosetReader : public CInstanceMonitor {
 public:
-    // True if a document begins here. Looks at the first octets only.
+    // True if the input starts like a document. Examines only the first octets.
     static bool IsFastInfoset(unsigned char const* data, std::size_t length) noexcept;
 
     // Both are borrowed and outlive the reader.
@@ -33,8 +32,8 @@ public:
     CFastInfosetReader& operator=(CFastInfosetReader const&) = delete;
     ~CFastInfosetReader() override;
 
-    // Makes the document's tree of this input and answers true; false, with nothing done, if it is no Fast
-    // Infoset. Throws CZvException; the tree then holds what was read.
+    // Builds the document's tree from this input and returns true; returns false and does nothing if it is
+    // not Fast Infoset. Throws CZvException; the tree then holds what was read.
     bool Parse(unsigned char const* data, std::size_t length);
 
     // The tables as they are after Parse; null before. The texts in them end with the document's tree.
@@ -51,7 +50,7 @@ private:
         std::string_view octets;
     };
 
-    // FastInfosetHeader.cpp: what leaves no trace.
+    // FastInfosetHeader.cpp: what is skipped.
     void ParseDocumentHeader();
     void ParseInitialVocabulary();
     void SkipNotations();
@@ -107,7 +106,7 @@ private:
     std::string m_text;                    // for what has to be put together
     std::u16string m_units;
     std::array<char16_t, 512> m_work{}; // spares the conversion of short texts an allocation
-    bool m_isAsciiOnly = false;         // settled once for the document, as the next two
+    bool m_isAsciiOnly = false;         // decided once for the document, as are the next two
     bool m_isLocalUtf8 = false;
     bool m_isTraced = false;
 };

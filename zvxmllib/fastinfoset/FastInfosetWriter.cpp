@@ -86,7 +86,7 @@ void CFastInfosetWriter::WriteProcessingInstruction(std::string const&) {
 
 void CFastInfosetWriter::WriteInlineSchema(std::string const&) {}
 
-// The first octet of an element tells whether attributes follow, so its head is held back until this shows.
+// The first octet of an element says whether attributes follow, so its head is held back until that is known.
 void CFastInfosetWriter::WriteElementStart(std::string const& name, std::string const& ns) {
     WritePendingElement(false);
     WritePendingTerminator();
@@ -120,7 +120,7 @@ void CFastInfosetWriter::WriteElementValue(std::string const& text, ItemType typ
         WriteCharacterChunk(text, m_context.GetElementMaxAddLength(), type);
 }
 
-// The end is held back: together with the next one it is one octet.
+// The end is held back: two ends in a row share one octet.
 void CFastInfosetWriter::WriteElementEnd() {
     if (m_pContext == nullptr)
         FailEndOutsideElement();
@@ -200,7 +200,7 @@ void CFastInfosetWriter::WritePendingElement(bool hasAttributes) {
     if (!m_isPending)
         return;
     m_isPending = false;
-    // What is told of the attributes here is final.
+    // No attribute can follow.
     m_pContext->m_hasAttributes = hasAttributes;
     m_pContext->m_startTagOpen = hasAttributes;
     unsigned current = hasAttributes ? kHasAttributes : 0x00;
@@ -212,7 +212,7 @@ void CFastInfosetWriter::WritePendingElement(bool hasAttributes) {
     WriteElementQName(current);
 }
 
-// What is known before the root. There is always something, be it the XML namespace, which needs no
+// Writes the declarations known before the root. There is always an entry: the XML namespace, which needs no
 // declaration.
 void CFastInfosetWriter::WriteNamespaceAttributes() {
     if (!m_defaultNamespace.empty()) {
@@ -229,7 +229,7 @@ void CFastInfosetWriter::WriteNamespaceAttributes() {
     m_out.WriteOctet(kEnd);
 }
 
-// An alias that is made up needs no declaration: a qualified name carries prefix and namespace.
+// A generated alias needs no declaration: a qualified name carries prefix and namespace.
 std::string_view CFastInfosetWriter::AliasOf(std::string const& ns) {
     std::string const* const known = m_pContext->FindAlias(ns);
     return known != nullptr ? *known : GenerateAlias(*m_pContext, ns);
@@ -307,7 +307,7 @@ void CFastInfosetWriter::WriteAttributeValue(std::string const& value, std::uint
             return m_out.WriteIntegerBit2(0x80, index);
     }
     EncodedString const string = Encode(value, type, kFunction);
-    if (string.octets.empty()) // there is no form for no octets
+    if (string.octets.empty()) // an empty string has no octet form
         return m_out.WriteOctet(kEmptyValue);
     EncodedCharacterStringBit5(isAdded ? kAddAttributeValue : 0x00, string);
     if (isAdded)
@@ -332,7 +332,7 @@ void CFastInfosetWriter::WriteCharacterChunk(std::string const& text, std::uint3
         m_vocabulary.characterChunks.Add(text, hash);
 }
 
-// `function` is the encoder that the string is for.
+// `function` is the encoder of the string.
 CFastInfosetWriter::EncodedString CFastInfosetWriter::Encode(std::string const& text, ItemType type,
                                                              char const* function) {
     CFastInfosetContext::EncodedCharacterString const encoding = m_context.GetEncoding(type);

@@ -17,8 +17,8 @@
 namespace ZvXmlLib16 {
 
 // Names are written once and then as an index, values below the limits of the context likewise. Comments and
-// instructions are not written. Prefixes come from the aliases given, which the root declares, or are made up
-// where they are needed, without a declaration. Open, WriteDocumentHead, the root, WriteDocumentTerminator,
+// instructions are not written. Prefixes come from the given aliases, which the root declares, or are
+// generated where needed, without a declaration. Open, WriteDocumentHead, the root, WriteDocumentTerminator,
 // Close.
 class CFastInfosetWriter : public CXmlWriter {
 public:
@@ -38,13 +38,14 @@ public:
     void WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) override;
     void WriteNilAttribute() override;
 
-    // The declaration in front, what tells the format, and the name of the vocabulary if it is used.
+    // Writes the declaration, the identification of the format, and the name of the vocabulary if one is
+    // used.
     void WriteDocumentHead(FInfoDecl declaration);
     void WriteDocumentTerminator();
 
 private:
     using IndexMap = detail::IndexMap;
-    // A value as it is written: the octets, and what they mean.
+    // An encoded value: the octets, and what they mean.
     struct EncodedString {
         unsigned discriminant;
         std::uint32_t index; // of the alphabet or algorithm
@@ -54,7 +55,7 @@ private:
     // The names of elements or of attributes, and which one is likely to come: documents repeat themselves.
     struct Names {
         explicit Names(IndexMap& names) noexcept : map(names) {}
-        // 0 if it is not there.
+        // 0 if it is missing.
         std::uint32_t Find(IndexMap::QName const& name) {
             std::uint32_t const likely = last < likelyNext.size() ? likelyNext[last] : 0;
             if (likely != 0 && detail::Equals(name, map.GetText(likely)))

@@ -12,7 +12,7 @@ constexpr std::size_t kFirstSlots = 32;
 constexpr std::size_t kTextOfSlot = 4; // bytes, a guess
 constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15U;
 
-// Differs from process to process where addresses do, so that nobody prepares texts that meet in one slot.
+// Differs between processes if addresses do, so that nobody can prepare texts that share a slot.
 std::uint64_t Seed() noexcept {
     return reinterpret_cast<std::uintptr_t>(&kMultiplier);
 }

@@ -1,4 +1,4 @@
-// IndexMap, which finds the index of a text that stood in a document before, and the seven of a writer.
+// IndexMap, which finds the index of a text seen before in a document, and the seven maps of a writer.
 #pragma once
 
 #include <cstddef>
@@ -10,12 +10,12 @@
 namespace ZvXmlLib16 {
 namespace detail {
 
-// Texts numbered from 1 in the order in which they were added, found by their hash with open addressing: what
-// a text costs does not grow with the map. All texts lie one behind the other, so that a copy of the map
+// Texts numbered from 1 in the order in which they were added, found by their hash with open addressing, so
+// the cost of a text does not grow with the map. All texts are stored one after the other, so copying the map
 // copies three blocks.
 class IndexMap {
 public:
-    // More are not taken (X.891, 7.13.7).
+    // The greatest number of entries (X.891, 7.13.7).
     static constexpr std::uint32_t kMostEntries = std::uint32_t{1} << 20U;
 
     // A qualified name is the text of its local name, namespace and prefix with the byte 1 between them.
@@ -29,12 +29,12 @@ public:
     static std::uint64_t Hash(std::string_view text) noexcept;
     static std::uint64_t Hash(QName const& name) noexcept;
 
-    // 0 if it is not there.
+    // 0 if it is missing.
     std::uint32_t Find(std::string_view text) const noexcept { return Find(text, Hash(text)); }
     std::uint32_t Find(std::string_view text, std::uint64_t hash) const noexcept;
     std::uint32_t Find(QName const& name, std::uint64_t hash) const noexcept;
 
-    // For what is not there; a full map stays as it is.
+    // Adds a text that is missing; a full map stays unchanged.
     void Add(std::string_view text, std::uint64_t hash);
     void Add(QName const& name, std::uint64_t hash);
 

@@ -21,7 +21,7 @@ std::uint64_t WordAt(char const* p) noexcept {
     return word;
 }
 
-// Done before memcmp has found out how to do it. The last word may overlap the one before.
+// Faster than a call of memcmp. The last word may overlap the one before.
 inline bool AreEqual(char const* a, char const* b, std::size_t length) noexcept {
     if (length >= 8) {
         std::size_t const last = length - 8;

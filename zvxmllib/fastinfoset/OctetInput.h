@@ -9,9 +9,9 @@
 
 namespace ZvXmlLib16 {
 
-// Nothing but this class looks at the input, and it never goes beyond its end: each function throws
-// CZvException there. The numbers begin in an octet that has been read already; what stands in front of
-// them in that octet does not matter. Bits are counted from 1, the highest.
+// Only this class reads the input, and it never goes beyond its end: each function throws CZvException there.
+// The numbers begin in an octet that has already been read; the bits before them do not matter. Bits are
+// counted from 1, the highest.
 class OctetInput {
 public:
     OctetInput() = default;

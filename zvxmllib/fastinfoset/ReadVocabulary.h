@@ -1,4 +1,4 @@
-// ReadVocabulary, the tables by which a document that is being read refers to what stood in it before.
+// ReadVocabulary, the tables through which a document that is being read refers to earlier content.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@ class CFastInfosetContext;
 class XmlTree;
 struct XmlName;
 
-// What an element keeps of a text: up to the first zero, without carriage returns.
+// The part of a text that an element keeps: up to the first zero, without carriage returns.
 std::string ElementText(std::string_view text);
 
 // Entry n of a table stands at place n - 1. The texts are local text and lie in the tree that is being built.

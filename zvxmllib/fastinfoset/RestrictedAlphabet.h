@@ -1,4 +1,4 @@
-// Text under a restricted alphabet, whose characters are written as their places in it.
+// Text in a restricted alphabet, whose characters are written as their positions in it.
 #pragma once
 
 #include <array>

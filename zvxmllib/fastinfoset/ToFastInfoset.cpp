@@ -30,7 +30,7 @@ void CXmlObjectBase::ToFastInfosetFile(char const* fileName, FInfoDecl declarati
                                        CSerializationContext const& ctx, CompressionType compression) const {
     if (compression == CompressionType_ZLib)
         FailZLibForFiles();
-    // Writing leaves the object as it is, but the slot is not const.
+    // Writing does not change the object, but the operation is not const.
     CBinaryData const data =
         const_cast<CXmlObjectBase*>(this)->ToFastInfosetStream(declaration, ctx, compression);
     CFileBinaryStream(fileName, XmlEncoding_None, data).WriteToFile();
