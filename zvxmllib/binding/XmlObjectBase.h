@@ -16,10 +16,11 @@
 namespace ZvXmlLib16 {
 
 // Made with a count of 0 and held by CSmartPtr; the Release that brings the count back to 0 deletes the
-// object. AddRef and Release are thread-safe; everything else belongs to one thread at a time.  The order of
-// the virtual operations is a contract with generated code. All entry points throw the CZvException family:
-// first for a wrong generator version, then for what goes wrong. A failed write leaves the object as it was;
-// a failed read leaves it partly filled, unless the document could not be parsed.
+// object. AddRef and Release are thread-safe; everything else belongs to one thread at a time.
+//
+// The order of the virtual operations is a contract with generated code. All entry points throw the
+// CZvException family: first for a wrong generator version, then for what goes wrong. A failed write leaves
+// the object as it was; a failed read leaves it partly filled, unless the document could not be parsed.
 class ZV_API CXmlObjectBase : public IEventSink {
 protected:
     void OnEvent(CXmlObjectBase* sender, IEventSink::MsgType type, void* data) override;

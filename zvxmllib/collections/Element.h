@@ -12,8 +12,9 @@ namespace ZvXmlLib16 {
 
 // A node of an editable tree of names, texts and namespaces: attributes, child elements, and one text, which
 // is written after the children. Held by CSmartPtr; belongs to one thread at a time. References to its
-// strings are valid until they are set. Restrictions are lists as in CAttributeCol.  Reading, writing and
-// cloning throw CZvException for trees that are nested too deep; see kMaxNestingDepth.
+// strings are valid until they are set. Restrictions are lists as in CAttributeCol.
+//
+// Reading, writing and cloning throw CZvException for trees that are nested too deep; see kMaxNestingDepth.
 class ZV_API CElement : public CXmlObjectBase, public CInstanceMonitor {
 public:
     // Null arguments, and a namespace that does not fit the list, throw CZvInvalidNamespaceException.

@@ -19,10 +19,12 @@ class XmlTree;
 // Takes a file, a text or bytes, and owns the tree made of it. May be loaded any number of times; each load
 // drops the previous tree. Every load throws CZvException for input that cannot be read or parsed; the
 // document then holds what was built so far and can only be loaded again. Document and tree belong to one
-// thread.  With a callback, a document of any length is read in little memory: it is called at the end of
-// each element, children before parents, and an element for which it returns true is removed from the tree;
-// the root stays. Fast Infoset is read whole, without a call. Exceptions of the callback reach the caller of
-// the load. Contexts are borrowed and must outlive the document.
+// thread.
+//
+// With a callback, a document of any length is read in little memory: it is called at the end of each
+// element, children before parents, and an element for which it returns true is removed from the tree; the
+// root stays. Fast Infoset is read whole, without a call. Exceptions of the callback reach the caller of the
+// load. Contexts are borrowed and must outlive the document.
 class ZV_API CXmlDocument : public CInstanceMonitor {
 public:
     using ElementCallback = bool (*)(CXmlElement* element);

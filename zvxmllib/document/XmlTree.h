@@ -16,6 +16,7 @@
 namespace ZvXmlLib16 {
 
 // The readers see a document as a stack machine: add an element, its attributes and its text, end it.
+//
 // Elements and attributes are in an arena and are freed together; each name is kept once per document; texts
 // are in an arena of their own and are joined on request. Instances are counted in bulk, before anybody
 // outside can look. Nothing here recurses, so depth costs no stack. A removed element returns its storage, so

@@ -48,7 +48,7 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailFacetOfReal(char const* name, double value);
 [[noreturn]] void FailFacetOfText(char const* name, std::string const& value);
 [[noreturn]] void FailFacetsOfType(std::string const& typeName);
-// `expression` is the pattern as it was compiled, `error` what the library said of it.
+// `expression` is the compiled form of the pattern, `error` the message of the regular expression library.
 [[noreturn]] void FailRegularExpression(std::string const& expression, std::string const& error);
 // `cause` is the full message of the former.
 [[noreturn]] void FailPattern(std::string const& cause, char const* name, std::string const& value);

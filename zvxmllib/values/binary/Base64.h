@@ -17,7 +17,7 @@ public:
 
     // The text with its padding, empty for no bytes.
     std::string Encode(unsigned char const* lpEncoding, std::uint32_t length);
-    // The same in place of the content of `text`, in the room that it has. Returns `text`.
+    // Replaces the content of `text` by the same, reusing its memory. Returns `text`.
     std::string& Encode(unsigned char const* lpEncoding, std::uint32_t length, std::string& text);
 
     // Decodes up to the NUL into `lpOutput`, which holds at least as many bytes as the text has characters,

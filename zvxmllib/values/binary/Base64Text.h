@@ -1,4 +1,4 @@
-// Base64 from any piece of text.
+// Decodes base64 from any piece of text.
 #pragma once
 
 #include <cstddef>
@@ -7,12 +7,12 @@
 
 namespace ZvXmlLib16::detail {
 
-// Enough for the bytes of so many characters.
+// At least the number of bytes in this many characters.
 constexpr std::size_t RoomForBase64(std::size_t characters) {
     return (characters / 4 + 1) * 3;
 }
 
-// As CBase64::Decode, up to the end of the text or a NUL.
+// Like CBase64::Decode, up to the end of the text or a NUL.
 std::uint32_t DecodeBase64(std::string_view text, unsigned char* out);
 
 } // namespace ZvXmlLib16::detail

@@ -58,7 +58,7 @@ std::string& WriteHex(unsigned char const* bytes, std::uint32_t length, std::str
 
 } // namespace
 
-// The bytes that handles share. The one who changes them is their only holder.
+// The bytes that handles share. Only their sole owner changes them.
 class CBinaryDataBuffer {
 public:
     // Adopts an array of this length.
@@ -81,13 +81,13 @@ public:
     void AddHolder() noexcept { m_refCount.fetch_add(1, std::memory_order_relaxed); }
     bool IsShared() const noexcept { return m_refCount.load(std::memory_order_acquire) > 1; }
 
-    // Gives up one share.
+    // Drops one reference.
     static void Release(CBinaryDataBuffer* buffer) noexcept {
         if (buffer != nullptr && buffer->m_refCount.fetch_sub(1, std::memory_order_acq_rel) == 1)
             delete buffer;
     }
 
-    // Gives up the only share, but not the array. The test fails only if one handle is misused by two
+    // Drops the only reference, but keeps the array. The test fails only if one handle is misused by two
     // threads.
     static unsigned char* ReleaseArray(CBinaryDataBuffer* buffer) {
         std::uint32_t const m_refCount = buffer->m_refCount.fetch_sub(1, std::memory_order_acq_rel) - 1;
@@ -222,7 +222,7 @@ void CBinaryData::Append(unsigned char const* bytes, std::uint32_t length) {
         return;
     }
     if (m_buffer->IsShared()) {
-        CBinaryData const old(*this); // the bytes may lie in the block that is given up
+        CBinaryData const old(*this); // the bytes may be in the released block
         MakePrivate();
         m_buffer->Append(bytes, length);
     } else {
@@ -263,7 +263,7 @@ void CBinaryData::EndAppend(std::uint32_t length) noexcept {
     m_buffer->EndAppend(length);
 }
 
-// The new bytes are taken before the old ones go, since they may be a part of them.
+// Takes the new bytes before it drops the old ones, which may contain them.
 void CBinaryData::SetBuffer(unsigned char const* bytes, std::uint32_t length) {
     CBinaryData copy;
     copy.Append(bytes, length);

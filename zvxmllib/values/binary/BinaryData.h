@@ -18,8 +18,8 @@ public:
     CBinaryData() noexcept = default;
     CBinaryData(CBinaryData const& other) noexcept;
     CBinaryData(CBinaryData&& other) noexcept;
-    // With `takeOwnership` the data, allocated by new unsigned char[], belongs to this object from now
-    // on, also if the constructor throws; otherwise it is copied.
+    // With `takeOwnership` this object owns the data, allocated by new unsigned char[], even if the
+    // constructor throws; otherwise the data is copied.
     CBinaryData(unsigned char* const data, std::uint32_t length, bool takeOwnership);
     // Copies up to the NUL; null counts as empty.
     CBinaryData(char const* text);
@@ -32,7 +32,8 @@ public:
     // Null when empty. Valid until this handle changes.
     unsigned char const* GetData() const noexcept;
     std::uint32_t GetLength() const noexcept;
-    // The bytes as an array that the caller frees by delete[], null when empty. The data is empty afterwards.
+    // Moves the bytes out as an array that the caller frees by delete[]; null when empty. The data is empty
+    // afterwards.
     unsigned char* ReleaseData();
 
     void Append(unsigned char byte);
@@ -44,8 +45,8 @@ public:
     void Append(CBinaryData const& data);
     // Makes room for `length` bytes in all, so that appending up to it allocates nothing.
     void Reserve(std::uint32_t length);
-    // For who puts bytes together in place: `room` bytes behind the data, at least `least`, valid until the
-    // data is used in another way; then how many of them belong to it now.
+    // To build bytes in place: the first gives `room` bytes after the data, at least `least`, valid until the
+    // data is used in another way; the second adds as many of them to the data.
     unsigned char* BeginAppend(std::uint32_t least, std::uint32_t& room);
     void EndAppend(std::uint32_t length) noexcept;
 
@@ -56,12 +57,12 @@ public:
     // the alphabet makes the data empty.
     std::string GetAsBase64() const;
     void SetAsBase64(char const* text);
-    // Two upper-case digits a byte. Reading throws CZvException for an odd length or a bad digit, and
-    // leaves the data empty then.
+    // Two upper-case digits per byte. Reading throws CZvException for an odd length or a bad digit, and then
+    // leaves the data empty.
     std::string GetAsHexString() const;
     void SetAsHexString(char const* text);
     static std::string GetAsHexString(unsigned char const* bytes, std::uint32_t length);
-    // The same texts in place of the content of `text`, in the room that it has. They return `text`.
+    // The same texts, stored in `text`, whose memory is reused. They return `text`.
     std::string& PrintBase64(std::string& text) const;
     std::string& PrintHex(std::string& text) const;
 
@@ -73,7 +74,7 @@ public:
     unsigned char& operator[](std::uint32_t index);
 
 protected:
-    // Stores a new array, owned by the caller, null for an empty text, and returns its length.
+    // Stores a new array owned by the caller, null for an empty text, and returns its length.
     static std::uint32_t ConvertToHexData(char const* text, unsigned char** data);
 
 private:

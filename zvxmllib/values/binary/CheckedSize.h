@@ -7,7 +7,7 @@
 
 namespace ZvXmlLib16::detail {
 
-// The size as one of memory. Throws std::bad_alloc where the machine's sizes cannot hold it.
+// Converts to std::size_t. Throws std::bad_alloc if it does not fit.
 inline std::size_t CheckedSize(std::uint64_t size) {
     std::size_t const checked = static_cast<std::size_t>(size);
     if (checked != size)

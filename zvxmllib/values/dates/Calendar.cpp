@@ -41,7 +41,7 @@ long long DayNumber(long long year, long long month, long long day) noexcept {
 CalendarDate DateOfDay(long long dayNumber) noexcept {
     long long const day = dayNumber + kEpochInCycles;
     long long const dayOfCycle = FloorRemainder(day, kDaysOfCycle);
-    // The leap days before it taken out, each year has 365 days.
+    // Without the leap days before it, each year has 365 days.
     long long const yearOfCycle = (dayOfCycle - dayOfCycle / (kDaysOfFourYears - 1) +
                                    dayOfCycle / kDaysOfCentury - dayOfCycle / (kDaysOfCycle - 1)) /
                                   365;

@@ -7,7 +7,7 @@ constexpr bool IsLeapYear(long long year) noexcept {
     return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
 }
 
-// The length of a month where the year is not told, so February has 29. The month is 1 to 12.
+// The length of a month without a year, so February has 29. The month is 1 to 12.
 constexpr unsigned LongestMonth(unsigned month) noexcept {
     constexpr unsigned char kLengths[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     return kLengths[month - 1];
@@ -33,8 +33,7 @@ struct CalendarDate {
     unsigned day;
 };
 
-// Days since 1970-01-01. A month or day out of range counts on from where it lies: February 31 is March 3
-// or 2.
+// Days since 1970-01-01. A month or day out of range counts on: February 31 is March 3 or 2.
 long long DayNumber(long long year, long long month, long long day) noexcept;
 CalendarDate DateOfDay(long long dayNumber) noexcept;
 

@@ -92,7 +92,7 @@ void CheckFields(CDateTime::DTType type, Fields const& fields) {
     CheckTime(type, fields);
 }
 
-// A FILETIME of more than 63 bits is no time.
+// A FILETIME of more than 63 bits is not a time.
 constexpr unsigned long long kMaximumTicks = 0x7FFF'FFFF'FFFF'FFFF;
 constexpr unsigned long long kTicksOfSecond = 10'000'000;
 constexpr unsigned long long kTicksOfMilliSecond = 10'000;
@@ -381,7 +381,7 @@ void CDateTime::SetUTC() noexcept {
     m_isZoneNegative = false;
 }
 
-// By counting days: the local zone has hours that do not exist and hours that come twice.
+// Counts days, since the local zone has hours that do not exist and hours that occur twice.
 long long CDateTime::GetTime() const {
     if (!IsOneOf(detail::kInstantTypes))
         FailInstantOfType(detail::TypeName(m_type));

@@ -16,9 +16,9 @@ bool ReadPlainDateTime(std::string_view text, CDateTime& value) noexcept;
 } // namespace detail
 
 // A dateTime, date, time, gYear, gYearMonth, gMonth, gMonthDay or gDay (XML Schema Part 2, 3.2.7 to 3.2.14).
-// The object knows which of them it is, and that decides which fields may be asked for. Years lie from -9999
-// to 9999 without 0; a fraction of a second has nine digits, in three groups. A value that was set or parsed
-// is valid; field setters and arithmetic do not check. An object belongs to one thread at a time.
+// The object knows which of them it is, which decides what fields it has. Years lie from -9999 to 9999
+// without 0; a fraction of a second has nine digits, in three groups. A value that was set or parsed is
+// valid; field setters and arithmetic do not check. An object belongs to one thread at a time.
 class ZV_API CDateTime {
 public:
     enum DTType : std::int32_t {
@@ -37,17 +37,17 @@ public:
         DTCompareEqual = 0,
         DTCompareLess = 1,
         DTCompareGreater = 2,
-        DTCompareIndeterminate = 3 // the order depends on a zone that is not told, or the fields do not match
+        DTCompareIndeterminate = 3 // the order depends on an unknown zone, or the fields do not match
     };
 
     CDateTime() noexcept = default;
     // All fields 0. Implicit, since a type would otherwise convert as a number of seconds.
     CDateTime(DTType type) noexcept : m_type(type) {}
-    // As ParseXSDDateTime.
+    // Like ParseXSDDateTime.
     CDateTime(char const* text);
     CDateTime(CDateTime const& other) noexcept = default;
-    // From outside forms, into a dateTime (the three numbers: into a date). An invalid value gives an object
-    // of type dt_yearZero, no exception.
+    // From other forms, into a dateTime (from three numbers: into a date). An invalid value gives an object
+    // of type dt_yearZero, without an exception.
     CDateTime(long long const& time); // seconds since 1970, UTC
     CDateTime(SYSTEMTIME const& time) { SetUnlessInvalid(RecordOf(time)); }
     CDateTime(FILETIME const& time) { SetUnlessInvalid(TicksOf(time)); }
@@ -60,7 +60,7 @@ public:
     virtual ~CDateTime();
 
     CDateTime& operator=(CDateTime const& other) noexcept = default;
-    // Into a dateTime, as SetDateTime. A FILETIME counts in milliseconds; beyond 63 bits it throws
+    // Into a dateTime, like SetDateTime. A FILETIME is kept to the millisecond; beyond 63 bits it throws
     // CZvInvalidValueException.
     CDateTime& operator=(long long const& time); // seconds since 1970, UTC
     CDateTime& operator=(SYSTEMTIME const& time) { return SetRecord(RecordOf(time)); }
@@ -69,8 +69,9 @@ public:
     // The current local time as a dateTime, with milliseconds and no zone.
     static CDateTime GetTickCount();
 
-    // These set type and fields and drop the zone. They throw CZvInvalidStateException for an object that
-    // has another type, and CZvInvalidValueException for a field out of range; the fields are set then.
+    // These set type and fields and drop the zone. They throw CZvInvalidStateException for an object that has
+    // another type, and CZvInvalidValueException for a field out of range; in which case the fields are still
+    // set.
     void SetDateTime(short year, unsigned char month, unsigned char day, unsigned char hour,
                      unsigned char minute, unsigned char second);
     void SetDateTime(short year, unsigned char month, unsigned char day, unsigned char hour,
@@ -88,8 +89,8 @@ public:
     void SetGMonthDay(unsigned char month, unsigned char day);
     void SetGDay(unsigned char day);
 
-    // Takes over all fields and the zone, under the type given. Throws CZvInvalidValueException if
-    // CheckConversion refuses.
+    // Copies all fields and the zone, with the given type. Throws CZvInvalidValueException if CheckConversion
+    // refuses.
     void SetDateTime(CDateTime const& source, DTType type);
     // True if a value of type `from` has the fields of type `to`. Throws CZvInvalidValueException for an
     // unknown type.
@@ -123,21 +124,21 @@ public:
     bool IsUTC() const noexcept { return m_hasZone; }
     // The zone is an offset.
     bool HasTimeZone() const noexcept { return m_hasOffset; }
-    // Throw CZvInvalidStateException if there is no offset. The sign of an offset of less than an hour shows
-    // in IsZoneNegative alone.
+    // Throw CZvInvalidStateException if there is no offset. Only IsZoneNegative shows the sign of an offset
+    // of less than an hour.
     short GetZoneHour() const;
     unsigned char GetZoneMinute() const;
     bool IsZoneNegative() const noexcept { return m_zoneHour < 0 || m_isZoneNegative; }
     // Hours from -23 to 23, minutes below 60; otherwise throws CZvInvalidValueException.
     void SetTimeZone(short hour, unsigned char minute);
-    // The same with the sign beside the number, so that offsets such as -00:30 can be set.
+    // The same with a separate sign, so that offsets such as -00:30 can be set.
     void SetTimeZone(bool isNegative, unsigned char hour, unsigned char minute);
     void SetUTC() noexcept;
 
     // Seconds since 1970, UTC; a value without a zone counts as UTC. For dateTime and date, otherwise throws
     // CZvInvalidValueException.
     long long GetTime() const;
-    // The fields as they stand, without the zone. For dateTime, otherwise throws CZvInvalidValueException.
+    // The fields unchanged, without the zone. For dateTime, otherwise throws CZvInvalidValueException.
     SYSTEMTIME GetAsSystemTime() const;
     // Of the instant in the local time zone; Sunday is 1. For dateTime and date, otherwise throws
     // CZvInvalidStateException, as the next.
@@ -146,9 +147,9 @@ public:
     // The same instant with the offset +00:00; a value without an offset as it is.
     CDateTime GetNormalized() const;
 
-    // The text decides the type, whatever it was: a dateTime; any of the five with a date part; a time. They
-    // throw CZvInvalidValueException, also for a null pointer, and the object is to be set anew then. A text
-    // given by its length ends at a NUL within. The offset -00:30 becomes +00:30, unless `keepZoneSign`.
+    // The text decides the new type: a dateTime; any of the five with a date part; a time. They throw
+    // CZvInvalidValueException, also for a null pointer; the object must then be set again. A text given by
+    // its length ends at its first NUL. The offset -00:30 becomes +00:30, unless `keepZoneSign`.
     void ParseXSDDateTime(char const* text);
     void ParseXSDDateTime(std::string_view text);
     void ParseXSDDateTime(std::string_view text, bool keepZoneSign);
@@ -163,11 +164,11 @@ public:
     // give an empty text.
     std::string ToString() const;
     std::string ToString(char const* format) const;
-    // ToString() in place of the content of `text`, in the room that it has. Returns `text`.
+    // Replaces the content of `text` by ToString(), reusing its memory. Returns `text`.
     std::string& Print(std::string& text) const;
 
-    // The partial order of XML Schema Part 2, 3.2.7.3. An indeterminate pair answers false to all operators
-    // but !=.
+    // The partial order of XML Schema Part 2, 3.2.7.3. For an indeterminate pair all operators but != are
+    // false.
     DTCompareResult CompareTo(CDateTime const& other) const;
     bool operator==(CDateTime const& other) const;
     bool operator!=(CDateTime const& other) const;
@@ -177,7 +178,7 @@ public:
     bool operator>=(CDateTime const& other) const;
 
     // XML Schema Part 2, appendix E, without its last step: the day is not cut to the length of the month.
-    // Adding heeds the sign of the span, subtracting takes its magnitude.
+    // Adding respects the sign of the span, subtracting uses its magnitude.
     CDateTime operator+(CDateTimeSpan const& span) const;
     CDateTime& operator+=(CDateTimeSpan const& span);
     CDateTime operator-(CDateTimeSpan const& span) const;
@@ -185,11 +186,11 @@ public:
     // The difference of two dates is not computed: the result is zero.
     CDateTimeSpan operator-(CDateTime const& other) const;
 
-    // XML Schema Part 2, appendix E, to its end: January 31 and a month are the last of February. A field
-    // that the type lacks counts as its least value. Heeds the sign of the span. Throws
+    // XML Schema Part 2, appendix E, with its last step: January 31 plus a month is the last of February. A
+    // field that the type lacks counts as its least value. Respects the sign of the span. Throws
     // CZvInvalidValueException for a result that is out of range.
     CDateTime AddDuration(CDateTimeSpan const& span) const;
-    // What leads from `other` to this value, in days and parts of a day: other.AddDuration gives the same
+    // The duration from `other` to this value, in days and parts of a day: other.AddDuration gives this
     // instant. For two values of one type that is dateTime, date or time, either both with a zone or both
     // without; otherwise throws CZvInvalidValueException.
     CDateTimeSpan GetDifference(CDateTime const& other) const;
@@ -202,7 +203,7 @@ private:
         unsigned year, month, dayOfWeek, day, hour, minute, second, milliSecond;
     };
 
-    // Templates, so that they fit any record with these fields.
+    // Templates, so that they accept any record with these fields.
     template <class SystemTime>
     static Record RecordOf(SystemTime const& time) {
         auto const number = [](auto field) { return static_cast<unsigned>(field); };
@@ -225,7 +226,7 @@ private:
     void SetUnlessInvalid(unsigned long long ticks);
     Record GetRecord() const;
 
-    // Wider than the fields, so that no number becomes valid by losing its upper bits.
+    // Wider than the fields, so that no number becomes valid by truncation.
     void SetDateTime(DTType type, long long year, unsigned month, unsigned day, unsigned hour,
                      unsigned minute, unsigned second, unsigned milliSecond, unsigned microSecond,
                      unsigned nanoSecond);

@@ -10,8 +10,8 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-// Adds to a field that wraps at `modulus`, and returns what goes on to the next field. The amount may have
-// all of its 64 bits, so it is divided before it is added.
+// Adds to a field that wraps at `modulus`, and returns the carry to the next field. The amount may use all 64
+// bits, so it is divided before it is added.
 template <class Field>
 long long AddWrapping(Field& field, long long carry, unsigned long long amount, bool isNegative,
                       unsigned modulus) {
@@ -22,7 +22,7 @@ long long AddWrapping(Field& field, long long carry, unsigned long long amount, 
     return detail::FloorQuotient(sum, modulus) + (isNegative ? -wholes : wholes);
 }
 
-// Within its month a day moves as a number, even where the month has no such day (February 31 less one is
+// Within its month a day changes as a number, even if the month has no such day (February 31 minus one is
 // February 30). Beyond it days are counted, at the same cost for any distance.
 detail::CalendarDate AddDays(long long year, unsigned month, unsigned day, long long days) {
     long long const target = static_cast<long long>(day) + days;
@@ -35,7 +35,7 @@ detail::CalendarDate AddDays(long long year, unsigned month, unsigned day, long 
 
 } // namespace
 
-// Returns the days that go on to the date.
+// Returns the carry in days.
 long long CDateTime::AddTime(CDateTimeSpan const& span) noexcept {
     bool const isNegative = span.IsNegative();
     long long carry = AddWrapping(m_nanoSecond, 0, span.GetNanoSeconds(), isNegative, 1000);

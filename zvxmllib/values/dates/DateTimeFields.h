@@ -29,10 +29,10 @@ constexpr bool IsOneOf(CDateTime::DTType type, unsigned types) noexcept {
     return static_cast<unsigned>(type) < 32 && (types >> type & 1) != 0;
 }
 
-// Raises an assertion for a number that is no type.
+// Asserts that the number is a type.
 char const* TypeName(CDateTime::DTType type);
 
-// Two digits. False if there is anything else, and the number is without meaning then.
+// Two digits. False if there is anything else; the number is then meaningless.
 inline bool ReadTwoDigits(char const* at, unsigned& number) noexcept {
     unsigned const tens = static_cast<unsigned char>(at[0]) - static_cast<unsigned>('0');
     unsigned const ones = static_cast<unsigned char>(at[1]) - static_cast<unsigned>('0');
@@ -40,7 +40,7 @@ inline bool ReadTwoDigits(char const* at, unsigned& number) noexcept {
     return tens <= 9 && ones <= 9;
 }
 
-// The digits behind the point of a second: nine at most, in three groups.
+// The fraction digits of a second: at most nine, in three groups.
 struct SecondFraction {
     unsigned short milliSecond = 0;
     unsigned short microSecond = 0;
@@ -51,7 +51,7 @@ struct SecondFraction {
 SecondFraction ReadFraction(std::string_view text) noexcept;
 
 // The ordinary case: a valid dateTime with a year above 0, in its plain form to the last character. False for
-// all other texts, which says nothing about the text being wrong; the value is as it was then.
+// all other texts, valid or not; the value is then unchanged.
 bool ReadPlainDateTime(std::string_view text, CDateTime& value) noexcept;
 
 // These print to `at` and return the end. Numbers that do not fit their width take more digits.
@@ -63,7 +63,7 @@ inline char* PrintTwoDigits(char* at, unsigned number) noexcept {
     at[1] = static_cast<char>('0' + number % 10);
     return at + 2;
 }
-// With the point, without zeros at the end; nothing for zero.
+// With the point, without trailing zeros; nothing for zero.
 char* PrintFraction(char* at, unsigned milliSecond, unsigned microSecond, unsigned nanoSecond) noexcept;
 
 } // namespace ZvXmlLib16::detail

@@ -49,7 +49,7 @@ inline bool ReadClock(char const* at, ClockFields& fields) {
            fields.second < 60;
 }
 
-// +hh:mm or -hh:mm, without a look at the range
+// +hh:mm or -hh:mm; the range is not checked
 inline bool ReadOffset(char const* at, unsigned& hour, unsigned& minute) {
     return (at[0] == '+' || at[0] == '-') && detail::ReadTwoDigits(at + 1, hour) && at[3] == ':' &&
            detail::ReadTwoDigits(at + 4, minute);
@@ -76,7 +76,7 @@ CDateTime::DTType ReadWithYear(std::string_view text, DateFields& fields) {
 // The forms that begin with two minus signs, without zone.
 CDateTime::DTType ReadWithoutYear(std::string_view text, DateFields& fields) {
     char const* const at = text.data();
-    // Six characters are --MM--, of which the last two are not looked at.
+    // Six characters are --MM--, of which the last two are ignored.
     if ((text.size() == 4 || text.size() == 6) && detail::ReadTwoDigits(at + 2, fields.month))
         return CDateTime::dt_gMonth;
     if (text.size() == 5 && at[2] == '-' && detail::ReadTwoDigits(at + 3, fields.day))
@@ -173,7 +173,7 @@ void CDateTime::SetXSDDate(std::string_view text) {
     SetDatePart(text);
 }
 
-// The text has no T. Whether there is a zone shows in its last character and in a colon anywhere.
+// The text has no T. Its last character, or a colon anywhere, shows that there is a zone.
 void CDateTime::SetDatePart(std::string_view text) {
     if (text.empty())
         FailDateEmpty();
@@ -240,7 +240,7 @@ void CDateTime::SetXSDTime(std::string_view text) {
     m_type = dt_time;
 }
 
-// What begins neither with Z nor with a sign is no zone, and nothing looks at it.
+// Text that begins neither with Z nor with a sign is not a zone, and is ignored.
 void CDateTime::SetZone(std::string_view text) {
     char const first = text.front();
     if (first == 'Z')

@@ -14,7 +14,8 @@ namespace {
 // Sign, designators, and the digits of all fields at their widest.
 constexpr std::size_t kLongestText = 128;
 
-// How far the text of a duration has come. A designator is good in some states only, which keeps the order.
+// How far the parser of a duration has come. A designator is allowed in some states only, which enforces the
+// order.
 enum State {
     kNothingRead = 0,
     kYearsRead = 1,
@@ -180,8 +181,8 @@ void CDateTimeSpan::ParseXSDDuration(std::string_view whole) {
         FailDurationForm(whole);
 }
 
-// False for a designator that is none, that stands where it must not, or whose field does not hold the
-// number. Years keep the low 16 bits of theirs, and stand anywhere.
+// False for an unknown or misplaced designator, or a number too large for its field. Years keep their low 16
+// bits, and are allowed anywhere.
 bool CDateTimeSpan::SetDesignated(char designator, unsigned long long number, int& state) noexcept {
     auto const set32 = [&](std::uint32_t& field, int next) {
         field = static_cast<std::uint32_t>(number);

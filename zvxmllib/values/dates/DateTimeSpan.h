@@ -11,7 +11,7 @@
 namespace ZvXmlLib16 {
 
 // An XML Schema duration (XML Schema Part 2, 3.2.6), in the parts in which it was written: a hundred minutes
-// stay a hundred minutes. One sign holds for all parts. An object belongs to one thread at a time.
+// stay a hundred minutes. One sign applies to all parts. An object belongs to one thread at a time.
 class ZV_API CDateTimeSpan {
 public:
     CDateTimeSpan() noexcept = default;
@@ -26,7 +26,7 @@ public:
 
     CDateTimeSpan& operator=(CDateTimeSpan const& other) noexcept = default;
 
-    // These clear first, the sign too.
+    // These clear everything first, including the sign.
     void SetDateTimeSpan(std::uint32_t hours, unsigned long long minutes,
                          unsigned long long seconds) noexcept;
     void SetDateTimeSpan(unsigned short years, std::uint32_t months, std::uint32_t days, std::uint32_t hours,
@@ -56,15 +56,15 @@ public:
 
     bool IsNegative() const noexcept { return m_isNegative; }
     void Negate() noexcept { m_isNegative = !m_isNegative; }
-    // The same magnitude below zero, whatever the sign of this one.
+    // The same magnitude with a minus sign, whatever the sign of this one.
     CDateTimeSpan GetAsNegative() const noexcept;
 
     // Parts that are 0 are left out; a zero duration is "P", which ParseXSDDuration refuses.
     std::string ToString() const;
-    // ToString() in place of the content of `text`, in the room that it has. Returns `text`.
+    // Replaces the content of `text` by ToString(), reusing its memory. Returns `text`.
     std::string& Print(std::string& text) const;
-    // Throws CZvInvalidValueException, also for a null pointer, and the object is to be set anew then. A
-    // text given by its length ends at a NUL within.
+    // Throws CZvInvalidValueException, also for a null pointer, and the object must then be set again. A text
+    // given by its length ends at its first NUL.
     void ParseXSDDuration(char const* text);
     void ParseXSDDuration(std::string_view text);
 

@@ -1,4 +1,4 @@
-// A value against the facets of its type.
+// Checks a value against the facets of its type.
 #pragma once
 
 #include "zvxmllib/foundation/Enumerations.h"
@@ -15,10 +15,10 @@ namespace ZvXmlLib16 {
 class CPrimitiveRestrictions;
 enum class FacetRules : std::uint8_t;
 
-// CheckPrimitive throws CZvException at the first facet that the value offends, with `name`, that of the
-// element or attribute, in the message; null counts as empty. A bound that is no value of the type throws
-// what its conversion throws. Facets that a type does not have are not looked at. Safe for
-// threads. The rules are those that the restrictions say, see CPrimitiveRestrictions::SetStrict.
+// CheckPrimitive throws CZvException for the first facet that the value violates. `name`, of the element or
+// attribute, is in the message; null counts as empty. A bound that is not a value of the type throws what its
+// conversion throws. Facets that a type does not have are ignored. Thread-safe. The restrictions decide on
+// the rules, see CPrimitiveRestrictions::SetStrict.
 //
 // Bounds are parsed when a value is first checked, and kept beside the facets; patterns are compiled once.
 
@@ -45,7 +45,7 @@ ZV_API void CheckPrimitive(char const* name, std::string const& value,
                            CPrimitiveRestrictions const& restrictions);
 // Null counts as empty.
 ZV_API void CheckPrimitive(char const* name, char const* value, CPrimitiveRestrictions const& restrictions);
-// A pair that has no order is in the value's favour.
+// A pair without an order passes.
 ZV_API void CheckPrimitive(char const* name, CDateTimeSpan const& value,
                            CPrimitiveRestrictions const& restrictions);
 // By its own type.
@@ -58,7 +58,7 @@ ZV_API void CheckPrimitive(char const* name, CBigInteger const& value,
 // Always passes.
 ZV_API void CheckPrimitive(char const* name, bool value, CPrimitiveRestrictions const& restrictions);
 
-// The platform's own long, as the type of the interface that has its width.
+// The platform's own long, checked as the interface type of its width.
 inline void CheckPrimitive(char const* name, long value, CPrimitiveRestrictions const& restrictions) {
     using Same = std::conditional_t<sizeof(long) == sizeof(std::int32_t), std::int32_t, long long>;
     CheckPrimitive(name, static_cast<Same>(value), restrictions);
@@ -93,15 +93,15 @@ ZV_API void CheckPrimitiveVariant(char const* name, ZvVariant const& value, Item
 
 // True if the whole value, local text that ends at a NUL, matches the pattern, which is UTF-8 (XML Schema
 // Part 2, 4.3.4). Throws CZvException for a pattern that does not compile. Escapes for names and a few blocks
-// are translated by plain replacement, also within character classes; the rest of the pattern reaches the
-// library of regular expressions as it is. Compiled patterns are kept, a limited number of them. Safe for
-// threads.
+// are translated by plain replacement, even within character classes; the rest of the pattern goes to the
+// regular expression library unchanged. A limited number of compiled patterns is cached. Thread-safe.
 ZV_API bool MatchesPattern(std::string const& pattern, std::string_view value);
 // The same by other rules. FacetRules::kXmlSchema takes the expressions of XML Schema Part 2, appendix F, and
 // no others.
 ZV_API bool MatchesPattern(std::string const& pattern, std::string_view value, FacetRules rules);
 
-// False if CheckPrimitiveVariant passes every value of the type, so that who writes many values need not ask.
+// False if CheckPrimitiveVariant passes every value of the type, so that callers with many values can skip
+// it.
 ZV_API bool NeedsCheck(ItemType type, CPrimitiveRestrictions const& restrictions) noexcept;
 
 } // namespace ZvXmlLib16

@@ -1,4 +1,4 @@
-// A value against the facets of its type, by rules that the caller chooses.
+// Checks a value against the facets of its type, by rules that the caller chooses.
 #pragma once
 
 #include "zvxmllib/foundation/Enumerations.h"
@@ -11,8 +11,8 @@
 
 namespace ZvXmlLib16 {
 
-// What CheckPrimitive is told, and by which rules. By FacetRules::kXmlSchema the pattern is a matter of the
-// value's text, which Check does not look at.
+// The arguments of CheckPrimitive, and the rules to use. By FacetRules::kXmlSchema the pattern is a matter of
+// the value's text, which Check does not look at.
 struct FacetCheck {
     char const* name;
     CPrimitiveRestrictions const& facets;

@@ -75,7 +75,7 @@ SharedRegex Compile(std::string const& pattern, TranslatePattern translate) {
     return regex;
 }
 
-// All threads' patterns, the oldest of which goes when there are too many.
+// The patterns of all threads. The oldest is dropped when there are too many.
 class PatternCache {
 public:
     explicit PatternCache(TranslatePattern translate) : m_translate(translate) {}
@@ -87,7 +87,7 @@ public:
             if (found != m_regexes.end())
                 return found->second;
         }
-        SharedRegex regex = Compile(pattern, m_translate); // others need not wait for it
+        SharedRegex regex = Compile(pattern, m_translate); // without holding the lock
         std::lock_guard<std::mutex> const lock(m_mutex);
         if (!m_regexes.emplace(pattern, regex).second)
             return regex;

@@ -8,8 +8,8 @@
 
 namespace ZvXmlLib16 {
 
-// MatchesPattern for the pattern of facets, which is local text. What it was compiled into is kept beside
-// them, so that later values take no lock.
+// MatchesPattern for the pattern of facets, which is local text. The compiled form is kept beside them, so
+// that later values need no lock.
 bool MatchesPattern(CPrimitiveRestrictions const& facets, std::string_view value,
                     FacetRules rules = FacetRules::kLetter);
 

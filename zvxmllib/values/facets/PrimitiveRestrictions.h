@@ -13,7 +13,7 @@ namespace ZvXmlLib16 {
 
 namespace detail {
 
-// What facets were made into for the checks of one type: parsed bounds, or a compiled pattern.
+// Facets prepared for checking one type: parsed bounds, or a compiled pattern.
 class ZV_API PreparedFacets {
 public:
     explicit PreparedFacets(ItemType type) noexcept : m_type(type) {}
@@ -27,8 +27,8 @@ private:
     ItemType m_type;
 };
 
-// Keeps them beside their texts: made when a value is first checked, by whatever thread, and shared by all.
-// A copy begins without.
+// Keeps them beside their texts: made by any thread when a value is first checked, and shared by all threads.
+// A copy starts empty.
 class ZV_API PreparedSlot {
 public:
     PreparedSlot() noexcept = default;
@@ -37,7 +37,7 @@ public:
     ~PreparedSlot();
 
     PreparedFacets const* Get() const noexcept { return m_facets.load(std::memory_order_acquire); }
-    // Owns `facets` from now on, unless another thread was faster, whose it then returns.
+    // Takes ownership of `facets`, unless another thread was faster, and returns the facets kept.
     PreparedFacets const* Put(std::unique_ptr<PreparedFacets> facets) const noexcept;
 
 private:
@@ -70,7 +70,7 @@ public:
     CPrimitiveRestrictions& operator=(CPrimitiveRestrictions const& other);
     CPrimitiveRestrictions& operator=(CPrimitiveRestrictions&& other) noexcept;
 
-    // True if any facet is set. Who checks many values asks once.
+    // True if any facet is set. Callers with many values ask once.
     bool HasFacets() const noexcept;
 
     std::string pattern;
@@ -90,7 +90,7 @@ public:
     void SetStrict(bool strict) noexcept { m_isStrict = strict; }
     FacetRules GetRules() const noexcept { return m_isStrict ? FacetRules::kXmlSchema : FacetRules::kLetter; }
 
-    // For the check of values: what the facets were made into, and the pattern of FacetRules::kXmlSchema.
+    // For the check of values: the prepared facets, and the pattern of FacetRules::kXmlSchema.
     detail::PreparedSlot const& GetPreparedSlot() const noexcept { return m_preparedSlot; }
     detail::PreparedSlot const& GetSchemaPatternSlot() const noexcept { return m_schemaPatternSlot; }
 

@@ -70,7 +70,7 @@ int MatchByGoingBack(CompiledRegex const& regex, std::string_view subject, int o
     pcre_jit_stack* const stack = regex.isCompiledForMachine && (options & PCRE_NO_UTF8_CHECK) != 0
                                       ? JitStackOfThread(nullptr)
                                       : nullptr;
-    // Room for the match itself. With more groups the result is 0 and the match is told all the same.
+    // Room for the match itself. With more groups the result is 0, and the match is still reported.
     auto const match = [&](pcre_extra const* extra) {
         auto const length = static_cast<int>(subject.size());
         return stack != nullptr
@@ -84,7 +84,7 @@ int MatchByGoingBack(CompiledRegex const& regex, std::string_view subject, int o
     return match(&extra);
 }
 
-// The longest match is the first that is told. The limits of going back are refused here.
+// The longest match is reported first. The limits of going back are refused here.
 int MatchAllWays(CompiledRegex const& regex, std::string_view subject, int options, int (&offsets)[3]) {
     std::vector<int> workspace(WordsOfWays(MostWays(subject.size())));
     return pcre_dfa_exec(regex.code, nullptr, subject.data(), static_cast<int>(subject.size()), 0, options,

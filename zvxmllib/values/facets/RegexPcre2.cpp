@@ -31,7 +31,7 @@ struct Workspace {
         pcre2_jit_stack_free(stack);
     }
 
-    // Room for the match itself. With more groups the result is 0 and the match is told all the same.
+    // Room for the match itself. With more groups the result is 0, and the match is still reported.
     pcre2_match_data* data = pcre2_match_data_create(1, nullptr);
     pcre2_match_context* context = pcre2_match_context_create(nullptr);
     pcre2_jit_stack* stack = pcre2_jit_stack_create(kFirstJitStack, kMostMatchMemory, nullptr);
@@ -107,7 +107,7 @@ bool MatchesWhole(CompiledRegex const& regex, std::string_view subject, bool isV
     int result = pcre2_match(regex.code, text, subject.size(), 0, options, own.data, own.context);
     if (IsLimit(result) && regex.isMatchedAllWays && HasOneEnd(subject)) {
         std::vector<int> words(WordsOfWays(MostWays(subject.size())));
-        // The longest match is the first that is told.
+        // The longest match is reported first.
         result = pcre2_dfa_match(regex.code, text, subject.size(), 0, options, own.data, own.context,
                                  words.data(), words.size());
     }

@@ -205,7 +205,7 @@ CBigInteger CBigInteger::GetNegative() const {
 
 CBigInteger CBigInteger::SquareRoot() const {
     if (IsZero())
-        FailZeroDivisor("/"); // Newton's method comes to a guess of 0, and divides by it
+        FailZeroDivisor("/"); // Newton's method would reach a guess of 0 and divide by it
     if (m_sign < 0)
         FailNegativeSquareRoot();
     return CBigInteger(1, detail::SquareRoot(m_digits));

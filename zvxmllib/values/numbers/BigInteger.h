@@ -12,9 +12,9 @@
 
 namespace ZvXmlLib16 {
 
-// The value of integer (XML Schema Part 2, 3.3.13), exact at any size. A value like any other: copies are
-// independent, one object belongs to one thread. Zero has a sign: -0 equals 0 and prints as "0", but it is
-// less than 0. All failures are CZvInvalidValueException, and leave the object as it was.
+// The value of integer (XML Schema Part 2, 3.3.13), exact at any size. A value type: copies are independent,
+// one object belongs to one thread. Zero has a sign: -0 equals 0 and prints as "0", but it is less than 0.
+// All failures are CZvInvalidValueException, and leave the object as it was.
 class ZV_API CBigInteger {
 public:
     static CBigInteger const MAX_LONG; // of 32 bits
@@ -37,7 +37,7 @@ public:
     CBigInteger(long long value) noexcept;
     CBigInteger(unsigned long long value) noexcept;
     // Rounds, halves towards zero. NaN gives 0, an infinite value throws. From 2^53 on the low digits are
-    // those that repeated division of the double leaves.
+    // those of repeated division of the double.
     CBigInteger(double value);
     CBigInteger(char const* text); // Parse
     // Rounds, halves towards zero.
@@ -48,7 +48,7 @@ public:
     CBigInteger& operator=(CBigInteger&& other) noexcept;
 
     std::string ToString() const;
-    // ToString() in place of the content of `text`, in the room that it has. Returns `text`.
+    // Replaces the content of `text` by ToString(), reusing its memory. Returns `text`.
     std::string& Print(std::string& text) const;
     std::size_t GetTextLength() const noexcept; // of ToString()
     operator int() const;                       // these two throw if the value does not fit
@@ -76,12 +76,12 @@ public:
     CBigInteger& operator-() noexcept; // changes this object
 
     // Digits with a sign and blanks around. Of a text that mixes digits with signs and white space, only the
-    // digits at the right end count, and none there read as 0. A text with any other character is read as
-    // CDecimal reads it, and rounded. Null counts as empty.
+    // digits at the right end count; without any the value is 0. A text with any other character is read like
+    // a CDecimal and rounded. Null counts as empty.
     void Parse(char const* text);
-    // The same from a piece of text, which a NUL ends.
+    // The same from a piece of text, up to a NUL.
     static CBigInteger FromText(std::string_view text);
-    // False, and leaves the value alone, if the text is more than a sign and digits.
+    // Returns false and does not change the value if the text is more than a sign and digits.
     static bool ReadPlain(std::string_view text, CBigInteger& value);
 
     // The last two are "not greater" and "not less", so -0 >= 0 is false.
@@ -99,7 +99,7 @@ protected:
 private:
     friend class CDecimal;
 
-    // For the constants, which are there before any code runs.
+    // For the constants, which exist before any code runs.
     template <std::size_t size>
     constexpr CBigInteger(std::int32_t sign, detail::Magnitude::Limb const (&limbs)[size]) noexcept
         : m_sign(sign), m_digits(limbs) {}

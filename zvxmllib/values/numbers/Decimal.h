@@ -13,10 +13,10 @@
 namespace ZvXmlLib16 {
 
 // The value of decimal (XML Schema Part 2, 3.2.3): a whole part of any size and a limited number of fraction
-// digits, exact. A value like any other: copies are independent, one object belongs to one thread.
+// digits, exact. A value type: copies are independent, one object belongs to one thread.
 //
-// The two parts are numbers of their own, each with the sign of the whole: -1.25 is -1 and -25 with two
-// fraction digits, -0.5 is a negative zero and -5, 1.05 is 1 and 5 with two digits.
+// The two parts are separate numbers, each with the sign of the whole: -1.25 is -1 and -25 with two fraction
+// digits, -0.5 is a negative zero and -5, 1.05 is 1 and 5 with two digits.
 class ZV_API CDecimal {
 public:
     CDecimal() noexcept : m_fractionDivider(1) {}
@@ -31,14 +31,14 @@ public:
     CDecimal(CBigInteger const& value);
     // By its text with thirteen fraction digits. NaN and infinite values throw CZvInvalidValueException.
     CDecimal(double value);
-    // Digits with a point, and an exponent, which XML Schema does not have. Signs and white space pass
-    // anywhere in the whole part, and white space in the fraction; an empty text is 0. Rounds to the greatest
-    // number of fraction digits, halves towards zero. Throws CZvInvalidValueException for other characters
-    // and for an exponent above 65536. Null counts as empty.
+    // Digits with a point, and an exponent, which XML Schema does not have. Signs and white space are
+    // accepted anywhere in the whole part, and white space in the fraction; an empty text is 0. Rounds to the
+    // greatest number of fraction digits, halves towards zero. Throws CZvInvalidValueException for other
+    // characters and for an exponent above 65536. Null counts as empty.
     CDecimal(char const* text);
-    // The same from a piece of text, which a NUL ends.
+    // The same from a piece of text, up to a NUL.
     static CDecimal FromText(std::string_view text);
-    // False, and leaves the value alone, if the text is more than a sign, digits and a point.
+    // Returns false and does not change the value if the text is more than a sign, digits and a point.
     static bool ReadPlain(std::string_view text, CDecimal& value);
     virtual ~CDecimal();
 
@@ -51,22 +51,22 @@ public:
     // The number of fraction digits.
     std::int32_t GetFractionDivider() const noexcept { return m_fractionDivider; }
 
-    // The greatest number of fraction digits that reading, a product or a quotient keeps; 30 at first. One
-    // for the process and without a lock: set it before use. A negative one counts as 0.
+    // The greatest number of fraction digits that reading, a product or a quotient keeps; 30 at first.
+    // Process-wide and without a lock: set it before use. A negative one counts as 0.
     static std::int32_t GetMaxDecimalPlaces() noexcept;
     static void SetMaxDecimalPlaces(std::int32_t places) noexcept;
 
     // Without trailing zeros, and without a point for a whole number. A text with a point is cut to 1023
     // characters.
     std::string ToString() const;
-    // ToString() in place of the content of `text`, in the room that it has. Returns `text`.
+    // Replaces the content of `text` by ToString(), reusing its memory. Returns `text`.
     std::string& Print(std::string& text) const;
     // Rounds to so many fraction digits, halves away from zero.
     std::string ToString(int places) const;
     // Round, halves towards zero. Throws CZvOverFlowException if the value does not fit.
     std::int32_t ToLong() const;
-    // Cuts the fraction, but one above 0.95 counts as 1. Throws CZvOverFlowException if the value does not
-    // fit.
+    // Cuts the fraction, but a fraction above 0.95 counts as 1. Throws CZvOverFlowException if the value does
+    // not fit.
     long long ToLongLong() const;
     // Throws CZvOverFlowException if the whole part is beyond 1.7E+308.
     double ToDouble() const;
@@ -102,7 +102,7 @@ private:
     // The number that is `scaled` over 10 to the power of `divider`, without trailing zeros.
     static CDecimal FromScaled(CBigInteger const& scaled, std::int32_t divider);
     CDecimal PlusSigned(CDecimal const& right, std::int32_t sign) const;
-    // The greatest number of fraction digits, as it is used.
+    // The greatest number of fraction digits in effect.
     static std::int32_t MostPlaces() noexcept;
 
     void Parse(std::string_view text);
@@ -114,9 +114,9 @@ private:
     }
     void MovePointLeft(std::int64_t places);
     void MovePointRight(std::size_t places);
-    // As many fraction digits as told; rounds halves towards zero.
+    // Rounds to the given number of fraction digits, halves towards zero.
     void ChangeFractionalDivider(std::int32_t divider);
-    // Not more fraction digits than the greatest number.
+    // Rounds to the greatest number of fraction digits.
     void LimitFractionalDivider();
     // Removes trailing zeros of the fraction; one digit stays.
     void Rationalise();

@@ -23,7 +23,7 @@ constexpr std::int64_t kExponentBeyondAll = std::int64_t{1} << 56U; // has room 
 constexpr std::size_t kLongestWithPoint = 1023;
 constexpr std::size_t kMostFractionDigits = std::size_t{1} << 30U; // of a text
 
-// The digits of one section: where they stand in the text, or a copy if something stands between them.
+// The digits of one section: in place in the text, or a copy if something lies between them.
 class DigitRuns {
 public:
     DigitRuns() = default;
@@ -223,14 +223,14 @@ void CDecimal::Parse(std::string_view text) {
     LimitFractionalDivider();
 }
 
-// The product with a power of ten.
+// Multiplies by a power of ten.
 void CDecimal::MovePointRight(std::size_t places) {
     CBigInteger const scaled(m_integerPart.m_sign, ShiftLeft(ScaledTo(m_fractionDivider), places));
     *this = FromScaled(scaled, m_fractionDivider);
     LimitFractionalDivider();
 }
 
-// The quotient by a power of ten, which may leave nothing.
+// Divides by a power of ten, which may leave nothing.
 void CDecimal::MovePointLeft(std::int64_t places) {
     std::int32_t const kept = MostPlaces() + kGuardDigits;
     std::int64_t const shift = std::int64_t{kept} - m_fractionDivider - places;

@@ -1,4 +1,4 @@
-// A natural number of any size, nine decimal digits to a limb: what CBigInteger holds beside its sign.
+// A natural number of any size, nine decimal digits to a limb: the magnitude of a CBigInteger.
 #pragma once
 
 #include <cstddef>
@@ -9,9 +9,9 @@
 namespace ZvXmlLib16::detail {
 
 // Limbs to the base 10^9, least significant first, the topmost not 0; zero has none. Up to four limbs (36
-// digits: any value of 64 bits, any fraction that CDecimal keeps by default) stand in the object itself, so
-// the numbers of ordinary documents allocate nothing. A power of ten as base makes text a matter of copying,
-// and shifts by decimal digits cheap. Part of the library's inside: applications see CBigInteger.
+// digits: any value of 64 bits, any fraction that CDecimal keeps by default) are stored in the object itself,
+// so the numbers of ordinary documents allocate nothing. With a power of ten as base, text is a matter of
+// copying, and decimal shifts are cheap. Internal: applications use CBigInteger.
 class Magnitude {
 public:
     using Limb = std::uint32_t;
@@ -20,7 +20,7 @@ public:
 
     constexpr Magnitude() noexcept : m_size(0), m_capacity(kInPlace), m_inPlace{} {}
     explicit Magnitude(unsigned long long value) noexcept : Magnitude() { Set(value); }
-    // Borrows limbs that live as long as the program; copies of it own theirs. For constants.
+    // Borrows limbs that live as long as the program; copies own theirs. For constants.
     template <std::size_t size>
     constexpr explicit Magnitude(Limb const (&limbs)[size]) noexcept
         : m_size(size), m_capacity(kBorrowed), m_borrowed(limbs) {}
@@ -36,7 +36,7 @@ public:
     }
     ~Magnitude() { Release(); }
 
-    // Limbs that are to be written, each of them, before anything else is done; then Clean.
+    // Uninitialised limbs: write them all before anything else, then call Clean.
     static Magnitude OfSize(std::size_t size);
     // The text consists of digits; none are 0.
     static Magnitude OfDigits(std::string_view digits);
@@ -48,7 +48,7 @@ public:
     }
     // Not of a borrowed value.
     Limb* Limbs() noexcept { return m_capacity == kInPlace ? m_inPlace : m_owned; }
-    // Without a branch on the value, as the lengths of numbers cannot be foreseen.
+    // Without a branch on the value, since lengths are unpredictable.
     void Set(unsigned long long value) noexcept {
         unsigned long long const upper = value / kBase;
         Release();
@@ -66,7 +66,7 @@ private:
     static constexpr std::uint32_t kInPlace = 4;
     static constexpr std::uint32_t kBorrowed = 0;
 
-    // Both leave a value that is about to be overwritten.
+    // Both leave a value that must be overwritten.
     void Release() noexcept {
         if (m_capacity > kInPlace)
             delete[] m_owned;

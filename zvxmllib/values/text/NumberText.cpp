@@ -14,12 +14,12 @@ namespace {
 
 constexpr std::size_t kFormattedSize = 48;
 
-// isspace of the C locale, which takes two more characters than XML does.
+// isspace of the C locale, which accepts two more characters than XML.
 bool IsSpace(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-// Passes white space and a sign; true if the sign is a minus.
+// Skips white space and a sign; true if the sign is a minus.
 bool SkipToDigits(char const*& at, char const* end) {
     while (at != end && IsSpace(*at))
         ++at;

@@ -16,7 +16,7 @@ constexpr bool IsDigit(char c) noexcept {
 }
 
 // The ordinary case: digits with at most a minus sign in front, nothing else, in range. False for all other
-// texts, which say nothing about the text being wrong.
+// texts, valid or not.
 template <class Integer>
 bool ReadPlainInteger(std::string_view text, Integer& value) {
     char const* const end = text.data() + text.size();
@@ -68,14 +68,14 @@ struct IntegerText {
 IntegerText ScanInteger(std::string_view text);
 
 // What stands at the head of a text: white space by the list of C, a sign, digits with a point, an exponent.
-// No words and no hexadecimal form. Beyond the range the value is infinity or 0.
+// Words and hexadecimal forms are not read. Beyond the range the value is infinity or 0.
 struct RealText {
     double value = 0;
     std::size_t length = 0;
 };
 RealText ScanReal(std::string_view text);
 
-// Replaces the content of `text`, in the room that it has.
+// Replaces the content of `text`, reusing its memory.
 template <class Integer>
 std::string& PrintInteger(Integer value, std::string& text) {
     char buffer[24]; // 64 bits are twenty characters with the sign

@@ -1,5 +1,4 @@
-// A text after its whitespace rule, without a copy where the rule changes nothing; and one with a NUL behind
-// it.
+// A text after its whitespace rule, not copied if the rule changes nothing; and a text followed by a NUL.
 #pragma once
 
 #include "zvxmllib/values/text/Whitespace.h"
@@ -14,7 +13,7 @@ inline bool IsKnownRule(CWhitespaceUtils::WhitespaceRule rule) noexcept {
     return rule >= CWhitespaceUtils::WhitespaceRule_None && rule <= CWhitespaceUtils::WhitespaceRule_Collapse;
 }
 
-// Borrows the text that it is given where it can, so that text must live longer.
+// Borrows the given text where it can, so that text must outlive it.
 class RuledText {
 public:
     // Throws CZvException for a rule out of range.
@@ -29,11 +28,11 @@ public:
     RuledText& operator=(RuledText const&) = delete;
 
     std::string_view Get() const noexcept { return m_text; }
-    // The string that only this object holds, null where the text is the borrowed one.
+    // The string that this object owns, null if it borrows the text.
     std::string* Own() noexcept { return m_isChanged ? &m_changed : nullptr; }
 
 private:
-    // False only if the rule leaves the text as it is.
+    // False only if the rule does not change the text.
     static bool MayChange(CWhitespaceUtils::WhitespaceRule rule, std::string_view text) {
         switch (rule) {
         case CWhitespaceUtils::WhitespaceRule_None:
@@ -52,7 +51,7 @@ private:
     bool m_isChanged = false;
 };
 
-// A text with a NUL behind it, for what reads up to one; on the heap only if it is long.
+// A text followed by a NUL, for functions that need one; on the heap only if it is long.
 class TerminatedText {
 public:
     explicit TerminatedText(std::string_view text) {

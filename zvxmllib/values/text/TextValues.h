@@ -1,5 +1,4 @@
-// The values of the primitive types from any piece of text, and their texts. CConversions gives the same for
-// strings.
+// Converts the primitive types from and to any piece of text. CConversions does the same for strings.
 #pragma once
 
 #include "zvxmllib/foundation/Forward.h"
@@ -19,8 +18,8 @@ using TextRule = CWhitespaceUtils::WhitespaceRule;
 template <class Value>
 using Parameter = std::conditional_t<std::is_arithmetic_v<Value>, Value, Value const&>;
 
-// i4FromText, i4ToText and so on, for each type. The text is in `buffer`, in the room that it has, or is the
-// value itself. A format is null, empty, or what CConversions says; only r4, r8 and decimal look at it.
+// i4FromText, i4ToText and so on, for each type. The text is in `buffer`, whose memory is reused, or is the
+// value itself. A format is null, empty, or as CConversions says; only r4, r8 and decimal use it.
 #define ZV_TEXT_VALUE(name, Policy, Name, Value, KIND, slot)                                                 \
     Value name##FromText(std::string_view text, TextRule rule);                                              \
     std::string const& name##ToText(Parameter<Value> value, char const* format, std::string& buffer);

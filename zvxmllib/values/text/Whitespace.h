@@ -19,7 +19,7 @@ public:
 
     CWhitespaceUtils() = delete;
 
-    // Where a change was made, the result ends at the first NUL.
+    // If anything was changed, the result ends at the first NUL.
     static std::string Preserve(std::string const& text);
     static std::string Preserve(char const* text, int length);
     static std::string Replace(std::string const& text);

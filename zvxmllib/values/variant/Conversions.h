@@ -12,10 +12,10 @@
 
 namespace ZvXmlLib16 {
 
-// Text is single-byte text in the local encoding; the locale of the process has no part in it. Each
+// Text is single-byte text in the local encoding; the locale of the process makes no difference. Each
 // FromString applies the whitespace rule, parses and checks the range. It throws CZvInvalidValueException for
-// a text that is no value of the type, and CZvException for a rule out of range; binary forms throw what
-// CBinaryData throws. Any number of threads may convert at once.
+// a text that is not a value of the type, and CZvException for a rule out of range; binary forms throw what
+// CBinaryData throws. Thread-safe.
 class ZV_API CConversions {
 public:
     using WhitespaceRule = CWhitespaceUtils::WhitespaceRule;
@@ -27,8 +27,8 @@ public:
     static std::string base64BinaryToString(CBinaryData const& value);
     static CBinaryData base64BinaryFromString(std::string const& value, WhitespaceRule rule);
 
-    // A sign and white space in front of the digits pass. The unsigned types take a minus sign and negate
-    // modulo their width (ui1 and ui2 modulo 32 bits, and then check their range).
+    // A sign and white space are accepted before the digits. The unsigned types accept a minus sign and
+    // negate modulo their width (ui1 and ui2 modulo 32 bits, then they check their range).
     static std::string i1ToString(char value); // a signed number
     static char i1FromString(std::string const& value, WhitespaceRule rule);
     static std::string i2ToString(short value);
@@ -46,9 +46,8 @@ public:
     static std::string ui8ToString(unsigned long long value);
     static unsigned long long ui8FromString(std::string const& value, WhitespaceRule rule);
 
-    // "NaN", "INF", "-INF", otherwise 7 or 16 significant digits, or by the printf format for a double if one
-    // is given; the text is cut to 31 (r4) or 47 (r8) characters. A text beyond the range reads as
-    // infinity or 0.
+    // "NaN", "INF", "-INF", otherwise 7 or 16 significant digits, or the given printf format for a double;
+    // the text is cut to 31 (r4) or 47 (r8) characters. A text beyond the range reads as infinity or 0.
     static std::string r4ToString(float value);
     static std::string r4ToString(float value, std::string const& format);
     static float r4FromString(std::string const& value, WhitespaceRule rule);
@@ -65,8 +64,8 @@ public:
     static std::string booleanToString(bool value);
     static bool booleanFromString(std::string const& value, WhitespaceRule rule);
 
-    // The texts are those of the value classes, which also say what they read; of gYear, gMonth and gDay the
-    // number alone is kept: a zone is read and dropped, and a negative year is its 16-bit pattern.
+    // The texts are those of the value classes, which also document what they read. Of gYear, gMonth and gDay
+    // only the number is kept: a zone is read and dropped, and a negative year becomes its 16-bit pattern.
     static std::string durationToString(CDateTimeSpan const& value);
     static CDateTimeSpan durationFromString(std::string const& value, WhitespaceRule rule);
     static std::string yearMonthToString(CDateTime const& value);
@@ -85,7 +84,7 @@ public:
     static CDateTime datetimeFromString(std::string const& value, WhitespaceRule rule);
     static std::string timeToString(CDateTime const& value);
     static CDateTime timeFromString(std::string const& value, WhitespaceRule rule);
-    // A format that is not empty is the number of fraction digits to round to.
+    // A non-empty format is the number of fraction digits to round to.
     static std::string decimalToString(CDecimal const& value);
     static std::string decimalToString(CDecimal const& value, std::string const& format);
     static CDecimal decimalFromString(std::string const& value, WhitespaceRule rule);

@@ -19,8 +19,8 @@ bool IsAtEnd(std::string_view text, std::size_t length) {
     return length == text.size() || text[length] == '\0';
 }
 
-// The rules of strtol and its kin at the width of Integer: a magnitude that does not fit is reported before
-// anything that follows the digits.
+// The rules of strtol and its relatives at the width of Integer: a magnitude that does not fit is reported
+// before anything after the digits.
 template <class Integer>
 Integer IntegerFromText(std::string_view value, Rule rule, char const* typeName) {
     Integer number = 0;
@@ -42,7 +42,7 @@ Integer IntegerFromText(std::string_view value, Rule rule, char const* typeName)
     return static_cast<Integer>(read.isNegative ? 0 - read.magnitude : read.magnitude);
 }
 
-// The message shows the text as it came, before the rule.
+// The message shows the text before the rule.
 template <class Small, class Wide>
 Small NarrowInteger(Wide number, std::string_view value, char const* typeName) {
     if (number < std::numeric_limits<Small>::min() || number > std::numeric_limits<Small>::max())
@@ -52,7 +52,7 @@ Small NarrowInteger(Wide number, std::string_view value, char const* typeName) {
 
 double RealFromText(std::string_view value, Rule rule, char const* typeName) {
     if (detail::IsKnownRule(rule)) {
-        // No rule changes the number in a text that is one as a whole: they touch only what is skipped.
+        // No rule changes a number that fills the text: rules change only what is skipped.
         detail::RealText const read = detail::ScanReal(value);
         if (read.length != 0 && read.length == value.size())
             return read.value;

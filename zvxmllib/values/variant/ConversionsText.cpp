@@ -36,7 +36,7 @@ CBinaryData hexBinaryFromText(std::string_view text, TextRule rule) {
 CBinaryData base64BinaryFromText(std::string_view text, TextRule rule) {
     if (!IsKnownRule(rule))
         FailWhitespaceRule();
-    // Reading skips white space, so what a rule makes of it does not matter.
+    // Reading skips white space, so the rule makes no difference.
     if (text.empty())
         return CBinaryData();
     if (text.size() > std::numeric_limits<std::uint32_t>::max())

@@ -1,4 +1,4 @@
-// Counting of bound objects for rooms that lie below their classes. Defined in binding/.
+// Reference counting of bound objects, for code on floors below their classes. Defined in binding/.
 #pragma once
 
 #include "zvxmllib/foundation/Forward.h"

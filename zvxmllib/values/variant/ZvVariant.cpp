@@ -54,7 +54,7 @@ ZvVariant::~ZvVariant() {
 ZvVariant& ZvVariant::operator=(ZvVariant const& other) {
     if (this == &other)
         return *this;
-    HeldObject const held(FindXmlObject()); // `other` may live in what this one holds
+    HeldObject const held(FindXmlObject()); // `other` may be part of what this one holds
     Clear();
     CopyValue(other);
     return *this;
@@ -91,7 +91,7 @@ void ZvVariant::SetNil(ItemType type) {
     m_isNil = true;
 }
 
-// Gives back what the slot holds and leaves it at 0; the type is the caller's to set.
+// Releases what the slot holds and leaves it at 0; the caller sets the type.
 void ZvVariant::DropValue() noexcept {
     if (!m_isNil) {
         switch (m_type) {
@@ -203,7 +203,7 @@ void ZvVariant::DeleteObject() noexcept {
     }
 }
 
-// `value` may live in what this variant holds, so the old value goes last.
+// `value` may be part of what this variant holds, so the old value is dropped last.
 template <class Value>
 void ZvVariant::SetObject(ItemType type, Value*& slot, Value const& value) {
     constexpr std::uint8_t kClass = NumberOf(static_cast<Value*>(nullptr));
@@ -304,7 +304,7 @@ std::string ZvVariant::TakeString() {
     return text;
 }
 
-// The setters write the text before they drop the old value, in which `value` may live.
+// The setters write the text before they drop the old value, which may contain `value`.
 void ZvVariant::SetString(std::string const& value) {
     m_text = value;
     TextBecomesValue();

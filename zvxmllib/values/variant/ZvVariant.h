@@ -15,9 +15,9 @@
 namespace ZvXmlLib16 {
 
 // One value of any ItemType, in one of three states: invalid (no type), nil (a type without a value, as by
-// xsi:nil), holding. Values are copies; an object or a collection is shared by its count. A variant that is
-// used for many values keeps the room of its string, and that of a date, duration or number. Belongs to one
-// thread at a time.
+// xsi:nil), holding. Values are copies; an object or a collection is shared by its count. A variant used for
+// many values keeps the memory of its string, and of a date, duration or number. Belongs to one thread at a
+// time.
 class ZV_API ZvVariant {
 public:
     ZvVariant() noexcept;
@@ -29,37 +29,38 @@ public:
     ZvVariant& operator=(ZvVariant const& other);
     ZvVariant& operator=(ZvVariant&& other) noexcept;
 
-    // Leaves a variant of no type as it is, a nil flag included. SetInvalid resets the flag too.
+    // Does not change a variant without a type, or its nil flag. SetInvalid also resets the flag.
     void Clear();
     void SetInvalid();
     // True for a type or a nil flag.
     bool IsValid() const noexcept { return m_type != ItemType_invalid || m_isNil; }
 
     bool IsNil() const noexcept { return m_isNil; }
-    // The type stays, the value goes.
+    // Keeps the type, drops the value.
     void SetNil();
     // A nil value of this type.
     void SetNil(ItemType type);
 
-    // The name of the type. Throws CZvException for no type, for objects and collections.
+    // The name of the type. Throws CZvException without a type, and for objects and collections.
     std::string GetType() const;
     ItemType GetTypeAsEnum() const noexcept { return m_type; }
 
-    // Text of the value. `format` is a printf format for one double for r4 and r8, the number of fraction
-    // digits for decimal; null is none. A nil value gives the text of the empty one, callers ask IsNil first.
-    // Throws CZvException for no type, for objects and collections.
+    // The text of the value. `format` is a printf format for one double for r4 and r8, the number of fraction
+    // digits for decimal; null for none. A nil value gives the text of the empty one, so ask IsNil first.
+    // Throws CZvException without a type, and for objects and collections.
     std::string ToString(char const* format) const;
     // The same without a copy: the held string itself, or `buffer` with its content replaced. Valid until
     // either changes.
     std::string const& ToText(char const* format, std::string& buffer) const;
     // Parses a value of the type, after the whitespace rule. Throws what the conversion of the type throws,
-    // and CZvException for the types that ToString refuses; the variant stays as it was then.
+    // and CZvException for the types that ToString refuses; the variant is then unchanged.
     void FromString(std::string const& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 
-    // The same for text that is no string of its own; a string value is copied once, into the room there is.
+    // The same for text that is not a std::string; a string value is copied once, into the memory the variant
+    // has.
     void FromText(std::string_view text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 
-    // Getters need a variant of their type, which is asserted. A nil variant gives the empty value.
+    // Getters assert that the variant has their type. A nil variant gives the empty value.
     CBinaryData GetHexBinary() const;
     void SetHexBinary(CBinaryData const& value);
     CBinaryData GetBase64Binary() const;
@@ -96,7 +97,7 @@ public:
     unsigned char GetDay() const;
     void SetDay(unsigned char value);
 
-    // The value keeps the kind of date that it has, whichever setter takes it.
+    // The value keeps its kind of date, whichever setter stores it.
     CDateTimeSpan GetDuration() const;
     void SetDuration(CDateTimeSpan const& value);
     CDateTime GetYearMonth() const;
@@ -109,7 +110,7 @@ public:
     void SetDateTime(CDateTime const& value);
     CDateTime GetTime() const;
     void SetTime(CDateTime const& value);
-    // A nil number is none to these getters.
+    // These getters assert that the number is not nil.
     CDecimal GetDecimal() const;
     void SetDecimal(CDecimal const& value);
     CBigInteger GetInteger() const;
@@ -120,7 +121,7 @@ public:
     CDecimal const* FindDecimal() const noexcept;
     CBigInteger const* FindInteger() const noexcept;
 
-    // A nil string is no string to GetString and TakeString.
+    // GetString and TakeString assert that the string is not nil.
     std::string GetString() const;
     // Moves the string out. The variant holds the empty string afterwards.
     std::string TakeString();
@@ -135,7 +136,7 @@ public:
     void SetXmlObject(CXmlObjectBase* value);
     CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
     void SetXmlCollection(CXmlCollectionBase* value);
-    // What is held, without counting, or null for any other state and type. Valid until the variant changes.
+    // The held object, not counted; null for any other state and type. Valid until the variant changes.
     CXmlObjectBase* FindXmlObject() const noexcept;
     CXmlCollectionBase* FindXmlCollection() const noexcept;
 
@@ -160,8 +161,8 @@ private:
     bool m_isNil = false;
     std::uint8_t m_objectClass = 0; // of m_object, by NumberOf
     ItemType m_type = ItemType_invalid;
-    // The slot: which member is alive follows from m_type, and none but m_ui8, at 0, while there is no value.
-    // Scalars are written over a slot of 0, so that all of its 64 bits can be copied.
+    // The slot. m_type says which member is alive; without a value it is m_ui8, at 0. Scalars are written
+    // over a slot of 0, so that all of its 64 bits can be copied.
     union {
         char m_i1;
         short m_i2;
@@ -183,8 +184,8 @@ private:
         CBigInteger* m_pBigInteger;
         CXmlObjectBase* m_pXmlObj; // counted; a collection too
     };
-    std::string m_text;       // beside the slot, so that its room stays; empty unless it is the value
-    void* m_object = nullptr; // owned; stays when its value goes, for the next one of its class
+    std::string m_text;       // beside the slot, so that its memory is kept; empty unless it is the value
+    void* m_object = nullptr; // owned; kept for the next value of its class
 };
 
 } // namespace ZvXmlLib16
