@@ -1,4 +1,4 @@
-// The least that reading XML text costs: the parser with namespaces and handlers that do nothing.
+// The minimum cost of reading XML text: the parser with namespaces and handlers that do nothing.
 #include "benchmarks/ExpatBaseline.h"
 
 #include <expat.h>

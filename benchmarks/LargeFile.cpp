@@ -1,6 +1,6 @@
-// Writes a document of many megabytes by an object that makes its content as it goes, reads it by the
-// callback, both with transfers beside the work, and reports the most memory that the process held. Fails
-// above 64 MB. Usage: bench_large_file [MEGABYTES], 2048 without.
+// Writes a document of many megabytes by an object that generates its content, reads it by the callback, both
+// with asynchronous transfers, and reports the peak memory of the process. Fails above 64 MB. Usage:
+// bench_large_file [MEGABYTES], 2048 without.
 #include "benchmarks/MemoryInUse.h"
 #include "zvxmllib/ZvXmlLib.h"
 

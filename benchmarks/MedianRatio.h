@@ -1,4 +1,4 @@
-// The time of one piece of work by that of another, in a way that a noisy machine does not spoil.
+// The ratio of the times of two pieces of work, measured so that a noisy machine does not spoil it.
 #pragma once
 
 #include <algorithm>
@@ -16,7 +16,7 @@ double SecondsOf(int repetitions, Work work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-// The median of rounds in which both take turns.
+// The median over rounds that alternate both.
 template <class Work, class Base>
 double MedianRatio(Work work, Base base) {
     constexpr int kRounds = 15;
@@ -33,7 +33,7 @@ double MedianRatio(Work work, Base base) {
     return ratios[static_cast<std::size_t>(rounds / 2)];
 }
 
-// The sign behind a ratio in a table.
+// The mark after a ratio in a table.
 inline char Mark(double value, double limit) {
     return value <= limit ? ' ' : '!';
 }

@@ -8,7 +8,7 @@ namespace bench {
 // In bytes, with what the allocator adds to each block.
 std::size_t MemoryInUse() noexcept;
 
-// The most memory that this process ever held, in bytes; 0 where the system does not tell.
+// The peak memory of this process in bytes; 0 if unknown.
 std::size_t PeakMemory();
 
 } // namespace bench

@@ -24,8 +24,8 @@ void LoadTree(std::string const& text) {
     bench::Load(document, text);
 }
 
-// Bytes that what `make` returns holds, for each byte of `text`: the mean of many small ones, so that the
-// allocator's own stock does not count.
+// The bytes held by the result of `make` per byte of `text`: the mean over many small ones, so that the
+// allocator's reserves do not count.
 template <class Make>
 double MemoryOf(std::string const& text, Make make) {
     std::vector<decltype(make())> all(std::max(std::size_t{1}, kBytesOfMemoryRun / text.size()));

@@ -21,7 +21,7 @@ void ToNumber(std::string_view text, Number& number) {
         throw std::runtime_error("not a number");
 }
 
-// What expat calls an element of this namespace.
+// Expat's name for an element of this namespace.
 bool IsCalled(char const* name, std::string_view local) {
     constexpr std::size_t kPrefix = sizeof kRecordNamespace; // with the separator in place of the NUL
     return std::strncmp(name, kRecordNamespace, kPrefix - 1) == 0 && name[kPrefix - 1] == '|' &&

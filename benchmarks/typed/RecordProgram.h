@@ -1,4 +1,4 @@
-// What the programs that measure records have in common.
+// Shared by the programs that measure records.
 #pragma once
 
 #include "benchmarks/MedianRatio.h"

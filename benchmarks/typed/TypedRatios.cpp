@@ -14,7 +14,7 @@ constexpr double kMostForReading = 1.6;
 constexpr double kMostForWriting = 2.2;
 constexpr double kMostMemory = 6;
 
-// What the objects hold; the tree that they are read from is gone by then, so it comes on top.
+// The memory of the objects, plus that of the tree that they are read from, which is freed by then.
 double MemoryOfReading(std::string const& xml) {
     std::size_t const before = MemoryInUse();
     CSmartPtr<CRecords> const records = ReadRecords(xml);

@@ -31,7 +31,7 @@ struct Tables {
     ~Tables();
 };
 
-// What the types of this vocabulary share: their properties stand in variants, by index.
+// The base of the types of this vocabulary: their properties are variants, by index.
 class CType : public ZvXmlLib16::CXmlGeneratedClass {
 public:
     using CXmlObjectBase::GetBase;

@@ -1,5 +1,5 @@
-// Reads a real alert into typed objects, prints some of it, changes it, writes it, and shows what an alert
-// gets that offends the schema. Usage: example_cap_alert FILE
+// Reads a real alert into typed objects, prints some of it, changes it, writes it, and shows the messages for
+// an alert that violates the schema. Usage: example_cap_alert FILE
 #include "CapAlert.h"
 
 #include <iostream>
@@ -36,7 +36,7 @@ void Run(char const* fileName) {
     alert->FromXmlFile(fileName, ctx);
     Print(*alert);
 
-    // What is written is read back, and is the same.
+    // The written alert is read back, and must be the same.
     std::string const xml = alert->ToXml(false, false, EOLType_LF, ctx);
     CSmartPtr<CAlert> const copy(new CAlert);
     copy->FromXml(xml.c_str(), ctx);

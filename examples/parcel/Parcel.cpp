@@ -45,7 +45,7 @@ int TextToUnit(char const* text) {
     throw CZvInvalidValueException(FormatString("The unit [%s] is not one of kg, lb", text));
 }
 
-// What is no date, such as a year, is refused: the text decides what kind of date a CDateTime is.
+// Refuses other kinds, such as a year: the text decides what kind of date a CDateTime is.
 CDateTime const& RequireDate(CDateTime const& value) {
     if (value.GetType() != CDateTime::dt_date)
         throw CZvInvalidValueException("[" + value.ToString() + "] is not a date");

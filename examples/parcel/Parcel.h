@@ -263,7 +263,7 @@ public:
     CSmartPtr<ZvXmlLib16::CElementCol> GetAny() const { return m_any; }
     std::int32_t GetPriority() const { return m_priority; }
     void SetPriority(std::int32_t priority) { m_priority = priority; }
-    // Throws CZvInvalidValueException for another one than "1".
+    // Throws CZvInvalidValueException unless it is "1".
     void SetVersion(std::string const& version);
     CSmartPtr<ZvXmlLib16::CAttributeCol> GetAnyAttributes() const { return m_anyAttributes; }
 

@@ -1,4 +1,4 @@
-// Fills a parcel, writes it, reads it back, and shows what a wrong one gets.
+// Fills a parcel, writes it, reads it back, and shows the messages for wrong ones.
 #include "Parcel.h"
 
 #include <iostream>
@@ -53,7 +53,7 @@ void Run() {
     std::string const xml = Fill()->ToXml(false, true, EOLType_LF, ctx);
     std::cout << xml << "\n\n";
 
-    // A mixed text would keep the white space of the indentation.
+    // Not indented: a mixed text would keep that white space.
     std::string const compact = Fill()->ToXml(false, false, EOLType_LF, ctx);
     CSmartPtr<CParcel> const copy = ReadParcel(compact.c_str(), ctx);
     bool const isEqual = copy->ToXml(false, false, EOLType_LF, ctx) == compact;
@@ -82,7 +82,7 @@ void Run() {
         Show([&] { ReadParcel((start + rest + "</parcel>").c_str(), ctx); });
     Show([&] { ReadParcel("<parcel/>", ctx); });
 
-    // What an entry point does not look at, and what it costs to ignore unknown elements.
+    // What an entry point does not check, and what ignoring unknown elements costs.
     CSmartPtr<CWeight> const weight(new CWeight);
     weight->FromXml("<anything unit='kg'>7</anything>", ctx);
     std::cout << "weight " << weight->GetValue().ToString() << "\n";

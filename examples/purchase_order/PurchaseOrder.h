@@ -93,7 +93,7 @@ public:
     void SetNumber(std::int32_t number) { m_number = number; }
     bool IsDateValid() const { return m_date.GetType() != ZvXmlLib16::CDateTime::dt_yearZero; }
     ZvXmlLib16::CDateTime const& GetDate() const { return m_date; }
-    // Throws CZvInvalidValueException for what is no date, such as a year.
+    // Throws CZvInvalidValueException for other kinds than a date, such as a year.
     void SetDate(ZvXmlLib16::CDateTime const& date);
     Status GetStatus() const { return m_status; }
     void SetStatus(Status status) { m_status = status; }

@@ -1,4 +1,4 @@
-// Fills a purchase order, writes it, reads it back, changes it, and shows what a wrong document gets.
+// Fills a purchase order, writes it, reads it back, changes it, and shows the messages for wrong documents.
 #include "PurchaseOrder.h"
 
 #include <iostream>

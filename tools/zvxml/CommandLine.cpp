@@ -1,4 +1,4 @@
-// Options and operands of a command: the parts that do not depend on the command.
+// Options and operands of a command: what does not depend on the command.
 #include "CommandLine.h"
 
 namespace zvxml {

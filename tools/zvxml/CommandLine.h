@@ -1,4 +1,4 @@
-// Options and operands of a command, read by a table from which the help text is made, too.
+// Options and operands of a command, parsed by a table that also gives the help text.
 #pragma once
 
 #include "Errors.h"
@@ -18,20 +18,20 @@ struct Option {
     void (*apply)(Options& options, std::string const& value);
 };
 
-// "--name=value" taken apart.
+// "--name=value", split.
 struct Argument {
     std::string name; // empty for an operand
     std::string value;
     bool hasValue = false;
 };
 
-// `text` as it stands on the command line, before any "--".
+// `text` comes from the command line, before any "--".
 Argument SplitArgument(std::string const& text);
 
 // One line of a help text.
 std::string OptionHelp(std::string const& name, char const* valueName, char const* help);
 
-// Applies the options in their order and returns the operands. "-" is an operand, and so is all behind "--".
+// Applies the options in order and returns the operands. "-" is an operand, and so is everything after "--".
 // Throws UsageError.
 template <class Options>
 std::vector<std::string> ReadArguments(std::vector<std::string> const& arguments,

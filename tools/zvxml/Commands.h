@@ -12,7 +12,7 @@ class Progress;
 void Convert(std::vector<std::string> const& arguments, Progress& progress);
 void Inspect(std::vector<std::string> const& arguments, Progress& progress);
 
-// What --help prints of a command.
+// What --help prints for a command.
 std::string ConvertHelp();
 std::string InspectHelp();
 

@@ -23,7 +23,7 @@ namespace zvxml {
 namespace {
 
 struct ConvertOptions {
-    OutputFormat const* format = nullptr; // null: by the output's name
+    OutputFormat const* format = nullptr; // null: chosen by the output's name
     std::optional<CompressionType> compression;
     WriteOptions write;
     std::string indent = "\t";
@@ -143,7 +143,8 @@ void WriteToFile(std::string const& file, OutputFormat const& format, CDocumentO
         format.toFile(file.c_str(), object, options, ctx);
         return;
     }
-    CBinaryData const bytes = ToFileBytes(format, object, options, ctx); // ahead of the file: it may fail
+    CBinaryData const bytes =
+        ToFileBytes(format, object, options, ctx); // before the file is touched: it may fail
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "wb"), &std::fclose);
     if (stream == nullptr)
         throw FileError(file, std::strerror(errno));
@@ -152,7 +153,7 @@ void WriteToFile(std::string const& file, OutputFormat const& format, CDocumentO
         throw FileError(file, std::strerror(errno));
 }
 
-// What the options leave to the ending of the output's name.
+// Takes what the options leave open from the extension of the output's name.
 void SettleByFileName(ConvertOptions& options, std::string const& file) {
     FileForm const form = FormOfFileName(file);
     if (options.format == nullptr)

@@ -23,7 +23,7 @@ void ForEachElementWithDepth(CElement* root, Visitor visit) {
         auto const [element, depth] = pending.back();
         pending.pop_back();
         visit(*element, depth);
-        if (!element->HasChildElements()) // asking for the collection would make one
+        if (!element->HasChildElements()) // GetChildElements would make one
             continue;
         CSmartPtr<CElementCol> const children = element->GetChildElements();
         for (auto child = children->begin(); child != children->end(); ++child)
@@ -40,8 +40,8 @@ bool IsWhiteSpace(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
-// The writer passes a text with the mark of a CDATA section on as it is. A text that only looks like one
-// goes into a section of its own, and a section's end in the text is split between two sections.
+// The writer does not escape a text that begins with the mark of a CDATA section. A text that only looks like
+// one goes into a section of its own, and an end of a section in the text is split between two sections.
 std::string AsCDataSection(std::string text) {
     for (std::size_t at = 0; (at = text.find(kCDataEnd, at)) != std::string::npos;) {
         text.insert(at + 2, std::string(kCDataEnd) + std::string(kCDataStart));
@@ -67,8 +67,8 @@ void CDocumentObject::ReadRootOf(CXmlDocument const& document, CSerializationCon
     ForEachElement(this, KeepFromLookingLikeMarkup);
 }
 
-// A text that is shorter than its formatting was never that of the library: what stands there is markup that
-// came through a name or a CDATA section.
+// A text shorter than its formatting is not the library's: it is markup that came through a name or a CDATA
+// section.
 void CDocumentObject::DropFormatting() {
     ForEachElementWithDepth(this, [](CElement& element, std::size_t depth) {
         if (!element.HasChildElements())

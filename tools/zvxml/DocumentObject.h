@@ -7,8 +7,8 @@
 
 namespace zvxml {
 
-// What formatted XML adds to the text of an element with children: in front of a text of its own, which
-// stands last, and behind it. A depth of 0 is the root's.
+// What formatted XML adds to the text of an element with children: before its own text, which comes last, and
+// after it. The root has depth 0.
 struct Formatting {
     Formatting(std::size_t children, std::size_t depth)
         : before(children == 0 ? 0 : 1 + children * (depth + 2)), behind(children == 0 ? 0 : depth) {}
@@ -17,22 +17,22 @@ struct Formatting {
     std::size_t behind;
 };
 
-// The root element with all that is in it. Where its base stands for an element inside a document and
-// reads the first child of what it is given, this class reads the root itself, and when it is written, it
-// hands the instructions, aliases and default namespace of the context to the writer.
+// The root element with all that is in it. Its base reads the first child of a document's root, as an element
+// inside a document; this class reads the root itself, and on writing passes the instructions, aliases and
+// default namespace of the context to the writer.
 class CDocumentObject : public ZvXmlLib16::CElement {
 public:
     CDocumentObject();
 
-    // Replaces what was there. Throws CZvException.
+    // Replaces the present content. Throws CZvException.
     void ReadRootOf(ZvXmlLib16::CXmlDocument const& document, ZvXmlLib16::CSerializationContext const& ctx);
 
-    // Of a document that was made of JSON: takes the line ends and tabs out of the texts which the library's
-    // formatting has put there.
+    // For a document made from JSON: removes the line ends and tabs that the library's formatting has put
+    // into the texts.
     void DropFormatting();
 
-    // Leaves out the text of elements with children where it is white space alone: a formatted document
-    // gets its white space from the writer, and would get more of it each time.
+    // Drops the text of elements with children if it is only white space: the writer of a formatted document
+    // adds white space, and would add more each time.
     void DropWhiteSpaceBetweenElements();
 
 protected:

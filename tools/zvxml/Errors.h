@@ -1,4 +1,4 @@
-// What the tool reports and ends with.
+// What the tool reports, and its exit codes.
 #pragma once
 
 #include <stdexcept>

@@ -43,8 +43,8 @@ CBinaryData ReadAll(std::FILE* stream, std::string const& name) {
     return bytes;
 }
 
-// True for what is read as bytes first. XML text begins with "<"; a pipe gives its bytes once, so they are
-// kept.
+// True for input that is read as bytes first. XML text begins with "<"; a pipe gives its bytes only once, so
+// they are kept.
 bool MayBeJson(std::string const& file) {
     std::error_code unknown;
     std::filesystem::file_status const status = std::filesystem::status(file, unknown);
@@ -55,7 +55,7 @@ bool MayBeJson(std::string const& file) {
     return stream != nullptr && std::fread(&first, 1, 1, stream.get()) == 1 && first != '<';
 }
 
-// With a name for the root any value will do.
+// With a name for the root any value is allowed.
 bool IsJson(CBinaryData const& bytes, CSerializationContext const& ctx) {
     if (CXmlDocument::IsJson(bytes.GetData(), bytes.GetLength()))
         return true;

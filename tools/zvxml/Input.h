@@ -21,17 +21,17 @@ ZvXmlLib16::CBinaryData ReadBytes(std::string const& file);
 
 struct InputDocument {
     std::unique_ptr<ZvXmlLib16::CXmlDocument> document;
-    // The library makes formatted XML of JSON: the texts of elements with children hold its line ends and
+    // The library turns JSON into formatted XML: the texts of elements with children hold its line ends and
     // tabs.
     bool isFromJson = false;
 };
 
-// Reads what the library recognises by its content, and JSON, told by its first byte that is no white space,
-// by the context's JSON options. `ctx` must outlive the document. Throws FileError.
+// Reads everything that the library recognises by its content, and JSON, recognised by its first byte that is
+// not white space, with the context's JSON options. `ctx` must outlive the document. Throws FileError.
 InputDocument ReadDocument(std::string const& file, ZvXmlLib16::CSerializationContext const& ctx,
                            Progress& progress);
 
-// The same from bytes at hand; `file` is for messages.
+// The same from bytes; `file` is for messages.
 InputDocument ReadDocument(std::string const& file, ZvXmlLib16::CBinaryData const& bytes,
                            ZvXmlLib16::CSerializationContext const& ctx, Progress& progress);
 

@@ -1,4 +1,4 @@
-// zvxml inspect: what a document is and how large it is in each form that the library writes.
+// zvxml inspect: the kind of a document, and its size in each form that the library writes.
 #include "CommandLine.h"
 #include "Commands.h"
 #include "DocumentObject.h"
@@ -26,7 +26,7 @@ namespace zvxml {
 
 namespace {
 
-// Entries of a table that are listed of themselves.
+// Entries of a table that are listed by default.
 constexpr std::size_t kFirstEntries = 20;
 
 struct InspectOptions {
@@ -48,7 +48,7 @@ std::vector<Option<InspectOptions>> const& OptionTable() {
     return table;
 }
 
-// A document, and what read it where it is Fast Infoset.
+// A document, with its reader if it is Fast Infoset.
 struct InspectedDocument {
     std::unique_ptr<CXmlDocument> document;
     bool isFromJson = false;
@@ -81,7 +81,7 @@ Unwrapped Unwrap(CBinaryData const& bytes) {
     return {BeginsWith(View(bytes), "\x1F\x8B") ? "gzip" : "zlib", content};
 }
 
-// The encoding that the first bytes of XML text tell (XML 1.0, appendix F).
+// The encoding that the first bytes of XML text indicate (XML 1.0, appendix F).
 std::string EncodingOf(std::string_view text) {
     using namespace std::string_view_literals;
     if (BeginsWith(text, "\xFF\xFE"sv) || BeginsWith(text, "<\0"sv))
@@ -135,7 +135,7 @@ Counts CountTree(InspectedDocument const& inspected) {
     return counts;
 }
 
-// A form that the library writes. A format with more than one way of writing has a row for each.
+// A form that the library writes. A format that can be written in several ways has a row for each.
 struct WrittenForm {
     char const* title;
     char const* format;
@@ -153,7 +153,7 @@ constexpr WrittenForm kWrittenForms[] = {
     {"pretty", "xml", true, XmlEncoding_UTF8, CompressionType_None}, // last: it drops white space
 };
 
-// The size of the file; none if the form has no room for this document.
+// The size of the file; none if the form cannot express this document.
 std::optional<std::uint32_t> SizeOf(WrittenForm const& form, CDocumentObject& object,
                                     CSerializationContext const& ctx) {
     WriteOptions options;

@@ -1,4 +1,4 @@
-// The formats that documents are written in, and how file names tell them.
+// The formats that documents are written in, and their file names.
 #include "OutputFormats.h"
 
 #include <sstream>
@@ -54,7 +54,7 @@ void ToJsonFile(char const* fileName, CXmlObjectBase const& object, WriteOptions
     object.ToJsonFile(fileName, options.isPretty, options.encoding, options.eol, ctx, options.compression);
 }
 
-// Namespaces stand as they are.
+// Namespaces are written unchanged.
 void RequireNothing(CSerializationContext const&) {}
 
 FInfoDecl DeclarationOf(WriteOptions const& options) {
@@ -71,7 +71,7 @@ void ToFastInfosetFile(char const* fileName, CXmlObjectBase const& object, Write
     object.ToFastInfosetFile(fileName, DeclarationOf(options), ctx, options.compression);
 }
 
-// The first one is what file names mean that say nothing else.
+// The first one is the default for file names without a known extension.
 constexpr OutputFormat kFormats[] = {
     {"xml", ".xml", "XML text", true, &RequireWritableInXml, &ToXmlBytes, &ToXmlFile},
     {"json", ".json", "JSON text", false, &RequireWritableInJson, &ToJsonBytes, &ToJsonFile},

@@ -1,4 +1,4 @@
-// The formats that documents are written in: one table, from which everything else follows.
+// The formats that documents are written in, as one table.
 #pragma once
 
 #include <string>
@@ -18,10 +18,10 @@ struct WriteOptions {
 
 struct OutputFormat {
     char const* name;    // as --to takes it
-    char const* endings; // of file names, each with its point, separated by blanks
+    char const* endings; // extensions with their dots, separated by blanks
     char const* title;
     bool hasByteOrderMark; // in front of 16-bit text in files
-    // Throws CZvException for namespaces of the context that the format has no room for.
+    // Throws CZvException for namespaces of the context that the format cannot express.
     void (*requireWritable)(ZvXmlLib16::CSerializationContext const& ctx);
     ZvXmlLib16::CBinaryData (*toBytes)(ZvXmlLib16::CXmlObjectBase& object, WriteOptions const& options,
                                        ZvXmlLib16::CSerializationContext const& ctx);
@@ -30,21 +30,20 @@ struct OutputFormat {
                    WriteOptions const& options, ZvXmlLib16::CSerializationContext const& ctx);
 };
 
-// Null if there is none of this name.
+// Null if there is no format of this name.
 OutputFormat const* FindFormatByName(std::string const& name);
 
 // The names of all formats, separated by ", ".
 std::string FormatNames();
 
-// What the endings of a file name say: "orders.xml.gz" is XML text in gzip form.
+// What the extensions of a file name say: "orders.xml.gz" is XML text in gzip form.
 struct FileForm {
-    OutputFormat const* format; // XML text for an ending that says nothing
+    OutputFormat const* format; // XML text for an unknown extension
     ZvXmlLib16::CompressionType compression;
 };
 FileForm FormOfFileName(std::string const& fileName);
 
-// What the library writes behind the endings of file names and reads back: the bytes of a whole file, with
-// the byte order mark where one belongs.
+// The bytes of a whole file, as the library writes and reads them, with a byte order mark where one belongs.
 ZvXmlLib16::CBinaryData ToFileBytes(OutputFormat const& format, ZvXmlLib16::CXmlObjectBase& object,
                                     WriteOptions const& options,
                                     ZvXmlLib16::CSerializationContext const& ctx);

@@ -43,7 +43,7 @@ std::string_view PrefixOfQName(std::string_view text) {
     return IsNCName(prefix) && IsNCName(text.substr(colon + 1)) ? prefix : std::string_view();
 }
 
-// What the names and values of a document refer to.
+// The namespaces that names and values of a document refer to.
 class UsedNamespaces {
 public:
     explicit UsedNamespaces(CXmlDocument const& document) {
@@ -70,7 +70,7 @@ private:
     using Names = std::set<std::string, std::less<>>;
 
     void AddElement(CXmlElement const& element) {
-        // Neighbours mostly share their namespace, so the set is seldom searched.
+        // Neighbours mostly share a namespace, so the set is rarely searched.
         std::string const& uri = element.GetNamespaceURI();
         if (m_lastOfElements == nullptr || *m_lastOfElements != uri)
             m_lastOfElements = &*m_ofElements.insert(uri).first;
@@ -90,15 +90,15 @@ private:
             m_prefixesInValues.emplace(prefix);
     }
 
-    std::string m_room; // for texts that do not lie in one piece
+    std::string m_room; // for texts that are not in one piece
     Names m_ofElements;
     Names m_ofAttributes;
     Names m_prefixesInValues;
     std::string const* m_lastOfElements = nullptr; // in m_ofElements
 };
 
-// Without a prefix to be found, the root's namespace was a default namespace. A name in no namespace
-// cannot be written under a default namespace, so there is none then.
+// If the root's namespace has no prefix, it was a default namespace. A name without a namespace cannot be
+// written under a default namespace, so then there is none.
 std::string DefaultNamespaceOf(CXmlDocument const& document, UsedNamespaces const& used) {
     if (!used.IsEveryElementInSome())
         return {};

@@ -1,4 +1,4 @@
-// How far the reading of a large document has come: one line on the terminal, written over itself.
+// The progress of reading a large document: one line on the terminal, rewritten in place.
 #include "Progress.h"
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// How far the reading of a large document has come, on standard error.
+// The progress of reading a large document, on standard error.
 #pragma once
 
 #include <chrono>
@@ -11,7 +11,7 @@ class CXmlElement;
 
 namespace zvxml {
 
-// Silent for inputs that take no time, and when nobody is watching.
+// Silent for small inputs, and if standard error is not a terminal.
 class Progress {
 public:
     // `isWatched`: standard error is a terminal.
@@ -26,7 +26,7 @@ public:
     // From here on, CountElement counts for this object.
     void StartReading(std::string const& file);
     void StartStep(char const* step);
-    // Takes the line away.
+    // Erases the line.
     void Finish() noexcept;
 
     // For the document: called at the end of each element, which stays in the tree.

@@ -5,14 +5,14 @@
 
 namespace zvxml {
 
-// Goes by the links of the tree, so depth costs no stack.
+// Follows the links of the tree, so depth costs no stack.
 class TreeWalk {
 public:
     // `root` may be null: an empty walk.
     explicit TreeWalk(ZvXmlLib16::CXmlElement const* root) noexcept
         : m_current(root), m_depth(root == nullptr ? 0 : 1) {}
 
-    // Null behind the last element.
+    // Null after the last element.
     ZvXmlLib16::CXmlElement const* Current() const noexcept { return m_current; }
     // 1 for the root.
     unsigned long Depth() const noexcept { return m_depth; }

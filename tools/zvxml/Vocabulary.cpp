@@ -33,7 +33,7 @@ std::string OnOneLine(std::string_view text) {
     return line;
 }
 
-// Empty for an absent part, and for one that a vocabulary from outside names and does not hold.
+// Empty for an absent part, and for one that an external vocabulary names but does not hold.
 std::string_view Part(ReadVocabulary::NameParts const& table, std::uint32_t index) {
     return index == 0 || index > table.entries.size() ? std::string_view() : table.entries[index - 1].text;
 }

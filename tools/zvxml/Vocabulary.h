@@ -1,4 +1,4 @@
-// The tables of a Fast Infoset document, printed.
+// Prints the tables of a Fast Infoset document.
 #pragma once
 
 #include <cstddef>
@@ -9,8 +9,8 @@ struct ReadVocabulary;
 
 namespace zvxml {
 
-// Prints each table with its size and its first `most` entries to standard output. Prefixes and namespaces
-// of names stand with them; control characters are written as escapes, so that an entry is one line.
+// Prints each table with its size and its first `most` entries to standard output. Names are shown with
+// prefix and namespace; control characters are written as escapes, so that an entry is one line.
 void PrintVocabulary(ZvXmlLib16::ReadVocabulary const& vocabulary, std::size_t most);
 
 } // namespace zvxml

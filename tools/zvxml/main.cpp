@@ -1,4 +1,4 @@
-// zvxml, the command-line tool: finds the command, and turns what goes wrong into messages and exit codes.
+// zvxml, the command-line tool: finds the command, and turns failures into messages and exit codes.
 #include "Commands.h"
 #include "Errors.h"
 #include "Progress.h"
@@ -43,7 +43,7 @@ bool IsHelp(std::string const& argument) {
     return argument == "--help" || argument == "-h";
 }
 
-// Help and version are asked for: on standard output, and a success. Options behind "--" are none.
+// Help and version go to standard output and succeed. Options after "--" are operands.
 bool HasHelpOption(std::vector<std::string> const& arguments) {
     for (std::string const& argument : arguments) {
         if (argument == "--")
