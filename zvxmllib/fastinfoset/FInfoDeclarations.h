@@ -27,4 +27,7 @@ static_assert(kFInfoDeclarations.size() == std::size_t{FInfoDecl_Version11Standa
 // 12.7).
 inline constexpr std::string_view kFInfoMagic("\xE0\x00\x00\x01", 4);
 
+// Names the vocabulary of documents whose context has no name for it.
+inline constexpr std::string_view kDefaultVocabularyUri = "urn:zvxmllib:vocabulary";
+
 } // namespace ZvXmlLib16

@@ -109,6 +109,55 @@ void FailTextFromIndices() {
     throw CZvException("Failed to parse FastInfoset. Too much text from indices.");
 }
 
+void FailReadName(std::string const& name) {
+    throw CZvException(FormatString("Failed to parse FastInfoset. Invalid name [%s].", name.c_str()));
+}
+
+void FailReadCharacter(char32_t character) {
+    throw CZvException(FormatString("Failed to parse FastInfoset. Invalid character [U+%04X].",
+                                    static_cast<unsigned>(character)));
+}
+
+void FailReadUtf8() {
+    throw CZvException("Failed to parse FastInfoset. Invalid UTF-8.");
+}
+
+void FailReadUtf16() {
+    throw CZvException("Failed to parse FastInfoset. Invalid UTF-16.");
+}
+
+void FailReadTwin(std::string const& attribute) {
+    throw CZvException(
+        FormatString("Failed to parse FastInfoset. Duplicate attribute [%s].", attribute.c_str()));
+}
+
+void FailReadDeclaration(std::string const& prefix) {
+    throw CZvException(
+        FormatString("Failed to parse FastInfoset. Invalid declaration of prefix [%s].", prefix.c_str()));
+}
+
+void FailUndeclaredPrefix(std::string const& prefix) {
+    throw CZvException(
+        FormatString("Failed to parse FastInfoset. The prefix [%s] is not declared.", prefix.c_str()));
+}
+
+void FailExternalVocabulary(std::string const& uri) {
+    throw CZvException(
+        FormatString("Failed to parse FastInfoset. Unknown external vocabulary [%s].", uri.c_str()));
+}
+
+void FailUnexpandedEntity(std::string const& name) {
+    throw CZvException(FormatString("Failed to parse FastInfoset. Unexpanded entity [%s].", name.c_str()));
+}
+
+void FailDocumentItem() {
+    throw CZvException("Failed to parse FastInfoset. Invalid Encoding of Document type.");
+}
+
+void FailDataBehindDocument() {
+    throw CZvException("Failed to parse FastInfoset. Data behind the document.");
+}
+
 void FailEncodedLength(char const* type) {
     throw CZvException(FormatString("Invalid value for %s byte encoding.", type));
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace ZvXmlLib16 {
 
@@ -33,6 +34,19 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailPlaceInAlphabet(std::uint32_t place, std::uint32_t alphabet);
 [[noreturn]] void FailNoRootElement();
 [[noreturn]] void FailTextFromIndices();
+
+// Reading, where a document must stand for one of XML.
+[[noreturn]] void FailReadName(std::string const& name);
+[[noreturn]] void FailReadCharacter(char32_t character);
+[[noreturn]] void FailReadUtf8();
+[[noreturn]] void FailReadUtf16();
+[[noreturn]] void FailReadTwin(std::string const& attribute);
+[[noreturn]] void FailReadDeclaration(std::string const& prefix);
+[[noreturn]] void FailUndeclaredPrefix(std::string const& prefix);
+[[noreturn]] void FailExternalVocabulary(std::string const& uri);
+[[noreturn]] void FailUnexpandedEntity(std::string const& name);
+[[noreturn]] void FailDocumentItem();
+[[noreturn]] void FailDataBehindDocument();
 
 // Values under encoding algorithms. `type` is the algorithm's: "SHORT".
 [[noreturn]] void FailEncodedLength(char const* type);

@@ -44,11 +44,11 @@ void CFastInfosetReader::ParseDocumentHeader() {
         }
     }
     if ((parts & kInitialVocabulary) != 0)
-        ParseInitialVocabulary();
+        m_checks == nullptr ? ParseInitialVocabulary() : TakeInitialVocabulary();
     if ((parts & kNotations) != 0)
-        SkipNotations();
+        RequireEnd(SkipNotations());
     if ((parts & kUnparsedEntities) != 0)
-        SkipUnparsedEntities();
+        RequireEnd(SkipUnparsedEntities());
     if ((parts & kCharacterEncoding) != 0)
         SkipOctetString();
     if ((parts & kStandalone) != 0)
@@ -57,7 +57,7 @@ void CFastInfosetReader::ParseDocumentHeader() {
         SkipNonIdentifyingString();
 }
 
-// The tables of a document do not enter the working vocabulary: which one is used was settled by the context.
+// The tables of the document do not enter the working vocabulary, which was settled by the context.
 void CFastInfosetReader::ParseInitialVocabulary() {
     unsigned const high = m_in.ReadOctet();
     unsigned const tables = high << 8 | m_in.ReadOctet();
@@ -77,17 +77,19 @@ void CFastInfosetReader::SkipItems(unsigned parts, void (CFastInfosetReader::*sk
 }
 
 // 110000 s p: name, system identifier, public identifier. No length ahead, the first other octet ends them.
-void CFastInfosetReader::SkipNotations() {
+std::uint8_t CFastInfosetReader::SkipNotations() {
     std::uint8_t octet = 0;
     while (((octet = m_in.ReadOctet()) & 0xFC) == 0xC0)
         SkipIdentifyingStrings(1 + CountBits(octet & 0x03U));
+    return octet;
 }
 
 // 1101000 p: name, system identifier, public identifier, notation. Ended as the notations are.
-void CFastInfosetReader::SkipUnparsedEntities() {
+std::uint8_t CFastInfosetReader::SkipUnparsedEntities() {
     std::uint8_t octet = 0;
     while (((octet = m_in.ReadOctet()) & 0xFE) == 0xD0)
         SkipIdentifyingStrings(3 + (octet & 0x01U));
+    return octet;
 }
 
 void CFastInfosetReader::SkipProcessingInstruction() {
@@ -96,14 +98,17 @@ void CFastInfosetReader::SkipProcessingInstruction() {
 }
 
 // 110001 s p: the identifiers, instructions, an end.
-void CFastInfosetReader::SkipDocumentType(std::uint8_t octet) {
+std::uint8_t CFastInfosetReader::SkipDocumentType(std::uint8_t octet) {
     SkipIdentifyingStrings(CountBits(octet & 0x03U));
-    while (m_in.ReadOctet() == kProcessingInstruction)
+    while ((octet = m_in.ReadOctet()) == kProcessingInstruction)
         SkipProcessingInstruction();
+    return octet;
 }
 
-// 110010 s p: the name, the identifiers.
+// 110010 s p: the name, the identifiers. What it stands for would be missing.
 void CFastInfosetReader::SkipEntityReference(std::uint8_t octet) {
+    if (m_checks != nullptr)
+        FailUnexpandedEntity(std::string(SkipIdentifyingString()));
     SkipIdentifyingStrings(1 + CountBits(octet & 0x03U));
 }
 
@@ -112,13 +117,13 @@ void CFastInfosetReader::SkipIdentifyingStrings(unsigned count) {
         SkipIdentifyingString();
 }
 
-// Its table is none of those that the tree needs, so an index is not looked up.
-void CFastInfosetReader::SkipIdentifyingString() {
+// Its table is none of those that the tree needs, so an index is not looked up, and the answer is empty then.
+std::string_view CFastInfosetReader::SkipIdentifyingString() {
     std::uint8_t const octet = m_in.ReadOctet();
-    if (octet >= 0x80)
-        m_in.ReadInteger2(octet);
-    else
-        m_in.ReadOctets(m_in.ReadLength2(octet));
+    if (octet < 0x80)
+        return m_in.ReadOctets(m_in.ReadLength2(octet));
+    m_in.ReadInteger2(octet);
+    return {};
 }
 
 void CFastInfosetReader::SkipNonIdentifyingString() {

@@ -11,9 +11,11 @@
 //   end          1111, two of them 11111111
 #include "zvxmllib/fastinfoset/FastInfosetReader.h"
 
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlTree.h"
 #include "zvxmllib/fastinfoset/FInfoDeclarations.h"
+#include "zvxmllib/fastinfoset/InfosetChecks.h"
 #include "zvxmllib/foundation/DebugTrace.h"
 #include "zvxmllib/values/binary/Encoder.h"
 
@@ -93,7 +95,12 @@ bool CFastInfosetReader::Parse(unsigned char const* data, std::size_t length) {
     m_tree = m_doc.m_tree.get();
     m_noText = m_tree->GetNames().Keep({});
     CountsSettler const settler(*m_tree);
-    m_vocabulary = std::make_unique<ReadVocabulary>(m_context, *m_tree);
+    if (m_doc.m_pContext->GetStrict()) {
+        m_checks = std::make_unique<InfosetChecks>(m_tree->GetNames());
+        m_vocabulary = std::make_unique<ReadVocabulary>(); // until the document names another one
+    } else {
+        m_vocabulary = std::make_unique<ReadVocabulary>(m_context, *m_tree);
+    }
     // Most texts are in the tree as they are here.
     std::string_view const kept = m_tree->KeepText(input);
     m_in = OctetInput(reinterpret_cast<unsigned char const*>(kept.data()), kept.size());
@@ -102,12 +109,14 @@ bool CFastInfosetReader::Parse(unsigned char const* data, std::size_t length) {
     return true;
 }
 
-// Anything after the root is ignored.
+// Anything after the root is ignored unless the document is checked.
 void CFastInfosetReader::ParseDocumentChildren() {
     for (;;) {
         std::uint8_t const octet = m_in.ReadOctet();
-        if (octet < 0x80)
-            return ParseRoot(octet);
+        if (octet < 0x80) {
+            ParseRoot(octet);
+            return m_checks == nullptr ? void() : ParseEpilog();
+        }
         if (octet == kEnd || octet == kDoubleEnd)
             FailNoRootElement();
         if (octet == kProcessingInstruction)
@@ -115,8 +124,33 @@ void CFastInfosetReader::ParseDocumentChildren() {
         else if (octet == kComment)
             SkipNonIdentifyingString();
         else if ((octet & 0xFC) == 0xC4)
-            SkipDocumentType(octet);
+            RequireEnd(SkipDocumentType(octet));
+        else if (m_checks != nullptr)
+            FailDocumentItem();
     }
+}
+
+// Instructions and comments, the end of the document, and the end of the input.
+void CFastInfosetReader::ParseEpilog() {
+    while (!m_hasEnded) {
+        std::uint8_t const octet = m_in.ReadOctet();
+        if (octet == kProcessingInstruction)
+            SkipProcessingInstruction();
+        else if (octet == kComment)
+            SkipNonIdentifyingString();
+        else if (octet == kEnd)
+            m_hasEnded = true;
+        else
+            FailDocumentItem();
+    }
+    if (m_in.GetLeft() != 0)
+        FailDataBehindDocument();
+}
+
+// What ends a list of items, if the document is checked.
+void CFastInfosetReader::RequireEnd(std::uint8_t octet) const {
+    if (m_checks != nullptr && octet != kEnd)
+        FailDocumentItem();
 }
 
 void CFastInfosetReader::ParseRoot(std::uint8_t octet) {
@@ -139,8 +173,10 @@ void CFastInfosetReader::ParseContent() {
             EndElement();
         } else if (octet == kDoubleEnd) {
             EndElement();
-            if (m_tree->HasOpenElement()) // the second end may be that of the document
+            if (m_tree->HasOpenElement())
                 EndElement();
+            else
+                m_hasEnded = true; // the second end is that of the document
         } else if (octet == kProcessingInstruction) {
             SkipProcessingInstruction();
         } else if (octet == kComment) {
@@ -156,6 +192,8 @@ void CFastInfosetReader::ParseContent() {
 // True if the element ended with its attributes, as other producers write it.
 bool CFastInfosetReader::StartElement(std::uint8_t octet) {
     bool const hasAttributes = (octet & 0x40) != 0;
+    if (m_checks != nullptr)
+        m_checks->OpenElement();
     if ((octet & 0x3C) == 0x38)
         octet = ParseNamespaceAttributes();
     QNames& names = m_vocabulary->elementNames;
@@ -168,11 +206,18 @@ bool CFastInfosetReader::StartElement(std::uint8_t octet) {
         return false;
     while ((octet = m_in.ReadOctet()) < 0x80)
         ParseAttribute(octet);
+    if (m_checks != nullptr) {
+        m_checks->EndAttributes();
+        if (octet != kDoubleEnd && octet != kEnd)
+            FailElementItem();
+    }
     return octet == kDoubleEnd;
 }
 
 void CFastInfosetReader::EndElement() {
     CXmlElement const* const element = m_tree->EndElement();
+    if (m_checks != nullptr)
+        m_checks->CloseElement();
     if (m_isTraced)
         DebugTrace("End Elm: %s::%s\n", element->GetNamespaceURI().c_str(), element->GetLocalName().c_str());
 }
@@ -195,6 +240,8 @@ void CFastInfosetReader::ParseAttribute(std::uint8_t octet) {
     QNames& names = m_vocabulary->attributeNames;
     XmlName const* const name =
         (octet & 0x78) == 0x78 ? ParseQName(octet, names) : QNameAt(names, m_in.ReadInteger2(octet));
+    if (m_checks != nullptr)
+        m_checks->AddAttribute(name);
     m_tree->AddKeptAttribute(name, ReadAttributeValue());
 }
 
@@ -202,21 +249,21 @@ void CFastInfosetReader::ParseAttribute(std::uint8_t octet) {
 std::uint8_t CFastInfosetReader::ParseNamespaceAttributes() {
     std::uint8_t octet = 0;
     while (((octet = m_in.ReadOctet()) & 0xFC) == 0xCC) {
-        std::string_view const prefix = (octet & 0x02) == 0 ? std::string_view() : ReadDeclaredPrefix();
+        NameParts& prefixes = m_vocabulary->prefixNames;
+        std::uint32_t const prefixIndex = (octet & 0x02) == 0 ? 0 : ReadIdentifyingString(prefixes);
+        std::string_view const prefix =
+            prefixIndex == 0 ? std::string_view() : prefixes.entries[prefixIndex - 1].text;
+        Charge(prefix.size());
         NameParts& uris = m_vocabulary->namespaceNames;
         std::string const* const uri =
             SharedText(uris, (octet & 0x01) == 0 ? 0 : ReadIdentifyingString(uris));
         // The string lives as long as the tree, which ends with these declarations.
         m_doc.m_namespaces[std::string(prefix)] = {std::shared_ptr<void>(), uri};
+        if (m_checks != nullptr)
+            m_checks->Declare(SharedText(prefixes, prefixIndex), uri);
     }
+    RequireEnd(octet);
     return m_in.ReadOctet();
-}
-
-std::string_view CFastInfosetReader::ReadDeclaredPrefix() {
-    NameParts& prefixes = m_vocabulary->prefixNames;
-    std::string_view const prefix = prefixes.entries[ReadIdentifyingString(prefixes) - 1].text;
-    Charge(prefix.size());
-    return prefix;
 }
 
 XmlName const* CFastInfosetReader::ParseQName(std::uint8_t octet, QNames& table) {
@@ -233,6 +280,8 @@ XmlName const* CFastInfosetReader::ParseQName(std::uint8_t octet, QNames& table)
     entry.name = Resolve(entry);
     if (table.entries.size() < kMostQNames)
         table.entries.push_back(entry);
+    if (m_checks != nullptr)
+        RequireDeclared(entry);
     return entry.name;
 }
 
@@ -242,7 +291,13 @@ XmlName const* CFastInfosetReader::QNameAt(QNames& table, std::uint32_t index) {
     ReadVocabulary::QName& entry = table.entries[index - 1];
     if (entry.name == nullptr)
         entry.name = Resolve(entry);
+    if (m_checks != nullptr)
+        RequireDeclared(entry);
     return entry.name;
+}
+
+void CFastInfosetReader::RequireDeclared(ReadVocabulary::QName const& entry) {
+    m_checks->RequireDeclared(SharedText(m_vocabulary->prefixNames, entry.prefix), entry.name->namespaceUri);
 }
 
 XmlName const* CFastInfosetReader::Resolve(ReadVocabulary::QName const& entry) {

@@ -15,12 +15,14 @@
 
 namespace ZvXmlLib16 {
 
+class InfosetChecks;
 class XmlTree;
 struct XmlName;
 
 // Reads one document, of this library or of another producer. What the tree has no place for (comments,
 // processing instructions, the document type, the whole header) is skipped; texts and names lie in the tree's
-// storage, those that are referred to by index once. Nothing recurses. Belongs to the thread of the load.
+// storage, those that are referred to by index once. With a strict context the document must stand for one of
+// XML, and its own vocabulary is taken in. Nothing recurses. Belongs to the thread of the load.
 class CFastInfosetReader : public CInstanceMonitor {
 public:
     // True if the input starts like a document. Examines only the first octets.
@@ -50,31 +52,40 @@ private:
         std::string_view octets;
     };
 
+    // InitialVocabulary.cpp: the tables of the document, where they are taken in.
+    void TakeInitialVocabulary();
+    void TakeExternalVocabulary();
+    void TakeNamePart(NameParts& table);
+    void TakeText(Strings& table);
+    void TakeNameSurrogate(QNames& table);
+
     // FastInfosetHeader.cpp: what is skipped.
     void ParseDocumentHeader();
     void ParseInitialVocabulary();
-    void SkipNotations();
-    void SkipUnparsedEntities();
+    std::uint8_t SkipNotations(); // the octet that ended them, as the next two
+    std::uint8_t SkipUnparsedEntities();
     void SkipItems(unsigned parts, void (CFastInfosetReader::*skip)());
     void SkipOctetString();
     void SkipEncodedString();
     void SkipNameSurrogate();
     void SkipProcessingInstruction();
-    void SkipDocumentType(std::uint8_t octet);
+    std::uint8_t SkipDocumentType(std::uint8_t octet);
     void SkipEntityReference(std::uint8_t octet);
-    void SkipIdentifyingString();
+    std::string_view SkipIdentifyingString();
     void SkipIdentifyingStrings(unsigned count);
     void SkipNonIdentifyingString();
 
     void ParseDocumentChildren();
     void ParseRoot(std::uint8_t octet);
+    void ParseEpilog();
+    void RequireEnd(std::uint8_t octet) const;
     void ParseContent();
     bool StartElement(std::uint8_t octet);
     void EndElement();
     void ParseCharacterChunk(std::uint8_t octet);
     void ParseAttribute(std::uint8_t octet);
     std::uint8_t ParseNamespaceAttributes();
-    std::string_view ReadDeclaredPrefix();
+    void RequireDeclared(ReadVocabulary::QName const& entry);
     std::string const* SharedText(NameParts& table, std::uint32_t index);
     XmlName const* ParseQName(std::uint8_t octet, QNames& table);
     XmlName const* QNameAt(QNames& table, std::uint32_t index);
@@ -83,6 +94,7 @@ private:
 
     // FastInfosetStrings.cpp
     std::uint32_t ReadIdentifyingString(NameParts& table);
+    void AddNamePart(NameParts& table, std::string_view utf8);
     std::uint32_t ReadOptionalIndex(std::uint8_t octet);
     std::string_view ReadAttributeValue();
     EncodedString ReadEncodedString5(std::uint8_t octet);
@@ -90,6 +102,7 @@ private:
     std::string_view TextAt(Strings const& table, std::uint32_t index);
     void Charge(std::size_t octets);
     std::string_view Decode(EncodedString const& encoded);
+    std::string_view DecodeText(std::string_view utf8);
     std::string_view DecodeUtf8(std::string_view octets);
     std::string_view DecodeUtf16(std::string_view octets);
     std::string_view DecodeAlgorithm(std::string_view octets, std::uint32_t algorithm);
@@ -101,14 +114,16 @@ private:
     XmlTree* m_tree = nullptr; // the document's, once there is one
     OctetInput m_in;           // a copy of the input, in the storage of the tree
     std::unique_ptr<ReadVocabulary> m_vocabulary;
-    std::string const* m_noText = nullptr; // what the tree keeps of the empty text
-    std::uint64_t m_textLeft = 0;          // octets that indices may still stand for
-    std::string m_text;                    // for what has to be put together
+    std::unique_ptr<InfosetChecks> m_checks; // null where the document is taken as it is
+    std::string const* m_noText = nullptr;   // what the tree keeps of the empty text
+    std::uint64_t m_textLeft = 0;            // octets that indices may still stand for
+    std::string m_text;                      // for what has to be put together
     std::u16string m_units;
     std::array<char16_t, 512> m_work{}; // spares the conversion of short texts an allocation
     bool m_isAsciiOnly = false;         // decided once for the document, as are the next two
     bool m_isLocalUtf8 = false;
     bool m_isTraced = false;
+    bool m_hasEnded = false; // the octet that ended the root ended the document, too
 };
 
 } // namespace ZvXmlLib16

@@ -2,6 +2,7 @@
 #include "zvxmllib/document/XmlTree.h"
 #include "zvxmllib/fastinfoset/EncodedValues.h"
 #include "zvxmllib/fastinfoset/FastInfosetReader.h"
+#include "zvxmllib/fastinfoset/InfosetChecks.h"
 #include "zvxmllib/fastinfoset/RestrictedAlphabet.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/foundation/Utf16.h"
@@ -59,8 +60,16 @@ std::uint32_t CFastInfosetReader::ReadIdentifyingString(NameParts& table) {
             FailIndexBeyondTable(index, table.content);
         return index;
     }
-    table.entries.push_back({UpToNul(DecodeUtf8(m_in.ReadOctets(m_in.ReadLength2(octet))))});
+    AddNamePart(table, m_in.ReadOctets(m_in.ReadLength2(octet)));
     return static_cast<std::uint32_t>(table.entries.size());
+}
+
+void CFastInfosetReader::AddNamePart(NameParts& table, std::string_view utf8) {
+    if (m_checks != nullptr) {
+        bool const isUri = &table == &m_vocabulary->namespaceNames;
+        isUri ? InfosetChecks::RequireText(utf8) : InfosetChecks::RequireName(utf8);
+    }
+    table.entries.push_back({UpToNul(DecodeUtf8(utf8))});
 }
 
 // 0 for the empty string.
@@ -129,7 +138,7 @@ CFastInfosetReader::EncodedString CFastInfosetReader::ReadEncodedString7(std::ui
 std::string_view CFastInfosetReader::Decode(EncodedString const& encoded) {
     switch (encoded.discriminant) {
     case kUtf8:
-        return DecodeUtf8(encoded.octets);
+        return DecodeText(encoded.octets);
     case kUtf16:
         return DecodeUtf16(encoded.octets);
     case kRestrictedAlphabet:
@@ -137,6 +146,12 @@ std::string_view CFastInfosetReader::Decode(EncodedString const& encoded) {
     default:
         return DecodeAlgorithm(encoded.octets, encoded.index);
     }
+}
+
+std::string_view CFastInfosetReader::DecodeText(std::string_view utf8) {
+    if (m_checks != nullptr)
+        InfosetChecks::RequireText(utf8);
+    return DecodeUtf8(utf8);
 }
 
 std::string_view CFastInfosetReader::DecodeUtf8(std::string_view octets) {
@@ -155,7 +170,9 @@ std::string_view CFastInfosetReader::DecodeUtf16(std::string_view octets) {
         m_units += static_cast<char16_t>(static_cast<unsigned char>(octets[i]) << 8 |
                                          static_cast<unsigned char>(octets[i + 1]));
     if (octets.size() % 2 != 0)
-        m_units += u'\uFFFD';
+        m_units += m_checks == nullptr ? u'\uFFFD' : u'\xD800';
+    if (m_checks != nullptr)
+        InfosetChecks::RequireText(m_units);
     return m_tree->KeepText(Utf16ToLocal(m_units.data(), m_units.size()));
 }
 
@@ -170,15 +187,17 @@ std::string_view CFastInfosetReader::DecodeRestrictedAlphabet(std::string_view o
 
 std::string_view CFastInfosetReader::DecodeAlgorithm(std::string_view octets, std::uint32_t algorithm) {
     if (algorithm == kCdataAlgorithm)
-        return DecodeUtf8(octets);
+        return DecodeText(octets);
     m_text.clear();
     AppendEncodedValues(algorithm, octets, m_text);
     return m_tree->KeepText(m_text);
 }
 
+// Where the document is kept to the letter, there is no zero, and a carriage return is a character like any
+// other.
 std::string_view CFastInfosetReader::AsElementText(std::string_view text) {
     constexpr std::string_view kDropped("\r\0", 2);
-    if (IsPlain(text) || text.find_first_of(kDropped) == std::string_view::npos)
+    if (IsPlain(text) || m_checks != nullptr || text.find_first_of(kDropped) == std::string_view::npos)
         return text;
     return m_tree->KeepText(ElementText(text));
 }

@@ -39,9 +39,6 @@ constexpr unsigned kChunkIndex = 0xA0;
 enum Discriminant : unsigned { kUtf8, kUtf16, kRestrictedAlphabet, kAlgorithm };
 constexpr std::uint32_t kAlgorithms = 10;
 
-// Names the vocabulary of documents whose context has no name for it.
-constexpr std::string_view kDefaultVocabularyUri = "urn:zvxmllib:vocabulary";
-
 } // namespace
 
 CFastInfosetWriter::CFastInfosetWriter(CFastInfosetContext& context, CBinaryStream& sink)

@@ -13,6 +13,7 @@ namespace {
 // The template may change or end before the tree does.
 template <class Entry>
 void Copy(CFIVocabulary::CFIStringTable const& source, XmlTree& tree, ReadVocabulary::Table<Entry>& target) {
+    target.entries.clear();
     target.entries.reserve(source.m_table.size());
     for (std::string const& text : source)
         target.entries.push_back(Entry{tree.KeepText(text)});
@@ -33,12 +34,14 @@ std::string ElementText(std::string_view text) {
     return result;
 }
 
-ReadVocabulary::ReadVocabulary(CFastInfosetContext const& context, XmlTree& tree) {
-    if (!context.GetUseGeneratedVocabulary()) {
-        prefixNames.entries.push_back({"xml"});
-        namespaceNames.entries.push_back({kXmlNamespace});
+ReadVocabulary::ReadVocabulary() {
+    prefixNames.entries.push_back({"xml"});
+    namespaceNames.entries.push_back({kXmlNamespace});
+}
+
+ReadVocabulary::ReadVocabulary(CFastInfosetContext const& context, XmlTree& tree) : ReadVocabulary() {
+    if (!context.GetUseGeneratedVocabulary())
         return;
-    }
     CFIVocabulary const& vocabulary = *context.GetVocabulary();
     Copy(vocabulary.GetPrefixNamesTable(), tree, prefixNames);
     Copy(vocabulary.GetNamespaceNamesTable(), tree, namespaceNames);

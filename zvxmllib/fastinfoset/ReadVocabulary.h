@@ -39,7 +39,9 @@ struct ReadVocabulary {
     using NameParts = Table<NamePart>;
     using QNames = Table<QName>;
 
-    // What X.891 gives every document, and, where the context says so, the vocabulary in the context.
+    // What X.891 gives every document.
+    ReadVocabulary();
+    // The same, or, where the context says so, the vocabulary in the context.
     ReadVocabulary(CFastInfosetContext const& context, XmlTree& tree);
 
     NameParts prefixNames{{}, "prefixes"};

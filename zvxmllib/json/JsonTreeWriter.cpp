@@ -15,7 +15,6 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-constexpr char kXmlnsNamespace[] = "http://www.w3.org/2000/xmlns/";
 constexpr std::string_view kDeclaration = "xmlns";
 constexpr std::string_view kCDataStart = "<![CDATA[";
 constexpr std::size_t kMostAttributes = 64; // each is compared with all others

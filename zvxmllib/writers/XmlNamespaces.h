@@ -7,6 +7,7 @@
 namespace ZvXmlLib16 {
 
 inline constexpr char kXmlNamespace[] = "http://www.w3.org/XML/1998/namespace";
+inline constexpr char kXmlnsNamespace[] = "http://www.w3.org/2000/xmlns/";
 inline constexpr char kSchemaInstanceNamespace[] = "http://www.w3.org/2001/XMLSchema-instance";
 
 inline std::string const& SchemaInstanceNamespace() {
