@@ -10,9 +10,10 @@
 
 namespace ZvXmlLib16 {
 
-// Its attributes and its content: xsi:nil as it is allowed, xsi:type for a type that the value may be of, no
-// attribute that XML Schema does not give to every element, no child, and nothing at all in a nil element.
-// True for nil. A type of ItemType_invalid is one of the schema's own. Throws CZvValidationException.
+// Tests attributes and content: xsi:nil only where allowed, xsi:type only for a type that the value may have,
+// otherwise only attributes that XML Schema allows on every element; no children, and nothing at all in a nil
+// element. Returns true for nil. A type of ItemType_invalid is one of the schema's own. Throws
+// CZvValidationException.
 bool CheckValueElement(CSerializationContext const& ctx, CXmlElement const& element, ItemType type,
                        bool isNillable);
 

@@ -33,7 +33,7 @@ protected:
     ~CXmlTypeCollection() override;
 
     // Adds the texts of adjacent elements of the collection's name, starting at `current`. In a strict
-    // context `optionalChoice` is told to a collection of a group, which ends at its greatest number of
+    // context `optionalChoice` is true for a collection in a group, which ends at its maximum number of
     // items.
     CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
                              bool optionalChoice) override;

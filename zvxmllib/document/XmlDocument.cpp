@@ -110,7 +110,7 @@ void CXmlDocument::LoadXmlStream(unsigned char const* data, std::uint32_t length
     Parse(data, length);
 }
 
-// What is not a complete compressed stream is no failure: it goes on as it is.
+// Data that is not a complete compressed stream is passed on unchanged.
 void CXmlDocument::Parse(unsigned char const* data, std::size_t length) {
     CBinaryData decompressed;
     if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), decompressed,

@@ -37,8 +37,8 @@ public:
     CXmlDocument& operator=(CXmlDocument const&) = delete;
     ~CXmlDocument() override;
 
-    // XML text or Fast Infoset (X.891), in gzip or zlib form too: its content tells which. Files of 4 GiB and
-    // more are refused. With AsyncFromXmlFile on, plain XML text of any size.
+    // XML text or Fast Infoset (X.891), optionally in gzip or zlib form; recognised by its content. Files of
+    // 4 GiB and more are refused. With AsyncFromXmlFile on, plain XML text of any size.
     void Load(char const* fileName);
     // XML text: its declaration, or else UTF-8, says what its bytes mean. Throws for an empty text.
     void LoadXml(char const* text);

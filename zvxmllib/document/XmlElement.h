@@ -26,7 +26,7 @@ public:
     CXmlDocument const* GetDocument() const noexcept;
     // Null for the root.
     CXmlElement const* GetParentElm() const noexcept { return m_parent; }
-    // The first child, null if there is none; the walk goes on with GetNextSiblingElement until null.
+    // The first child, null if there is none; continue with GetNextSiblingElement until null.
     CXmlElement* GetFirstElement() const noexcept { return m_firstChild; }
     CXmlElement* GetNextSiblingElement() const noexcept { return m_nextSibling; }
 

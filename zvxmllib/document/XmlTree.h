@@ -55,8 +55,8 @@ public:
     std::string_view KeepText(std::string_view text, std::size_t readableBehind = 0);
     // As AddElementAttribute, for text that KeepText gave or a part of it: not copied again.
     void AddKeptAttribute(XmlName const* name, std::string_view value);
-    // The same for the text of the innermost open element, without carriage returns in it, which nobody has
-    // asked for yet: a reader that calls no callback.
+    // The same for the text of the innermost open element, without carriage returns. Only for readers that
+    // call no callback, so that nobody has asked for that text yet.
     void AppendKeptText(std::string_view text);
 
     // Closes the innermost open element and returns it.

@@ -13,24 +13,24 @@ namespace ZvXmlLib16Data {
 
 class CParentElementInfo;
 
-// What the table says of a value.
+// What the table says about a value.
 struct StrictValue {
     std::string const& name;
     ZvXmlLib16::ItemType type;
     ZvXmlLib16::CWhitespaceUtils::WhitespaceRule rule; // strings and characters have it, all others collapse
     ZvXmlLib16::CPrimitiveRestrictions const& restrictions;
 
-    // From the text of an element or attribute. Throws CZvInvalidValueException for a text that is none of
-    // the type, and CZvValidationException for a value that offends a facet.
+    // From the text of an element or attribute. Throws CZvInvalidValueException for a text that is not one of
+    // the type, and CZvValidationException for a value that violates a facet.
     void Read(ZvXmlLib16::ZvVariant& value, std::string_view text,
               ZvXmlLib16::CXmlElement const& place) const;
     void Read(ZvXmlLib16::ZvVariant& value, std::string_view text,
               ZvXmlLib16::CXmlAttribute const& place) const;
 
-    // As ZvVariant::ToText; throws CZvInvalidStateException for a value that is none of the type.
+    // Like ZvVariant::ToText, but throws CZvInvalidStateException for a value that is not one of the type.
     std::string const& ToText(ZvXmlLib16::ZvVariant const& value, std::string const& format,
                               std::string& buffer) const;
-    // Throws CZvException for a value, with its text, that offends a facet.
+    // Throws CZvException if a value, given with its text, violates a facet.
     void Check(ZvXmlLib16::ZvVariant const& value, std::string_view text) const;
 
 private:

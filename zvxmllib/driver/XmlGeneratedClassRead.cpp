@@ -110,7 +110,7 @@ CXmlElement* CXmlGeneratedClass::ReadContent(CXmlElement* element, CXmlElement* 
     return current;
 }
 
-// Only a strict context takes the blanks off that the type does not have.
+// Only a strict context removes the white space that the type does not allow.
 void CXmlGeneratedClass::ReadSimpleContent(CSerializationContext const& ctx, CXmlElement const& element,
                                            CParentElementInfo const& info) {
     ZvVariant value;

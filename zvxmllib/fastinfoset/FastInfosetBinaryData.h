@@ -25,7 +25,7 @@ public:
     // type throws; the data is empty then.
     void SetAsEncodedString(std::uint32_t algorithm, char const* text);
     // The values with a blank between two of them; empty for no data. Throws CZvException for octets that are
-    // no values of the algorithm, for an unknown one, and for cdata, which is text as it is.
+    // not values of the algorithm, for an unknown one, and for cdata, which is plain text.
     std::string GetAsString(std::uint32_t algorithm) const;
 };
 

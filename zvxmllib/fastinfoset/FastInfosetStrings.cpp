@@ -30,7 +30,7 @@ bool ArePlain(char const* octets) noexcept {
     return ((word | (word - kOnes) | ((word ^ (kOnes * '\r')) - kOnes)) & kHighs) == 0;
 }
 
-// True for text that passes as it is whatever local text is, and whatever becomes of it.
+// True for text that is the same in every local encoding and needs no change.
 bool IsPlain(std::string_view text) noexcept {
     char const* p = text.data();
     char const* const end = p + text.size();

@@ -3,7 +3,7 @@
 
 namespace {
 
-thread_local char t_identity; // its address tells this thread from all others
+thread_local char t_identity; // its address identifies this thread
 
 } // namespace
 

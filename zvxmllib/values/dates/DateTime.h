@@ -144,7 +144,7 @@ public:
     // CZvInvalidStateException, as the next.
     unsigned char GetDayOfWeek() const;
     unsigned short GetDayOfYear() const; // from 1
-    // The same instant with the offset +00:00; a value without an offset as it is.
+    // The same instant with the offset +00:00; a value without an offset is unchanged.
     CDateTime GetNormalized() const;
 
     // The text decides the new type: a dateTime; any of the five with a date part; a time. They throw

@@ -25,7 +25,7 @@ using detail::kBounds;
 template <class Value>
 using FromText = Value (*)(std::string const&, CWhitespaceUtils::WhitespaceRule);
 
-// Whether a value keeps a bound. A number that cannot be compared (NaN) keeps none.
+// Whether a value is within a bound. A number that cannot be compared (NaN) is within none.
 template <class Value>
 bool Keeps(std::size_t bound, Value const& value, Value const& limit, FacetRules) {
     switch (bound) {
@@ -40,7 +40,7 @@ bool Keeps(std::size_t bound, Value const& value, Value const& limit, FacetRules
     }
 }
 
-// Where the order is partial, a pair without one keeps any bound, or by XML Schema none.
+// In a partial order, a pair without an order satisfies every bound, or by XML Schema none.
 bool KeepsInPartialOrder(std::size_t bound, CDateTime::DTCompareResult order, FacetRules rules) {
     if (order == CDateTime::DTCompareIndeterminate)
         return rules == FacetRules::kLetter;
@@ -82,7 +82,7 @@ detail::Bounds<Value> const* FindBounds(ItemType type, FromText<Value> fromText,
     return bounds->AreOf(facets) ? bounds : nullptr;
 }
 
-// The first bound that is not kept decides: one behind it is not looked at, and may be no value of the type.
+// The first violated bound decides: later ones are not parsed, and need not be values of the type.
 template <class Value>
 bool IsWithinBounds(Value const& value, ItemType type, FromText<Value> fromText, FacetCheck const& check) {
     CPrimitiveRestrictions const& facets = check.facets;
@@ -195,7 +195,7 @@ bool HasDigits(CDecimal const& value, CPrimitiveRestrictions const& facets) {
     return HasAtMost(facets.totalDigits, integer + fraction) && HasAtMost(facets.fractionDigits, fraction);
 }
 
-// The text of a failure shows `text`, the value as it is written.
+// The message shows `text`, the value as written.
 void CheckPattern(FacetCheck const& check, std::string_view text) {
     if (check.facets.pattern.empty())
         return;

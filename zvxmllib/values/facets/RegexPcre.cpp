@@ -36,7 +36,7 @@ pcre_jit_stack* JitStackOfThread(void*) {
     return handle;
 }
 
-// The library tells the size of a frame of its interpreter, as a negative number, for these arguments.
+// For these arguments the library returns the frame size of its interpreter, as a negative number.
 unsigned long MostInterpreterDepth() {
     static unsigned long const depth = [] {
         int const size = pcre_exec(nullptr, nullptr, nullptr, -999, -999, 0, nullptr, 0);

@@ -8,9 +8,8 @@
 #include <cstdio>
 #include <iterator>
 
-// What the libraries take for something else than it says is never passed on: outside a class only letters,
-// digits and the signs of the grammar appear, inside a class everything but letters and digits is told by its
-// number.
+// Nothing that the libraries could misread is passed on: outside a class only letters, digits and the signs
+// of the grammar appear, inside a class everything but letters and digits is written by its number.
 
 namespace ZvXmlLib16::detail {
 

@@ -10,13 +10,13 @@
 
 namespace ZvXmlLib16::detail {
 
-// Reading. The text is what its white space rule has left. RequireLexical throws CZvInvalidValueException
+// Reading. The text has had its white space rule applied. RequireLexical throws CZvInvalidValueException
 // unless the text has the form of the type and the value class keeps all of it; the conversions go on to
 // throw for what is out of range.
 void RequireLexical(ItemType type, std::string_view text);
 // By RequireLexical; the value class keeps the sign of every zone, and 24:00:00 is the start of the next day.
 CDateTime StrictDateTimeFromText(ItemType type, std::string_view text);
-// As ZvVariant::FromText, without a rule.
+// Like ZvVariant::FromText, without a rule.
 void StrictFromText(ZvVariant& value, std::string_view text, ItemType type);
 
 // Writing. As ZvVariant::ToText for a value that is to be one of `type`: of the lexical form, and so that
