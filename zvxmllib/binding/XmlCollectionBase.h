@@ -2,6 +2,7 @@
 #pragma once
 
 #include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/foundation/SharedText.h"
 
 #include <cstdint>
 #include <string>
@@ -61,7 +62,7 @@ protected:
     void FireOnCollectionRemove(int index);
     void FireOnCollectionRemoveComplete(int index);
 
-    std::string m_namespace;
+    SharedText m_namespace;
 
 private:
     std::vector<IEventSink*> m_listeners;

@@ -4,6 +4,8 @@
 #include "zvxmllib/collections/Failures.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
+#include <utility>
+
 namespace ZvXmlLib16 {
 
 namespace {
@@ -17,10 +19,10 @@ std::string_view TextOf(char const* text) noexcept {
 } // namespace
 
 CAttribute::CAttribute(char const* name, char const* value, char const* namespaceURI)
-    : CAttribute(TextOf(name), TextOf(value), TextOf(namespaceURI)) {}
+    : CAttribute(SharedText(TextOf(name)), TextOf(value), SharedText(TextOf(namespaceURI))) {}
 
-CAttribute::CAttribute(std::string_view name, std::string_view value, std::string_view ns)
-    : CInstanceMonitor(s_registration), m_name(name), m_value(value), m_namespace(ns) {}
+CAttribute::CAttribute(SharedText name, std::string_view value, SharedText ns)
+    : CInstanceMonitor(s_registration), m_name(std::move(name)), m_namespace(std::move(ns)), m_value(value) {}
 
 CAttribute::~CAttribute() = default;
 

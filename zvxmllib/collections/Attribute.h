@@ -4,6 +4,7 @@
 #include "zvxmllib/collections/ZvIterator.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/InstanceMonitor.h"
+#include "zvxmllib/foundation/SharedText.h"
 
 #include <string>
 #include <string_view>
@@ -17,7 +18,7 @@ public:
     CXmlObjectBase* GetBase() override;
     std::string GetNamespace() override;
 
-    std::string const& GetName() const noexcept { return m_name; }
+    std::string const& GetName() const noexcept { return m_name.Get(); }
     std::string const& GetValue() const noexcept { return m_value; }
     // The restrictions of the collection are not tested.
     void SetName(char const* name);
@@ -44,11 +45,11 @@ protected:
 private:
     friend class CAttributeCol;
     friend class CElement;
-    CAttribute(std::string_view name, std::string_view value, std::string_view ns);
+    CAttribute(SharedText name, std::string_view value, SharedText ns);
 
-    std::string m_name;
+    SharedText m_name;
+    SharedText m_namespace;
     std::string m_value;
-    std::string m_namespace;
 };
 
 // The attributes of an element, or those that a wildcard takes. `allowedNamespaces` is the list of an XML

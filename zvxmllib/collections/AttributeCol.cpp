@@ -82,7 +82,9 @@ CSmartPtr<CAttribute> CAttributeCol::Item(int index) const {
 
 CSmartPtr<CAttributeCol> CAttributeCol::Clone() const {
     CSmartPtr<CAttributeCol> clone(
-        new CAttributeCol(m_namespace.c_str(), m_allowedNamespaces.c_str(), m_targetNamespace.c_str()));
+        new CAttributeCol("", m_allowedNamespaces.c_str(), m_targetNamespace.c_str()));
+    if (!m_namespace.empty())
+        clone->m_namespace = m_namespace;
     for (CAttribute* const attribute : *this)
         clone->Add(attribute->Clone());
     return clone;
@@ -103,7 +105,7 @@ CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* curre
         if (!IsNamespaceAllowed(ns, m_allowedNamespaces, m_targetNamespace))
             FailAttributeNamespace(source.GetLocalName(), element->GetXPath());
         CSmartPtr<CAttribute> const attribute(
-            new CAttribute(source.GetLocalName(), source.GetValueView(), std::string_view(ns)));
+            new CAttribute(source.ShareLocalName(), source.GetValueView(), source.ShareNamespaceURI()));
         AppendItem(attribute);
     }
     return current;

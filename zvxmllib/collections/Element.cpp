@@ -62,9 +62,8 @@ CElement::CElement(CXmlObjectBase* object, char const* defaultNamespace) : CInst
     CopyXmlElement(document.GetDocumentElement());
 }
 
-CElement::CElement(NamespaceIsTested, std::string const& name, std::string const& ns, char const* allowed,
-                   char const* target)
-    : CInstanceMonitor(s_registration), m_name(name), m_namespace(ns) {
+CElement::CElement(NamespaceIsTested, SharedText name, SharedText ns, char const* allowed, char const* target)
+    : CInstanceMonitor(s_registration), m_name(std::move(name)), m_namespace(std::move(ns)) {
     SetRestrictions(allowed, target);
     PromiseCollections();
 }
@@ -161,7 +160,8 @@ void CElement::AdoptCollections(CSmartPtr<CAttributeCol> attributes, CSmartPtr<C
 
 CSmartPtr<CAttributeCol> CElement::GetAttributes() const {
     if (m_attributes == nullptr) {
-        m_attributes = new CAttributeCol(CollectionNamespace(), kAnyNamespace, TargetNamespace());
+        m_attributes = new CAttributeCol("", kAnyNamespace, TargetNamespace());
+        m_attributes->m_namespace = CollectionNamespace();
         // It counted itself when it was made.
         CountMany(*std::exchange(m_attributesPromised, nullptr), -1, 0);
     }
@@ -170,7 +170,9 @@ CSmartPtr<CAttributeCol> CElement::GetAttributes() const {
 
 CSmartPtr<CElementCol> CElement::GetChildElements() const {
     if (m_elements == nullptr) {
-        m_elements = new CElementCol(CollectionNamespace(), kAnyNamespace, TargetNamespace(), 0, -1);
+        m_elements = new CElementCol("", kAnyNamespace, TargetNamespace(), 0, -1);
+        if (SharedText ns = CollectionNamespace(); !ns.empty())
+            m_elements->m_itemNamespace = std::move(ns);
         CountMany(*std::exchange(m_elementsPromised, nullptr), -1, 0);
     }
     return m_elements;
@@ -211,8 +213,8 @@ void CElement::SetNamespace(char const* ns) {
     ChangeNamespace(TextOf(ns));
 }
 
-void CElement::ChangeNamespace(std::string const& ns) {
-    if (ns == m_namespace)
+void CElement::ChangeNamespace(SharedText ns) {
+    if (ns == m_namespace.Get())
         return;
     if (m_namespace.empty()) {
         m_collectionsHaveNoNamespace = true;
@@ -221,7 +223,7 @@ void CElement::ChangeNamespace(std::string const& ns) {
         GetAttributes();
         GetChildElements();
     }
-    m_namespace = ns;
+    m_namespace = std::move(ns);
 }
 
 void CElement::SetNamespaceRestrictions(char const* allowedNamespaces, char const* targetNamespace) {
@@ -242,8 +244,9 @@ void CElement::SetNamespaceRestrictions(char const* allowedNamespaces, char cons
 }
 
 CSmartPtr<CElement> CElement::Clone() const {
+    TestNamespace(m_namespace.c_str(), AllowedNamespaces(), TargetNamespace());
     CSmartPtr<CElement> clone(
-        new CElement(m_name.c_str(), m_namespace.c_str(), AllowedNamespaces(), TargetNamespace()));
+        new CElement(NamespaceIsTested(), m_name, m_namespace, AllowedNamespaces(), TargetNamespace()));
     clone->CopyContent(*this);
     return clone;
 }
@@ -262,8 +265,8 @@ void CElement::CopyContent(CElement const& other) {
 }
 
 void CElement::CopyXmlElement(CXmlElement* element) {
-    m_name = element->GetLocalName();
-    ChangeNamespace(element->GetNamespaceURI());
+    m_name = element->ShareLocalName();
+    ChangeNamespace(element->ShareNamespaceURI());
     m_text.clear();
     element->GetNodeText().AppendTo(m_text);
     if (HasAttributes())
@@ -309,8 +312,8 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* current, CSerializ
     }
     m_text.clear();
     current->GetNodeText().AppendTo(m_text);
-    m_name = current->GetLocalName();
-    ChangeNamespace(current->GetNamespaceURI());
+    m_name = current->ShareLocalName();
+    ChangeNamespace(current->ShareNamespaceURI());
     return current->GetNextSiblingElement();
 }
 

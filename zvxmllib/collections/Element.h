@@ -4,6 +4,7 @@
 #include "zvxmllib/collections/Attribute.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/InstanceMonitor.h"
+#include "zvxmllib/foundation/SharedText.h"
 
 #include <memory>
 #include <string>
@@ -34,7 +35,7 @@ public:
     CXmlObjectBase* GetBase() override;
     std::string GetNamespace() override;
 
-    std::string const& GetName() const noexcept { return m_name; }
+    std::string const& GetName() const noexcept { return m_name.Get(); }
     std::string const& GetText() const noexcept { return m_text; }
     // The restrictions are not tested.
     void SetName(char const* name);
@@ -85,17 +86,16 @@ protected:
 private:
     friend class CElementCol;
     struct NamespaceIsTested {};
-    CElement(NamespaceIsTested, std::string const& name, std::string const& ns, char const* allowed,
-             char const* target);
+    CElement(NamespaceIsTested, SharedText name, SharedText ns, char const* allowed, char const* target);
 
     void SetRestrictions(char const* allowed, char const* target);
     void PromiseCollections();
     void AdoptCollections(CSmartPtr<CAttributeCol> attributes, CSmartPtr<CElementCol> elements);
     void CopyContent(CElement const& other);
-    void ChangeNamespace(std::string const& ns);
+    void ChangeNamespace(SharedText ns);
     void WriteFragment(CXmlTextWriter& writer, CSerializationContext const& ctx, bool optionalChoice) const;
-    char const* CollectionNamespace() const noexcept {
-        return m_collectionsHaveNoNamespace ? "" : m_namespace.c_str();
+    SharedText CollectionNamespace() const noexcept {
+        return m_collectionsHaveNoNamespace ? SharedText() : m_namespace;
     }
 
     // What few elements have: a restriction, a target namespace, the default namespace of a fragment.
@@ -108,9 +108,9 @@ private:
     char const* AllowedNamespaces() const noexcept;
     char const* TargetNamespace() const noexcept;
 
-    std::string m_name;
+    SharedText m_name;
+    SharedText m_namespace;
     std::string m_text;
-    std::string m_namespace;
     std::unique_ptr<Rules> m_rules; // null for the defaults
 
     // Most elements of a document have no attributes or no children. A collection is made at first use, but
@@ -172,7 +172,7 @@ private:
 
     bool ReadOne(CXmlElement* element, CXmlElement*& current, CSerializationContext const& ctx);
 
-    std::string m_itemNamespace;
+    SharedText m_itemNamespace;
     std::string m_targetNamespace;
 };
 

@@ -108,8 +108,8 @@ CXmlElement* CElementCol::FromXmlLockElementName_Int(std::string localName, std:
 
 // Reads `current` and moves on. False if the new element did not take it.
 bool CElementCol::ReadOne(CXmlElement* element, CXmlElement*& current, CSerializationContext const& ctx) {
-    CSmartPtr<CElement> const item(new CElement(CElement::NamespaceIsTested(), current->GetLocalName(),
-                                                current->GetNamespaceURI(), kAnyNamespace,
+    CSmartPtr<CElement> const item(new CElement(CElement::NamespaceIsTested(), current->ShareLocalName(),
+                                                current->ShareNamespaceURI(), kAnyNamespace,
                                                 m_targetNamespace.c_str()));
     CXmlElement* const next = CXmlObjectBase::FromXml_Int(item, element, current, ctx);
     if (next == current)

@@ -20,8 +20,11 @@ namespace {
 CInstanceMonitor::Registration s_registration("CExpatReader");
 
 constexpr XML_Char kNamespaceSeparator = '|';
-// The parser copies what it is given, so it gets the input in slices that stay in the cache.
+// The parser copies what it is given, so it gets the input in slices that stay in the cache. A token that
+// goes on beyond its slice is looked at from its beginning with each further one, so the slices double until
+// it ends.
 constexpr std::size_t kSliceSize = 256 * 1024;
+constexpr std::size_t kLargestSlice = std::size_t{1} << 30; // the parser counts in int
 
 constexpr std::string_view kCdataStart = "<![CDATA[";
 constexpr std::string_view kCdataEnd = "]]>";
@@ -68,7 +71,8 @@ void CExpatReader::ParserDeleter::operator()(XML_ParserStruct* parser) const noe
     XML_ParserFree(parser);
 }
 
-CExpatReader::CExpatReader(CXmlDocument& document) : CInstanceMonitor(s_registration), m_doc(document) {}
+CExpatReader::CExpatReader(CXmlDocument& document)
+    : CInstanceMonitor(s_registration), m_doc(document), m_sliceSize(kSliceSize) {}
 
 CExpatReader::~CExpatReader() = default;
 
@@ -90,15 +94,32 @@ void CExpatReader::Init() {
 
 void CExpatReader::Parse(unsigned char const* data, std::size_t length, bool final) {
     char const* const text = reinterpret_cast<char const*>(data);
-    std::size_t done = 0;
-    do {
-        std::size_t const slice = std::min(kSliceSize, length - done);
-        ParseSlice(text + done, slice, final && done + slice == length);
-        done += slice;
-    } while (done != length);
+    bool const isInsideToken = m_sliceSize != kSliceSize || !m_heldBack.empty();
+    if (!isInsideToken) {
+        ParseSlices(text, length, final);
+    } else {
+        m_heldBack.insert(m_heldBack.end(), text, text + length);
+        if (!final && m_heldBack.size() < m_sliceSize)
+            return;
+        ParseSlices(m_heldBack.data(), m_heldBack.size(), final);
+        m_heldBack.clear();
+    }
     m_tree->SettleCounts();
     if (final)
         m_parser.reset();
+}
+
+void CExpatReader::ParseSlices(char const* data, std::size_t length, bool final) {
+    std::size_t done = 0;
+    do {
+        std::size_t const slice = std::min(m_sliceSize, length - done);
+        XML_Index const before = XML_GetCurrentByteIndex(m_parser.get());
+        bool const isLast = done + slice == length;
+        ParseSlice(data + done, slice, final && isLast);
+        done += slice;
+        bool const isInsideToken = XML_GetCurrentByteIndex(m_parser.get()) == before;
+        m_sliceSize = isInsideToken ? std::min(2 * m_sliceSize, kLargestSlice) : kSliceSize;
+    } while (done != length);
 }
 
 void CExpatReader::ParseSlice(char const* data, std::size_t length, bool final) {
@@ -128,10 +149,22 @@ std::string_view CExpatReader::ToLocal(char const* utf8, std::size_t length) {
 void CExpatReader::StartElement(char const* name, char const** attributes) {
     NameTable& names = m_tree->GetNames();
     m_tree->AddElement(names.FindElementName(name, m_splitsNames));
+    char const* const* const defaults = attributes + XML_GetSpecifiedAttributeCount(m_parser.get());
     for (; *attributes != nullptr; attributes += 2) {
         XmlName const* const attribute = names.Find(attributes[0], m_splitsNames);
-        m_tree->AddElementAttribute(attribute, ToLocal(attributes[1], std::strlen(attributes[1])));
+        if (attributes >= defaults && !m_tree->IsStreaming())
+            m_tree->AddKeptAttribute(attribute, KeepDefault(attributes[1]));
+        else
+            m_tree->AddElementAttribute(attribute, ToLocal(attributes[1], std::strlen(attributes[1])));
     }
+}
+
+// A default value of the document type is one text for all elements that get it.
+std::string_view CExpatReader::KeepDefault(char const* value) {
+    auto const [known, isNew] = m_defaults.try_emplace(value);
+    if (isNew)
+        known->second = m_tree->KeepText(ToLocal(value, std::strlen(value)));
+    return known->second;
 }
 
 void CExpatReader::EndElement() {

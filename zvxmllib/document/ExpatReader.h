@@ -9,6 +9,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
 struct XML_ParserStruct;
 
@@ -39,11 +41,13 @@ private:
         void operator()(XML_ParserStruct* parser) const noexcept;
     };
 
+    void ParseSlices(char const* data, std::size_t length, bool final);
     void ParseSlice(char const* data, std::size_t length, bool final);
     // The text as local text; the result is valid until the next call.
     std::string_view ToLocal(char const* utf8, std::size_t length);
 
     void StartElement(char const* name, char const** attributes);
+    std::string_view KeepDefault(char const* value);
     void EndElement();
     void DeclareNamespace(char const* prefix, char const* uri);
     void Text(char const* text, std::size_t length);
@@ -54,6 +58,10 @@ private:
     std::unique_ptr<XML_ParserStruct, ParserDeleter> m_parser;
     std::exception_ptr m_failure; // the first that a handler met
     std::string m_local;
+    std::size_t m_sliceSize;      // what the parser gets at once
+    std::vector<char> m_heldBack; // input behind an unfinished token, less than a slice
+    std::unordered_map<char const*, std::string_view>
+        m_defaults; // of attributes: the parser's texts, as the tree keeps them
     bool m_splitsNames = true;
     bool m_isLocalUtf8 = true; // texts pass without conversion; settled once for the document
 };

@@ -71,7 +71,13 @@ XmlName* NameTable::FindElementName(char const* parserName, bool splitNamespace)
 }
 
 std::string const* NameTable::Keep(std::string_view text) {
-    return &*m_strings.emplace(text).first;
+    auto const found = m_strings.find(text);
+    if (found != m_strings.end())
+        return &found->second.Get();
+    SharedText shared(text);
+    std::string const& kept = shared.Get();
+    m_strings.emplace(kept, std::move(shared));
+    return &kept;
 }
 
 XmlName* NameTable::Add(std::string_view parserName, std::uint64_t hash, bool splitNamespace) {

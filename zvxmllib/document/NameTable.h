@@ -1,12 +1,14 @@
 // The names of a document, each kept once.
 #pragma once
 
+#include "zvxmllib/foundation/SharedText.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 namespace ZvXmlLib16 {
@@ -16,7 +18,7 @@ class XmlTree;
 // The name of elements and attributes, in the local encoding. Lives as long as the content of its tree.
 struct XmlName {
     XmlTree* tree;
-    std::string const* localName; // shared, as the next three: names have their parts in common
+    std::string const* localName; // of a SharedText, as the next three: names have their parts in common
     std::string const* namespaceUri;
 
     // The XML parser's form, in UTF-8: the URI, '|' and the local name, or the local name alone. The same
@@ -51,7 +53,7 @@ public:
 
 private:
     struct TextHash {
-        std::size_t operator()(std::string const& text) const noexcept { return Hash(text); }
+        std::size_t operator()(std::string_view text) const noexcept { return Hash(text); }
     };
 
     static std::uint64_t Hash(std::string_view text) noexcept;
@@ -61,8 +63,8 @@ private:
 
     XmlTree& m_tree;
     std::deque<XmlName> m_names;
-    std::vector<XmlName*> m_buckets; // a power of two of them
-    std::unordered_set<std::string, TextHash> m_strings;
+    std::vector<XmlName*> m_buckets;                                      // a power of two of them
+    std::unordered_map<std::string_view, SharedText, TextHash> m_strings; // by their own text
     XmlName* m_lastElementName = nullptr;
 };
 

@@ -26,6 +26,14 @@ std::string const& CXmlAttribute::GetLocalName() const noexcept {
     return *m_name->localName;
 }
 
+SharedText CXmlAttribute::ShareLocalName() const noexcept {
+    return SharedText::Of(*m_name->localName);
+}
+
+SharedText CXmlAttribute::ShareNamespaceURI() const noexcept {
+    return SharedText::Of(*m_name->namespaceUri);
+}
+
 std::string const& CXmlAttribute::GetNamespaceURI() const noexcept {
     return *m_name->namespaceUri;
 }

@@ -4,6 +4,7 @@
 #include "zvxmllib/document/NodeText.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/InstanceMonitor.h"
+#include "zvxmllib/foundation/SharedText.h"
 
 #include <string>
 #include <string_view>
@@ -22,6 +23,9 @@ public:
     CXmlAttribute& operator=(CXmlAttribute const&) = delete;
 
     std::string const& GetLocalName() const noexcept;
+    // The same as texts that outlive the document, shared by all nodes that have them.
+    SharedText ShareLocalName() const noexcept;
+    SharedText ShareNamespaceURI() const noexcept;
     std::string const& GetValue() const;
     // Empty for no namespace, and for an attribute without a prefix.
     std::string const& GetNamespaceURI() const noexcept;

@@ -19,6 +19,14 @@ std::string const& CXmlElement::GetLocalName() const noexcept {
     return *m_name->localName;
 }
 
+SharedText CXmlElement::ShareLocalName() const noexcept {
+    return SharedText::Of(*m_name->localName);
+}
+
+SharedText CXmlElement::ShareNamespaceURI() const noexcept {
+    return SharedText::Of(*m_name->namespaceUri);
+}
+
 std::string const& CXmlElement::GetNamespaceURI() const noexcept {
     return *m_name->namespaceUri;
 }

@@ -4,6 +4,7 @@
 #include "zvxmllib/document/NodeText.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/InstanceMonitor.h"
+#include "zvxmllib/foundation/SharedText.h"
 
 #include <cstddef>
 #include <string>
@@ -33,6 +34,9 @@ public:
     // All character data directly inside this element, in document order, without carriage returns.
     std::string const& GetText() const;
     std::string const& GetLocalName() const noexcept;
+    // The same as texts that outlive the document, shared by all nodes that have them.
+    SharedText ShareLocalName() const noexcept;
+    SharedText ShareNamespaceURI() const noexcept;
     // Empty for no namespace.
     std::string const& GetNamespaceURI() const noexcept;
 

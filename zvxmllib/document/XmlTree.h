@@ -33,6 +33,8 @@ public:
     CXmlElement* GetRoot() const noexcept { return m_root; }
     NameTable& GetNames() noexcept { return m_names; }
 
+    // Whether elements are taken out, and their texts with them.
+    bool IsStreaming() const noexcept { return m_isStreaming; }
     bool HasOpenElement() const noexcept { return !m_open.empty(); }
 
     // Adds the root, or a child of the innermost open element, and opens it.

@@ -4,6 +4,7 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/driver/Failures.h"
+#include "zvxmllib/driver/UnknownScan.h"
 
 namespace ZvXmlLib16Data {
 
@@ -69,8 +70,13 @@ bool CElementInfoSeqPrimMnd::ElementFromXml(Ctx const& ctx, Object* object, CXml
         return true;
     }
     while (!IsThisElement(ctx, *current)) {
-        if (!ctx.GetIgnoreUnknownElements() || *current == nullptr)
+        if (!ctx.GetIgnoreUnknownElements())
             return false;
+        if (*current == nullptr) {
+            if (ZvXmlLib16::UnknownScan* const scan = ZvXmlLib16::UnknownScan::Of(element))
+                scan->PassToEnd();
+            return false;
+        }
         *current = (*current)->GetNextSiblingElement();
     }
     ReadValue(ctx, object, current);

@@ -6,12 +6,14 @@
 #include "zvxmllib/driver/Failures.h"
 #include "zvxmllib/driver/NilText.h"
 #include "zvxmllib/driver/StrictValues.h"
+#include "zvxmllib/driver/UnknownScan.h"
 #include "zvxmllib/driver/XmlGeneratedClass.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
 
 #include <array>
 #include <memory>
+#include <optional>
 
 namespace ZvXmlLib16 {
 
@@ -56,11 +58,31 @@ struct CXmlGeneratedClass::Reading {
     CXmlElement* current; // the cursor: the next child not yet read
     CXmlElement* const saved = current;
     bool const ignoresUnknown = ctx.GetIgnoreUnknownElements();
+    UnknownScan* const scan = ignoresUnknown ? UnknownScan::Of(element) : nullptr;
 
     bool Offer(CElementInfo& entry) {
+        if (scan == nullptr)
+            return OfferCursor(entry);
+        bool answer = false;
+        if (scan->IsExhausted(entry, current, answer))
+            return answer;
+        UnknownScan::Offer const offer = scan->BeginOffer(current);
+        answer = OfferCursor(entry);
+        scan->EndOffer(offer, entry, current, answer);
+        return answer;
+    }
+    bool OfferCursor(CElementInfo& entry) {
         std::string const ns = entry.UsesClassNamespace() ? object.GetNamespace() : std::string();
         return entry.ElementFromXml(ctx, &object, element, &current, ns.c_str(), elementType);
     }
+    // The ends of a group: the next cursor.
+    CXmlElement* EndAt(CXmlElement* cursor, bool reachedEnd = false) const {
+        if (scan != nullptr)
+            scan->EndGroup(reachedEnd);
+        return cursor;
+    }
+    // Of a nested sequence that did not match.
+    CXmlElement* NoMatch() const { return EndAt(saved, current == nullptr); }
     bool IsRealElement() const { return elementType == XmlElementType_Element; }
     [[noreturn]] void FailUnread() const {
         FailUnreadElement(element->GetLocalName(), current->GetLocalName(), element->GetXPath());
@@ -92,6 +114,9 @@ CXmlElement* CXmlGeneratedClass::ReadContent(CXmlElement* element, CXmlElement* 
                                              CSerializationContext const& ctx, bool optionalChoice,
                                              CParentElementInfo const& info) {
     XmlElementType const elementType = info.GetElementType();
+    std::optional<UnknownScan> scan;
+    if (elementType == XmlElementType_Element && ctx.GetIgnoreUnknownElements())
+        scan.emplace(*element);
     switch (info.GetElementGroupType()) {
     case XmlElementGroupType_Sequence:
         current = ProcessElementSeqFromXml(ctx, element, current, elementType);
@@ -169,13 +194,13 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(CSerializationContext 
         for (std::size_t i = resume; reading.elements[i] != nullptr; ++i) {
             while (!reading.Offer(*reading.elements[i])) {
                 if (!reading.ignoresUnknown || reading.current == nullptr)
-                    return reading.saved; // the group as a whole did not match
+                    return reading.NoMatch();
                 reading.current = reading.current->GetNextSiblingElement();
             }
             resume = i;
         }
         if (!reading.IsRealElement() || reading.current == nullptr)
-            return reading.current;
+            return reading.EndAt(reading.current);
         if (!reading.ignoresUnknown)
             reading.FailUnread();
         // Continues at the last entry, so that a collection there gets the elements that follow.
@@ -206,7 +231,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(CSerializationConte
     }
     if (reading.IsRealElement() && reading.current != nullptr && !reading.ignoresUnknown)
         reading.FailUnread();
-    return reading.current;
+    return reading.EndAt(reading.current);
 }
 
 CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(CSerializationContext const& ctx,
@@ -226,11 +251,11 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(CSerializationContext 
     }
     for (std::size_t i = 0; i < entryCount; ++i) {
         if (!reading.elements[i]->Validate(ctx, this, found[i], reading.IsRealElement()))
-            return reading.saved;
+            return reading.EndAt(reading.saved);
     }
     if (reading.IsRealElement() && reading.current != nullptr && !reading.ignoresUnknown)
         reading.FailUnread();
-    return reading.current;
+    return reading.EndAt(reading.current);
 }
 
 } // namespace ZvXmlLib16
