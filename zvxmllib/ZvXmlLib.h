@@ -8,6 +8,7 @@
 #include "zvxmllib/collections/Attribute.h"
 #include "zvxmllib/collections/DatetimeBaseCol.h"
 #include "zvxmllib/collections/Element.h"
+#include "zvxmllib/collections/ItemMaker.h"
 #include "zvxmllib/collections/TypedCollections.h"
 #include "zvxmllib/collections/ValueCollection.h"
 #include "zvxmllib/collections/ValueItems.h"

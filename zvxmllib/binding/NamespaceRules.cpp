@@ -5,24 +5,26 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-bool DoesTokenAccept(std::string_view token, std::string_view ns, std::string_view target) noexcept {
+bool DoesTokenAccept(std::string_view token, std::string_view ns, std::string_view target,
+                     bool isStrict) noexcept {
     if (token == kAnyNamespace)
         return true;
     if (token == "##other")
-        return ns != target;
+        return ns != target && !(isStrict && ns.empty());
     if (token == "##local")
         return ns.empty();
     if (token == "##targetNamespace")
         return ns == target;
-    return ns.empty() || ns == token;
+    return ns == token || (ns.empty() && !isStrict);
 }
 
 } // namespace
 
-bool IsNamespaceAllowed(std::string_view ns, std::string_view allowed, std::string_view target) noexcept {
+bool IsNamespaceAllowed(std::string_view ns, std::string_view allowed, std::string_view target,
+                        bool isStrict) noexcept {
     for (;;) {
         std::size_t const blank = allowed.find(' ');
-        if (DoesTokenAccept(allowed.substr(0, blank), ns, target))
+        if (DoesTokenAccept(allowed.substr(0, blank), ns, target, isStrict))
             return true;
         if (blank == std::string_view::npos)
             return false;

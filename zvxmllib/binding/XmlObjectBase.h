@@ -131,6 +131,10 @@ protected:
     // For generated setters. Throws CZvInvalidParamException.
     static void Throw_IfPropertyIsNull(CXmlObjectBase* value, char const* name);
     static void Throw_IfElementNameDiffers(CXmlObjectBase* value, char const* name);
+    // How a strict context reads `root`, which is the root of a document or an element that the application
+    // names: all of it, or CZvValidationException is thrown.
+    void ReadRootStrictly(CXmlElement* root, CSerializationContext const& ctx, bool isDocument);
+
     // The bookkeeping of a choice: `selected` is the element name of the member that is set, empty for none.
     // They throw CZvInvalidStateException if another member is set.
     static void Choice_SelectElement(char const* name, CXmlObjectBase* value, std::string& selected);
@@ -159,6 +163,8 @@ private:
     void WriteJsonText(CTextStream& sink, bool formatted, EOLType eol,
                        CSerializationContext const& ctx) const;
     void ReadDocument(CXmlDocument& document, CSerializationContext const& ctx);
+    void ReadElement(CXmlElement* root, CSerializationContext const& ctx, bool isDocument);
+    void ReadStrictBytes(CBinaryData const& xml, CSerializationContext const& ctx);
     void FromJson_Int(std::string_view json, CSerializationContext const& ctx);
 
     std::string m_elementName;

@@ -98,11 +98,11 @@ void CAttributeCol::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSeriali
 }
 
 CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* current,
-                                        CSerializationContext const&, bool) {
+                                        CSerializationContext const& ctx, bool) {
     for (std::size_t i = 0; i < element->GetAttributeCount(); ++i) {
         CXmlAttribute const& source = *element->GetAttributeAt(i);
         std::string const& ns = source.GetNamespaceURI();
-        if (!IsNamespaceAllowed(ns, m_allowedNamespaces, m_targetNamespace))
+        if (!IsNamespaceAllowed(ns, m_allowedNamespaces, m_targetNamespace, ctx.GetStrict()))
             FailAttributeNamespace(source.GetLocalName(), element->GetXPath());
         CSmartPtr<CAttribute> const attribute(
             new CAttribute(source.ShareLocalName(), source.GetValueView(), source.ShareNamespaceURI()));

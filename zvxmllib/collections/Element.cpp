@@ -53,6 +53,7 @@ CElement::CElement(CXmlObjectBase* object, char const* defaultNamespace) : CInst
     Init("", "", kAnyNamespace, "");
     CSerializationContext ctx;
     ctx.SetDefaultNamespaceURI(defaultNamespace);
+    ctx.SetStrict(CSerializationContext::GetDefaultContext().GetStrict());
     if (*TextOf(defaultNamespace) != '\0')
         OwnRules().defaultNamespace = defaultNamespace;
     CBinaryData const xml =
@@ -264,15 +265,19 @@ void CElement::CopyContent(CElement const& other) {
     AdoptCollections(std::move(attributes), std::move(elements));
 }
 
+void CElement::ClearCollections() {
+    if (HasAttributes())
+        m_attributes->Clear();
+    if (HasChildElements())
+        m_elements->Clear();
+}
+
 void CElement::CopyXmlElement(CXmlElement* element) {
     m_name = element->ShareLocalName();
     ChangeNamespace(element->ShareNamespaceURI());
     m_text.clear();
     element->GetNodeText().AppendTo(m_text);
-    if (HasAttributes())
-        m_attributes->Clear();
-    if (HasChildElements())
-        m_elements->Clear();
+    ClearCollections();
     for (std::size_t i = 0; i < element->GetAttributeCount(); ++i) {
         CXmlAttribute const& attribute = *element->GetAttributeAt(i);
         GetAttributes()->Add(attribute.GetLocalName().c_str(), attribute.GetValue().c_str(),
@@ -294,16 +299,21 @@ void CElement::FromXml(char const* xml) {
     CXmlDocument document(ctx);
     document.LoadXml(xml);
     CXmlElement* const root = document.GetDocumentElement();
-    FromXml_Int(root, root, ctx, false);
+    if (ctx.GetStrict())
+        ReadRootStrictly(root, ctx, true);
+    else
+        FromXml_Int(root, root, ctx, false);
 }
 
 CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* current, CSerializationContext const& ctx,
                                    bool) {
     if (current == nullptr)
         return nullptr;
-    if (m_rules != nullptr &&
-        !IsNamespaceAllowed(current->GetNamespaceURI(), m_rules->allowedNamespaces, m_rules->targetNamespace))
+    if (m_rules != nullptr && !IsNamespaceAllowed(current->GetNamespaceURI(), m_rules->allowedNamespaces,
+                                                  m_rules->targetNamespace, ctx.GetStrict()))
         return current;
+    if (ctx.GetStrict())
+        ClearCollections();
     if (current->GetAttributeCount() != 0)
         GetAttributes()->FromXml_Int(current, nullptr, ctx, false);
     if (CXmlElement* const first = current->GetFirstElement()) {

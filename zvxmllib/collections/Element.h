@@ -57,7 +57,7 @@ public:
     CSmartPtr<CElement> Clone() const;
 
     // The other forms read the first child of the document's root, as if the element were a member of a bound
-    // object.
+    // object; in a strict context they read the root.
     using CXmlObjectBase::FromXml;
     // Reads the root of a document, with the default context.
     void FromXml(char const* xml);
@@ -92,6 +92,7 @@ private:
     void PromiseCollections();
     void AdoptCollections(CSmartPtr<CAttributeCol> attributes, CSmartPtr<CElementCol> elements);
     void CopyContent(CElement const& other);
+    void ClearCollections();
     void ChangeNamespace(SharedText ns);
     void WriteFragment(CXmlTextWriter& writer, CSerializationContext const& ctx, bool optionalChoice) const;
     SharedText CollectionNamespace() const noexcept {
@@ -124,11 +125,12 @@ private:
 };
 
 // The children of an element, or what a wildcard takes. Elements of any namespace can be added or read; the
-// list given to the constructor only applies to its own namespace. There are no bounds.
+// list given to the constructor only applies to its own namespace. There are no
+// bounds. Only a strict context applies list and bounds when it reads.
 class ZV_API CElementCol : public CXmlCollection, public CInstanceMonitor {
 public:
     // `namespaceURI` is for elements added by name alone; if it is empty and the list is a token such as
-    // "##any", that token is used. The two counts have no effect.
+    // "##any", that token is used.
     CElementCol(char const* namespaceURI, char const* allowedNamespaces, char const* targetNamespace,
                 int minOccurs, int maxOccurs);
 
@@ -152,6 +154,9 @@ public:
     // A new collection with clones of the items.
     CSmartPtr<CElementCol> Clone() const;
 
+    void ValidateCount(CSerializationContext const& ctx) const override;
+    bool IsValidCount(CSerializationContext const& ctx) const override;
+
 protected:
     ~CElementCol() override;
 
@@ -165,15 +170,27 @@ protected:
                                                     CXmlElement* element, CXmlElement* current,
                                                     CSerializationContext const& ctx);
 
+    // Whether what the schema says of a wildcard lets it have elements of this namespace.
+    bool AllowsStrictly(std::string const& ns) const noexcept;
+
 private:
     friend class CElement;
     friend class ZvXmlLib16Data::CElementInfo;
     static Registration s_registration;
 
+    bool TakesStrictly(CXmlElement const& element, CSerializationContext const& ctx) const;
     bool ReadOne(CXmlElement* element, CXmlElement*& current, CSerializationContext const& ctx);
+
+    // What a wildcard of a schema says, for a strict context.
+    struct Limits {
+        std::string allowedNamespaces;
+        int minOccurs;
+        int maxOccurs; // -1 for unbounded
+    };
 
     SharedText m_itemNamespace;
     std::string m_targetNamespace;
+    std::unique_ptr<Limits const> m_limits; // null for any element, in any number
 };
 
 } // namespace ZvXmlLib16

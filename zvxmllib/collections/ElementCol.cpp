@@ -1,8 +1,10 @@
 // CElementCol, elements that no schema describes.
+#include "zvxmllib/binding/Failures.h"
 #include "zvxmllib/binding/NamespaceRules.h"
 #include "zvxmllib/binding/NestingGuard.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/collections/Failures.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlElement.h"
 
 namespace ZvXmlLib16 {
@@ -18,13 +20,15 @@ char const* TextOf(char const* text) noexcept {
 CInstanceMonitor::Registration CElementCol::s_registration("CElementCol");
 
 CElementCol::CElementCol(char const* namespaceURI, char const* allowedNamespaces, char const* targetNamespace,
-                         int, int)
+                         int minOccurs, int maxOccurs)
     : CInstanceMonitor(s_registration), m_targetNamespace(TextOf(targetNamespace)) {
     TestNamespace(namespaceURI, allowedNamespaces, targetNamespace);
     std::string_view const allowed = TextOf(allowedNamespaces);
     m_itemNamespace = TextOf(namespaceURI);
     if (m_itemNamespace.empty() && allowed.substr(0, 2) == "##")
         m_itemNamespace = allowed;
+    if (allowed != kAnyNamespace || minOccurs != 0 || maxOccurs != -1)
+        m_limits.reset(new Limits{std::string(allowed), minOccurs, maxOccurs});
 }
 
 CElementCol::~CElementCol() = default;
@@ -75,6 +79,8 @@ CSmartPtr<CElementCol> CElementCol::Clone() const {
     CSmartPtr<CElementCol> clone(
         new CElementCol("", kAnyNamespace, m_targetNamespace.c_str(), GetMinOccurs(), GetMaxOccurs()));
     clone->m_itemNamespace = m_itemNamespace;
+    if (m_limits != nullptr)
+        clone->m_limits = std::make_unique<Limits const>(*m_limits);
     for (CElement* const element : *this) {
         NestingGuard const level;
         clone->Add(element->Clone());
@@ -106,8 +112,40 @@ CXmlElement* CElementCol::FromXmlLockElementName_Int(std::string localName, std:
     return current;
 }
 
+void CElementCol::ValidateCount(CSerializationContext const& ctx) const {
+    CXmlCollection::ValidateCount(ctx);
+    if (IsValidCount(ctx))
+        return;
+    if (GetCount() < m_limits->minOccurs)
+        FailTooFewItems(GetElementName(), m_limits->minOccurs);
+    FailTooManyItems(GetElementName(), m_limits->maxOccurs);
+}
+
+bool CElementCol::IsValidCount(CSerializationContext const& ctx) const {
+    if (m_limits == nullptr || !ctx.GetStrict() || ctx.GetIgnoreInvalidCollectionCounts())
+        return true;
+    bool const isFew = m_limits->maxOccurs == -1 || GetCount() <= m_limits->maxOccurs;
+    return isFew && GetCount() >= m_limits->minOccurs;
+}
+
+// Whether what a schema says lets this collection have one more.
+bool CElementCol::TakesStrictly(CXmlElement const& element, CSerializationContext const& ctx) const {
+    if (m_limits == nullptr)
+        return true;
+    bool const hasRoom = m_limits->maxOccurs == -1 || GetCount() < m_limits->maxOccurs ||
+                         ctx.GetIgnoreInvalidCollectionCounts();
+    return hasRoom && AllowsStrictly(element.GetNamespaceURI());
+}
+
+bool CElementCol::AllowsStrictly(std::string const& ns) const noexcept {
+    return m_limits == nullptr ||
+           IsNamespaceAllowed(ns, m_limits->allowedNamespaces, m_targetNamespace, true);
+}
+
 // Reads `current` and moves on. False if the new element did not take it.
 bool CElementCol::ReadOne(CXmlElement* element, CXmlElement*& current, CSerializationContext const& ctx) {
+    if (ctx.GetStrict() && !TakesStrictly(*current, ctx))
+        return false;
     CSmartPtr<CElement> const item(new CElement(CElement::NamespaceIsTested(), current->ShareLocalName(),
                                                 current->ShareNamespaceURI(), kAnyNamespace,
                                                 m_targetNamespace.c_str()));

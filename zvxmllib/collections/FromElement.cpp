@@ -5,6 +5,7 @@
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/Failures.h"
+#include "zvxmllib/document/XmlDocument.h"
 
 namespace ZvXmlLib16 {
 
@@ -20,7 +21,19 @@ bool MayGoAsBytes(CXmlObjectBase const& object, CElement const& element) {
            KeepsReadingOfBytes(object);
 }
 
+CSerializationContext AsStrict(CSerializationContext ctx) {
+    ctx.SetStrict(true);
+    return ctx;
+}
+
 } // namespace
+
+// The element may have any name, unlike the root of a document.
+void CXmlObjectBase::ReadStrictBytes(CBinaryData const& xml, CSerializationContext const& ctx) {
+    CXmlDocument document(ctx);
+    document.LoadXmlStream(xml.GetData(), xml.GetLength());
+    ReadElement(document.GetDocumentElement(), ctx, false);
+}
 
 void CXmlObjectBase::FromXmlElement(CElement const* element, CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
@@ -29,11 +42,15 @@ void CXmlObjectBase::FromXmlElement(CElement const* element, CSerializationConte
     CElement& source =
         const_cast<CElement&>(*element); // writing does not change it, but the operations are not const
     CSerializationContext const& plain = CSerializationContext::GetDefaultContext();
-    if (MayGoAsBytes(*this, source))
-        FromXmlStream(
-            source.ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, plain, CompressionType_None), ctx);
-    else
+    auto const toBytes = [&source](CSerializationContext const& writing) {
+        return source.ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, writing, CompressionType_None);
+    };
+    if (!MayGoAsBytes(*this, source))
         FromXml(source.ToXml(false, false, EOLType_LF, plain).c_str(), ctx);
+    else if (!ctx.GetStrict())
+        FromXmlStream(toBytes(plain), ctx);
+    else
+        ReadStrictBytes(toBytes(AsStrict(plain)), ctx);
 }
 
 } // namespace ZvXmlLib16

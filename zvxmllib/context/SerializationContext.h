@@ -64,6 +64,9 @@ public:
     bool GetIgnoreMissingMandatoryElements() const noexcept { return m_ignoreMissingMandatoryElements; }
     void SetIgnoreMissingMandatoryElements(bool ignore);
     bool GetIgnoreUnknownElements() const noexcept { return m_ignoreUnknownElements; }
+    // Whether the walk over the children of a generated class passes over what it does not expect. In a
+    // strict context it does not: the unknown elements are taken out ahead of it.
+    bool SkipsUnexpectedElements() const noexcept { return m_ignoreUnknownElements && !m_strict; }
     void SetIgnoreUnknownElements(bool ignore);
 
     bool GetIgnoreUnknownAttributes() const noexcept { return m_ignoreUnknownAttributes; }

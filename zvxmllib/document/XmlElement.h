@@ -62,6 +62,7 @@ protected:
 
 private:
     friend class XmlTree;
+    friend class HiddenChildren;
 
     // The attributes follow it in storage.
     struct AttributeBlock {

@@ -76,8 +76,8 @@ void CAttributeInfo::ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer,
 }
 
 bool CAttributeInfo::IsNamespaceValid(std::string const& ns, std::string const& allowed,
-                                      std::string const& target) {
-    return ZvXmlLib16::IsNamespaceAllowed(ns, allowed, target);
+                                      std::string const& target, bool isStrict) {
+    return ZvXmlLib16::IsNamespaceAllowed(ns, allowed, target, isStrict);
 }
 
 void CAttributeInfo::TestNamespace(std::string const& ns, std::string const& allowed,

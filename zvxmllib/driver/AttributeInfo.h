@@ -57,8 +57,8 @@ protected:
     static std::string GetTargetNamespace(CXmlObjectBase const* object);
     static void ToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, bool isRoot, char const* ns,
                           CSerializationContext const& ctx);
-    static bool IsNamespaceValid(std::string const& ns, std::string const& allowed,
-                                 std::string const& target);
+    static bool IsNamespaceValid(std::string const& ns, std::string const& allowed, std::string const& target,
+                                 bool isStrict = false);
     static void TestNamespace(std::string const& ns, std::string const& allowed, std::string const& target);
 
     std::string const m_name;

@@ -144,9 +144,10 @@ void CAttributeInfoAny::AttributeToXml(CSerializationContext const& ctx, CXmlGen
     ToXml_Int(attributes, writer, false, GetTargetNamespace(object).c_str(), ctx);
 }
 
-bool CAttributeInfoAny::AttributeFromXml(CSerializationContext const&, CXmlGeneratedClass* object,
+bool CAttributeInfoAny::AttributeFromXml(CSerializationContext const& ctx, CXmlGeneratedClass* object,
                                          CXmlAttribute* attribute) {
-    if (!IsNamespaceValid(attribute->GetNamespaceURI(), m_allowedNamespaces, m_targetNamespace))
+    if (!IsNamespaceValid(attribute->GetNamespaceURI(), m_allowedNamespaces, m_targetNamespace,
+                          ctx.GetStrict()))
         return false;
     ZvVariant value;
     InvokePropertyGet(object, value);

@@ -1,5 +1,6 @@
 #include "zvxmllib/driver/ElementContents.h"
 
+#include "zvxmllib/binding/NamespaceRules.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/document/XmlElement.h"
 
@@ -81,7 +82,26 @@ bool ClassEntry::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* ele
     return TakeInto(ctx, object, MakeChild(), element, current);
 }
 
+// The object that is there, which is made by Init, says the same as a new one.
+bool ClassEntry::IsNestedGroup(Object const* object, CSmartPtr<CXmlObjectBase>& group) const {
+    if (!IsGroup())
+        return false;
+    group = GetObjectProperty(object);
+    if (group == nullptr && m_factory != nullptr)
+        group = MakeChild();
+    return true;
+}
+
 // AbstractClassEntry
+
+bool AbstractClassEntry::IsNestedGroup(Object const*, CSmartPtr<CXmlObjectBase>&) const {
+    return IsGroup();
+}
+
+bool AbstractClassEntry::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
+    auto const write = [&] { return ObjectEntry::ElementToXml(ctx, object, writer); };
+    return IsGroup() ? write() : WithTypes(ctx, writer, write);
+}
 
 AbstractClassEntry::AbstractClassEntry(char const* name, char const* ns, std::int32_t propertyIndex,
                                        XmlElementType elementType, ElementFactory factory)
@@ -119,13 +139,19 @@ bool UntypedEntry::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter
 bool UntypedEntry::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                                   char const* ns, XmlElementType) {
     CXmlElement const* const offered = *current;
-    if (!PassesNameTest(offered))
+    if (!PassesNameTest(ctx, offered))
         return false;
     CSmartPtr<CElement> const child = MakeChild(ns);
     if (!ReadGroup(ctx, child, element, current))
         return false;
     SetObjectProperty(object, child, *offered);
     return true;
+}
+
+bool UntypedEntry::AcceptsName(Ctx const& ctx, Object const*, CXmlElement const* element) const {
+    return IsWildcard() ? ZvXmlLib16::IsNamespaceAllowed(element->GetNamespaceURI(), m_allowedNamespaces,
+                                                         m_targetNamespace, true)
+                        : IsThisElement(ctx, element);
 }
 
 CSmartPtr<CElement> UntypedEntry::MakeChild(char const* ns) const {

@@ -72,6 +72,7 @@ public:
                         char const* ns, XmlElementType parentType) override;
 
 protected:
+    bool IsNestedGroup(Object const* object, CSmartPtr<CXmlObjectBase>& group) const override;
     CSmartPtr<CXmlObjectBase> MakeChild() const { return m_factory(m_classId, GetElementName().c_str()); }
 
 private:
@@ -89,7 +90,10 @@ public:
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                         char const* ns, XmlElementType parentType) override;
 
+    bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
+
 protected:
+    bool IsNestedGroup(Object const* object, CSmartPtr<CXmlObjectBase>& group) const override;
     // The factory's object for an element, or null.
     CSmartPtr<CXmlObjectBase> MakeFor(CXmlElement* element) const { return m_factory(element); }
     // The same for the element under the cursor; null if that is a different one.
@@ -110,6 +114,7 @@ public:
                         char const* ns, XmlElementType parentType) override;
 
 protected:
+    bool AcceptsName(Ctx const& ctx, Object const* object, CXmlElement const* element) const override;
     // `ns` is the namespace of the class.
     CSmartPtr<CElement> MakeChild(char const* ns) const;
 
@@ -142,8 +147,27 @@ public:
         this->CollectionAttributesToXml(ctx, object, writer, m_elementType);
     }
 
+protected:
+    bool IsNestedGroup(CElementInfo::Object const* object, CSmartPtr<CXmlObjectBase>& group) const override {
+        return m_elementType == ZvXmlLib16::XmlElementType_Pseudo && this->MakeItemOfGroup(object, group);
+    }
+
 private:
     XmlElementType const m_elementType;
+};
+
+// The same of an abstract class, whose items say their types.
+template <class Collection>
+class AbstractCollectionEntry : public ObjectCollectionEntry<Collection> {
+public:
+    using ObjectCollectionEntry<Collection>::ObjectCollectionEntry;
+
+    bool ElementToXml(CElementInfo::Ctx const& ctx, CElementInfo::Object const* object,
+                      CXmlWriter* writer) const override {
+        return CElementInfo::WithTypes(ctx, writer, [&] {
+            return ObjectCollectionEntry<Collection>::ElementToXml(ctx, object, writer);
+        });
+    }
 };
 
 } // namespace ZvXmlLib16Data::detail

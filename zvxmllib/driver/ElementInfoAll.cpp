@@ -52,7 +52,7 @@ CElementInfoAllAbsClsMnd::CElementInfoAllAbsClsMnd(char const* name, char const*
 
 bool CElementInfoAllUntpdMnd::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
                                              CXmlElement** current, char const*, XmlElementType) {
-    return PassesNameTest(*current) && ReadGroup(ctx, GetObjectProperty(object), element, current);
+    return PassesNameTest(ctx, *current) && ReadGroup(ctx, GetObjectProperty(object), element, current);
 }
 
 // Collections

@@ -119,9 +119,9 @@ public:
     using ObjectCollectionEntry::ObjectCollectionEntry;
 };
 
-class ZV_API CElementInfoAllAbsClsCol : public detail::ObjectCollectionEntry<CElementInfoAllCol> {
+class ZV_API CElementInfoAllAbsClsCol : public detail::AbstractCollectionEntry<CElementInfoAllCol> {
 public:
-    using ObjectCollectionEntry::ObjectCollectionEntry;
+    using AbstractCollectionEntry::AbstractCollectionEntry;
 };
 
 class ZV_API CElementInfoAllPrimCol : public CElementInfoAllCol {

@@ -55,6 +55,32 @@ CElementInfo::ChoiceMember CElementInfo::GetChoiceMember() const noexcept {
     return ChoiceMember::kOther;
 }
 
+bool CElementInfo::AcceptsName(Ctx const& ctx, Object const* object, CXmlElement const* element) const {
+    if (!m_isWildcard)
+        return IsThisElement(ctx, element);
+    ZvVariant value;
+    ReadProperty(object, value);
+    auto const* const elements = dynamic_cast<ZvXmlLib16::CElementCol const*>(value.FindXmlCollection());
+    return elements == nullptr || elements->AllowsStrictly(element->GetNamespaceURI());
+}
+
+bool CElementInfo::IsNestedGroup(Object const*, CSmartPtr<CXmlObjectBase>&) const {
+    return false;
+}
+
+bool CElementInfo::HasContent(Object const* object) const {
+    ZvVariant value;
+    ReadProperty(object, value);
+    switch (value.GetTypeAsEnum()) {
+    case ZvXmlLib16::ItemType_XmlObjectBase:
+        return value.FindXmlObject() != nullptr;
+    case ZvXmlLib16::ItemType_XmlCollection:
+        return value.FindXmlCollection() != nullptr && value.FindXmlCollection()->GetCount() != 0;
+    default:
+        return value.IsValid();
+    }
+}
+
 void CElementInfo::CheckRestriction(ZvVariant const& value) const {
     if (!m_hasRestrictions)
         FailCheckRestriction(value.GetType());
@@ -128,7 +154,9 @@ void CElementInfo::AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter*
     object->AttributesToXml_Int(writer, ctx);
 }
 
-bool CElementInfo::PassesNameTest(CXmlElement const* element) const {
+bool CElementInfo::PassesNameTest(Ctx const& ctx, CXmlElement const* element) const {
+    if (ctx.GetStrict() && !m_isWildcard)
+        return IsThisElement(ctx, element);
     return element != nullptr && (m_isWildcard || element->GetLocalName() == m_name);
 }
 

@@ -71,6 +71,15 @@ public:
     // CElementInfoChoiceCol does not.
     enum class ChoiceMember : std::uint8_t { kOther, kOptional, kCollection };
     virtual ChoiceMember GetChoiceMember() const noexcept;
+    // For a strict context. Whether `element` is one of this entry by its name, of a wildcard by its
+    // namespace.
+    virtual bool AcceptsName(Ctx const& ctx, Object const* object, CXmlElement const* element) const;
+    // Whether the entry stands for a nested group, and in `group` an object whose tables say what that knows;
+    // null where nobody can tell.
+    virtual bool IsNestedGroup(Object const* object, CSmartPtr<CXmlObjectBase>& group) const;
+    // Whether the property holds something that would be written.
+    bool HasContent(Object const* object) const;
+
     // Whether ElementFromXml looks at `ns`, which is empty where it does not.
     bool UsesClassNamespace() const noexcept { return m_usesClassNamespace; }
 
@@ -108,6 +117,15 @@ protected:
     bool ElementToXmlEnum(Ctx const& ctx, Object const* object, CXmlWriter* writer,
                           EnumToString enumToString) const;
     bool ElementToXmlPrim(Ctx const& ctx, Object const* object, CXmlWriter* writer) const;
+    // Calls `write`; what it writes as children of the open element says its type, in a strict context.
+    template <class Write>
+    static bool WithTypes(Ctx const& ctx, CXmlWriter* writer, Write write) {
+        SetTypesWanted(ctx, writer, true);
+        bool const isWritten = write();
+        SetTypesWanted(ctx, writer, false);
+        return isWritten;
+    }
+    static void SetTypesWanted(Ctx const& ctx, CXmlWriter* writer, bool wanted);
     // Returns true, or throws CZvInvalidParamException for a mandatory element that was not written.
     bool Mandatory(bool written) const;
     void ObjectAttributesToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer,
@@ -129,22 +147,27 @@ protected:
     // absent. Throws CZvValidationException otherwise.
     bool FindMandatory(Ctx const& ctx, CXmlElement* element, CXmlElement** current) const;
 
-    // Wildcards and untyped elements. The name of a wildcard is no test.
+    // Wildcards and untyped elements. The name of a wildcard is no test; of others the namespace is one in a
+    // strict context only.
     bool IsWildcard() const noexcept { return m_isWildcard; }
-    bool PassesNameTest(CXmlElement const* element) const;
+    bool PassesNameTest(Ctx const& ctx, CXmlElement const* element) const;
     CSmartPtr<CElement> NewUntyped(char const* ns, std::string const& allowedNamespaces,
                                    std::string const& targetNamespace) const;
     static std::string GetAnyDefaultNamespace(char const* allowed, char const* ns, char const* target);
 
-    // Collections. Return the next cursor; with `isUntyped` a fixed name is locked.
+    // Collections. Return the next cursor; with `isUntyped` a fixed name is locked. In a group a strict
+    // context ends collections of values at their greatest number.
     CXmlElement* ReadCollection(Ctx const& ctx, CXmlCollectionBase& collection, CXmlElement* element,
-                                CXmlElement* current, bool isUntyped) const;
+                                CXmlElement* current, bool isUntyped, bool isInGroup) const;
     bool SeqCollectionFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                               XmlElementType parentType, bool isUntyped) const;
     bool ChoiceCollectionFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                                  XmlElementType parentType, bool isUntyped) const;
     bool AllCollectionFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                               bool isUntyped) const;
+
+    // A new item of the collection, whose items are groups, null if it makes none. True.
+    bool MakeItemOfGroup(Object const* object, CSmartPtr<CXmlObjectBase>& group) const;
 
     // The outcome of an all group for a mandatory entry.
     bool ValidateMandatory(bool found, bool checkMandatory) const;

@@ -50,7 +50,7 @@ bool CElementInfoChoiceUntpdOpt::ElementFromXml(Ctx const& ctx, Object* object, 
         return false;
     CSmartPtr<CElement> const child = MakeChild(ns);
     SetObjectProperty(object, child, *offered);
-    if (PassesNameTest(offered) && ReadGroup(ctx, child, element, current))
+    if (PassesNameTest(ctx, offered) && ReadGroup(ctx, child, element, current))
         return true;
     SetObjectProperty(object, nullptr, *offered);
     return false;

@@ -89,7 +89,7 @@ public:
 };
 
 class ZV_API CElementInfoChoiceAbsClsCol
-    : public detail::ChoiceCollection<detail::ObjectCollectionEntry<CElementInfoChoiceCol>> {
+    : public detail::ChoiceCollection<detail::AbstractCollectionEntry<CElementInfoChoiceCol>> {
 public:
     using ChoiceCollection::ChoiceCollection;
 };

@@ -22,7 +22,7 @@ bool CElementInfoSeqClsMnd::ReadOptionalGroup(Ctx const& ctx, Object* object, CX
     if (ReadGroup(ctx, GetObjectProperty(object), element, current) || !hadCursor)
         return true;
     // False lets the driver of a real element skip an unknown child and offer the next one.
-    return !ctx.GetIgnoreUnknownElements() || parentType != XmlElementType_Element;
+    return !ctx.SkipsUnexpectedElements() || parentType != XmlElementType_Element;
 }
 
 bool CElementInfoSeqClsMnd::ReadMandatoryGroup(Ctx const& ctx, Object* object, CXmlElement* element,
@@ -70,7 +70,7 @@ bool CElementInfoSeqPrimMnd::ElementFromXml(Ctx const& ctx, Object* object, CXml
         return true;
     }
     while (!IsThisElement(ctx, *current)) {
-        if (!ctx.GetIgnoreUnknownElements())
+        if (!ctx.SkipsUnexpectedElements())
             return false;
         if (*current == nullptr) {
             if (ZvXmlLib16::UnknownScan* const scan = ZvXmlLib16::UnknownScan::Of(element))
@@ -98,7 +98,7 @@ bool CElementInfoSeqUntpdMnd::ElementFromXml(Ctx const& ctx, Object* object, CXm
     if (*current == nullptr)
         FailRequiredChild(GetElementName(), element->GetXPath());
     CSmartPtr<CXmlObjectBase> const child = GetObjectProperty(object);
-    if (PassesNameTest(*current) && ReadGroup(ctx, child, element, current))
+    if (PassesNameTest(ctx, *current) && ReadGroup(ctx, child, element, current))
         return true;
     if (parentType == XmlElementType_Element)
         FailRequiredWildcard(GetElementNamespace(), element->GetXPath());
@@ -114,7 +114,7 @@ bool CElementInfoSeqUntpdOpt::ElementFromXml(Ctx const& ctx, Object* object, CXm
     if (offered == nullptr)
         return true;
     CSmartPtr<CElement> const child = MakeChild(ns);
-    if (PassesNameTest(offered) && ReadGroup(ctx, child, element, current))
+    if (PassesNameTest(ctx, offered) && ReadGroup(ctx, child, element, current))
         SetObjectProperty(object, child, *offered);
     return true;
 }

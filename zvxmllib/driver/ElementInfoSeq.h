@@ -117,9 +117,9 @@ public:
     using ObjectCollectionEntry::ObjectCollectionEntry;
 };
 
-class ZV_API CElementInfoSeqAbsClsCol : public detail::ObjectCollectionEntry<CElementInfoSeqCol> {
+class ZV_API CElementInfoSeqAbsClsCol : public detail::AbstractCollectionEntry<CElementInfoSeqCol> {
 public:
-    using ObjectCollectionEntry::ObjectCollectionEntry;
+    using AbstractCollectionEntry::AbstractCollectionEntry;
 };
 
 class ZV_API CElementInfoSeqPrimCol : public CElementInfoSeqCol {

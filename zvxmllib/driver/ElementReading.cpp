@@ -1,6 +1,7 @@
 // The steps of reading that the members of the element family combine.
 #include "zvxmllib/binding/StrictElement.h"
 #include "zvxmllib/collections/Element.h"
+#include "zvxmllib/collections/ItemMaker.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
@@ -93,7 +94,7 @@ bool CElementInfo::FindMandatory(Ctx const& ctx, CXmlElement* element, CXmlEleme
     while (!IsThisElement(ctx, *current)) {
         if (ctx.GetIgnoreMissingMandatoryElements())
             return false;
-        if (!ctx.GetIgnoreUnknownElements() || *current == nullptr)
+        if (!ctx.SkipsUnexpectedElements() || *current == nullptr)
             FailRequiredChild(m_name, element->GetXPath());
         *current = (*current)->GetNextSiblingElement();
     }
@@ -101,9 +102,14 @@ bool CElementInfo::FindMandatory(Ctx const& ctx, CXmlElement* element, CXmlEleme
 }
 
 CXmlElement* CElementInfo::ReadCollection(Ctx const& ctx, CXmlCollectionBase& collection,
-                                          CXmlElement* element, CXmlElement* current, bool isUntyped) const {
+                                          CXmlElement* element, CXmlElement* current, bool isUntyped,
+                                          bool isInGroup) const {
+    bool const isStrict = ctx.GetStrict();
     if (isUntyped && !m_isWildcard) {
-        // With a fixed name the collection takes children of that name and the namespace of the first.
+        // With a fixed name the collection takes children of that name and the namespace of the first, in a
+        // strict context that of the entry.
+        if (isStrict && !IsThisElement(ctx, current))
+            return current;
         auto* const elements = dynamic_cast<ZvXmlLib16::CElementCol*>(&collection);
         if (elements != nullptr)
             return elements->FromXmlLockElementName_Int(
@@ -112,15 +118,16 @@ CXmlElement* CElementInfo::ReadCollection(Ctx const& ctx, CXmlCollectionBase& co
     }
     // The collection is not a level of nesting; its items are.
     CXmlObjectBase& items = collection;
-    return items.FromXml_Int(element, current, ctx, false);
+    return items.FromXml_Int(element, current, ctx, isStrict && isInGroup);
 }
 
 bool CElementInfo::SeqCollectionFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
                                         CXmlElement** current, XmlElementType parentType,
                                         bool isUntyped) const {
     CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
-    *current = ReadCollection(ctx, *collection, element, *current, isUntyped);
-    if (parentType != XmlElementType_Element)
+    bool const isInGroup = parentType != XmlElementType_Element;
+    *current = ReadCollection(ctx, *collection, element, *current, isUntyped, isInGroup);
+    if (isInGroup)
         return collection->IsValidCount(ctx);
     collection->ValidateCount(ctx);
     return true;
@@ -130,7 +137,8 @@ bool CElementInfo::ChoiceCollectionFromXml(Ctx const& ctx, Object* object, CXmlE
                                            CXmlElement** current, XmlElementType parentType,
                                            bool isUntyped) const {
     CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
-    CXmlElement* const next = ReadCollection(ctx, *collection, element, *current, isUntyped);
+    CXmlElement* const next =
+        ReadCollection(ctx, *collection, element, *current, isUntyped, parentType != XmlElementType_Element);
     if (next == *current)
         return false;
     if (parentType != XmlElementType_Element) {
@@ -148,8 +156,15 @@ bool CElementInfo::ChoiceCollectionFromXml(Ctx const& ctx, Object* object, CXmlE
 bool CElementInfo::AllCollectionFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
                                         CXmlElement** current, bool isUntyped) const {
     CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
-    *current = ReadCollection(ctx, *collection, element, *current, isUntyped);
+    *current = ReadCollection(ctx, *collection, element, *current, isUntyped, false);
     return false;
+}
+
+bool CElementInfo::MakeItemOfGroup(Object const* object, CSmartPtr<CXmlObjectBase>& group) const {
+    CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
+    auto const* const maker = dynamic_cast<ZvXmlLib16::IItemMaker const*>(&*collection);
+    group = maker == nullptr ? CSmartPtr<CXmlObjectBase>() : maker->MakeItem();
+    return true;
 }
 
 bool CElementInfo::ValidateMandatory(bool found, bool checkMandatory) const {

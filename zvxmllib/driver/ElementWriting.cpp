@@ -99,6 +99,11 @@ bool CElementInfo::ElementToXmlColOfValidCount(Ctx const& ctx, Object const* obj
     return ElementToXmlCol(ctx, object, writer);
 }
 
+void CElementInfo::SetTypesWanted(Ctx const& ctx, CXmlWriter* writer, bool wanted) {
+    if (ctx.GetStrict())
+        writer->SetChildrenSayType(wanted);
+}
+
 bool CElementInfo::Mandatory(bool written) const {
     if (!written)
         FailMandatoryProperty(m_name);

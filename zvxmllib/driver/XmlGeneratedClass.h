@@ -76,7 +76,14 @@ private:
                            ZvXmlLib16Data::CParentElementInfo const& info);
     void WriteSimpleContent(CXmlWriter& writer, CSerializationContext const& ctx,
                             ZvXmlLib16Data::CParentElementInfo const& info) const;
-    void ReadNilAttribute(CXmlElement const& element, CXmlAttribute const& attribute);
+    void ReadNilAttribute(CSerializationContext const& ctx, CXmlElement const& element,
+                          CXmlAttribute const& attribute);
+    CXmlElement* ReadStrictly(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
+                              bool optionalChoice, ZvXmlLib16Data::CParentElementInfo const& info);
+    CXmlElement* ReadGroupStrictly(CXmlElement* element, CXmlElement* current,
+                                   CSerializationContext const& ctx, bool optionalChoice,
+                                   ZvXmlLib16Data::CParentElementInfo const& info);
+    void CheckOneChoice() const;
     CXmlElement* ProcessElementSeqFromXml(CSerializationContext const& ctx, CXmlElement* element,
                                           CXmlElement* current, XmlElementType elementType);
     CXmlElement* ProcessElementChoiceFromXml(CSerializationContext const& ctx, CXmlElement* element,

@@ -1,8 +1,10 @@
 // The driver over the tables of a generated class: reading.
+#include "zvxmllib/binding/StrictElement.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/driver/ElementInfo.h"
+#include "zvxmllib/driver/EntryFlags.h"
 #include "zvxmllib/driver/Failures.h"
 #include "zvxmllib/driver/NilText.h"
 #include "zvxmllib/driver/StrictValues.h"
@@ -11,8 +13,6 @@
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
 
-#include <array>
-#include <memory>
 #include <optional>
 
 namespace ZvXmlLib16 {
@@ -21,32 +21,8 @@ using ZvXmlLib16Data::CAttributeInfo;
 using ZvXmlLib16Data::CElementInfo;
 using ZvXmlLib16Data::CParentElementInfo;
 using namespace ZvXmlLib16Data; // its failures
-
-namespace {
-
-// One flag for each entry of a table, without an allocation for tables of ordinary size.
-class EntryFlags {
-public:
-    explicit EntryFlags(std::size_t count) {
-        if (count > m_few.size())
-            m_many = std::make_unique<bool[]>(count);
-    }
-    bool& operator[](std::size_t index) { return m_many != nullptr ? m_many[index] : m_few[index]; }
-
-private:
-    std::array<bool, 64> m_few{};
-    std::unique_ptr<bool[]> m_many;
-};
-
-template <class Entry>
-std::size_t CountEntries(Entry* const* table) {
-    std::size_t count = 0;
-    while (table[count] != nullptr)
-        ++count;
-    return count;
-}
-
-} // namespace
+using detail::CountEntries;
+using detail::EntryFlags;
 
 // What the entries of one walk are offered.
 struct CXmlGeneratedClass::Reading {
@@ -57,7 +33,7 @@ struct CXmlGeneratedClass::Reading {
     CElementInfo** elements;
     CXmlElement* current; // the cursor: the next child not yet read
     CXmlElement* const saved = current;
-    bool const ignoresUnknown = ctx.GetIgnoreUnknownElements();
+    bool const ignoresUnknown = ctx.SkipsUnexpectedElements();
     UnknownScan* const scan = ignoresUnknown ? UnknownScan::Of(element) : nullptr;
 
     bool Offer(CElementInfo& entry) {
@@ -97,6 +73,8 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
         // An object read from a substituted element keeps that element's name.
         if (info.GetElementType() == XmlElementType_Element)
             SetElementName(element->GetLocalName().c_str());
+        if (ctx.GetStrict())
+            return ReadStrictly(element, current, ctx, optionalChoice, info);
         ProcessAttributesFromXml(ctx, element, info.GetFromXmlFailIfAttributeUnknown());
         INillable* const nillable = FindNillable(info);
         if (nillable != nullptr && nillable->GetIsNil())
@@ -115,7 +93,7 @@ CXmlElement* CXmlGeneratedClass::ReadContent(CXmlElement* element, CXmlElement* 
                                              CParentElementInfo const& info) {
     XmlElementType const elementType = info.GetElementType();
     std::optional<UnknownScan> scan;
-    if (elementType == XmlElementType_Element && ctx.GetIgnoreUnknownElements())
+    if (elementType == XmlElementType_Element && ctx.SkipsUnexpectedElements())
         scan.emplace(*element);
     switch (info.GetElementGroupType()) {
     case XmlElementGroupType_Sequence:
@@ -150,11 +128,13 @@ void CXmlGeneratedClass::ReadSimpleContent(CSerializationContext const& ctx, CXm
     AccessProperty(info.GetPrimitiveValuePropertyIndex(), false, value);
 }
 
-void CXmlGeneratedClass::ReadNilAttribute(CXmlElement const& element, CXmlAttribute const& attribute) {
+void CXmlGeneratedClass::ReadNilAttribute(CSerializationContext const& ctx, CXmlElement const& element,
+                                          CXmlAttribute const& attribute) {
     auto* const nillable = dynamic_cast<INillable*>(this);
     if (nillable == nullptr)
         FailNilNotAllowed(element.GetXPath());
-    std::optional<bool> const isNil = ZvXmlLib16Data::ParseNil(attribute.GetValue());
+    std::optional<bool> const isNil =
+        ctx.GetStrict() ? ParseStrictNil(attribute.GetValueView()) : ParseNil(attribute.GetValueView());
     if (!isNil)
         FailNilValue(attribute.GetValue(), attribute.GetXPath());
     nillable->SetIsNil(*isNil);
@@ -170,7 +150,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(CSerializationContext const& c
         if (attribute.IsNamespaceAttribute())
             continue;
         if (attribute.IsNilAttribute()) {
-            ReadNilAttribute(*element, attribute);
+            ReadNilAttribute(ctx, *element, attribute);
             continue;
         }
         std::size_t entry = 0;

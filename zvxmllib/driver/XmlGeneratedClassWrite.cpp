@@ -108,7 +108,7 @@ void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer, CSerializationC
     try {
         CParentElementInfo const& info = *Mutable().GetClassInfo();
         if (ctx.GetWriteTypeAttribute() && info.GetHasBaseClasses() &&
-            GetElementName() != info.GetElementName())
+            (GetElementName() != info.GetElementName() || writer->SaysType()))
             writer->WriteTypeAttribute(info.GetElementNamespace(), info.GetElementName(), ItemType_string);
         ProcessAttributesToXml(ctx, Mutable().GetClassElementInfo(), Mutable().GetClassAttributeInfo(),
                                writer);
@@ -140,6 +140,8 @@ void CXmlGeneratedClass::ProcessElementAllToXml(CSerializationContext const& ctx
 
 void CXmlGeneratedClass::ProcessElementChoiceToXml(CSerializationContext const& ctx, CElementInfo** elements,
                                                    CXmlWriter* writer, bool optionalChoice) const {
+    if (ctx.GetStrict())
+        CheckOneChoice();
     for (; *elements != nullptr; ++elements) {
         if ((*elements)->ElementToXml(ctx, this, writer))
             return;

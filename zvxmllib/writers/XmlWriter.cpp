@@ -59,6 +59,16 @@ void CXmlWriter::SetCollectionState(int state) {
     m_pContext->m_collectionState = nothingToClose ? CollectionState_None : state;
 }
 
+void CXmlWriter::SetChildrenSayType(bool sayType) noexcept {
+    if (m_pContext != nullptr)
+        m_pContext->m_childrenSayType = sayType;
+}
+
+bool CXmlWriter::SaysType() const noexcept {
+    return m_pContext != nullptr && m_pContext->m_parent != nullptr &&
+           m_pContext->m_parent->m_childrenSayType;
+}
+
 CXmlWriter::CXmlWriterContext& CXmlWriter::PushContext() {
     if (m_openContexts == m_contexts.size())
         m_contexts.push_back(std::unique_ptr<CXmlWriterContext>(new CXmlWriterContext));

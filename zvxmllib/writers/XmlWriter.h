@@ -81,6 +81,11 @@ public:
     // CollectionState_Ended just after. No effect without an open element.
     void SetCollectionState(int state);
 
+    // Whether elements that are started directly inside the open one say their type, although they have its
+    // name; and whether the open element is one of them.
+    void SetChildrenSayType(bool sayType) noexcept;
+    bool SaysType() const noexcept;
+
 protected:
     // Derived classes are counted under their own names.
     explicit CXmlWriter(char const* className);
@@ -134,6 +139,7 @@ public:
     bool m_hasAttributes = false; // of the Fast Infoset writer
     bool m_arrayOpen = false;     // "[" written, "]" not yet
     std::int32_t m_collectionState = CollectionState_None;
+    bool m_childrenSayType = false;
 
 private:
     friend class CXmlWriter;

@@ -57,6 +57,7 @@ void CXmlWriter::CXmlWriterContext::Reset(CXmlWriterContext* parent) {
     m_hasAttributes = false;
     m_arrayOpen = false;
     m_collectionState = CollectionState_None;
+    m_childrenSayType = false;
     m_scope = parent == nullptr ? nullptr : parent->m_scope;
 }
 

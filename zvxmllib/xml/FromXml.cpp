@@ -1,6 +1,7 @@
 // The XML reading entry points of the object base.
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/Failures.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"
@@ -9,8 +10,14 @@
 namespace ZvXmlLib16 {
 
 void CXmlObjectBase::ReadDocument(CXmlDocument& document, CSerializationContext const& ctx) {
-    CXmlElement* const root = document.GetDocumentElement();
-    FromXml_Int(root, root->GetFirstElement(), ctx, false);
+    ReadElement(document.GetDocumentElement(), ctx, true);
+}
+
+void CXmlObjectBase::ReadElement(CXmlElement* root, CSerializationContext const& ctx, bool isDocument) {
+    if (ctx.GetStrict())
+        ReadRootStrictly(root, ctx, isDocument);
+    else
+        FromXml_Int(root, root->GetFirstElement(), ctx, false);
 }
 
 void CXmlObjectBase::FromXmlFile(char const* fileName, CSerializationContext const& ctx) {
@@ -58,7 +65,7 @@ void CXmlObjectBase::FromXmlElement(CXmlElement const* element, CSerializationCo
     detail::CheckGeneratorVersion();
     if (element == nullptr)
         FailNullElement();
-    FromXml_Int(const_cast<CXmlElement*>(element), element->GetFirstElement(), ctx, false);
+    ReadElement(const_cast<CXmlElement*>(element), ctx, false);
 }
 
 } // namespace ZvXmlLib16
