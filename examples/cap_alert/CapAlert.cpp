@@ -10,7 +10,10 @@ namespace cap {
 
 namespace {
 
-CPrimitiveRestrictions const kNoFacets;
+// Made when asked for: a static object of another source may be the first to build the tables.
+CPrimitiveRestrictions NoFacets() {
+    return CPrimitiveRestrictions();
+}
 constexpr auto kPreserve = CWhitespaceUtils::WhitespaceRule_Preserve;
 constexpr auto kCollapse = CWhitespaceUtils::WhitespaceRule_Collapse;
 
@@ -40,22 +43,22 @@ constexpr char const* kCertainties[] = {"Observed", "Likely", "Possible", "Unlik
 
 CElementInfo* Mandatory(char const* name, int index) {
     return new CElementInfoSeqPrimMnd(name, kNamespace, index, false, ItemType_string, nullptr, kPreserve,
-                                      kNoFacets, nullptr);
+                                      NoFacets(), nullptr);
 }
 
 CElementInfo* Optional(char const* name, int index) {
     return new CElementInfoSeqPrimOpt(name, kNamespace, index, false, ItemType_string, nullptr, kPreserve,
-                                      kNoFacets, nullptr);
+                                      NoFacets(), nullptr);
 }
 
 CElementInfo* OptionalOf(ItemType type, char const* name, int index) {
-    return new CElementInfoSeqPrimOpt(name, kNamespace, index, false, type, nullptr, kCollapse, kNoFacets,
+    return new CElementInfoSeqPrimOpt(name, kNamespace, index, false, type, nullptr, kCollapse, NoFacets(),
                                       nullptr);
 }
 
 CElementInfo* Sent(int index) {
     return new CElementInfoSeqPrimMnd("sent", kNamespace, index, false, ItemType_datetime, nullptr, kCollapse,
-                                      kNoFacets, nullptr);
+                                      NoFacets(), nullptr);
 }
 
 // xs:language, "en-US" by default.

@@ -12,7 +12,11 @@ namespace {
 constexpr char kNamespace[] = "urn:example:parcel";
 constexpr auto kCollapse = CWhitespaceUtils::WhitespaceRule_Collapse;
 constexpr auto kPreserve = CWhitespaceUtils::WhitespaceRule_Preserve;
-CPrimitiveRestrictions const kNoFacets;
+
+// Made when asked for: a static object of another source may be the first to build the tables.
+CPrimitiveRestrictions NoFacets() {
+    return CPrimitiveRestrictions();
+}
 
 class TableLock {
 public:
@@ -115,7 +119,7 @@ CParentElementInfo* NewInfo(XmlElementGroupType group, XmlElementType type, char
 
 CElementInfo* MandatoryText(char const* name, int index) {
     return new CElementInfoSeqPrimMnd(name, kNamespace, index, false, ItemType_string, nullptr, kPreserve,
-                                      kNoFacets, nullptr);
+                                      NoFacets(), nullptr);
 }
 
 CstringCol* NewTexts(char const* name) {
@@ -207,8 +211,8 @@ namespace {
 void BuildLocker(CType::Tables& tables) {
     tables.info = NewInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "locker");
     tables.elements = new CElementInfo* [2] {
-        new CElementInfoSeqPrimMnd("number", kNamespace, 0, false, ItemType_i4, nullptr, kCollapse, kNoFacets,
-                                   nullptr),
+        new CElementInfoSeqPrimMnd("number", kNamespace, 0, false, ItemType_i4, nullptr, kCollapse,
+                                   NoFacets(), nullptr),
             nullptr
     };
     tables.attributes = new CAttributeInfo* [1] { nullptr };
@@ -235,7 +239,7 @@ void BuildReceiver(CType::Tables& tables) {
     tables.info = NewInfo(XmlElementGroupType_Choice, XmlElementType_Pseudo, "receiver");
     tables.elements = new CElementInfo* [4] {
         new CElementInfoChoicePrimOpt("address", kNamespace, Receiver_address, false, ItemType_string,
-                                      nullptr, kPreserve, kNoFacets, nullptr),
+                                      nullptr, kPreserve, NoFacets(), nullptr),
             new CElementInfoChoiceClsOpt("locker", kNamespace, Receiver_locker, XmlElementType_Element,
                                          MakeObject, Class_locker),
             new CElementInfoChoicePrimCol("phone", kNamespace, Receiver_phones), nullptr
@@ -394,7 +398,7 @@ void BuildTea(CType::Tables& tables) {
     tables.elements = new CElementInfo* [3] {
         MandatoryText("title", Content_title), // the entry of the base
             new CElementInfoSeqPrimMnd("grams", kNamespace, Tea_grams, false, ItemType_i4, nullptr, kCollapse,
-                                       kNoFacets, nullptr),
+                                       NoFacets(), nullptr),
             nullptr
     };
     tables.attributes = new CAttributeInfo* [1] { nullptr };
@@ -470,7 +474,8 @@ void BuildReturned(CType::Tables& tables) {
     tables.info = NewInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "returned");
     tables.elements = new CElementInfo* [1] { nullptr };
     tables.attributes = new CAttributeInfo* [2] {
-        new CAttributeInfoPrimitive("on", "", 0, true, ItemType_date, nullptr, kCollapse, kNoFacets, nullptr),
+        new CAttributeInfoPrimitive("on", "", 0, true, ItemType_date, nullptr, kCollapse, NoFacets(),
+                                    nullptr),
             nullptr
     };
 }
@@ -530,9 +535,9 @@ void BuildParcel(CType::Tables& tables) {
                                          CContentFactory::Make),
             new CFlagEntry("fragile", kNamespace, Parcel_fragile),
             new CElementInfoSeqPrimOpt("insured", kNamespace, Parcel_insured, true, ItemType_decimal, "2",
-                                       kCollapse, kNoFacets, nullptr),
+                                       kCollapse, NoFacets(), nullptr),
             new CElementInfoSeqPrimOpt("pieces", kNamespace, Parcel_pieces, false, ItemType_i4, nullptr,
-                                       kCollapse, kNoFacets, "1"),
+                                       kCollapse, NoFacets(), "1"),
             new CElementInfoSeqClsOpt("remark", kNamespace, Parcel_remark, XmlElementType_Element, MakeObject,
                                       Class_remark),
             new CElementInfoSeqClsOpt("returned", kNamespace, Parcel_returned, XmlElementType_Element,
@@ -541,9 +546,9 @@ void BuildParcel(CType::Tables& tables) {
     };
     tables.attributes = new CAttributeInfo* [4] {
         new CAttributeInfoPrimitive("priority", "", Parcel_priority, true, ItemType_i4, nullptr, kCollapse,
-                                    kNoFacets, "0"),
+                                    NoFacets(), "0"),
             new CAttributeInfoPrimitive("version", "", Parcel_version, true, ItemType_string, nullptr,
-                                        kPreserve, kNoFacets, nullptr),
+                                        kPreserve, NoFacets(), nullptr),
             // Last: a wildcard takes what it is offered first.
             new CAttributeInfoAny("AnyAttribute", "", Parcel_anyAttributes, true, "##other", kNamespace,
                                   nullptr),

@@ -12,7 +12,11 @@ namespace {
 constexpr char kNamespace[] = "urn:example:purchase-order";
 constexpr auto kCollapse = CWhitespaceUtils::WhitespaceRule_Collapse;
 constexpr auto kPreserve = CWhitespaceUtils::WhitespaceRule_Preserve;
-CPrimitiveRestrictions const kNoFacets;
+
+// Made when asked for: a static object of another source may be the first to build the tables.
+CPrimitiveRestrictions NoFacets() {
+    return CPrimitiveRestrictions();
+}
 
 // The tables of a class are built under the one lock of the process, at the first use of the class. A flag in
 // front of the lock spares later objects the lock.
@@ -90,7 +94,7 @@ void CItem::BuildTables() {
     sku.pattern = "[a-z]+(-\\d+)?";
     s_elements = new CElementInfo* [4] {
         new CElementInfoSeqPrimMnd("name", kNamespace, Item_name, false, ItemType_string, nullptr, kPreserve,
-                                   kNoFacets, nullptr),
+                                   NoFacets(), nullptr),
             new CElementInfoSeqPrimMnd("quantity", kNamespace, Item_quantity, false, ItemType_i4, nullptr,
                                        kCollapse, quantity, nullptr),
             new CElementInfoSeqPrimMnd("price", kNamespace, Item_price, false, ItemType_decimal, "2",
@@ -206,18 +210,18 @@ void COrder::BuildTables() {
         return;
     s_elements = new CElementInfo* [5] {
         new CElementInfoSeqPrimMnd("customer", kNamespace, Order_customer, false, ItemType_string, nullptr,
-                                   kPreserve, kNoFacets, nullptr),
+                                   kPreserve, NoFacets(), nullptr),
             new CElementInfoSeqClsCol("item", kNamespace, Order_items, XmlElementType_Element),
             new CElementInfoSeqPrimCol("delivery", kNamespace, Order_deliveries),
             new CElementInfoSeqPrimOpt("note", kNamespace, Order_note, false, ItemType_string, nullptr,
-                                       kPreserve, kNoFacets, nullptr),
+                                       kPreserve, NoFacets(), nullptr),
             nullptr
     };
     s_attributes = new CAttributeInfo* [4] {
         new CAttributeInfoPrimitive("number", "", Order_number, false, ItemType_i4, nullptr, kCollapse,
-                                    kNoFacets, nullptr),
+                                    NoFacets(), nullptr),
             new CAttributeInfoPrimitive("date", "", Order_date, true, ItemType_date, nullptr, kCollapse,
-                                        kNoFacets, nullptr),
+                                        NoFacets(), nullptr),
             new CAttributeInfoEnum("status", "", Order_status, true, StatusToText, TextToStatus, "draft"),
             nullptr
     };

@@ -1,6 +1,8 @@
 // Reading and writing on many threads at once, with shared metadata.
 #include "Scenarios.h"
 
+#include "zvxmllib/collections/Element.h"
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/values/binary/BinaryData.h"
 
 #include <gtest/gtest.h>
@@ -34,6 +36,21 @@ TEST(Threads, ReadAndWriteWithSharedMetadata) {
         for (int i = 0; i < kRounds; ++i) {
             std::size_t const which = static_cast<std::size_t>(thread + i) % scenarios.size();
             if (scenarios[which].run() != expected[which])
+                ++differences;
+        }
+    });
+    EXPECT_EQ(differences, 0);
+}
+
+// Such a read switches the context to ignoring namespaces for its length.
+TEST(Threads, ReadJsonWithOneContext) {
+    CSerializationContext const shared;
+    std::atomic<int> differences{0};
+    OnManyThreads([&](int) {
+        for (int i = 0; i < kRounds; ++i) {
+            CSmartPtr<CElement> const element(new CElement(""));
+            element->FromJson(R"({"a":{"b":1}})", shared);
+            if (element->ToXml(false, false, EOLType_LF, CSerializationContext()) != "<b>1</b>")
                 ++differences;
         }
     });

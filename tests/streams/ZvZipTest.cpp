@@ -150,7 +150,13 @@ TEST(ZvZip, RefusesContentBeyondTheLimitOfTheProcess) {
     for (std::size_t const length : {1000U, 65536U, 200000U}) {
         std::string const packed = Compressed(std::string(length, 'x'), CompressionType_GZip);
         SetDecompressionLimit(length);
-        EXPECT_EQ(Decompressed(packed).size(), length);
+        CBinaryData whole;
+        CBinaryData const stream = DataOf(packed);
+        EXPECT_TRUE(CZvZip::TryDecompress(stream.GetData(), stream.GetLength(), whole));
+        EXPECT_EQ(whole.GetLength(), length);
+        std::uint32_t room = 0;
+        whole.BeginAppend(0, room);
+        EXPECT_EQ(room, 0U) << "memory beyond the limit";
         SetDecompressionLimit(length - 1);
         EXPECT_EQ(MessageOf<CZvException>([&] {
                       CBinaryData result;
