@@ -1,6 +1,7 @@
 // Documents into untyped elements and out again.
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/Vectors.h"
 #include "tests/support/WrittenObject.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/document/XmlAttribute.h"
@@ -48,21 +49,8 @@ std::string Rewritten(char const* xml) {
 }
 
 TEST(UntypedReading, KeepsNamesTextsAndNamespacesButNotPrefixes) {
-    struct Row {
-        char const* xml;
-        char const* rewritten;
-    };
-    Row const rows[] = {
-        {"<x/>", "<x/>"},
-        {"<x>a<y/>b<z/>c</x>", "<x><y/><z/>abc</x>"},
-        {"<x b='1' a='&quot;&#xA;'/>", "<x b=\"1\" a=\"&quot;&#xA;\"/>"},
-        {"<p:x xmlns:p='u' xmlns:q='v' p:a='1' q:b='2'><p:y/><q:z/><w/></p:x>",
-         R"(<AA:x xmlns:AA="u" AA:a="1" xmlns:AB="v" AB:b="2"><AA:y/><AB:z/><w/></AA:x>)"},
-        {"<x xmlns='u'><y xmlns=''/></x>", R"(<AA:x xmlns:AA="u"><y/></AA:x>)"},
-        {"<x>a &lt; b<![CDATA[<&>]]></x>", "<x>a &lt; b&lt;&amp;&gt;</x>"},
-    };
-    for (Row const& row : rows)
-        EXPECT_EQ(Rewritten(row.xml), row.rewritten);
+    for (auto const& row : Vectors("xml.txt", "untyped elements"))
+        EXPECT_EQ(Rewritten(row[0].c_str()), row[1]);
 }
 
 TEST(UntypedReading, ReadsTheFirstChildOfADocumentThroughTheGeneralForms) {

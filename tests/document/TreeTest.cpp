@@ -2,35 +2,17 @@
 #include "Documents.h"
 
 #include "tests/support/LocalEncoding.h"
+#include "tests/support/Vectors.h"
 #include "zvxmllib/context/SerializationContext.h"
 
 namespace ZvXmlLib16 {
 namespace {
 
 TEST(ParsedTree, JoinsTheCharacterDataOfAnElementInDocumentOrder) {
-    struct Row {
-        char const* xml;
-        char const* text;
-    };
-    for (Row const& row : {
-             Row{"<a/>", ""},
-             Row{"<a>x<b/>y</a>", "xy"},
-             Row{"<a> <b/> </a>", "  "},
-             Row{"<a>x<!-- c -->y<?pi z?></a>", "xy"},
-             Row{"<a>x&#13;y&#13;&#13;</a>", "xy"},
-             Row{"<a>1\r\n2\r3\n4</a>", "1\n2\n3\n4"},
-             Row{"<a>&lt;&amp;&#x20AC;</a>", "<&\xE2\x82\xAC"},
-             Row{"<a><![CDATA[1<2]]>3</a>", "1<23"},
-             Row{"<!DOCTYPE a [<!ENTITY e 'v<b/>w'>]><a>&e;</a>", "vw"},
-             Row{"<a>\n <b/>\n <b/>\n <b/>\n</a>", "\n \n \n \n"},
-             Row{"<a>\n <b>1</b>\n <b>2</b>\n <b>3</b>\n  <b>4</b>\n <b>5</b>\n <b>6</b>x</a>",
-                 "\n \n \n \n  \n \n x"},
-             Row{"<a>p<b>1</b>p<b>2</b>pp<b>3</b>p</a>", "pppp"
-                                                         "p"},
-         }) {
+    for (auto const& row : Vectors("xml.txt", "texts of elements")) {
         CXmlDocument document;
-        document.LoadXml(row.xml);
-        EXPECT_EQ(document.GetDocumentElement()->GetText(), row.text) << row.xml;
+        document.LoadXml(row[0].c_str());
+        EXPECT_EQ(document.GetDocumentElement()->GetText(), row[1]) << row[0];
     }
 }
 

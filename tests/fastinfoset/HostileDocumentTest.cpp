@@ -3,6 +3,7 @@
 #include "Octets.h"
 
 #include "tests/support/MessageOf.h"
+#include "tests/support/Vectors.h"
 
 #include <gmock/gmock.h>
 
@@ -30,58 +31,9 @@ constexpr char const* kSampleTree = "0 {u}root\nA {u}at=one\nA {}root=one\nT two
                                     "2 {u}root\nT 12\n2 {u}root\nA {u}at=\n1 {u}c\nT 7YWJjZA==\n";
 
 TEST(FastInfosetReader, TellsWhatIsWrongWithADocument) {
-    struct Row {
-        char const* octets;
-        char const* message; // behind "Failed to parse FastInfoset. "
-    };
-    constexpr char const* kEndOfFile = "Unexpected End of File.";
-    constexpr char const* kPrefix = "Invalid QName type Prefix without Namespace.";
-    constexpr char const* kString2 = "Invalid NonEmptyOctetString type  on the second bit of an octet.";
-    constexpr char const* kInteger2 =
-        "Invalid Encoding of integers 1 To 2^20 type  on the second bit of an octet.";
-    constexpr char const* kIndex2 =
-        "Invalid Encoding of integers 0 To 2^20 type  on the second bit of an octet.";
-    for (Row const& row : {
-             Row{"3C 00 'a'", kEndOfFile},
-             Row{"3C 00", kEndOfFile},
-             Row{"3C 01 'a'", kEndOfFile},
-             Row{"3C 60 FF FF FF FF 'a'", kEndOfFile}, // 4 GiB
-             Row{"3C 00 'a' 83 FF FF FF FF 'a'", kEndOfFile},
-             Row{"7C 00 'a' 78 00 'x' 0C FF FF FF FF 'a'", kEndOfFile},
-             Row{"3C 00 'a' 8C 27 FF FF FF FF 'a'", kEndOfFile},
-             Row{"3E 00 'p' 00 'a'", kPrefix},
-             Row{"7C 00 'a' 7A 00 'p' 00 'x'", kPrefix},
-             Row{"3C 70 'a'", kString2},
-             Row{"3C 41 'a'", kString2},
-             Row{"7C 00 'a' 78 00 'x' 0E", "Invalid NonEmptyOctetString type  on the fifth bit of an octet."},
-             Row{"7C 00 'a' 78 00 'x' C0", kIndex2},
-             Row{"7C 00 'a' 78 00 'x' E0 00", kIndex2},
-             Row{"7C 00 'a' 78 00 'x' F0", kIndex2},
-             Row{"E2 C0", kIndex2},
-             Row{"38 F0 38", "Invalid Encoding of integers 1 To 2^20 type  on the third bit of an octet."},
-             Row{"3C 00 'a' BC",
-                 "Invalid Encoding of integers 1 To 2^20 type  on the fourth bit of an octet."},
-             Row{"3C F0", kInteger2},
-             Row{"7C 00 'a' 70", kInteger2},
-             Row{"3C 00 'a' 88 08 00", "Unknown Restricted Alphabet [3]."},
-             Row{"3C 00 'a' 8B FC 00", "Unknown Restricted Alphabet [256]."},
-             Row{"7C 00 'a' 78 00 'x' 21 00 00", "Unknown Restricted Alphabet [17]."},
-             Row{"3C 00 'a' 88 00 F1", "Character [15] is beyond the Restricted Alphabet [1]."},
-             Row{"00 F0", "Index [1] is beyond the table of element names."},
-             Row{"3C 00 'a' 30 07 F7 DF", "Index [1048576] is beyond the table of element names."},
-             Row{"7C 00 'a' 00 FF", "Index [1] is beyond the table of attribute names."},
-             Row{"7C 00 'a' 78 00 'x' 80", "Index [1] is beyond the table of attribute values."},
-             Row{"3C 00 'a' 80 'x' A0", "Index [1] is beyond the table of character chunks."},
-             Row{"3C 80", "Index [1] is beyond the table of local names."},
-             Row{"3D 81", "Index [2] is beyond the table of namespace names."},
-             Row{"3F 81", "Index [2] is beyond the table of prefixes."},
-             Row{"38 CE 81", "Index [2] is beyond the table of prefixes."},
-             Row{"F0", "The document has no element."},
-             Row{"E2 00 'c' FF", "The document has no element."},
-         })
-        EXPECT_EQ(FailureOf(Document(Octets(row.octets))),
-                  std::string("Failed to parse FastInfoset. ") + row.message)
-            << row.octets;
+    for (auto const& row : Vectors("fastinfoset.txt", "what is wrong with a document"))
+        EXPECT_EQ(FailureOf(Document(Octets(row[0].c_str()))), "Failed to parse FastInfoset. " + row[1])
+            << row[0];
     for (char const* item : {"C0", "C4", "CC", "E0", "E3", "FE"})
         EXPECT_EQ(FailureOf(Document(Octets("3C 00 'a'") + Octets(item))),
                   "Failed to parse FastInfoset. Invalid Encoding of Element type.")

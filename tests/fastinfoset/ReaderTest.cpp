@@ -5,6 +5,7 @@
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/TemporaryFile.h"
+#include "tests/support/Vectors.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/fastinfoset/FInfoDeclarations.h"
 #include "zvxmllib/fastinfoset/FastInfosetContext.h"
@@ -16,63 +17,27 @@
 namespace ZvXmlLib16 {
 namespace {
 
-struct Row {
-    char const* octets; // behind a header without any component
-    char const* tree;
-};
-
-void ExpectTrees(std::initializer_list<Row> rows) {
-    for (Row const& row : rows)
-        EXPECT_EQ(Tree(Document(Octets(row.octets))), row.tree) << row.octets;
+// Of octets behind a header without any component.
+void ExpectTrees(std::string const& section) {
+    for (auto const& row : Vectors("fastinfoset.txt", section))
+        EXPECT_EQ(Tree(Document(Octets(row[0].c_str()))), row[1]) << row[0];
 }
 
 TEST(FastInfosetReader, ReadsElementsAndTheirEnds) {
-    ExpectTrees({
-        {"3C 00 'a' FF", "0 {}a\n"},
-        {"3C 00 'a' F0", "0 {}a\n"}, // nobody looks for the end of the document
-        {"38 F0 3C 00 'a' FF", "0 {}a\n"},
-        {"3C 00 'a' 3C 00 'b' F0 3C 00 'c' FF FF", "0 {}a\n1 {}b\n1 {}c\n"},
-        {"3C 00 'a' 3C 00 'b' FF", "0 {}a\n1 {}b\n"}, // ends the child and the root
-        {"3C 00 'a' 3C 00 'b' 3C 00 'c' FF 3C 00 'd' FF F0", "0 {}a\n1 {}b\n2 {}c\n1 {}d\n"},
-        {"3C 00 'a' 00 F0 3C 00 'b' F0 01 00 FF FF F0", "0 {}a\n1 {}a\n1 {}b\n1 {}b\n2 {}a\n"},
-        // Names by the entries of their parts, of which one namespace is there from the start.
-        {"3D 00 'u' 00 'a' 3C 80 F0 3D 81 00 'b' F0 01 F0 02 F0 3D 80 81 FF",
-         "0 {u}a\n1 {}a\n1 {u}b\n1 {}a\n1 {u}b\n1 {http://www.w3.org/XML/1998/namespace}b\n"},
-        {"3F 00 'p' 00 'u' 00 'a' 3F 81 81 00 'b' F0 01 FF", "0 {u}a\n1 {u}b\n1 {u}b\n"},
-    });
+    ExpectTrees("reads elements and their ends");
 }
 
 TEST(FastInfosetReader, ReadsAttributesByNameAndByIndex) {
-    ExpectTrees({
-        {"7C 00 'a' 78 00 'x' 40 '1' 79 00 'u' 00 'y' 00 '2' F0 F0", "0 {}a\nA {}x=1\nA {u}y=2\n"},
-        {"7C 00 'a' 78 00 'x' 40 '1' F0 40 00 80 F0 F0 40 00 FF F0 FF",
-         "0 {}a\nA {}x=1\n1 {}a\nA {}x=1\n1 {}a\nA {}x=\n"},
-        {"7C 00 'a' 7B 80 80 03 'lang' 01 'en' 7B 00 'p' 00 'u' 80 00 'z' F0 F0",
-         "0 {}a\nA {http://www.w3.org/XML/1998/namespace}lang=en\nA {u}a=z\n"},
-        {"7C 00 'a' 78 00 'x' 00 '1' 00 00 '2' F0 F0", "0 {}a\nA {}x=1\nA {}x=2\n"}, // nobody looks for twins
-        {"7C 00 'a' 78 00 'x' 02 'a' 0D 'b' F0 F0", "0 {}a\nA {}x=a\\rb\n"},
-        {"78 F0 3C 00 'a' 78 00 'x' 40 '1' F0 91 'hi' FF", "0 {}a\nA {}x=1\nT hi\n"},
-    });
+    ExpectTrees("reads attributes by name and by index");
 }
 
 // Other producers end an attribute list and its element by one octet; it never ends the parent.
 TEST(FastInfosetReader, EndsAnElementWithItsAttributes) {
-    ExpectTrees({
-        {"7C 00 'a' 78 00 'x' FF FF", "0 {}a\nA {}x=\n"},
-        {"3C 00 'a' 7C 00 'b' 78 00 'x' FF FF 3C 00 'c' FF", "0 {}a\n1 {}b\nA {}x=\n1 {}c\n"},
-    });
+    ExpectTrees("ends an element with its attributes");
 }
 
 TEST(FastInfosetReader, JoinsTheChunksOfAnElement) {
-    ExpectTrees({
-        {"3C 00 'a' 90 'x' A0 80 'y' 3C 00 'b' F0 91 'zw' A1 F0", "0 {}a\nT xxyzwzw\n1 {}b\n"},
-        {"3C 00 'a' 92 02 'x' 0D 0A 'y' 0D A0 F0", "0 {}a\nT x\\nyx\\ny\n"},
-        {"3C 00 'a' 90 0D A0 3C 00 'b' A0 FF", "0 {}a\n1 {}b\n"},
-        {"3C 00 'a' 92 00 'x' 00 'y' A0 90 'z' F0", "0 {}a\nT xxz\n"}, // a zero ends a text
-        // White space that stands between all children, by index and written out.
-        {"3C 00 'a' 90 20 3C 00 'b' F0 A0 01 F0 A0 01 F0 80 20 01 F0 80 20 01 F0 80 20 F0",
-         "0 {}a\nT       \n1 {}b\n1 {}b\n1 {}b\n1 {}b\n1 {}b\n"},
-    });
+    ExpectTrees("joins the chunks of an element");
 }
 
 TEST(FastInfosetReader, DecodesEachKindOfEncodedString) {
@@ -129,14 +94,7 @@ TEST(FastInfosetReader, DecodesEachKindOfEncodedString) {
 }
 
 TEST(FastInfosetReader, ReadsOverWhatTheTreeHasNoPlaceFor) {
-    ExpectTrees({
-        {"E1 00 't' 00 'd' E2 00 'c' C7 00 's' 00 'p' E1 00 't' FF F0 C4 F0 3C 00 'a' FF", "0 {}a\n"},
-        {"3C 00 'a' 90 'x' E2 01 'no' E1 80 80 E1 00 't' FF C8 00 'e' CB 80 80 00 'p' 90 'y' F0",
-         "0 {}a\nT xy\n"},
-        // Comments go to no table that matters, whatever their encoding.
-        {"3C 00 'a' E2 40 'c' E2 30 F0 '?' E2 20 50 '?' 90 'x' A0 F0", "0 {}a\nT xx\n"},
-        {"C8 90 3C 00 'a' FF", "0 {}a\n"}, // ahead of the root other octets say nothing
-    });
+    ExpectTrees("reads over what the tree has no place for");
 }
 
 TEST(FastInfosetReader, ReadsOverEachComponentOfTheHeader) {

@@ -3,6 +3,7 @@
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/Script.h"
+#include "tests/support/Vectors.h"
 #include "zvxmllib/fastinfoset/FastInfosetWriter.h"
 #include "zvxmllib/foundation/DebugTrace.h"
 
@@ -13,15 +14,10 @@
 namespace ZvXmlLib16 {
 namespace {
 
-struct Row {
-    char const* what;
-    Script script;
-    std::string octets; // behind the header
-};
-
-void ExpectRows(std::vector<Row> const& rows) {
-    for (Row const& row : rows)
-        EXPECT_EQ(FastInfosetOf(row.script), row.octets) << row.what;
+// Of octets behind the header.
+void ExpectRows(std::string const& section) {
+    for (auto const& row : Vectors("fastinfoset.txt", section))
+        EXPECT_EQ(FastInfosetOf(Script(row[1])), row[2]) << row[0];
 }
 
 // What is written into a root "r", whose octets are left out, as is the mark that it has attributes.
@@ -38,9 +34,9 @@ std::string ContentOf(WrittenObject::Body const& body,
     return octets.substr(15);
 }
 
-void ExpectContent(std::vector<Row> const& rows, CSerializationContext const& ctx = CSerializationContext()) {
-    for (Row const& row : rows)
-        EXPECT_EQ(ContentOf(row.script, ctx), row.octets) << row.what;
+void ExpectContent(std::string const& section) {
+    for (auto const& row : Vectors("fastinfoset.txt", section))
+        EXPECT_EQ(ContentOf(Script(row[1])), row[2]) << row[0];
 }
 
 void LimitIndexed(CSerializationContext& ctx, std::uint32_t length) {
@@ -49,81 +45,30 @@ void LimitIndexed(CSerializationContext& ctx, std::uint32_t length) {
 }
 
 TEST(FastInfosetWriter, WritesElementsAttributesAndTexts) {
-    ExpectRows({
-        {"a root with nothing in it", "(a)", "38 F0 3C 00 61 FF"},
-        {"attribute and text", "(a @x=1 'hi')", "78 F0 3C 00 61 78 00 78 40 31 F0 91 68 69 FF"},
-        {"attributes alone", "(a @x=1 @y=)", "78 F0 3C 00 61 78 00 78 40 31 78 00 79 FF F0 FF"},
-        {"comments, instructions and schemas leave no trace", "? ~ (a @x=1 $ ~ ? )",
-         "78 F0 3C 00 61 78 00 78 40 31 F0 FF"},
-        {"two texts in one element are two chunks", "(a 'p' 'p')", "38 F0 3C 00 61 90 70 A0 FF"},
-        {"nothing but a document", "", "F0"},
-    });
+    ExpectRows("writes elements attributes and texts: what, script, octets");
 }
 
 TEST(FastInfosetWriter, JoinsTheEndsOfTwoElements) {
-    ExpectContent({
-        {"one child: its end and that of the root", "(a)", "3C 00 61 FF F0"},
-        {"a sibling follows the first end", "(a) (a)", "3C 00 61 F0 01 FF F0"},
-        {"a text follows it", "(a) 'x'", "3C 00 61 F0 90 78 FF"},
-        {"an empty text does so, too", "(a) ''", "3C 00 61 F0 FF"},
-        {"three ends", "(a (b))", "3C 00 61 3C 00 62 FF FF"},
-        {"the end of attributes stands before the child", "(a @x=1 (b))",
-         "7C 00 61 78 00 78 40 31 F0 3C 00 62 FF FF"},
-    });
+    ExpectContent("joins the ends of two elements: what, script, octets");
 }
 
 TEST(FastInfosetWriter, WritesANameOnceAndThenItsIndex) {
-    ExpectContent({
-        {"elements", "(a) (r) (a)", "3C 00 61 F0 00 F0 01 FF F0"},
-        {"an element and an attribute share the local name only", "@r=1 (r @r=1)",
-         "78 80 40 31 F0 40 00 80 F0 FF F0"},
-        {"an attribute with attributes ahead of it", "@a= @b= (r @b= @a=)",
-         "78 00 61 FF 78 00 62 FF F0 40 01 FF 00 FF F0 FF F0"},
-    });
+    ExpectContent("writes a name once and then its index: what, script, octets");
 }
 
 TEST(FastInfosetWriter, NamesNamespaces) {
-    std::string const xsi = Hex("http://www.w3.org/2001/XMLSchema-instance");
-    ExpectRows({
-        {"a made up alias stands in names and is declared nowhere", "(u|a (u|b @u|c=1))",
-         "38 F0 3F 01 41 41 00 75 00 61 7F 81 81 00 62 7B 81 81 00 63 40 31 F0 FF F0"},
-        {"aliases are declared by the root in the order of their namespaces",
-         "!q=v !p=u !=w !x=http://www.w3.org/XML/1998/namespace#more (v|a (u|a))",
-         "38 CF 00 70 00 75 CF 00 71 00 76 F0 3F 82 82 00 61 3F 81 81 80 FF F0"},
-        {"the default namespace needs no prefix, but for attributes", "*d (d|a @d|b=1 (a))",
-         "78 CD 00 64 F0 3D 81 00 61 7B 01 41 41 81 00 62 40 31 F0 3C 80 FF F0"},
-        {"the XML namespace is there from the start", "(a @http://www.w3.org/XML/1998/namespace|lang=en)",
-         "78 F0 3C 00 61 7B 80 80 03 6C 61 6E 67 41 65 6E F0 FF"},
-        {"an alias ends with its element: the next one gets it, too", "(a (u|b) (v|b))",
-         "38 F0 3C 00 61 3F 01 41 41 00 75 00 62 F0 3F 81 00 76 81 FF F0"},
-        {"type and nil", "(a ^u|t %)",
-         "78 F0 3C 00 61 7B 01 41 42 28 " + xsi +
-             " 03 74 79 70 65 43 41 41 3A 74 7B 81 81 02 6E 69 6C 43 74 72 75 65 F0 FF"},
-        {"a type in the default namespace has no prefix", "*u (u|a ^u|t)",
-         "78 CD 00 75 F0 3D 81 00 61 7B 01 41 41 28 " + xsi + " 03 74 79 70 65 40 74 F0 FF"},
-    });
+    ExpectRows("names namespaces: what, script, octets");
 }
 
 TEST(FastInfosetWriter, IndexesShortValues) {
-    ExpectContent({
-        {"attribute values of five characters", "@a=12345 @b=12345",
-         "78 00 61 44 31 32 33 34 35 78 00 62 80 F0 FF"},
-        {"of six", "@a=123456 @b=123456",
-         "78 00 61 05 31 32 33 34 35 36 78 00 62 05 31 32 33 34 35 36 F0 FF"},
-        {"texts of five characters", "(a '12345') (a '12345')",
-         "3C 00 61 92 02 31 32 33 34 35 F0 01 A0 FF F0"},
-        {"of six", "(a '123456') (a '123456')",
-         "3C 00 61 82 03 31 32 33 34 35 36 F0 01 82 03 31 32 33 34 35 36 FF F0"},
-        {"attributes and texts have a table each", "@a=1 '1' '1'", "78 00 61 40 31 F0 90 31 A0 FF"},
-    });
+    ExpectContent("indexes short values: what, script, octets");
     CSerializationContext ctx;
     LimitIndexed(ctx, 0);
-    ExpectContent({{"nothing", "@a=1 @b=1 '1' '1'", "78 00 61 00 31 78 00 62 00 31 F0 80 31 80 31 FF"}}, ctx);
+    EXPECT_EQ(ContentOf(Script("@a=1 @b=1 '1' '1'"), ctx), "78 00 61 00 31 78 00 62 00 31 F0 80 31 80 31 FF");
     LimitIndexed(ctx, 0xFFFFFFFF);
-    ExpectContent({{"everything", "@a=123456789 @b=123456789 '123456789' '123456789'",
-                    "78 00 61 48 00 31 32 33 34 35 36 37 38 39 78 00 62 80 F0 "
-                    "92 06 31 32 33 34 35 36 37 38 39 A0 FF"}},
-                  ctx);
+    EXPECT_EQ(ContentOf(Script("@a=123456789 @b=123456789 '123456789' '123456789'"), ctx),
+              "78 00 61 48 00 31 32 33 34 35 36 37 38 39 78 00 62 80 F0 "
+              "92 06 31 32 33 34 35 36 37 38 39 A0 FF");
 }
 
 TEST(FastInfosetWriter, WritesSuggestedEncodings) {

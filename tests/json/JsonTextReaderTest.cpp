@@ -2,6 +2,7 @@
 #include "zvxmllib/json/JsonTextReader.h"
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/Vectors.h"
 #include "zvxmllib/foundation/DebugTrace.h"
 
 #include <gmock/gmock.h>
@@ -69,34 +70,8 @@ std::string Repeat(std::string const& text, int times) {
 }
 
 TEST(JsonTextReader, SendsTheEventsOfATextInItsOrder) {
-    struct {
-        std::string json;
-        char const* events;
-    } const rows[] = {
-        {"", "<>"},
-        {" \t\r\n ", "<>"},
-        {R"({"a":[1,{"b":"x"},[]],"c":{},"a":null})", "<{a:[#1{b:'x'}[]]c:{}a:n}>"},
-        {"{ \"a\" :\t[ true ,\r\nfalse\n] } ", "<{a:[tf]}>"},
-        {R"(["\"\\\/\b\f\n\r\t"])", "<['\"\\/\b\f\n\r\t']>"},
-        {"[\"a\tb\x01\r\x7F\"]", "<['a\tb\x01\r\x7F']>"},
-        {R"(["x\u0041\u002fy"])", "<['xA/y']>"},
-        {"[0,-0,-1,10.5,1e5,1E+5,0.5e-10]", "<[#0#-0#-1#10.5#1e5#1E+5#0.5e-10]>"},
-        // What follows the first value is not looked at.
-        {"1 x", "<#1>"},
-        {"01", "<#0>"},
-        {"1/", "<#1>"},
-        {"{} ]", "<{}>"},
-        {"nullify", "<n>"},
-        // A line feed is never a character.
-        {"[1\n2]", "<[#12]>"},
-        {"[-\n1\n.\n5\ne\n+\n3\n]", "<[#-1.5e+3]>"},
-        {"[\"a\nb\\\nn\"]", "<['ab\n']>"},
-        // A text ends at its first NUL.
-        {"[\"ab\0cd\",1]"s, "<['ab'#1]>"},
-        {R"({"a\u0000b":"\u0000"})", "<{a:''}>"},
-    };
-    for (auto const& row : rows)
-        EXPECT_EQ(OutcomeOf(row.json), row.events) << row.json;
+    for (auto const& row : Vectors("json.txt", "events"))
+        EXPECT_EQ(OutcomeOf(row[0]), row[1]) << row[0];
 }
 
 TEST(JsonTextReader, PassesOverCommentsBetweenTokensWhereTheyAreAllowed) {
@@ -128,42 +103,8 @@ TEST(JsonTextReader, ReadsTheTextAsTheValueOfTheRootGiven) {
 }
 
 TEST(JsonTextReader, TellsWhatIsWrongAndWhere) {
-    std::string const objectEnd = "Unexpected End of File. Expected Object terminator character '}' at line ";
-    std::string const arrayEnd = "Unexpected End of File. Expected Array terminator character ']' at line ";
-    std::string const digitEnd = "Unexpected End of File. Expected a digit '0' to '9' at line ";
-    struct {
-        char const* json;
-        std::string message;
-    } const rows[] = {
-        {"{", "Unexpected End of File. Expected Object terminator character '}}' at line 1, position 1."},
-        {"{\"a\"",
-         "Unexpected End of File. Expected Object Name/Value separator character ':' at line 1, position 4."
-         "\nPath: .a"},
-        {"{\"a\":", "Unexpected End of File. Expected Object Value at line 1, position 5.\nPath: .a"},
-        {"{\"a\":1", objectEnd + "1, position 6.\nPath: .a"},
-        {"{\"a\":1, ", objectEnd + "1, position 8.\nPath: .a"},
-        {"{\"a\":1\n,\n", objectEnd + "3, position 0.\nPath: .a"},
-        {"[", arrayEnd + "1, position 1."},
-        {"[1", arrayEnd + "1, position 2."},
-        {"[1,\n ", arrayEnd + "2, position 1."},
-        {"[\"a", "Unexpected End of File. Expected string value at line 1, position 3."},
-        {"[\"a\\", "Unexpected End of File. Expected string value at line 1, position 4."},
-        {"[\"\\u12", "Unexpected End of File. Expected 4 hexadecimal digits'\\uxxxx' at line 1, position 6."},
-        {"[\"\\u\n123", "Invalid Escape Character '\n' at line 1, position 5."},
-        {"[-", "Unexpected End of File. Expected a number at line 1, position 2."},
-        {"[1.", digitEnd + "1, position 3."},
-        {"[1e", "Unexpected End of File. Expected '+', '-' or a number at line 1, position 3."},
-        {"[1e+", "Unexpected End of File. Expected a number at line 1, position 4."},
-        {"[1e+x", digitEnd + "1, position 5."},
-        {"[nu", "Unexpected End of File. Expected value 'NULL' at line 1, position 3."},
-        {"[tru", "Unexpected End of File. Expected value 'true' at line 1, position 4."},
-        {"[f", "Unexpected End of File. Expected value 'false' at line 1, position 2."},
-        {"[fal\nse]", "Expected 'false' at line 1, position 6."},
-        {"[/x]", kValueExpected + "/' at line 1, position 2."s},
-        {"\r\n\n [\n  1 2]", "Expected Array separator character ',', found '2' at line 4, position 5."},
-    };
-    for (auto const& row : rows)
-        EXPECT_EQ(OutcomeOf(row.json), row.message) << row.json;
+    for (auto const& row : Vectors("json.txt", "failures of reading"))
+        EXPECT_EQ(OutcomeOf(row[0]), row[1]) << row[0];
 }
 
 TEST(JsonTextReader, GivesThePathOfTheOpenMembersFromTheInsideOut) {

@@ -2,6 +2,7 @@
 #include "zvxmllib/values/numbers/BigInteger.h"
 
 #include "tests/support/MessageOf.h"
+#include "tests/support/Vectors.h"
 #include "tests/values/NumberTables.h"
 #include "zvxmllib/values/numbers/Decimal.h"
 
@@ -60,39 +61,8 @@ std::string Message(void (*operation)()) {
 } // namespace
 
 TEST(BigInteger, TakesTheDigitsAtTheRightEndOfATextOfDigitsSignsAndWhiteSpace) {
-    struct Row {
-        char const *text, *value;
-    };
-    for (Row const& row : {
-             Row{"", "0"},
-             {"  ", "0"},
-             {"-", "-0"},
-             {"-0", "-0"},
-             {"000", "0"},
-             {"  -00123  ", "-123"},
-             {"+12", "12"},
-             {"1 2", "2"},
-             {"- 7", "-7"},
-             {"-1-2", "-2"},
-             {"--7", "-7"},
-             {"5-7", "7"},
-             {"12-", "0"},
-             {"-12+", "-0"},
-             {"12\n", "0"},
-             {"12 \t ", "0"},
-             {"\t-12", "12"},
-             {"\r\n12", "12"},
-             {"1.5", "1"}, // from here on as a decimal, halves towards zero
-             {"-1.5", "-1"},
-             {"1.6", "2"},
-             {"-0.6", "-1"},
-             {"-0.4", "-0"},
-             {"1.2E3", "1200"},
-             {"1 2.6", "13"},
-             {"-1E-99", "0"},
-             {"999999999999999999999999999999999999999.9", "1000000000000000000000000000000000000000"},
-         })
-        EXPECT_EQ(Signed(CBigInteger(row.text)), row.value) << "[" << row.text << "]";
+    for (auto const& row : Vectors("number-texts.txt", "integers"))
+        EXPECT_EQ(Signed(CBigInteger(row[0].c_str())), row[1]) << "[" << row[0] << "]";
     EXPECT_EQ(CBigInteger(static_cast<char const*>(nullptr)).ToString(), "0");
 }
 

@@ -2,6 +2,7 @@
 #include "zvxmllib/values/numbers/Decimal.h"
 
 #include "tests/support/MessageOf.h"
+#include "tests/support/Vectors.h"
 #include "tests/values/NumberTables.h"
 
 #include <gmock/gmock.h>
@@ -69,62 +70,23 @@ TEST(Decimal, ReadsMoreThanTheSchemaAllowsAndNamesTheFirstCharacterThatItDoesNot
     struct Row {
         std::string text, result;
     };
+    for (auto const& row : Vectors("number-texts.txt", "decimals"))
+        EXPECT_EQ(Read(row[0]), row[1]) << "[" << row[0] << "]";
     for (Row const& row : std::vector<Row>{
-             {"", "0"},
-             {"-", "0"},
-             {".", "0"},
-             {"-0", "0"},
-             {"1.50", "1.5"},
-             {"1.0", "1"},
-             {"-0.5", "-0.5"},
-             {"+.5", "0.5"},
-             {"5.", "5"},
-             {"007.0100", "7.01"},
-             {"123456789012345678901234567890123456789.5", "123456789012345678901234567890123456789.5"},
-             {" 1\t2\r3\n.4 5 ", "123.45"},
-             {"1-2", "-12"},
-             {"-1+2-+", "12"},
-             {"1E3", "1000"},
-             {"1E-3", "0.001"},
-             {"-12.345e+2", "-1234.5"},
-             {"-12.345e-2", "-0.12345"},
-             {"1.5e", "1.5"},
-             {"1e \n-+2", "100"},
-             {"1E000000000000000000000000000000002", "100"},
-             {"0.1E-30", "0"},
              {"0." + ones, "0." + ones.substr(1)},
-             {"0." + ones.substr(1) + "50", "0." + ones.substr(1)}, // a half goes towards zero
+             {"0." + ones.substr(1) + "50", "0." + ones.substr(1)},
              {"0." + ones.substr(1) + "51", "0." + ones.substr(2) + "2"},
              {"-0." + ones.substr(1) + "51", "-0." + ones.substr(2) + "2"},
-             {"0." + ones.substr(2) + "01", "0." + ones.substr(2) + "0"}, // the zero of the cut stays
+             {"0." + ones.substr(2) + "01", "0." + ones.substr(2) + "0"},
              {"0." + ones.substr(2) + "0", "0." + ones.substr(2)},
              {"9." + std::string(31, '9'), "10"},
              {"-9." + std::string(31, '9'), "-10"},
-             {"2E-30", "0.000000000000000000000000000002"},
-             {"6E-31", "0.000000000000000000000000000001"},
-             {"5E-31", "0"},
              {"5." + std::string(50, '1') + "E40", "5" + ones + "111111111." + std::string(10, '1')},
-             {"9999999999999999999.9999999999999999999", "9999999999999999999.9999999999999999999"},
-             {"18446744073709551616.018446744073709551616", "18446744073709551616.018446744073709551616"},
-             {"000000000000000000000000000012345678.5", "12345678.5"},
-             {"x", BadChar("x", 0)},
-             {"1234567:90", BadChar("1234567:90", 7)},
-             {"12345678.1234/678", BadChar("12345678.1234/678", 13)},
              {"1234\xB5"
               "6789",
               BadChar("1234\xB5"
                       "6789",
-                      4)},
-             {"12 x", BadChar("12 x", 3)},
-             {"1.2.3", BadChar("1.2.3", 3)},
-             {"1.-2", BadChar("1.-2", 2)},
-             {"1.2 e 3 ", BadChar("1.2 e 3 ", 7)},
-             {"1e+ 2", BadChar("1e+ 2", 3)},
-             {"1e2.", BadChar("1e2.", 3)},
-             {"0x10", BadChar("0x10", 1)},
-             {"INF", BadChar("INF", 0)},
-             {"\xC3\xA4", BadChar("\xC3\xA4", 0)},
-             {"1,5", BadChar("1,5", 1)}})
+                      4)}})
         EXPECT_EQ(Read(row.text), row.result) << "[" << row.text << "]";
     EXPECT_EQ(CDecimal(static_cast<char const*>(nullptr)).ToString(), "0");
 }

@@ -2,6 +2,7 @@
 #include "zvxmllib/xml/XmlTextWriter.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/Script.h"
+#include "tests/support/Vectors.h"
 #include "tests/support/WrittenObject.h"
 #include "zvxmllib/streams/TextStream.h"
 
@@ -12,28 +13,9 @@ using namespace ZvXmlLib16;
 namespace {
 
 TEST(XmlTextWriter, LaysElementsOut) {
-    struct Row {
-        char const* what;
-        Script script;
-        char const* compact;
-        char const* formatted;
-    };
-    Row const rows[] = {
-        {"nothing", "", "", ""},
-        {"an empty element", "(a)", "<a/>", "<a/>\n"},
-        {"an empty value leaves the start tag open for attributes", "(a '' @b=c)", "<a b=\"c\"/>",
-         "<a b=\"c\"/>\n"},
-        {"children and texts", "(a (b '1') (c (d '2') (d '3')) (e))",
-         "<a><b>1</b><c><d>2</d><d>3</d></c><e/></a>",
-         "<a>\n\t<b>1</b>\n\t<c>\n\t\t<d>2</d>\n\t\t<d>3</d>\n\t</c>\n\t<e/>\n</a>\n"},
-        {"a text behind children", "(a (b '1') 'x')", "<a><b>1</b>x</a>", "<a>\n\t<b>1</b>\nx</a>\n"},
-        {"a comment leaves the start tag open", "~ (a ~)", "<!--c-->\n<a<!--c-->\n/>",
-         "<!--c-->\n<a<!--c-->\n/>\n"},
-        {"instructions and an inline schema", "? (a @b=c $)", "<?p?>\n\n<a b=\"c\" \n<s/>\n/>",
-         "<?p?>\n\n<a b=\"c\" \n<s/>\n/>\n"}};
-    for (Row const& row : rows) {
-        EXPECT_EQ(XmlOf(row.script), row.compact) << row.what;
-        EXPECT_EQ(XmlOf(row.script, true), row.formatted) << row.what;
+    for (auto const& row : Vectors("xml.txt", "elements: what, script, compact, formatted")) {
+        EXPECT_EQ(XmlOf(Script(row[1])), row[2]) << row[0];
+        EXPECT_EQ(XmlOf(Script(row[1]), true), row[3]) << row[0];
     }
     EXPECT_EQ(XmlOf([](CXmlWriter& w) { w.WriteComment("<1>\n2"); }), "<!--&lt;1&gt;\n2-->\n");
     auto const isDefault = [](CXmlWriter& w) {
@@ -75,44 +57,8 @@ TEST(XmlTextWriter, EscapesTextAndAttributes) {
 }
 
 TEST(XmlTextWriter, PutsPrefixesInScope) {
-    struct Row {
-        char const* what;
-        Script script;
-        char const* xml;
-    };
-    Row const rows[] = {
-        {"a prefix is made where it is needed, and again for a sibling", "(r (u1|a) (u2|b) (u1|c))",
-         R"(<r><AA:a xmlns:AA="u1"/><AA:b xmlns:AA="u2"/><AA:c xmlns:AA="u1"/></r>)"},
-        {"it holds for descendants", "(u1|r (u1|a (u2|b)) (u3|c))",
-         R"(<AA:r xmlns:AA="u1"><AA:a><AB:b xmlns:AB="u2"/></AA:a><AB:c xmlns:AB="u3"/></AA:r>)"},
-        {"an attribute's prefix holds for children, too", "(r @u1|x=1 @u1|y=2 (u1|a))",
-         R"(<r xmlns:AA="u1" AA:x="1" AA:y="2"><AA:a/></r>)"},
-        {"the root declares what was known before it, once, in the order of the URIs",
-         "!p=u2 !q=u1 !x=http://www.w3.org/XML/1998/namespace#more *d (u3|r (d|a) (u2|b) (c))",
-         R"(<AA:r xmlns:AA="u3" xmlns="d" xmlns:q="u1" xmlns:p="u2"><a/><p:b/><c/></AA:r>)"},
-        {"an attribute takes a prefix in the default namespace, too", "*d (d|r @d|x=1)",
-         R"(<r xmlns="d" xmlns:AA="d" AA:x="1"/>)"},
-        {"the XML namespace needs no declaration", "(r @http://www.w3.org/XML/1998/namespace|lang=en)",
-         R"(<r xml:lang="en"/>)"},
-        {"aliases that are taken are passed over", "!AA=u1 !AC=u2 (r @u3|x= @u4|y=)",
-         R"(<r xmlns:AA="u1" xmlns:AC="u2" xmlns:AB="u3" AB:x="" xmlns:AD="u4" AD:y=""/>)"},
-        {"an alias that was replaced before the root is free again; an empty one counts as none",
-         "!AA=u1 !p=u1 !=u2 (u2|r (u1|a))", R"(<AA:r xmlns:AA="u2" xmlns:p="u1"><p:a/></AA:r>)"},
-        {"aliases and default namespace of an element end with it; the end tag is as the start tag",
-         "!p=u1 (u1|r (u1|a !q=u1 !AA=u2 *u3 (u1|b) (u2|c) (u3|d) (u4|e)) (u1|f) (u3|g))",
-         R"(<p:r xmlns:p="u1"><p:a><q:b/><AA:c/><d/><AB:e xmlns:AB="u4"/></p:a><p:f/>)"
-         R"(<AA:g xmlns:AA="u3"/></p:r>)"},
-        {"the last of two aliases for a namespace holds, inside an element, too",
-         "(r (u1|a) (b !p=u2 !q=u2 (u2|c)))", R"(<r><AA:a xmlns:AA="u1"/><b><q:c/></b></r>)"},
-        {"xsi:type and xsi:nil", "(r ^u1|T (a %))",
-         R"(<r xmlns:AA="u1"  xmlns:AB="http://www.w3.org/2001/XMLSchema-instance" AB:type="AA:T">)"
-         R"(<a AB:nil="true"/></r>)"},
-        {"the type has no prefix in no namespace and in the default one",
-         "!xsi=http://www.w3.org/2001/XMLSchema-instance !p=u1 *d (d|r ^T ^d|T ^u1|T)",
-         R"(<r xmlns="d" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:p="u1")"
-         R"( xsi:type="T" xsi:type="T" xsi:type="p:T"/>)"}};
-    for (Row const& row : rows)
-        EXPECT_EQ(XmlOf(row.script), row.xml) << row.what;
+    for (auto const& row : Vectors("xml.txt", "prefixes: what, script, text"))
+        EXPECT_EQ(XmlOf(Script(row[1])), row[2]) << row[0];
 }
 
 TEST(XmlTextWriter, GoesOnWithThreeLettersBehindZZ) {
