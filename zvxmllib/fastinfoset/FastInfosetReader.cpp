@@ -114,8 +114,10 @@ void CFastInfosetReader::ParseDocumentChildren() {
     for (;;) {
         std::uint8_t const octet = m_in.ReadOctet();
         if (octet < 0x80) {
-            ParseRoot(octet);
-            return m_checks == nullptr ? void() : ParseEpilog();
+            if (m_checks == nullptr)
+                return ParseRoot<false>(octet);
+            ParseRoot<true>(octet);
+            return ParseEpilog();
         }
         if (octet == kEnd || octet == kDoubleEnd)
             FailNoRootElement();
@@ -153,28 +155,30 @@ void CFastInfosetReader::RequireEnd(std::uint8_t octet) const {
         FailDocumentItem();
 }
 
+template <bool isChecked>
 void CFastInfosetReader::ParseRoot(std::uint8_t octet) {
-    if (StartElement(octet))
-        EndElement();
+    if (StartElement<isChecked>(octet))
+        EndElement<isChecked>();
     else
-        ParseContent();
+        ParseContent<isChecked>();
 }
 
 // The root and every other element that has not ended are open: no other state is needed.
+template <bool isChecked>
 void CFastInfosetReader::ParseContent() {
     while (m_tree->HasOpenElement()) {
         std::uint8_t const octet = m_in.ReadOctet();
         if (octet < 0x80) {
-            if (StartElement(octet))
-                EndElement();
+            if (StartElement<isChecked>(octet))
+                EndElement<isChecked>();
         } else if (octet < 0xC0) {
             ParseCharacterChunk(octet);
         } else if (octet == kEnd) {
-            EndElement();
+            EndElement<isChecked>();
         } else if (octet == kDoubleEnd) {
-            EndElement();
+            EndElement<isChecked>();
             if (m_tree->HasOpenElement())
-                EndElement();
+                EndElement<isChecked>();
             else
                 m_hasEnded = true; // the second end is that of the document
         } else if (octet == kProcessingInstruction) {
@@ -190,23 +194,24 @@ void CFastInfosetReader::ParseContent() {
 }
 
 // True if the element ended with its attributes, as other producers write it.
+template <bool isChecked>
 bool CFastInfosetReader::StartElement(std::uint8_t octet) {
     bool const hasAttributes = (octet & 0x40) != 0;
-    if (m_checks != nullptr)
+    if constexpr (isChecked)
         m_checks->OpenElement();
     if ((octet & 0x3C) == 0x38)
         octet = ParseNamespaceAttributes();
     QNames& names = m_vocabulary->elementNames;
-    XmlName const* const name =
-        (octet & 0x3C) == 0x3C ? ParseQName(octet, names) : QNameAt(names, m_in.ReadInteger3(octet));
+    XmlName const* const name = (octet & 0x3C) == 0x3C ? ParseQName(octet, names)
+                                                       : QNameAt<isChecked>(names, m_in.ReadInteger3(octet));
     if (m_isTraced)
         Trace(m_tree->HasOpenElement() ? "New Elm" : "New Root Elm", *name);
     m_tree->AddElement(name);
     if (!hasAttributes)
         return false;
     while ((octet = m_in.ReadOctet()) < 0x80)
-        ParseAttribute(octet);
-    if (m_checks != nullptr) {
+        ParseAttribute<isChecked>(octet);
+    if constexpr (isChecked) {
         m_checks->EndAttributes();
         if (octet != kDoubleEnd && octet != kEnd)
             FailElementItem();
@@ -214,9 +219,10 @@ bool CFastInfosetReader::StartElement(std::uint8_t octet) {
     return octet == kDoubleEnd;
 }
 
+template <bool isChecked>
 void CFastInfosetReader::EndElement() {
     CXmlElement const* const element = m_tree->EndElement();
-    if (m_checks != nullptr)
+    if constexpr (isChecked)
         m_checks->CloseElement();
     if (m_isTraced)
         DebugTrace("End Elm: %s::%s\n", element->GetNamespaceURI().c_str(), element->GetLocalName().c_str());
@@ -236,11 +242,12 @@ void CFastInfosetReader::ParseCharacterChunk(std::uint8_t octet) {
     m_tree->AppendKeptText(text);
 }
 
+template <bool isChecked>
 void CFastInfosetReader::ParseAttribute(std::uint8_t octet) {
     QNames& names = m_vocabulary->attributeNames;
-    XmlName const* const name =
-        (octet & 0x78) == 0x78 ? ParseQName(octet, names) : QNameAt(names, m_in.ReadInteger2(octet));
-    if (m_checks != nullptr)
+    XmlName const* const name = (octet & 0x78) == 0x78 ? ParseQName(octet, names)
+                                                       : QNameAt<isChecked>(names, m_in.ReadInteger2(octet));
+    if constexpr (isChecked)
         m_checks->AddAttribute(name);
     m_tree->AddKeptAttribute(name, ReadAttributeValue());
 }
@@ -285,13 +292,14 @@ XmlName const* CFastInfosetReader::ParseQName(std::uint8_t octet, QNames& table)
     return entry.name;
 }
 
+template <bool isChecked>
 XmlName const* CFastInfosetReader::QNameAt(QNames& table, std::uint32_t index) {
     if (index > table.entries.size())
         FailIndexBeyondTable(index, table.content);
     ReadVocabulary::QName& entry = table.entries[index - 1];
     if (entry.name == nullptr)
         entry.name = Resolve(entry);
-    if (m_checks != nullptr)
+    if constexpr (isChecked)
         RequireDeclared(entry);
     return entry.name;
 }

@@ -76,19 +76,26 @@ private:
     void SkipNonIdentifyingString();
 
     void ParseDocumentChildren();
-    void ParseRoot(std::uint8_t octet);
     void ParseEpilog();
     void RequireEnd(std::uint8_t octet) const;
+    // Checked is what goes through m_checks.
+    template <bool isChecked>
+    void ParseRoot(std::uint8_t octet);
+    template <bool isChecked>
     void ParseContent();
+    template <bool isChecked>
     bool StartElement(std::uint8_t octet);
+    template <bool isChecked>
     void EndElement();
-    void ParseCharacterChunk(std::uint8_t octet);
+    template <bool isChecked>
     void ParseAttribute(std::uint8_t octet);
+    template <bool isChecked>
+    XmlName const* QNameAt(QNames& table, std::uint32_t index);
+    void ParseCharacterChunk(std::uint8_t octet);
     std::uint8_t ParseNamespaceAttributes();
     void RequireDeclared(ReadVocabulary::QName const& entry);
     std::string const* SharedText(NameParts& table, std::uint32_t index);
     XmlName const* ParseQName(std::uint8_t octet, QNames& table);
-    XmlName const* QNameAt(QNames& table, std::uint32_t index);
     XmlName const* Resolve(ReadVocabulary::QName const& entry);
     void Trace(char const* what, XmlName const& name) const;
 

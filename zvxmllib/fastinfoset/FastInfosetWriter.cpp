@@ -28,8 +28,9 @@ constexpr unsigned kEnd = 0xF0;
 constexpr unsigned kDoubleEnd = 0xFF;
 constexpr unsigned kHasAttributes = 0x40;
 constexpr unsigned kNamespaceAttributes = 0x38;
-constexpr unsigned kNamespaceOnly = 0xCD;
-constexpr unsigned kPrefixAndNamespace = 0xCF;
+constexpr unsigned kDeclaration = 0xCC;
+constexpr unsigned kInstruction = 0xE1;
+constexpr unsigned kComment = 0xE2;
 constexpr unsigned kEmptyValue = 0xFF;
 constexpr unsigned kAddAttributeValue = 0x40;
 constexpr unsigned kChunk = 0x80;
@@ -134,7 +135,11 @@ void CFastInfosetWriter::WriteElementEnd() {
 void CFastInfosetWriter::WriteAttribute(std::string const& name, std::string const& ns,
                                         std::string const& value, ItemType type) {
     RequireOpenStartTag();
-    std::string_view const alias = ns.empty() ? std::string_view() : AliasOf(ns);
+    WriteNamedAttribute(ns.empty() ? std::string_view() : AliasOf(ns), name, ns, value, type);
+}
+
+void CFastInfosetWriter::WriteNamedAttribute(std::string_view alias, std::string const& name,
+                                             std::string const& ns, std::string const& value, ItemType type) {
     if (m_isTraced) {
         if (ns.empty())
             DebugTrace("Add Att: ::%s\n", name.c_str());
@@ -196,34 +201,49 @@ void CFastInfosetWriter::WritePendingTerminator() {
 void CFastInfosetWriter::WritePendingElement(bool hasAttributes) {
     if (!m_isPending)
         return;
-    m_isPending = false;
-    // No attribute can follow.
-    m_pContext->m_hasAttributes = hasAttributes;
-    m_pContext->m_startTagOpen = hasAttributes;
-    unsigned current = hasAttributes ? kHasAttributes : 0x00;
+    unsigned current = BeginHead(hasAttributes);
     if (m_pContext->m_depth == 0) {
-        m_out.WriteOctet(current | kNamespaceAttributes);
-        WriteNamespaceAttributes();
-        current = 0x00;
+        current = BeginDeclarations(current);
+        WriteGivenDeclarations();
+        EndDeclarations();
     }
     WriteElementQName(current);
 }
 
+unsigned CFastInfosetWriter::BeginHead(bool hasAttributes) {
+    m_isPending = false;
+    // No other attribute can follow.
+    m_pContext->m_hasAttributes = hasAttributes;
+    m_pContext->m_startTagOpen = hasAttributes;
+    return hasAttributes ? kHasAttributes : 0x00;
+}
+
+unsigned CFastInfosetWriter::BeginDeclarations(unsigned current) {
+    m_out.WriteOctet(current | kNamespaceAttributes);
+    return 0x00; // the name begins an octet of its own
+}
+
+void CFastInfosetWriter::WriteDeclaration(std::string_view prefix, std::string_view ns) {
+    m_out.WriteOctet(kDeclaration | (prefix.empty() ? 0x00U : 0x02U) | (ns.empty() ? 0x00U : 0x01U));
+    if (!prefix.empty())
+        WriteIdentifyingString(prefix, m_vocabulary.prefixNames);
+    if (!ns.empty())
+        WriteIdentifyingString(ns, m_vocabulary.namespaceNames);
+}
+
+void CFastInfosetWriter::EndDeclarations() {
+    m_out.WriteOctet(kEnd);
+}
+
 // Writes the declarations known before the root. There is always an entry: the XML namespace, which needs no
 // declaration.
-void CFastInfosetWriter::WriteNamespaceAttributes() {
-    if (!m_defaultNamespace.empty()) {
-        m_out.WriteOctet(kNamespaceOnly);
-        WriteIdentifyingString(m_defaultNamespace, m_vocabulary.namespaceNames);
-    }
+void CFastInfosetWriter::WriteGivenDeclarations() {
+    if (!m_defaultNamespace.empty())
+        WriteDeclaration({}, m_defaultNamespace);
     for (auto const& [ns, alias] : m_namespaceMap) {
-        if (alias.empty() || BeginsWithXmlNamespace(ns))
-            continue;
-        m_out.WriteOctet(kPrefixAndNamespace);
-        WriteIdentifyingString(alias, m_vocabulary.prefixNames);
-        WriteIdentifyingString(ns, m_vocabulary.namespaceNames);
+        if (!alias.empty() && !BeginsWithXmlNamespace(ns))
+            WriteDeclaration(alias, ns);
     }
-    m_out.WriteOctet(kEnd);
 }
 
 // A generated alias needs no declaration: a qualified name carries prefix and namespace.
@@ -291,6 +311,31 @@ void CFastInfosetWriter::WriteIdentifyingString(std::string_view text, IndexMap&
     table.Add(text, hash);
 }
 
+void CFastInfosetWriter::WriteNonIdentifyingString(std::string_view text) {
+    if (text.empty())
+        return m_out.WriteOctet(kEmptyValue);
+    EncodedCharacterStringBit5(0x00, {kUtf8, 0, AsUtf8(text, m_octets)});
+}
+
+void CFastInfosetWriter::BeginItem() {
+    if (m_pContext != nullptr)
+        CloseStartTag();
+    WritePendingTerminator();
+}
+
+void CFastInfosetWriter::WriteCommentItem(std::string_view text) {
+    BeginItem();
+    m_out.WriteOctet(kComment);
+    WriteNonIdentifyingString(text);
+}
+
+void CFastInfosetWriter::WriteInstructionItem(std::string_view target, std::string_view data) {
+    BeginItem();
+    m_out.WriteOctet(kInstruction);
+    WriteIdentifyingString(target, m_otherNames);
+    WriteNonIdentifyingString(data);
+}
+
 void CFastInfosetWriter::WriteAttributeValue(std::string const& value, std::uint32_t maxLength,
                                              ItemType type) {
     constexpr char const* kFunction = "EncodedCharacterStringBit5";
@@ -332,12 +377,9 @@ void CFastInfosetWriter::WriteCharacterChunk(std::string const& text, std::uint3
 // `function` is the encoder of the string.
 CFastInfosetWriter::EncodedString CFastInfosetWriter::Encode(std::string const& text, ItemType type,
                                                              char const* function) {
-    CFastInfosetContext::EncodedCharacterString const encoding = m_context.GetEncoding(type);
-    if (encoding.type == CFastInfosetContext::EncodingType_String) {
-        if (m_context.GetDefaultStringEncoding() != 0)
-            FailWrittenUtf16();
-        return {kUtf8, 0, AsUtf8(text, m_octets)};
-    }
+    CFastInfosetContext::EncodedCharacterString const encoding = EncodingOf(type);
+    if (encoding.type == CFastInfosetContext::EncodingType_String)
+        return EncodeAsText(text);
     m_octets.clear();
     switch (encoding.type) {
     case CFastInfosetContext::EncodingType_RestrictedAlphabet:
@@ -353,6 +395,16 @@ CFastInfosetWriter::EncodedString CFastInfosetWriter::Encode(std::string const& 
     default:
         FailWrittenEncoding(function);
     }
+}
+
+CFastInfosetContext::EncodedCharacterString CFastInfosetWriter::EncodingOf(ItemType type) const {
+    return m_context.GetEncoding(type);
+}
+
+CFastInfosetWriter::EncodedString CFastInfosetWriter::EncodeAsText(std::string const& text) {
+    if (m_context.GetDefaultStringEncoding() != 0)
+        FailWrittenUtf16();
+    return {kUtf8, 0, AsUtf8(text, m_octets)};
 }
 
 // The index less 1 has eight bits, which stand across two octets.

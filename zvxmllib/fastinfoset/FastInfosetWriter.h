@@ -1,6 +1,7 @@
 // CFastInfosetWriter, a Fast Infoset document (X.891).
 #pragma once
 
+#include "zvxmllib/fastinfoset/FastInfosetContext.h"
 #include "zvxmllib/fastinfoset/IndexMap.h"
 #include "zvxmllib/fastinfoset/NameText.h"
 #include "zvxmllib/fastinfoset/OctetOutput.h"
@@ -43,7 +44,7 @@ public:
     void WriteDocumentHead(FInfoDecl declaration);
     void WriteDocumentTerminator();
 
-private:
+protected:
     using IndexMap = detail::IndexMap;
     // An encoded value: the octets, and what they mean.
     struct EncodedString {
@@ -52,6 +53,30 @@ private:
         std::string_view octets;
     };
 
+    // Whether an element has been started whose head is not yet written. It is the current one then.
+    bool IsPending() const noexcept { return m_isPending; }
+    // The head of the pending element: its first octet, which the caller ends with what they return, the
+    // declarations, if there are any, and the name.
+    unsigned BeginHead(bool hasAttributes);
+    unsigned BeginDeclarations(unsigned current);
+    void WriteDeclaration(std::string_view prefix, std::string_view ns);
+    void EndDeclarations();
+    void WriteElementQName(unsigned current);
+    // Behind the head.
+    void WriteNamedAttribute(std::string_view alias, std::string const& name, std::string const& ns,
+                             std::string const& value, ItemType type);
+    // Makes an alias where there is none. Valid until the context changes.
+    std::string_view AliasOf(std::string const& ns);
+    // Items of the document, or of the content of an element whose head is written.
+    void WriteCommentItem(std::string_view text);
+    void WriteInstructionItem(std::string_view target, std::string_view data);
+
+    // `function` is the encoder that the string is for.
+    virtual EncodedString Encode(std::string const& text, ItemType type, char const* function);
+    EncodedString EncodeAsText(std::string const& text);
+    CFastInfosetContext::EncodedCharacterString EncodingOf(ItemType type) const;
+
+private:
     // The names of elements or of attributes, and which one is likely to come: documents repeat themselves.
     struct Names {
         explicit Names(IndexMap& names) noexcept : map(names) {}
@@ -74,25 +99,25 @@ private:
     void TraceStart(std::string const& name, std::string const& ns);
     void TraceEnd();
     void WritePendingElement(bool hasAttributes);
-    void WriteNamespaceAttributes();
+    void WriteGivenDeclarations();
     void WritePendingTerminator();
     void RequireOpenStartTag();
     void CloseStartTag();
-    std::string_view AliasOf(std::string const& ns);
+    void BeginItem();
 
-    void WriteElementQName(unsigned current);
     void WriteAttributeQName(unsigned current, IndexMap::QName const& name);
     void WriteLiteralQName(unsigned current, IndexMap::QName const& name, Names& names);
     void WriteIdentifyingString(std::string_view text, IndexMap& table);
+    void WriteNonIdentifyingString(std::string_view text);
     void WriteAttributeValue(std::string const& value, std::uint32_t maxLength, ItemType type);
     void WriteCharacterChunk(std::string const& text, std::uint32_t maxLength, ItemType type);
-    EncodedString Encode(std::string const& text, ItemType type, char const* function);
     void EncodedCharacterStringBit5(unsigned current, EncodedString const& string);
     void EncodedCharacterStringBit7(unsigned current, EncodedString const& string);
 
     CFastInfosetContext& m_context;
     OctetOutput m_out;
     detail::IndexMaps m_vocabulary;
+    IndexMap m_otherNames; // targets of instructions
     Names m_elementNames{m_vocabulary.elementNames};
     Names m_attributeNames{m_vocabulary.attributeNames};
     bool m_isTraced;

@@ -2,7 +2,7 @@
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
 #include "zvxmllib/context/SerializationContext.h"
-#include "zvxmllib/fastinfoset/FastInfosetWriter.h"
+#include "zvxmllib/fastinfoset/ExactFastInfosetWriter.h"
 #include "zvxmllib/streams/FileBinaryStream.h"
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/writers/Failures.h"
@@ -13,13 +13,18 @@ CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration, CSerializ
                                                 CompressionType compression) {
     detail::CheckGeneratorVersion();
     CBinaryStream sink;
-    CFastInfosetWriter writer(ctx.GetFIContext(), sink);
-    writer.Open();
-    writer.WriteDocumentHead(declaration);
-    std::string const ns = GetTargetNamespace();
-    ToXml_Int(&writer, true, ns.c_str(), ctx, false);
-    writer.WriteDocumentTerminator();
-    writer.Close();
+    auto const write = [&](CFastInfosetWriter&& writer) {
+        writer.Open();
+        writer.WriteDocumentHead(declaration);
+        std::string const ns = GetTargetNamespace();
+        ToXml_Int(&writer, true, ns.c_str(), ctx, false);
+        writer.WriteDocumentTerminator();
+        writer.Close();
+    };
+    if (ctx.GetStrict())
+        write(CExactFastInfosetWriter(ctx.GetFIContext(), sink));
+    else
+        write(CFastInfosetWriter(ctx.GetFIContext(), sink));
     CBinaryData data = sink.GetData();
     if (compression != CompressionType_None)
         CZvZip::Compress(data, compression, ctx.GetStrict());

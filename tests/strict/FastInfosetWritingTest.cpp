@@ -1,0 +1,180 @@
+// Fast Infoset out: each script by the usual rules and by the strict ones, and what is strict read again.
+#include "tests/fastinfoset/Octets.h"
+#include "tests/fastinfoset/WrittenOctets.h"
+#include "tests/support/MessageOf.h"
+#include "tests/support/Script.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+namespace ZvXmlLib16 {
+namespace {
+
+struct Row {
+    std::string script;
+    std::string usual;  // octets in hexadecimal behind the header
+    std::string strict; // likewise
+    std::string tree;   // what a strict reader makes of the strict octets
+};
+
+CSerializationContext Context(bool strict) {
+    CSerializationContext ctx;
+    ctx.SetStrict(strict);
+    return ctx;
+}
+
+template <class Exception = CZvException>
+std::string Written(WrittenObject::Body const& body, CSerializationContext const& ctx) {
+    std::string octets;
+    std::string const failure = MessageOf<Exception>([&] { octets = FastInfosetOf(body, ctx); });
+    return failure == "nothing was thrown" ? octets : failure;
+}
+
+std::string TreeOf(std::string const& hex, CSerializationContext const& ctx) {
+    CXmlDocument document(ctx);
+    std::string const failure = MessageOf<CZvException>([&] { Load(document, Document(Octets(hex))); });
+    return failure == "nothing was thrown" ? TreeText(document) : failure;
+}
+
+void ExpectRows(std::vector<Row> const& rows) {
+    for (Row const& row : rows) {
+        Script const script(row.script);
+        EXPECT_EQ(Written(script, Context(false)), row.usual) << row.script;
+        CSerializationContext const strict = Context(true);
+        std::string const octets = Written(script, strict);
+        EXPECT_EQ(octets, row.strict) << row.script;
+        EXPECT_EQ(TreeOf(octets, strict), row.tree) << row.script;
+    }
+}
+
+TEST(StrictFastInfosetWriting, DeclaresEachPrefixWhereItIsNeeded) {
+    ExpectRows({
+        {"(a)", "38 F0 3C 00 61 FF", "3C 00 61 FF", "0 {}a\n"},
+        {"(a @x=1 'hi')", "78 F0 3C 00 61 78 00 78 40 31 F0 91 68 69 FF",
+         "7C 00 61 78 00 78 40 31 F0 91 68 69 FF", "0 {}a\nA {}x=1\nT hi\n"},
+        {"(u|a)", "38 F0 3F 01 41 41 00 75 00 61 FF", "38 CF 01 41 41 00 75 F0 3F 81 81 00 61 FF",
+         "0 {u}a\n"},
+        {"(a @u|x=1)", "78 F0 3C 00 61 7B 01 41 41 00 75 00 78 40 31 F0 FF",
+         "78 CF 01 41 41 00 75 F0 3C 00 61 7B 81 81 00 78 40 31 F0 FF", "0 {}a\nA {u}x=1\n"},
+        // Given aliases stand on the root, and are not declared again.
+        {"!p=u (a (u|b) (u|b))", "38 CF 00 70 00 75 F0 3C 00 61 3F 81 81 00 62 F0 01 FF F0",
+         "38 CF 00 70 00 75 F0 3C 00 61 3F 81 81 00 62 F0 01 FF F0", "0 {}a\n1 {u}b\n1 {u}b\n"},
+        // Each of two siblings needs its own declaration, and the second comes by its index.
+        {"(a (u|b) (u|b))", "38 F0 3C 00 61 3F 01 41 41 00 75 00 62 F0 01 FF F0",
+         "3C 00 61 38 CF 01 41 41 00 75 F0 3F 81 81 00 62 F0 38 CF 81 81 F0 01 FF F0",
+         "0 {}a\n1 {u}b\n1 {u}b\n"},
+        // The default namespace, and elements in none.
+        {"*d (d|r (n (d|s)))", "38 CD 00 64 F0 3D 81 00 72 3C 00 6E 3D 81 00 73 FF FF",
+         "38 CD 00 64 F0 3D 81 00 72 38 CC F0 3C 00 6E 38 CF 01 41 41 81 F0 3F 81 81 00 73 FF FF",
+         "0 {d}r\n1 {}n\n2 {d}s\n"},
+        {"*d (n)", "38 CD 00 64 F0 3C 00 6E FF", "3C 00 6E FF", "0 {}n\n"},
+        {"(a *d (d|b))", "38 F0 3C 00 61 3D 00 64 00 62 FF F0", "3C 00 61 38 CD 00 64 F0 3D 81 00 62 FF F0",
+         "0 {}a\n1 {d}b\n"},
+        {"(a !p=u @u|x=1)", "78 F0 3C 00 61 7B 00 70 00 75 00 78 40 31 F0 FF",
+         "78 CF 00 70 00 75 F0 3C 00 61 7B 81 81 00 78 40 31 F0 FF", "0 {}a\nA {u}x=1\n"},
+        {"*d (d|r !p=u (u|s))", "38 CD 00 64 F0 3D 81 00 72 3F 00 70 00 75 00 73 FF F0",
+         "38 CD 00 64 CF 00 70 00 75 F0 3D 81 00 72 3F 81 82 00 73 FF F0", "0 {d}r\n1 {u}s\n"},
+    });
+    // Two meanings of one prefix in one head.
+    for (char const* script : {"(a @u|x=1 !AA=v @v|x=1)", "!p=u (u|a !p=v)", "*d (d|a *e ^e|t)"})
+        EXPECT_THAT(Written<CZvInvalidParamException>(Script(script), Context(true)),
+                    testing::HasSubstr("stands for ["))
+            << script;
+}
+
+// A value that names a type needs its prefix, and the instance namespace as well.
+TEST(StrictFastInfosetWriting, DeclaresThePrefixesOfTypes) {
+    for (char const* script : {"(a ^u|t)", "(u|a ^u|t)", "*u (u|a ^u|t)", "(a %)", "!p=u (u|a (u|b ^v|t))"}) {
+        std::string const octets = Written(Script(script), Context(true));
+        CXmlDocument document;
+        Load(document, Document(Octets(octets)));
+        CXmlElement const* element = document.GetDocumentElement();
+        if (element->GetFirstElement() != nullptr)
+            element = element->GetFirstElement();
+        std::string const value = element->GetAttributes()[0]->GetValue();
+        std::size_t const colon = value.find(':');
+        std::string const prefix = colon == std::string::npos ? "" : value.substr(0, colon);
+        std::string const ns = document.LookupNamespaceFromAlias(prefix.c_str());
+        EXPECT_EQ(ns.empty() ? "" : ns.substr(0, 1),
+                  value == "true"                                                 ? ""
+                  : std::string_view(script).find("v|") != std::string_view::npos ? "v"
+                                                                                  : "u")
+            << script;
+        EXPECT_EQ(TreeOf(octets, Context(true)), TreeOf(octets, Context(false))) << script;
+    }
+}
+
+// Each value under an encoding of its type: what is read is what was written.
+TEST(StrictFastInfosetWriting, WritesWhatAnEncodingDoesNotGiveBackAsText) {
+    struct ValueRow {
+        ItemType type;
+        char const* value;
+        char const* usual; // what comes back, or the failure
+    };
+    constexpr char const* kNotInAlphabet =
+        "Failed to write FastInfoset. Invalid character not found for Restricted Alphabet.";
+    for (ValueRow const& row : {
+             ValueRow{ItemType_r4, "1.50", "1.5"},
+             ValueRow{ItemType_r8, "1e0", "1"},
+             ValueRow{ItemType_i4, "007", "7"},
+             ValueRow{ItemType_i4, "-12", "-12"},
+             ValueRow{ItemType_boolean, "1", "true"},
+             ValueRow{ItemType_hexBinary, "0a", "0A"},
+             ValueRow{ItemType_base64Binary, "YQ= =", "YQ=="},
+             ValueRow{ItemType_datetime, "2024-01-01T00:00:00.5+01:00", kNotInAlphabet},
+             ValueRow{ItemType_datetime, "2024-01-01T00:00:00Z", "2024-01-01T00:00:00Z"},
+             ValueRow{ItemType_decimal, "1E5", kNotInAlphabet},
+             ValueRow{ItemType_ui8, "9223372036854775807", "9223372036854775807"},
+         }) {
+        for (bool const strict : {false, true}) {
+            CSerializationContext ctx = Context(strict);
+            ctx.GetFIContext().SetSuggestedValues();
+            // The second value is a string that is equal to the first one, the third an attribute.
+            ctx.GetFIContext().SetElementMaxAddLength(100);
+            ctx.GetFIContext().SetAttributeMaxAddLength(100);
+            auto const body = [&](CXmlWriter& w) {
+                w.WriteElementStart("a", "");
+                w.WriteAttribute("x", "", row.value, row.type);
+                w.WriteAttribute("y", "", row.value, ItemType_string);
+                for (ItemType const type : {row.type, ItemType_string}) {
+                    w.WriteElementStart("b", "");
+                    w.WriteElementValue(row.value, type, false);
+                    w.WriteElementEnd();
+                }
+                w.WriteElementEnd();
+            };
+            std::string const octets = Written(body, ctx);
+            std::string const back = strict ? row.value : row.usual;
+            if (back == kNotInAlphabet)
+                EXPECT_EQ(octets, back) << row.value;
+            else
+                EXPECT_EQ(TreeOf(octets, ctx), "0 {}a\nA {}x=" + back + "\nA {}y=" + back + "\n1 {}b\nT " +
+                                                   back + "\n1 {}b\nT " + back + "\n")
+                    << row.value;
+        }
+    }
+}
+
+TEST(StrictFastInfosetWriting, WritesInstructionsAndComments) {
+    ExpectRows({
+        {"? ~ (a @x=1 ? (b) ~ )", "78 F0 3C 00 61 78 00 78 40 31 F0 3C 00 62 FF F0",
+         "E1 00 70 FF E2 00 63 7C 00 61 78 00 78 40 31 F0 E1 80 FF 3C 00 62 F0 E2 00 63 FF",
+         "0 {}a\nA {}x=1\n1 {}b\n"},
+    });
+    auto const instruction = [](char const* text) {
+        return Written<CZvInvalidParamException>(
+            [text](CXmlWriter& w) {
+                w.WriteProcessingInstruction(text);
+                w.WriteElementStart("a", "");
+                w.WriteElementEnd();
+            },
+            Context(true));
+    };
+    EXPECT_EQ(instruction("<?p q r?>"), "E1 00 70 02 71 20 72 3C 00 61 FF");
+    EXPECT_EQ(instruction("no instruction"), "Invalid Processing Instruction [no instruction].");
+}
+
+} // namespace
+} // namespace ZvXmlLib16

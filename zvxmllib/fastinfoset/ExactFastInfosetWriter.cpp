@@ -1,0 +1,200 @@
+// CExactFastInfosetWriter, Fast Infoset documents that stand for themselves.
+#include "zvxmllib/fastinfoset/ExactFastInfosetWriter.h"
+
+#include "zvxmllib/fastinfoset/EncodedValues.h"
+#include "zvxmllib/fastinfoset/Failures.h"
+#include "zvxmllib/fastinfoset/RestrictedAlphabet.h"
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/writers/Failures.h"
+#include "zvxmllib/writers/XmlNamespaces.h"
+
+#include <algorithm>
+
+namespace ZvXmlLib16 {
+
+CExactFastInfosetWriter::~CExactFastInfosetWriter() = default;
+
+void CExactFastInfosetWriter::AddNamespaceAlias(std::string const& alias, std::string const& ns) {
+    CFastInfosetWriter::AddNamespaceAlias(alias, ns);
+    if (IsPending() && !alias.empty())
+        Require(alias, ns);
+}
+
+void CExactFastInfosetWriter::WriteComment(std::string const& text) {
+    WriteHead();
+    WriteCommentItem(text);
+}
+
+// <?target data?>
+void CExactFastInfosetWriter::WriteProcessingInstruction(std::string const& text) {
+    constexpr std::string_view kOpen = "<?";
+    constexpr std::string_view kClose = "?>";
+    constexpr std::string_view kBlanks = " \t\r\n";
+    std::string_view data = text;
+    if (data.size() <= kOpen.size() + kClose.size() || data.substr(0, kOpen.size()) != kOpen ||
+        data.substr(data.size() - kClose.size()) != kClose)
+        FailWrittenInstruction(text);
+    data = data.substr(kOpen.size(), data.size() - kOpen.size() - kClose.size());
+    std::string_view const target = data.substr(0, data.find_first_of(kBlanks));
+    data.remove_prefix(target.size());
+    data.remove_prefix(std::min(data.find_first_not_of(kBlanks), data.size()));
+    WriteHead();
+    WriteInstructionItem(target, data);
+}
+
+void CExactFastInfosetWriter::WriteElementStart(std::string const& name, std::string const& ns) {
+    WriteHead();
+    bool const isRoot = m_pContext == nullptr;
+    CFastInfosetWriter::WriteElementStart(name, ns);
+    m_hasOwnPrefix = false;
+    if (isRoot)
+        DeclareGiven(!ns.empty());
+    if (ns.empty() && !m_pContext->GetDefaultNamespace().empty())
+        m_pContext->SetDefaultNamespace("");
+    bool const hasPrefix = ns != m_pContext->GetDefaultNamespace();
+    std::string_view const prefix = hasPrefix ? AliasOf(ns) : std::string_view();
+    Require(prefix, ns);
+    m_ownPrefix = prefix;
+    m_hasOwnPrefix = true;
+}
+
+void CExactFastInfosetWriter::WriteElementValue(std::string const& text, ItemType type, bool isDefault) {
+    WriteHead();
+    CFastInfosetWriter::WriteElementValue(text, type, isDefault);
+}
+
+void CExactFastInfosetWriter::WriteElementEnd() {
+    WriteHead();
+    std::int32_t const depth = m_pContext == nullptr ? 0 : m_pContext->m_depth;
+    CFastInfosetWriter::WriteElementEnd();
+    for (; !m_hidden.empty() && m_hidden.back().depth == depth; m_hidden.pop_back())
+        m_inForce[m_hidden.back().declaration.prefix] = m_hidden.back().declaration.ns;
+}
+
+void CExactFastInfosetWriter::WriteAttribute(std::string const& name, std::string const& ns,
+                                             std::string const& value, ItemType type) {
+    RequirePending();
+    std::string_view const alias = ns.empty() ? std::string_view() : AliasOf(ns);
+    if (!ns.empty())
+        Require(alias, ns);
+    if (m_attributeCount == m_attributes.size())
+        m_attributes.emplace_back();
+    Attribute& attribute = m_attributes[m_attributeCount++];
+    attribute.alias = alias;
+    attribute.name = name;
+    attribute.ns = ns;
+    attribute.value = value;
+    attribute.type = type;
+}
+
+void CExactFastInfosetWriter::WriteTypeAttribute(std::string const& ns, std::string const& typeName,
+                                                 ItemType type) {
+    RequirePending();
+    std::string value;
+    if (!ns.empty() && ns != m_pContext->GetDefaultNamespace()) {
+        value = AliasOf(ns);
+        Require(value, ns);
+        value += ':';
+    } else {
+        Require({}, ns);
+    }
+    WriteAttribute("type", SchemaInstanceNamespace(), value.append(typeName), type);
+}
+
+void CExactFastInfosetWriter::WriteNilAttribute() {
+    WriteAttribute("nil", SchemaInstanceNamespace(), "true", ItemType_boolean);
+}
+
+void CExactFastInfosetWriter::RequirePending() const {
+    if (!IsPending())
+        FailAttributeAfterContent();
+}
+
+void CExactFastInfosetWriter::WriteHead() {
+    if (!IsPending())
+        return;
+    unsigned current = BeginHead(m_attributeCount != 0);
+    if (!m_declarations.empty()) {
+        current = BeginDeclarations(current);
+        for (Declaration const& declaration : m_declarations)
+            WriteDeclaration(declaration.prefix, declaration.ns);
+        EndDeclarations();
+        m_declarations.clear();
+    }
+    WriteElementQName(current);
+    for (std::size_t i = 0; i < m_attributeCount; ++i) {
+        Attribute const& a = m_attributes[i];
+        WriteNamedAttribute(a.alias, a.name, a.ns, a.value, a.type);
+    }
+    m_attributeCount = 0;
+}
+
+// What is known before the root, used or not: a value may need it.
+void CExactFastInfosetWriter::DeclareGiven(bool rootHasNamespace) {
+    if (rootHasNamespace)
+        Require({}, m_defaultNamespace);
+    for (auto const& [ns, alias] : m_namespaceMap) {
+        if (!alias.empty())
+            Require(alias, ns);
+    }
+}
+
+// Declares the prefix on the element whose head is held back, unless it is known to stand for `ns`.
+void CExactFastInfosetWriter::Require(std::string_view prefix, std::string const& ns) {
+    auto found = m_inForce.find(prefix);
+    if (found == m_inForce.end())
+        found = m_inForce.emplace(prefix, std::string()).first;
+    if (found->second == ns)
+        return;
+    if (IsNeeded(prefix))
+        FailWrittenPrefix(found->first, found->second, ns);
+    m_hidden.push_back({m_pContext->m_depth, {found->first, found->second}});
+    m_declarations.push_back({found->first, ns});
+    found->second = ns;
+}
+
+// Whether the element whose head is held back would mean something else if the prefix were declared now.
+bool CExactFastInfosetWriter::IsNeeded(std::string_view prefix) const {
+    if (m_hasOwnPrefix && prefix == m_ownPrefix)
+        return true;
+    auto const attributesEnd = m_attributes.begin() + static_cast<std::ptrdiff_t>(m_attributeCount);
+    return std::any_of(m_declarations.begin(), m_declarations.end(),
+                       [prefix](Declaration const& d) { return d.prefix == prefix; }) ||
+           std::any_of(m_attributes.begin(), attributesEnd,
+                       [prefix](Attribute const& a) { return !a.ns.empty() && a.alias == prefix; });
+}
+
+CExactFastInfosetWriter::EncodedString CExactFastInfosetWriter::Encode(std::string const& text, ItemType type,
+                                                                       char const* function) {
+    auto const encoding = EncodingOf(type);
+    bool const isAlgorithm = encoding.type == CFastInfosetContext::EncodingType_Algorithm;
+    bool const isAlphabet = encoding.type == CFastInfosetContext::EncodingType_RestrictedAlphabet &&
+                            encoding.index - 1 < kRestrictedAlphabets.size();
+    if (isAlphabet && text.find_first_not_of(kRestrictedAlphabets[encoding.index - 1]) != std::string::npos)
+        return EncodeAsText(text);
+    if (!isAlgorithm)
+        return CFastInfosetWriter::Encode(text, type, function);
+    constexpr std::uint32_t kAlgorithms = 10;
+    if (encoding.index - 1 >= kAlgorithms)
+        return CFastInfosetWriter::Encode(text, type, function); // which fails
+    try {
+        EncodedString const encoded = CFastInfosetWriter::Encode(text, type, function);
+        if (ComesBack(encoded, text))
+            return encoded;
+    } catch (CZvException const&) {
+        // The algorithm has no room for the value.
+    }
+    return EncodeAsText(text);
+}
+
+bool CExactFastInfosetWriter::ComesBack(EncodedString const& encoded, std::string const& text) {
+    constexpr std::uint32_t kCdata = 10;
+    if (encoded.index == kCdata)
+        return true;
+    m_decoded.clear();
+    if (!encoded.octets.empty())
+        AppendEncodedValues(encoded.index, encoded.octets, m_decoded);
+    return m_decoded == text;
+}
+
+} // namespace ZvXmlLib16
