@@ -3,9 +3,13 @@
 #include "tests/fastinfoset/WrittenOctets.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/Script.h"
+#include "zvxmllib/collections/Element.h"
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -174,6 +178,29 @@ TEST(StrictFastInfosetWriting, WritesInstructionsAndComments) {
     };
     EXPECT_EQ(instruction("<?p q r?>"), "E1 00 70 02 71 20 72 3C 00 61 FF");
     EXPECT_EQ(instruction("no instruction"), "Invalid Processing Instruction [no instruction].");
+}
+
+// Nobody has given these documents an alias.
+TEST(StrictFastInfosetWriting, KeepsRealDocuments) {
+    CSerializationContext const strict = Context(true);
+    int count = 0;
+    for (auto const& entry : std::filesystem::directory_iterator(ZV_EXAMPLE_DATA_DIR)) {
+        if (entry.path().extension() == ".md")
+            continue;
+        CXmlDocument original;
+        original.Load(entry.path().c_str());
+        CSmartPtr<CElement> const element(new CElement(""));
+        std::ifstream stream(entry.path(), std::ios::binary);
+        std::string const xml{std::istreambuf_iterator<char>(stream), {}};
+        element->FromXml(xml.c_str());
+        for (CompressionType const compression : {CompressionType_None, CompressionType_GZip}) {
+            CXmlDocument document(strict);
+            Load(document, TextOf(element->ToFastInfosetStream(FInfoDecl_None, strict, compression)));
+            EXPECT_EQ(TreeText(document), TreeText(original)) << entry.path();
+        }
+        ++count;
+    }
+    EXPECT_GE(count, 6);
 }
 
 } // namespace
