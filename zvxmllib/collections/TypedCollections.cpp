@@ -26,7 +26,7 @@ struct Conversion;
     struct Conversion<ItemType_##name> {                                                                     \
         static constexpr char const* kClassName = "C" #name "Col";                                           \
         static constexpr auto FromText = &name##FromText;                                                    \
-        static constexpr auto ToText = &name##ToText;                                                        \
+        [[maybe_unused]] static constexpr auto ToText = &name##ToText; /* dates share one */                 \
         template <class Any>                                                                                 \
         static void Put(ZvVariant& variant, Any const& value) {                                              \
             variant.Set##Name(value);                                                                        \
