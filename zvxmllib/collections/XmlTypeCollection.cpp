@@ -4,6 +4,7 @@
 #include "zvxmllib/binding/Failures.h"
 #include "zvxmllib/binding/StrictElement.h"
 #include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/values/facets/CheckPrimitive.h"
@@ -47,7 +48,7 @@ CXmlElement* CXmlTypeCollection::ReadTexts(CXmlElement* current, CSerializationC
     std::string room;
     while (current != nullptr &&
            DoesElementNameMatch(ctx, current, GetElementName().c_str(), m_namespace.c_str())) {
-        take(*this, current->GetNodeText().Read(room));
+        ReadAt(*current, [&] { take(*this, current->GetNodeText().Read(room)); });
         current = current->GetNextSiblingElement();
     }
     return current;
@@ -72,7 +73,7 @@ CXmlElement* CXmlTypeCollection::ReadEach(CXmlElement* current, CSerializationCo
     std::string room;
     while (current != nullptr && (!hasMost || GetCount() < GetMaxOccurs()) &&
            DoesElementNameMatch(ctx, current, GetElementName().c_str(), m_namespace.c_str())) {
-        take(*current, room);
+        ReadAt(*current, [&] { take(*current, room); });
         current = current->GetNextSiblingElement();
     }
     return current;

@@ -109,6 +109,11 @@ public:
     bool GetStrict() const noexcept { return m_strict; }
     void SetStrict(bool strict) noexcept { m_strict = strict; }
 
+    // Whether a document remembers where its elements and attributes stand, so that a failure of reading says
+    // it, see CZvException::GetLine. False; it takes memory for each element.
+    bool GetKeepPositions() const noexcept { return m_keepPositions; }
+    void SetKeepPositions(bool keep) noexcept { m_keepPositions = keep; }
+
     // The options of JSON and of Fast Infoset, owned by the context and made at first use. A copied context
     // has copies of its own.
     CJsonContext& GetJsonContext() const;
@@ -137,6 +142,7 @@ private:
     bool m_writeDefaultElementValues = false;
     bool m_stripCDATA = true;
     bool m_strict = false;
+    bool m_keepPositions = false;
 };
 
 } // namespace ZvXmlLib16

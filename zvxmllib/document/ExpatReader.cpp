@@ -29,6 +29,54 @@ constexpr std::size_t kLargestSlice = std::size_t{1} << 30; // the parser counts
 constexpr std::string_view kCdataStart = "<![CDATA[";
 constexpr std::string_view kCdataEnd = "]]>";
 
+// A start tag, attribute by attribute.
+class StartTagScan {
+public:
+    StartTagScan(std::string_view tag, NodePosition const& position) noexcept : m_rest(tag), m_at(position) {
+        PassUpTo(" \t\r\n/>");
+    }
+
+    // The name of the next attribute, empty if there is none. The value is passed by the next call.
+    std::string_view NextAttribute() noexcept {
+        if (m_isBehindName) {
+            PassUpTo("\"'");
+            if (m_rest.empty())
+                return {};
+            char const quote[] = {m_rest.front(), '\0'};
+            Pass(1);
+            PassUpTo(quote);
+            Pass(1);
+        }
+        Pass(std::min(m_rest.find_first_not_of(" \t\r\n"), m_rest.size()));
+        std::string_view const name = m_rest.substr(0, m_rest.find_first_of(" \t\r\n=/>"));
+        m_found = m_at;
+        Pass(name.size());
+        m_isBehindName = true;
+        return name;
+    }
+    // Of the attribute found last.
+    NodePosition const& GetPosition() const noexcept { return m_found; }
+
+private:
+    void PassUpTo(char const* stops) noexcept { Pass(std::min(m_rest.find_first_of(stops), m_rest.size())); }
+    // Characters of several octets count once.
+    void Pass(std::size_t length) noexcept {
+        length = std::min(length, m_rest.size());
+        for (char const c : m_rest.substr(0, length)) {
+            if (c == '\n')
+                m_at = {m_at.line + 1, 1};
+            else if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U)
+                ++m_at.column;
+        }
+        m_rest.remove_prefix(length);
+    }
+
+    std::string_view m_rest;
+    NodePosition m_at;
+    NodePosition m_found;
+    bool m_isBehindName = false;
+};
+
 } // namespace
 
 // No exception may pass through the parser: the first one is kept and rethrown after the parser returns, and
@@ -88,6 +136,8 @@ void CExpatReader::Init() {
     XML_SetElementHandler(m_parser.get(), Handlers::StartElement, Handlers::EndElement);
     XML_SetNamespaceDeclHandler(m_parser.get(), Handlers::StartNamespace, Handlers::EndNamespace);
     XML_SetCharacterDataHandler(m_parser.get(), Handlers::Text);
+    if (m_doc.m_pContext->GetKeepPositions())
+        m_tree->KeepPositions(*this);
     if (!m_doc.m_pContext->GetStripCDATA())
         XML_SetCdataSectionHandler(m_parser.get(), Handlers::StartCdata, Handlers::EndCdata);
 }
@@ -132,11 +182,11 @@ void CExpatReader::ParseSlice(char const* data, std::size_t length, bool final) 
         std::rethrow_exception(std::exchange(m_failure, nullptr));
     }
     XML_Error const code = XML_GetErrorCode(m_parser.get());
-    unsigned long const line = XML_GetCurrentLineNumber(m_parser.get());
+    NodePosition const position = GetPosition();
     m_parser.reset();
     if (code == XML_ERROR_NO_MEMORY)
         throw std::bad_alloc();
-    FailParse(XML_ErrorString(code), line);
+    FailParse(XML_ErrorString(code), position);
 }
 
 std::string_view CExpatReader::ToLocal(char const* utf8, std::size_t length) {
@@ -148,14 +198,47 @@ std::string_view CExpatReader::ToLocal(char const* utf8, std::size_t length) {
 
 void CExpatReader::StartElement(char const* name, char const** attributes) {
     NameTable& names = m_tree->GetNames();
-    m_tree->AddElement(names.FindElementName(name, m_splitsNames));
-    char const* const* const defaults = attributes + XML_GetSpecifiedAttributeCount(m_parser.get());
+    CXmlElement const* const element = m_tree->AddElement(names.FindElementName(name, m_splitsNames));
+    int const specified = XML_GetSpecifiedAttributeCount(m_parser.get());
+    char const* const* const defaults = attributes + specified;
     for (; *attributes != nullptr; attributes += 2) {
         XmlName const* const attribute = names.Find(attributes[0], m_splitsNames);
         if (attributes >= defaults && !m_tree->IsStreaming())
             m_tree->AddKeptAttribute(attribute, KeepDefault(attributes[1]));
         else
             m_tree->AddElementAttribute(attribute, ToLocal(attributes[1], std::strlen(attributes[1])));
+    }
+    if (m_tree->GetPositions() != nullptr)
+        LocateAttributes(*element, static_cast<std::size_t>(specified) / 2);
+}
+
+// The parser counts columns from 0.
+NodePosition CExpatReader::GetPosition() const {
+    return {XML_GetCurrentLineNumber(m_parser.get()), XML_GetCurrentColumnNumber(m_parser.get()) + 1};
+}
+
+// The parser tells where a start tag stands, and gives its text; the places of the attributes are in there.
+// Tags of two octets for a character are not looked at, and attributes that come from the document type are
+// nowhere: these stand where their tag does.
+void CExpatReader::LocateAttributes(CXmlElement const& element, std::size_t specified) const {
+    int offset = 0;
+    int size = 0;
+    char const* const context = XML_GetInputContext(m_parser.get(), &offset, &size);
+    if (specified == 0 || context == nullptr || size <= offset)
+        return;
+    std::size_t const length = std::min(static_cast<std::size_t>(XML_GetCurrentByteCount(m_parser.get())),
+                                        static_cast<std::size_t>(size - offset));
+    std::string_view const tag(context + offset, length);
+    if (tag.substr(0, 2).find('\0') != std::string_view::npos)
+        return;
+    StartTagScan scan(tag, GetPosition());
+    for (std::size_t index = 0; index < specified;) {
+        std::string_view const name = scan.NextAttribute();
+        if (name.empty())
+            return;
+        bool const isDeclaration = m_splitsNames && (name == "xmlns" || name.substr(0, 6) == "xmlns:");
+        if (!isDeclaration)
+            m_tree->GetPositions()->SetAttribute(&element, index++, scan.GetPosition());
     }
 }
 

@@ -1,6 +1,7 @@
 // CExpatReader, which turns the events of the XML parser into the tree.
 #pragma once
 
+#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/InstanceMonitor.h"
 
@@ -21,7 +22,7 @@ class XmlTree;
 // Parses one document. Grammar, well-formedness, entities, attribute and line end normalisation and input
 // encodings (UTF-8, UTF-16, ISO-8859-1, US-ASCII) are expat's. Comments, processing instructions, the prolog
 // and references to external entities are dropped. Belongs to the thread of the load.
-class CExpatReader : public CInstanceMonitor {
+class CExpatReader : public CInstanceMonitor, private IPositionSource {
 public:
     // `document` is borrowed and outlives the reader.
     explicit CExpatReader(CXmlDocument& document);
@@ -48,6 +49,8 @@ private:
 
     void StartElement(char const* name, char const** attributes);
     std::string_view KeepDefault(char const* value);
+    NodePosition GetPosition() const override;
+    void LocateAttributes(CXmlElement const& element, std::size_t specified) const;
     void EndElement();
     void DeclareNamespace(char const* prefix, char const* uri);
     void Text(char const* text, std::size_t length);

@@ -38,8 +38,11 @@ void FailEmptyStream() {
     throw CZvException("XML Stream is empty!");
 }
 
-void FailParse(char const* message, unsigned long line) {
-    throw CZvException(FormatString("%s at line %lu", message, line));
+void FailParse(char const* message, NodePosition const& position) {
+    CZvException failure(
+        FormatString("%s at line %llu", message, static_cast<unsigned long long>(position.line)));
+    failure.SetPosition(position.line, position.column);
+    throw failure;
 }
 
 void FailNullElement() {

@@ -1,6 +1,8 @@
 // Every message of the document subsystem.
 #pragma once
 
+#include "zvxmllib/document/NodePositions.h"
+
 namespace ZvXmlLib16 {
 
 // `error` is the system's error number.
@@ -12,7 +14,7 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailNoElement();
 [[noreturn]] void FailEmptyText();
 [[noreturn]] void FailEmptyStream();
-[[noreturn]] void FailParse(char const* message, unsigned long line);
+[[noreturn]] void FailParse(char const* message, NodePosition const& position);
 [[noreturn]] void FailNullElement();
 
 } // namespace ZvXmlLib16

@@ -6,12 +6,14 @@
 #include "zvxmllib/foundation/InstanceMonitor.h"
 #include "zvxmllib/foundation/SharedText.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace ZvXmlLib16 {
 
 class XmlTree;
+struct NodePosition;
 struct XmlName;
 
 // Made, kept and ended by its document; read-only for everybody but the readers. Strings are in the local
@@ -31,6 +33,9 @@ public:
     std::string const& GetNamespaceURI() const noexcept;
     // For messages: the path of the element, "/", the prefix and ":" if there is one, "@" and the local name.
     std::string GetXPath() const;
+    // As those of CXmlElement.
+    std::uint64_t GetLine() const noexcept;
+    std::uint64_t GetColumn() const noexcept;
 
     // One of xmlns, type, schemaLocation and noNamespaceSchemaLocation in the XML Schema instance namespace
     // or the namespace of xmlns: not data of the schema.
@@ -46,6 +51,8 @@ protected:
 
 private:
     friend class XmlTree;
+
+    NodePosition GetPosition() const noexcept;
 
     CXmlAttribute(ClassType* record, CXmlElement const* element, XmlName const* name) noexcept
         : CInstanceMonitor(record, CountedByOwner()), m_element(element), m_name(name) {}

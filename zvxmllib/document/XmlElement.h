@@ -7,7 +7,9 @@
 #include "zvxmllib/foundation/SharedText.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ZvXmlLib16 {
@@ -48,6 +50,12 @@ public:
     // For messages: /order/item[2]/price. A position is given where the parent has several children of that
     // name.
     std::string GetXPath() const;
+    // The element of such a path, from this one on, which begins it. Null if there is none.
+    CXmlElement const* FindByPath(std::string_view path) const;
+    // Where its start tag stands, as CZvException tells it. 0 unless the context of the document keeps
+    // positions.
+    std::uint64_t GetLine() const noexcept;
+    std::uint64_t GetColumn() const noexcept;
 
     // The attributes one by one, without making a vector of them.
     std::size_t GetAttributeCount() const noexcept {

@@ -1,7 +1,8 @@
-// Paths of nodes for messages.
+// Paths of nodes for messages, and the places where nodes stand.
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlTree.h"
 
+#include <charconv>
 #include <vector>
 
 namespace ZvXmlLib16 {
@@ -67,6 +68,56 @@ std::string CXmlAttribute::GetXPath() const {
             path.append(prefix).append(":");
     }
     return path.append("@").append(GetLocalName());
+}
+
+// Down by the names between the slashes, each of which may have its number in brackets.
+CXmlElement const* CXmlElement::FindByPath(std::string_view path) const {
+    CXmlElement const* found = nullptr;
+    CXmlElement const* candidates = this;
+    while (!path.empty() && path.front() == '/') {
+        path.remove_prefix(1);
+        std::string_view step = path.substr(0, path.find('/'));
+        path.remove_prefix(step.size());
+        int number = 1;
+        std::size_t const bracket = step.find('[');
+        if (bracket != std::string_view::npos) {
+            std::from_chars(step.data() + bracket + 1, step.data() + step.size(), number);
+            step = step.substr(0, bracket);
+        }
+        for (found = candidates; found != nullptr; found = found == this ? nullptr : found->m_nextSibling) {
+            if (found->GetQName() == step && --number == 0)
+                break;
+        }
+        if (found == nullptr)
+            return nullptr;
+        candidates = found->m_firstChild;
+    }
+    return path.empty() ? found : nullptr;
+}
+
+std::uint64_t CXmlElement::GetLine() const noexcept {
+    NodePositions const* const positions = m_name->tree->GetPositions();
+    return positions == nullptr ? 0 : positions->Find(*this).line;
+}
+
+std::uint64_t CXmlElement::GetColumn() const noexcept {
+    NodePositions const* const positions = m_name->tree->GetPositions();
+    return positions == nullptr ? 0 : positions->Find(*this).column;
+}
+
+NodePosition CXmlAttribute::GetPosition() const noexcept {
+    NodePositions const* const positions = m_name->tree->GetPositions();
+    if (positions == nullptr)
+        return {};
+    return positions->Find(*m_element, static_cast<std::size_t>(this - m_element->GetAttributeAt(0)));
+}
+
+std::uint64_t CXmlAttribute::GetLine() const noexcept {
+    return GetPosition().line;
+}
+
+std::uint64_t CXmlAttribute::GetColumn() const noexcept {
+    return GetPosition().column;
 }
 
 } // namespace ZvXmlLib16

@@ -69,7 +69,13 @@ CXmlElement* XmlTree::AddElement(XmlName const* name) {
     m_open.push_back({element, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr});
     ++m_liveElements;
     ++m_createdElements;
+    if (m_positions != nullptr)
+        m_positions->AddElement(element);
     return element;
+}
+
+void XmlTree::KeepPositions(IPositionSource const& source) {
+    m_positions = std::make_unique<NodePositions>(source);
 }
 
 // The block is the last allocation among the nodes while its element is being started, so it grows in place
@@ -122,6 +128,8 @@ void XmlTree::AddKeptAttribute(XmlName const* name, std::string_view value) {
     ++element.m_attributes->count;
     ++m_liveAttributes;
     ++m_createdAttributes;
+    if (m_positions != nullptr)
+        m_positions->AddAttribute(&element);
 }
 
 void XmlTree::AppendRuns(OpenElement& open, std::string_view text) {

@@ -3,12 +3,14 @@
 
 #include "zvxmllib/document/Arena.h"
 #include "zvxmllib/document/NameTable.h"
+#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,6 +69,11 @@ public:
     // only directly after its EndElement. Returns false for the root, which stays.
     bool RemoveLastChildElement();
 
+    // From now on the tree remembers where the source is when a node is added.
+    void KeepPositions(IPositionSource const& source);
+    // Null if it does not.
+    NodePositions* GetPositions() const noexcept { return m_positions.get(); }
+
     // Brings the counts of live and created instances up to date.
     void SettleCounts() noexcept;
 
@@ -123,6 +130,7 @@ private:
     CXmlElement* m_root = nullptr;
     std::vector<OpenElement> m_open;
     std::vector<StreamingMark> m_marks; // one for each open element, and one for the element closed last
+    std::unique_ptr<NodePositions> m_positions; // null where nobody wants them
     KeptList<std::string> m_keptStrings;
     KeptList<std::vector<CXmlAttribute*>> m_keptFaces;
 

@@ -189,6 +189,8 @@ private:
     StrictValue AsStrictValue() const noexcept;
     template <class Parse>
     void ReadValue(Ctx const& ctx, Object* object, CXmlElement** current, ItemType type, Parse parse) const;
+    template <class Parse>
+    void ReadValueOf(Ctx const& ctx, Object* object, CXmlElement& element, ItemType type, Parse parse) const;
     template <class ToText>
     bool WriteProperty(Ctx const& ctx, Object const* object, CXmlWriter* writer, ToText toText) const;
 

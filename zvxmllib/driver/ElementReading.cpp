@@ -3,6 +3,7 @@
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/collections/ItemMaker.h"
 #include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/driver/ElementInfoBase.h"
@@ -39,6 +40,13 @@ template <class Parse>
 void CElementInfo::ReadValue(Ctx const& ctx, Object* object, CXmlElement** current, ItemType type,
                              Parse parse) const {
     CXmlElement& element = **current;
+    ZvXmlLib16::ReadAt(element, [&] { ReadValueOf(ctx, object, element, type, parse); });
+    *current = element.GetNextSiblingElement();
+}
+
+template <class Parse>
+void CElementInfo::ReadValueOf(Ctx const& ctx, Object* object, CXmlElement& element, ItemType type,
+                               Parse parse) const {
     ZvVariant value;
     bool const isNil = ctx.GetStrict() ? ZvXmlLib16::CheckValueElement(ctx, element, m_itemType, m_nillable)
                                        : element.GetAttributeCount() != 0 && ReadNilAttribute(ctx, element);
@@ -50,7 +58,6 @@ void CElementInfo::ReadValue(Ctx const& ctx, Object* object, CXmlElement** curre
         parse(value, text.IsEmpty() ? std::string_view(m_defaultValue) : text.Read(room));
     }
     InvokePropertySet(object, value, element);
-    *current = element.GetNextSiblingElement();
 }
 
 void CElementInfo::ElementFromXmlPrim(Ctx const& ctx, Object* object, CXmlElement** current) const {

@@ -3,6 +3,7 @@
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/HiddenChildren.h"
+#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/driver/ElementInfo.h"
 #include "zvxmllib/driver/EntryFlags.h"
@@ -108,8 +109,10 @@ CXmlElement* CXmlGeneratedClass::ReadGroupStrictly(CXmlElement* element, CXmlEle
         if (attribute.IsNamespaceAttribute() || attribute.IsNilAttribute())
             continue;
         std::size_t entry = 0;
-        while (entry < count && !entries[entry]->AttributeFromXml(ctx, this, &attribute))
-            ++entry;
+        ReadAt(attribute, [&] {
+            while (entry < count && !entries[entry]->AttributeFromXml(ctx, this, &attribute))
+                ++entry;
+        });
         if (entry < count)
             found[entry] = true;
     }

@@ -1,6 +1,7 @@
 // The driver over the tables of a generated class: reading.
 #include "zvxmllib/binding/StrictElement.h"
 #include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/driver/ElementInfo.h"
@@ -154,8 +155,10 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(CSerializationContext const& c
             continue;
         }
         std::size_t entry = 0;
-        while (entry < entryCount && !entries[entry]->AttributeFromXml(ctx, this, &attribute))
-            ++entry;
+        ReadAt(attribute, [&] {
+            while (entry < entryCount && !entries[entry]->AttributeFromXml(ctx, this, &attribute))
+                ++entry;
+        });
         if (entry < entryCount)
             found[entry] = true;
         else if (failIfUnknown && !ctx.GetIgnoreUnknownAttributes())

@@ -10,7 +10,7 @@ CZvException::CZvException() = default;
 CZvException::CZvException(std::string message) : m_message(std::move(message)) {}
 
 CZvException::CZvException(std::string message, CZvException const& inner)
-    : m_message(std::move(message)), m_inner(inner.Clone()) {}
+    : m_message(std::move(message)), m_inner(inner.Clone()), m_line(inner.m_line), m_column(inner.m_column) {}
 
 CZvException::CZvException(std::string message, std::string path)
     : m_message(std::move(message)), m_path(std::move(path)) {
@@ -21,17 +21,20 @@ CZvException::CZvException(std::string message, std::string path)
 CZvException::CZvException(std::string message, std::string path, CZvException const& inner)
     : CZvException(std::move(message), std::move(path)) {
     m_inner.reset(inner.Clone());
+    SetPosition(inner.m_line, inner.m_column);
 }
 
 CZvException::CZvException(CZvException const& other)
     : m_message(other.m_message), m_path(other.m_path),
-      m_inner(other.m_inner != nullptr ? other.m_inner->Clone() : nullptr) {}
+      m_inner(other.m_inner != nullptr ? other.m_inner->Clone() : nullptr), m_line(other.m_line),
+      m_column(other.m_column) {}
 
 CZvException& CZvException::operator=(CZvException const& other) {
     CZvException copy(other); // first, since `other` may be this object or a part of its own chain
     m_message.swap(copy.m_message);
     m_path.swap(copy.m_path);
     m_inner.swap(copy.m_inner);
+    SetPosition(copy.m_line, copy.m_column);
     return *this;
 }
 
@@ -54,6 +57,11 @@ std::string CZvException::GetFullMessage() const {
 
 std::string CZvException::GetPath() const {
     return m_path;
+}
+
+void CZvException::SetPosition(std::uint64_t line, std::uint64_t column) noexcept {
+    m_line = line;
+    m_column = column;
 }
 
 CZvException const* CZvException::GetInnerException() const {

@@ -4,6 +4,7 @@
 
 #include "zvxmllib/platform/Api.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -31,6 +32,14 @@ public:
     // Null when there is none. Owned by this exception.
     CZvException const* GetInnerException() const;
 
+    // Where a document that was read failed: line and column, both from 1, of XML and JSON; of Fast Infoset
+    // the octet as the column, from 1, of line 0. Both are 0 where that is not known, see
+    // CSerializationContext::SetKeepPositions. An exception has the position of its cause.
+    std::uint64_t GetLine() const noexcept { return m_line; }
+    std::uint64_t GetColumn() const noexcept { return m_column; }
+    bool HasPosition() const noexcept { return m_column != 0; }
+    void SetPosition(std::uint64_t line, std::uint64_t column) noexcept;
+
 protected:
     // A new copy of the most derived class, owned by the caller.
     virtual CZvException* Clone() const;
@@ -39,6 +48,8 @@ private:
     std::string m_message;
     std::string m_path;
     std::unique_ptr<CZvException> m_inner;
+    std::uint64_t m_line = 0;
+    std::uint64_t m_column = 0;
 };
 
 // The classes below add no state. Each can be made from a base object, whose message, path and cause it

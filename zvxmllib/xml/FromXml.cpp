@@ -3,8 +3,10 @@
 #include "zvxmllib/binding/XmlObjectBase.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/Failures.h"
+#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/foundation/Utf16.h"
 
 namespace ZvXmlLib16 {
@@ -14,10 +16,15 @@ void CXmlObjectBase::ReadDocument(CXmlDocument& document, CSerializationContext 
 }
 
 void CXmlObjectBase::ReadElement(CXmlElement* root, CSerializationContext const& ctx, bool isDocument) {
-    if (ctx.GetStrict())
-        ReadRootStrictly(root, ctx, isDocument);
-    else
-        FromXml_Int(root, root->GetFirstElement(), ctx, false);
+    try {
+        if (ctx.GetStrict())
+            ReadRootStrictly(root, ctx, isDocument);
+        else
+            FromXml_Int(root, root->GetFirstElement(), ctx, false);
+    } catch (CZvException& failure) {
+        LocateFailureByPath(failure, *root);
+        throw;
+    }
 }
 
 void CXmlObjectBase::FromXmlFile(char const* fileName, CSerializationContext const& ctx) {

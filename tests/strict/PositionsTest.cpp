@@ -1,0 +1,69 @@
+// Where reading failed.
+#include "tests/driver/Reading.h"
+#include "tests/support/TypedCols.h"
+#include "zvxmllib/document/XmlAttribute.h"
+
+using namespace entries;
+
+namespace {
+
+// "line:column" of the failure of an order, or "read".
+std::string Where(char const* xml, bool keeps = true, bool strict = false) {
+    Model model;
+    model.elements = {Prim<CElementInfoSeqPrimOpt>("a", 0), new CElementInfoSeqPrimCol("c", "", 1),
+                      Prim<CElementInfoSeqPrimOpt>("z", 2)};
+    model.attributes = {Attribute("k", 3, true), Attribute("l", 4, true)};
+    model.init = [](Probe& probe) { probe.properties[1].SetXmlCollection(NewCol<Ci4Col>({"c"})); };
+    model.Finish();
+    CSerializationContext ctx;
+    ctx.SetKeepPositions(keeps);
+    ctx.SetStrict(strict);
+    CSmartPtr<Probe> const probe(new Probe(model));
+    try {
+        probe->FromXml(xml, ctx);
+        return "read";
+    } catch (CZvException const& failure) {
+        return std::to_string(failure.GetLine()) + ':' + std::to_string(failure.GetColumn());
+    }
+}
+
+TEST(Positions, TellWhereReadingFailed) {
+    struct Row {
+        char const* xml;
+        char const* where;
+    };
+    for (Row const& row : {
+             Row{"<order>\n <a>x</a></order>", "2:2"},            // a value
+             Row{"<order>\n<c>1</c>\n  <c>x</c></order>", "3:3"}, // of a collection
+             Row{"<order\n k='1' l = 'x'/>", "2:8"},              // of an attribute
+             Row{"<order k='>\n/' l='1'/>", "1:8"},               // a value with what ends tags
+             Row{"<order xmlns:k='urn:k'\n\tm='1'/>", "2:2"},     // an attribute that nobody knows
+             Row{"<order k='\xC3\xA9\xE2\x82\xAC' l='1'/>", "1:8"},
+             Row{"<order l='\xC3\xA9' k='1'/>", "1:8"},
+             Row{"\n<order><a>1</a><b/></order>", "2:1"}, // the element of the path
+             Row{"<order>\n<a>\n</order>", "3:3"},        // not well-formed
+             Row{"<order><a>1</a></order>", "read"},
+         })
+        EXPECT_EQ(Where(row.xml), row.where) << row.xml;
+    EXPECT_EQ(Where("<order>\n <a>x</a></order>", false), "0:0");
+    EXPECT_EQ(Where("<order>\n <a>1<b/></a></order>", true, true), "2:2");
+    EXPECT_EQ(Where("<!DOCTYPE order [<!ATTLIST order k CDATA 'x'>]>\n<order/>"), "2:1"); // stands nowhere
+}
+
+TEST(Positions, AreThoseOfTheTreeInAnyEncoding) {
+    CSerializationContext ctx;
+    ctx.SetKeepPositions(true);
+    CXmlDocument document(ctx);
+    document.LoadXml(u"<r>\n <a p='1'><b/><b q='2'/></a></r>");
+    CXmlElement const* const root = document.GetDocumentElement();
+    CXmlElement const* const second = root->FindByPath("/r/a/b[2]");
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(second->GetXPath(), "/r/a/b[2]");
+    EXPECT_EQ(second->GetLine(), 2u);
+    EXPECT_EQ(second->GetColumn(), 15u);
+    EXPECT_EQ(second->GetAttributeAt(0)->GetColumn(), 15u); // two octets for a character: where the tag is
+    EXPECT_EQ(root->FindByPath("/r/a/b[3]"), nullptr);
+    EXPECT_EQ(root->FindByPath("/x"), nullptr);
+}
+
+} // namespace
