@@ -180,6 +180,81 @@ TEST(StrictFastInfosetWriting, WritesInstructionsAndComments) {
     EXPECT_EQ(instruction("no instruction"), "Invalid Processing Instruction [no instruction].");
 }
 
+// Every fault that a writer can be asked for: the usual octets, and why the strict ones are refused.
+TEST(StrictFastInfosetWriting, RefusesWhatNoDocumentCanHave) {
+    struct FaultRow {
+        char const* what;
+        WrittenObject::Body body;
+        char const* message;
+    };
+    auto const element = [](char const* name) {
+        return [name](CXmlWriter& w) {
+            w.WriteElementStart(name, "");
+            w.WriteElementEnd();
+        };
+    };
+    auto const value = [](std::string const& text) {
+        return [text](CXmlWriter& w) {
+            w.WriteElementStart("n", "");
+            w.WriteElementValue(text, ItemType_string, false);
+            w.WriteElementEnd();
+        };
+    };
+    for (FaultRow const& row : {
+             FaultRow{"", element("a b"), "Invalid Element Name [a b]."},
+             FaultRow{"", element("a/><b"), "Invalid Element Name [a/><b]."},
+             FaultRow{"", element("p:a"), "Invalid Element Name [p:a]."},
+             FaultRow{"", value("x\x01y"), "The character [U+0001] of [n] can not be expressed in XML."},
+             FaultRow{"", value(std::string("x\0y", 3)),
+                      "The character [U+0000] of [n] can not be expressed in XML."},
+             FaultRow{"", value("\xEF\xBF\xBE"),
+                      "The character [U+FFFE] of [n] can not be expressed in XML."},
+             FaultRow{"", value("\xFF"), "The text of [n] is not valid in the local encoding."},
+             FaultRow{"(a @'b c'=1)", {}, "Invalid Attribute Name [b c]."},
+             FaultRow{"(a @xmlns=urn)", {}, "Invalid Attribute Name [xmlns]."},
+             FaultRow{"(a @k=1 @k=2)", {}, "The Attribute [k] is already written."},
+             FaultRow{"(a @u|k=1 @k=2 @v|k=3 @u|k=4)", {}, "The Attribute [k] is already written."},
+             FaultRow{"(a @a= @b= @c= @d= @e= @f= @g= @h= @i= @j= @k= @l= @m= @n= @o= @p= @q= @r= @b=)",
+                      {},
+                      "The Attribute [b] is already written."},
+             FaultRow{"(a @a= @b= @c= @d= @e= @f= @g= @h= @i= @j= @k= @l= @m= @n= @o= @p= @q= @r= @q=)",
+                      {},
+                      "The Attribute [q] is already written."},
+             FaultRow{"(a @k='\x02')", {}, "The character [U+0002] of [k] can not be expressed in XML."},
+             FaultRow{"(u|a ^u|'b c')", {}, "Invalid Element Name [b c]."},
+             FaultRow{"!1p=u (a)", {}, "Invalid Namespace alias [1p]."},
+             FaultRow{"!xml=u (a)", {}, "Invalid Namespace alias [xml]."},
+             FaultRow{"!xmlns=u (a)", {}, "Invalid Namespace alias [xmlns]."},
+             FaultRow{"!p=http://www.w3.org/XML/1998/namespace (a)", {}, "Invalid Namespace alias [p]."},
+             FaultRow{"!p=u !p=v (a)", {}, "The Namespace alias [p] stands for [u] and for [v]."},
+             FaultRow{"(a @http://www.w3.org/2000/xmlns/|b=u)",
+                      {},
+                      "Invalid Namespace [http://www.w3.org/2000/xmlns/]."},
+             FaultRow{"*http://www.w3.org/XML/1998/namespace (a)",
+                      {},
+                      "Invalid Namespace [http://www.w3.org/XML/1998/namespace]."},
+             FaultRow{"(a) (b)", {}, "The document has a root element, [b] is a second one."},
+             FaultRow{"?", {}, "The document has no root element."},
+             FaultRow{"(a $)", {}, "The inline schema can not be written inside a start tag."},
+             FaultRow{"", [](CXmlWriter& w) { w.WriteComment("x--y"); }, "Invalid Comment [x--y]."},
+             FaultRow{"", [](CXmlWriter& w) { w.WriteProcessingInstruction("<?a b?><evil/>"); },
+                      "Invalid Processing Instruction [<?a b?><evil/>]."},
+             FaultRow{"", [](CXmlWriter& w) { w.WriteProcessingInstruction("<?XML version='1.0'?>"); },
+                      "Invalid Processing Instruction [<?XML version='1.0'?>]."},
+         }) {
+        WrittenObject::Body const body = row.body ? row.body : WrittenObject::Body(Script(row.what));
+        for (bool const strict : {false, true}) {
+            std::string message = "written";
+            try {
+                FastInfosetOf(body, Context(strict));
+            } catch (CZvException const& e) {
+                message = e.GetMessage();
+            }
+            EXPECT_EQ(message, strict ? row.message : "written") << row.what << row.message;
+        }
+    }
+}
+
 // Nobody has given these documents an alias.
 TEST(StrictFastInfosetWriting, KeepsRealDocuments) {
     CSerializationContext const strict = Context(true);

@@ -2,15 +2,18 @@
 #include "zvxmllib/fastinfoset/ExactFastInfosetWriter.h"
 
 #include "zvxmllib/fastinfoset/EncodedValues.h"
-#include "zvxmllib/fastinfoset/Failures.h"
 #include "zvxmllib/fastinfoset/RestrictedAlphabet.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/writers/Failures.h"
+#include "zvxmllib/writers/WriterChecks.h"
 #include "zvxmllib/writers/XmlNamespaces.h"
 
-#include <algorithm>
-
 namespace ZvXmlLib16 {
+
+CExactFastInfosetWriter::CExactFastInfosetWriter(CFastInfosetContext& context, CBinaryStream& sink)
+    : CFastInfosetWriter(context, sink) {
+    m_inForce["xml"].ns = kXmlNamespace;
+}
 
 CExactFastInfosetWriter::~CExactFastInfosetWriter() = default;
 
@@ -25,37 +28,23 @@ void CExactFastInfosetWriter::WriteComment(std::string const& text) {
     WriteCommentItem(text);
 }
 
-// <?target data?>
 void CExactFastInfosetWriter::WriteProcessingInstruction(std::string const& text) {
-    constexpr std::string_view kOpen = "<?";
-    constexpr std::string_view kClose = "?>";
-    constexpr std::string_view kBlanks = " \t\r\n";
-    std::string_view data = text;
-    if (data.size() <= kOpen.size() + kClose.size() || data.substr(0, kOpen.size()) != kOpen ||
-        data.substr(data.size() - kClose.size()) != kClose)
-        FailWrittenInstruction(text);
-    data = data.substr(kOpen.size(), data.size() - kOpen.size() - kClose.size());
-    std::string_view const target = data.substr(0, data.find_first_of(kBlanks));
-    data.remove_prefix(target.size());
-    data.remove_prefix(std::min(data.find_first_not_of(kBlanks), data.size()));
+    XmlInstruction const instruction = RequireInstruction(text);
     WriteHead();
-    WriteInstructionItem(target, data);
+    WriteInstructionItem(instruction.target, instruction.data);
 }
 
 void CExactFastInfosetWriter::WriteElementStart(std::string const& name, std::string const& ns) {
     WriteHead();
     bool const isRoot = m_pContext == nullptr;
     CFastInfosetWriter::WriteElementStart(name, ns);
-    m_hasOwnPrefix = false;
+    ++m_element;
     if (isRoot)
         DeclareGiven(!ns.empty());
     if (ns.empty() && !m_pContext->GetDefaultNamespace().empty())
         m_pContext->SetDefaultNamespace("");
     bool const hasPrefix = ns != m_pContext->GetDefaultNamespace();
-    std::string_view const prefix = hasPrefix ? AliasOf(ns) : std::string_view();
-    Require(prefix, ns);
-    m_ownPrefix = prefix;
-    m_hasOwnPrefix = true;
+    Require(hasPrefix ? AliasOf(ns) : std::string_view(), ns);
 }
 
 void CExactFastInfosetWriter::WriteElementValue(std::string const& text, ItemType type, bool isDefault) {
@@ -68,7 +57,7 @@ void CExactFastInfosetWriter::WriteElementEnd() {
     std::int32_t const depth = m_pContext == nullptr ? 0 : m_pContext->m_depth;
     CFastInfosetWriter::WriteElementEnd();
     for (; !m_hidden.empty() && m_hidden.back().depth == depth; m_hidden.pop_back())
-        m_inForce[m_hidden.back().declaration.prefix] = m_hidden.back().declaration.ns;
+        m_inForce[m_hidden.back().declaration.prefix].ns = m_hidden.back().declaration.ns;
 }
 
 void CExactFastInfosetWriter::WriteAttribute(std::string const& name, std::string const& ns,
@@ -143,25 +132,16 @@ void CExactFastInfosetWriter::DeclareGiven(bool rootHasNamespace) {
 void CExactFastInfosetWriter::Require(std::string_view prefix, std::string const& ns) {
     auto found = m_inForce.find(prefix);
     if (found == m_inForce.end())
-        found = m_inForce.emplace(prefix, std::string()).first;
-    if (found->second == ns)
-        return;
-    if (IsNeeded(prefix))
-        FailWrittenPrefix(found->first, found->second, ns);
-    m_hidden.push_back({m_pContext->m_depth, {found->first, found->second}});
-    m_declarations.push_back({found->first, ns});
-    found->second = ns;
-}
-
-// Whether the element whose head is held back would mean something else if the prefix were declared now.
-bool CExactFastInfosetWriter::IsNeeded(std::string_view prefix) const {
-    if (m_hasOwnPrefix && prefix == m_ownPrefix)
-        return true;
-    auto const attributesEnd = m_attributes.begin() + static_cast<std::ptrdiff_t>(m_attributeCount);
-    return std::any_of(m_declarations.begin(), m_declarations.end(),
-                       [prefix](Declaration const& d) { return d.prefix == prefix; }) ||
-           std::any_of(m_attributes.begin(), attributesEnd,
-                       [prefix](Attribute const& a) { return !a.ns.empty() && a.alias == prefix; });
+        found = m_inForce.emplace(prefix, Binding()).first;
+    Binding& binding = found->second;
+    if (binding.ns != ns) {
+        if (binding.neededBy == m_element)
+            FailAliasOfTwo(found->first, binding.ns, ns);
+        m_hidden.push_back({m_pContext->m_depth, {found->first, binding.ns}});
+        m_declarations.push_back({found->first, ns});
+        binding.ns = ns;
+    }
+    binding.neededBy = m_element;
 }
 
 CExactFastInfosetWriter::EncodedString CExactFastInfosetWriter::Encode(std::string const& text, ItemType type,

@@ -19,7 +19,8 @@ namespace ZvXmlLib16 {
 // of an element is held back, with all of its attributes, until its content shows.
 class CExactFastInfosetWriter : public CFastInfosetWriter {
 public:
-    using CFastInfosetWriter::CFastInfosetWriter;
+    // As those of the base.
+    CExactFastInfosetWriter(CFastInfosetContext& context, CBinaryStream& sink);
     ~CExactFastInfosetWriter() override;
 
     // Between the start of an element and its content, an alias is declared on the element.
@@ -49,6 +50,10 @@ private:
         std::string prefix;
         std::string ns;
     };
+    struct Binding {
+        std::string ns;
+        std::uint64_t neededBy = 0; // the last element that could not do without it
+    };
     struct Hidden {
         std::int32_t depth; // of the element that declares the prefix
         Declaration declaration;
@@ -58,15 +63,12 @@ private:
     void RequirePending() const;
     void DeclareGiven(bool rootHasNamespace);
     void Require(std::string_view prefix, std::string const& ns);
-    bool IsNeeded(std::string_view prefix) const;
     bool ComesBack(EncodedString const& encoded, std::string const& text);
 
-    std::map<std::string, std::string, std::less<>> m_inForce{
-        {"xml", "http://www.w3.org/XML/1998/namespace"}};
-    std::vector<Hidden> m_hidden; // what declarations hide, innermost last
+    std::map<std::string, Binding, std::less<>> m_inForce; // by prefix
+    std::uint64_t m_element = 0;                           // the number of the one started last
+    std::vector<Hidden> m_hidden;                          // what declarations hide, innermost last
     // Of the element whose head is held back.
-    std::string m_ownPrefix; // of its name
-    bool m_hasOwnPrefix = false;
     std::vector<Declaration> m_declarations;
     std::vector<Attribute> m_attributes; // the first m_attributeCount, which keep the memory of their strings
     std::size_t m_attributeCount = 0;

@@ -51,15 +51,6 @@ void FailWrittenCharacter() {
     throw CZvException("Failed to write FastInfoset. Invalid character not found for Restricted Alphabet.");
 }
 
-void FailWrittenInstruction(std::string const& text) {
-    throw CZvInvalidParamException(FormatString("Invalid Processing Instruction [%s].", text.c_str()));
-}
-
-void FailWrittenPrefix(std::string const& prefix, std::string const& ns, std::string const& other) {
-    throw CZvInvalidParamException(FormatString("The Namespace alias [%s] stands for [%s] and for [%s].",
-                                                prefix.c_str(), ns.c_str(), other.c_str()));
-}
-
 void FailInputEnd() {
     throw CZvException("Failed to parse FastInfoset. Unexpected End of File.");
 }

@@ -19,10 +19,6 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailWrittenAlphabetSize();
 [[noreturn]] void FailWrittenAlphabetBits();
 [[noreturn]] void FailWrittenCharacter();
-[[noreturn]] void FailWrittenInstruction(std::string const& text);
-// The element needs the prefix for both.
-[[noreturn]] void FailWrittenPrefix(std::string const& prefix, std::string const& ns,
-                                    std::string const& other);
 
 // Reading. `bit` is where a form begins: "second".
 [[noreturn]] void FailInputEnd();

@@ -6,6 +6,7 @@
 #include "zvxmllib/streams/FileBinaryStream.h"
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/writers/Failures.h"
+#include "zvxmllib/writers/StrictWriter.h"
 
 namespace ZvXmlLib16 {
 
@@ -22,7 +23,8 @@ CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration, CSerializ
         writer.Close();
     };
     if (ctx.GetStrict())
-        write(CExactFastInfosetWriter(ctx.GetFIContext(), sink));
+        write(StrictWriter<CExactFastInfosetWriter>(ctx.GetSchemaType() != SchemaType_NoNamespaces,
+                                                    ctx.GetFIContext(), sink));
     else
         write(CFastInfosetWriter(ctx.GetFIContext(), sink));
     CBinaryData data = sink.GetData();
