@@ -68,29 +68,22 @@ TEST(SerializationContext, BeginsWithTheDefaultsAndCopiesEveryOption) {
     ctx.GetProcessingInstructions().push_back("<?p?>");
     ctx.SetWriteTypeAttribute(false);
     ctx.SetStripCDATA(false);
-    struct Option {
-        bool (CSerializationContext::*get)() const noexcept;
-        void (CSerializationContext::*set)(bool) noexcept;
-    };
     using C = CSerializationContext;
-    Option const options[] = {
+    std::pair<bool (C::*)() const noexcept, void (C::*)(bool) noexcept> const options[] = {
         {&C::GetIgnoreInvalidCollectionCounts, &C::SetIgnoreInvalidCollectionCounts},
         {&C::GetIgnoreMissingChoice, &C::SetIgnoreMissingChoice},
         {&C::GetIgnoreUnknownAttributes, &C::SetIgnoreUnknownAttributes},
         {&C::GetNoOptionalAttributeDefaultOutput, &C::SetNoOptionalAttributeDefaultOutput},
-        {&C::GetWriteDefaultElementValues, &C::SetWriteDefaultElementValues},
-    };
-    for (Option const& option : options) {
-        EXPECT_FALSE((fresh.*option.get)());
-        (ctx.*option.set)(true);
-    }
+        {&C::GetWriteDefaultElementValues, &C::SetWriteDefaultElementValues}};
+    for (auto const& [get, set] : options)
+        (ctx.*set)(true);
     ctx.SetIgnoreUnknownElements(true);
     ctx.GetAdditionalRootAttributes()->Add("x");
     ctx.GetJsonContext().SetRootElementName("r");
 
     CSerializationContext copy(ctx);
-    for (Option const& option : options)
-        EXPECT_TRUE((copy.*option.get)());
+    for (auto const& [get, set] : options)
+        EXPECT_TRUE((copy.*get)() && !(fresh.*get)());
     EXPECT_TRUE(copy.GetIgnoreUnknownElements());
     EXPECT_FALSE(copy.GetWriteTypeAttribute());
     EXPECT_FALSE(copy.GetStripCDATA());

@@ -23,29 +23,27 @@ struct Format {
     void (*toFile)(WrittenObject&, char const*, XmlEncoding, CompressionType);
 };
 
-Format const kFormats[] = {
-    {"XML", true, true,
-     [](WrittenObject& o, XmlEncoding e, CompressionType c) {
-         return o.ToXmlStream(true, false, e, EOLType_LF, ctx, c);
-     },
-     [](WrittenObject& o, char const* file, XmlEncoding e, CompressionType c) {
-         o.ToXmlFile(file, true, false, e, EOLType_LF, ctx, c);
-     }},
-    {"JSON", true, false,
-     [](WrittenObject& o, XmlEncoding e, CompressionType c) {
-         return o.ToJsonStream(false, e, EOLType_LF, ctx, c);
-     },
-     [](WrittenObject& o, char const* file, XmlEncoding e, CompressionType c) {
-         o.ToJsonFile(file, false, e, EOLType_LF, ctx, c);
-     }},
-    {"Fast Infoset", false, false,
-     [](WrittenObject& o, XmlEncoding, CompressionType c) {
-         return o.ToFastInfosetStream(FInfoDecl_None, ctx, c);
-     },
-     [](WrittenObject& o, char const* file, XmlEncoding, CompressionType c) {
-         o.ToFastInfosetFile(file, FInfoDecl_None, ctx, c);
-     }},
-};
+Format const kFormats[] = {{"XML", true, true,
+                            [](WrittenObject& o, XmlEncoding e, CompressionType c) {
+                                return o.ToXmlStream(true, false, e, EOLType_LF, ctx, c);
+                            },
+                            [](WrittenObject& o, char const* file, XmlEncoding e, CompressionType c) {
+                                o.ToXmlFile(file, true, false, e, EOLType_LF, ctx, c);
+                            }},
+                           {"JSON", true, false,
+                            [](WrittenObject& o, XmlEncoding e, CompressionType c) {
+                                return o.ToJsonStream(false, e, EOLType_LF, ctx, c);
+                            },
+                            [](WrittenObject& o, char const* file, XmlEncoding e, CompressionType c) {
+                                o.ToJsonFile(file, false, e, EOLType_LF, ctx, c);
+                            }},
+                           {"Fast Infoset", false, false,
+                            [](WrittenObject& o, XmlEncoding, CompressionType c) {
+                                return o.ToFastInfosetStream(FInfoDecl_None, ctx, c);
+                            },
+                            [](WrittenObject& o, char const* file, XmlEncoding, CompressionType c) {
+                                o.ToFastInfosetFile(file, FInfoDecl_None, ctx, c);
+                            }}};
 
 TEST(EntryPoints, GiveStreamsTheBytesOfTheEncodingWithoutAMark) {
     LocalEncoding const local(65001);

@@ -28,56 +28,51 @@ CSerializationContext const ctx;
 unsigned char g_bytes[] = {'<', 'a', '/', '>'};
 
 std::vector<EntryPoint> XmlEntryPoints() {
-    return {
-        {"ToXml", [](WrittenObject& o) { o.ToXml(false, false, EOLType_LF, ctx); }},
-        {"ToXmlStream",
-         [](WrittenObject& o) {
-             o.ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
-         }},
-        {"ToXmlFile",
-         [](WrittenObject& o) {
-             o.ToXmlFile("/nowhere/a", false, false, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
-         }},
-        {"FromXml", [](WrittenObject& o) { o.FromXml("<a/>", ctx); }},
-        {"FromXml, wide", [](WrittenObject& o) { o.FromXml(L"<a/>", ctx); }},
-        {"FromXml, 16 bits", [](WrittenObject& o) { o.FromXml(u"<a/>", ctx); }},
-        {"FromXmlFile", [](WrittenObject& o) { o.FromXmlFile("/nowhere/a", ctx); }},
-        {"FromXmlStream", [](WrittenObject& o) { o.FromXmlStream(CBinaryData("<a/>"), ctx); }},
-        {"FromXmlStream, bytes", [](WrittenObject& o) { o.FromXmlStream(g_bytes, sizeof g_bytes, ctx); }},
-        {"FromXmlElement",
-         [](WrittenObject& o) { o.FromXmlElement(static_cast<CXmlElement const*>(nullptr), ctx); }},
-        {"FromXmlElement, untyped",
-         [](WrittenObject& o) { o.FromXmlElement(static_cast<CElement const*>(nullptr), ctx); }},
-    };
+    return {{"ToXml", [](WrittenObject& o) { o.ToXml(false, false, EOLType_LF, ctx); }},
+            {"ToXmlStream",
+             [](WrittenObject& o) {
+                 o.ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
+             }},
+            {"ToXmlFile",
+             [](WrittenObject& o) {
+                 o.ToXmlFile("/nowhere/a", false, false, XmlEncoding_UTF8, EOLType_LF, ctx,
+                             CompressionType_None);
+             }},
+            {"FromXml", [](WrittenObject& o) { o.FromXml("<a/>", ctx); }},
+            {"FromXml, wide", [](WrittenObject& o) { o.FromXml(L"<a/>", ctx); }},
+            {"FromXml, 16 bits", [](WrittenObject& o) { o.FromXml(u"<a/>", ctx); }},
+            {"FromXmlFile", [](WrittenObject& o) { o.FromXmlFile("/nowhere/a", ctx); }},
+            {"FromXmlStream", [](WrittenObject& o) { o.FromXmlStream(CBinaryData("<a/>"), ctx); }},
+            {"FromXmlStream, bytes", [](WrittenObject& o) { o.FromXmlStream(g_bytes, sizeof g_bytes, ctx); }},
+            {"FromXmlElement",
+             [](WrittenObject& o) { o.FromXmlElement(static_cast<CXmlElement const*>(nullptr), ctx); }},
+            {"FromXmlElement, untyped",
+             [](WrittenObject& o) { o.FromXmlElement(static_cast<CElement const*>(nullptr), ctx); }}};
 }
 
 std::vector<EntryPoint> EntryPointsOf(char const* format) {
     if (std::string(format) == "JSON")
-        return {
-            {"ToJson", [](WrittenObject& o) { o.ToJson(false, EOLType_LF, ctx); }},
-            {"ToJsonStream",
-             [](WrittenObject& o) {
-                 o.ToJsonStream(false, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
-             }},
-            {"ToJsonFile",
-             [](WrittenObject& o) {
-                 o.ToJsonFile("/nowhere/a", false, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
-             }},
-            {"FromJson", [](WrittenObject& o) { o.FromJson("{}", ctx); }},
-            {"FromJson, wide", [](WrittenObject& o) { o.FromJson(L"{}", ctx); }},
-            {"FromJsonFile", [](WrittenObject& o) { o.FromJsonFile("/nowhere/a", ctx); }},
-            {"FromJsonStream", [](WrittenObject& o) { o.FromJsonStream(CBinaryData("{}"), ctx); }},
-            {"FromJsonStream, bytes",
-             [](WrittenObject& o) { o.FromJsonStream(g_bytes, sizeof g_bytes, ctx); }},
-        };
-    return {
-        {"ToFastInfosetStream",
-         [](WrittenObject& o) { o.ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None); }},
-        {"ToFastInfosetFile",
-         [](WrittenObject& o) {
-             o.ToFastInfosetFile("/nowhere/a", FInfoDecl_None, ctx, CompressionType_None);
-         }},
-    };
+        return {{"ToJson", [](WrittenObject& o) { o.ToJson(false, EOLType_LF, ctx); }},
+                {"ToJsonStream",
+                 [](WrittenObject& o) {
+                     o.ToJsonStream(false, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
+                 }},
+                {"ToJsonFile",
+                 [](WrittenObject& o) {
+                     o.ToJsonFile("/nowhere/a", false, XmlEncoding_UTF8, EOLType_LF, ctx,
+                                  CompressionType_None);
+                 }},
+                {"FromJson", [](WrittenObject& o) { o.FromJson("{}", ctx); }},
+                {"FromJson, wide", [](WrittenObject& o) { o.FromJson(L"{}", ctx); }},
+                {"FromJsonFile", [](WrittenObject& o) { o.FromJsonFile("/nowhere/a", ctx); }},
+                {"FromJsonStream", [](WrittenObject& o) { o.FromJsonStream(CBinaryData("{}"), ctx); }},
+                {"FromJsonStream, bytes",
+                 [](WrittenObject& o) { o.FromJsonStream(g_bytes, sizeof g_bytes, ctx); }}};
+    return {{"ToFastInfosetStream",
+             [](WrittenObject& o) { o.ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None); }},
+            {"ToFastInfosetFile", [](WrittenObject& o) {
+                 o.ToFastInfosetFile("/nowhere/a", FInfoDecl_None, ctx, CompressionType_None);
+             }}};
 }
 
 TEST(VersionGate, StandsInFrontOfEveryEntryPoint) {

@@ -184,8 +184,7 @@ TEST(Collection, PutsItemsInTheirPlaces) {
         {[&](Items& i) { i.Remove(1); }, "ac"},
         {[&](Items& i) { i.Remove(2); }, "ab"},
         {[&](Items& i) { i.Remove(0), i.Remove(0), i.Remove(0); }, ""},
-        {[&](Items& i) { i.Clear(), i.AppendItem(x); }, "x"},
-    };
+        {[&](Items& i) { i.Clear(), i.AppendItem(x); }, "x"}};
     for (Row const& row : rows) {
         CSmartPtr<Items> const items = Abc();
         row.operation(*items);
@@ -225,14 +224,12 @@ TEST(Collection, ChecksItsBoundsWhenAsked) {
         int count;
         char const* message;
     };
-    Row const rows[] = {
-        {0, -1, 3, ""},
-        {3, 3, 3, ""},
-        {0, 2, 3, "The Maximum number of [item] elements allowed in this collection is 2"},
-        {0, 0, 1, "The Maximum number of [item] elements allowed in this collection is 0"},
-        {2, -1, 1, "The Minimum number of [item] elements allowed in this collection is 2"},
-        {4, 2, 3, "The Maximum number of [item] elements allowed in this collection is 2"},
-    };
+    Row const rows[] = {{0, -1, 3, ""},
+                        {3, 3, 3, ""},
+                        {0, 2, 3, "The Maximum number of [item] elements allowed in this collection is 2"},
+                        {0, 0, 1, "The Maximum number of [item] elements allowed in this collection is 0"},
+                        {2, -1, 1, "The Minimum number of [item] elements allowed in this collection is 2"},
+                        {4, 2, 3, "The Maximum number of [item] elements allowed in this collection is 2"}};
     CSerializationContext ignoring;
     ignoring.SetIgnoreInvalidCollectionCounts(true);
     CSerializationContext const ctx;

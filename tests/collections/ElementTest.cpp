@@ -38,8 +38,7 @@ TEST(UntypedElement, IsMadeWithANameAndANamespaceThatFits) {
         {[] { return new CElement("a"); }, "nothing was thrown"},
         {[] { return new CElement("a", ""); }, "nothing was thrown"},
         {[] { return new CElement("a", "u"); }, "nothing was thrown"},
-        {[] { return new CElement("a", "u", "v u", "t"); }, "nothing was thrown"},
-    };
+        {[] { return new CElement("a", "u", "v u", "t"); }, "nothing was thrown"}};
     for (Row const& row : rows)
         EXPECT_EQ(MessageOf<CZvInvalidNamespaceException>([&] { row.make(); }), row.message);
 }
@@ -74,8 +73,7 @@ TEST(AttributeCol, TakesItsNamespaceFromItsList) {
     };
     Row const rows[] = {
         {"", "uri1 uri2", "uri1"}, {"", "uri1", "uri1"}, {"", "u uri2", ""}, {"", "##any", ""},
-        {"", "a#b", ""},           {"v", "##any", "v"},  {"", "#", ""},
-    };
+        {"", "a#b", ""},           {"v", "##any", "v"},  {"", "#", ""}};
     for (Row const& row : rows) {
         CSmartPtr<CAttributeCol> const attributes(new CAttributeCol(row.ns, row.allowed, "t"));
         EXPECT_EQ(attributes->GetNamespace(), row.used) << row.allowed;

@@ -66,19 +66,15 @@ TEST(DocumentLoad, ReportsWhatIsWrongWithTheText) {
         char const* message;
     };
     std::string const manyLines(500'000, '\n');
-    for (Row const& row : {
-             Row{"<a><b></a>", "mismatched tag at line 1"},
-             Row{"<a>\n<b>\n</a>", "mismatched tag at line 3"},
-             Row{"<a>", "no element found at line 1"},
-             Row{"plain", "syntax error at line 1"},
-             Row{"<a>&undeclared;</a>", "undefined entity at line 1"},
-             Row{"<a x='' x=''/>", "duplicate attribute at line 1"},
-             Row{"<p:a/>", "unbound prefix at line 1"},
-             Row{"<a>\xC3</a>", "not well-formed (invalid token) at line 1"},
-             Row{"<?xml version='1.0' encoding='EBCDIC-X'?><a/>", "unknown encoding at line 1"},
-             Row{"<a/>" + manyLines + "<b/>", "junk after document element at line 500001"},
-             Row{"<a>" + manyLines + "<b></a>", "mismatched tag at line 500001"},
-         }) {
+    for (Row const& row :
+         {Row{"<a><b></a>", "mismatched tag at line 1"}, Row{"<a>\n<b>\n</a>", "mismatched tag at line 3"},
+          Row{"<a>", "no element found at line 1"}, Row{"plain", "syntax error at line 1"},
+          Row{"<a>&undeclared;</a>", "undefined entity at line 1"},
+          Row{"<a x='' x=''/>", "duplicate attribute at line 1"}, Row{"<p:a/>", "unbound prefix at line 1"},
+          Row{"<a>\xC3</a>", "not well-formed (invalid token) at line 1"},
+          Row{"<?xml version='1.0' encoding='EBCDIC-X'?><a/>", "unknown encoding at line 1"},
+          Row{"<a/>" + manyLines + "<b/>", "junk after document element at line 500001"},
+          Row{"<a>" + manyLines + "<b></a>", "mismatched tag at line 500001"}}) {
         CXmlDocument document;
         EXPECT_EQ(MessageOf([&] { document.LoadXml(row.xml.c_str()); }), row.message)
             << row.xml.substr(0, 60);

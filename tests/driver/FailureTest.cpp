@@ -131,46 +131,4 @@ TEST(Failure, OfATypeThatHasNoFacets) {
               "Failed to convert the element [order] to XML\nUnknown type [char].");
 }
 
-// Elements of one class that hold each other, as an optional element or as the items of a collection.
-Model* s_recursive = nullptr;
-
-CSmartPtr<CXmlObjectBase> MakeRecursive(int, char const*) {
-    return new Probe(*s_recursive);
-}
-
-struct Recursive : Model {
-    explicit Recursive(bool isCollection) {
-        name = "e";
-        if (isCollection)
-            elements = {new CElementInfoSeqClsCol("e", "", 0, XmlElementType_Element)};
-        else
-            elements = {new CElementInfoSeqClsOpt("e", "", 0, XmlElementType_Element, MakeRecursive, 0)};
-        if (isCollection)
-            init = [this](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(*this, 0, -1)); };
-        Finish();
-        s_recursive = this;
-    }
-};
-
-std::string Nested(int levels) {
-    std::string xml;
-    for (int i = 1; i < levels; ++i)
-        xml += "<e>";
-    xml += "<e/>";
-    for (int i = 1; i < levels; ++i)
-        xml += "</e>";
-    return xml;
-}
-
-TEST(Failure, OfNestingBeyondTheLimit) {
-    char const* const tooDeep = "The nesting of elements exceeds the limit of 1000 levels.";
-    for (bool const isCollection : {false, true}) {
-        Recursive model(isCollection);
-        std::string const deepest = Nested(1001);
-        EXPECT_EQ(Rewrite(model, deepest.c_str()), deepest) << "below the root there are a thousand";
-        for (int const levels : {1002, 50'000})
-            EXPECT_THAT(Outcome(model, Nested(levels).c_str()), testing::EndsWith(tooDeep));
-    }
-}
-
 } // namespace

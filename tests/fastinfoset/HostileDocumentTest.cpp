@@ -68,17 +68,10 @@ TEST(FastInfosetReader, LivesThroughEachChangeOfOneOctet) {
 
 // Each count and each length that a header can claim, in 30 octets.
 TEST(FastInfosetReader, BelievesNoCountThatTheInputDoesNotHold) {
-    for (char const* header : {
-             "40 8F FF FF 00 'u' 60 FF FF FF FF",
-             "20 10 00 60 FF FF FF FF",
-             "20 0F E0 8F FF FF 00 'a'",
-             "20 00 1F 8F FF FF 00 'a'",
-             "20 00 03 8F FF FF 03 00 00 00",
-             "10 C3 60 FF FF FF FE",
-             "08 D1 60 FF FF FF FE",
-             "04 60 FF FF FF FF 'U'",
-             "01 0C FF FF FF FF '1'",
-         })
+    for (char const* header :
+         {"40 8F FF FF 00 'u' 60 FF FF FF FF", "20 10 00 60 FF FF FF FF", "20 0F E0 8F FF FF 00 'a'",
+          "20 00 1F 8F FF FF 00 'a'", "20 00 03 8F FF FF 03 00 00 00", "10 C3 60 FF FF FF FE",
+          "08 D1 60 FF FF FF FE", "04 60 FF FF FF FF 'U'", "01 0C FF FF FF FF '1'"})
         EXPECT_EQ(FailureOf(Octets("E0 00 00 01") + Octets(header)), kEnd) << header;
 }
 

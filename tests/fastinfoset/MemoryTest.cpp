@@ -33,27 +33,25 @@ TEST(FastInfosetReader, SharesTheTextsOfNamesThatDocumentsRepeatByIndex) {
         char const* what;
         std::string content;
     };
-    for (Row const& row : {
-             Row{"a URI for each of many prefixes",
-                 Octets("38 CD") + LongString(100'000) +
-                     Repeated(17'000,
-                              [](std::size_t i) { return Octets("CF") + Distinct(i) + Octets("81"); }) +
-                     Octets("F0 3C 00 'a' FF")},
-             Row{"a local name in many namespaces",
-                 Octets("3C") + LongString(65'000) +
-                     Repeated(11'000,
-                              [](std::size_t i) { return Octets("3D") + Distinct(i) + Octets("80 F0"); }) +
-                     Octets("FF")},
-             Row{"many local names in one namespace",
-                 Octets("3D") + LongString(65'000) + Octets("00 'a'") +
-                     Repeated(11'000,
-                              [](std::size_t i) { return Octets("3D 81") + Distinct(i) + Octets("F0"); }) +
-                     Octets("FF")},
-             // Compared as text, these would take minutes.
-             Row{"literal names of indices alone",
-                 Octets("3D") + LongString(1'000'000) + LongString(1'000'000) +
-                     Repeated(200'000, [](std::size_t) { return Octets("3D 81 80 F0"); }) + Octets("FF")},
-         }) {
+    for (Row const& row :
+         {Row{"a URI for each of many prefixes",
+              Octets("38 CD") + LongString(100'000) +
+                  Repeated(17'000, [](std::size_t i) { return Octets("CF") + Distinct(i) + Octets("81"); }) +
+                  Octets("F0 3C 00 'a' FF")},
+          Row{"a local name in many namespaces",
+              Octets("3C") + LongString(65'000) +
+                  Repeated(11'000,
+                           [](std::size_t i) { return Octets("3D") + Distinct(i) + Octets("80 F0"); }) +
+                  Octets("FF")},
+          Row{"many local names in one namespace",
+              Octets("3D") + LongString(65'000) + Octets("00 'a'") +
+                  Repeated(11'000,
+                           [](std::size_t i) { return Octets("3D 81") + Distinct(i) + Octets("F0"); }) +
+                  Octets("FF")},
+          // Compared as text, these would take minutes.
+          Row{"literal names of indices alone",
+              Octets("3D") + LongString(1'000'000) + LongString(1'000'000) +
+                  Repeated(200'000, [](std::size_t) { return Octets("3D 81 80 F0"); }) + Octets("FF")}}) {
         std::size_t const before = bench::PeakMemory();
         CXmlDocument document;
         Load(document, Document(row.content));

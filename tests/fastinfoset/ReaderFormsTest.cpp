@@ -44,17 +44,14 @@ TEST(RestrictedAlphabet, IsReadInAsManyBitsAsItNeedsAndOneValueMore) {
         char const* octets;
         std::string text;
     };
-    for (Row const& row : {
-             Row{digits, "12 3F", "123"},
-             Row{digits, "C5 EE", ".5  "},
-             Row{digits, "1F 23", "1"},              // what stands behind the end is none of it
-             Row{"ab", "11 1F", "ababab"},           // two bits: 00 01 00 01, 00 01 11
-             Row{"abcd", "05 3F", "abcd"},           // three bits: 000 001 010 011, 111
-             Row{"0123456789ABCDEF", "0A 7F", "19"}, // five bits: 00001 01001, 11111
-             Row{bytes, "41 42 FE", std::string("AB") + '\xFE'},
-             Row{wide, "00 00 3F", "ww"}, // nine bits: two characters, then filled up
-             Row{wide, "00 7F FF", "w"},
-         }) {
+    for (Row const& row : {Row{digits, "12 3F", "123"}, Row{digits, "C5 EE", ".5  "},
+                           Row{digits, "1F 23", "1"},              // what stands behind the end is none of it
+                           Row{"ab", "11 1F", "ababab"},           // two bits: 00 01 00 01, 00 01 11
+                           Row{"abcd", "05 3F", "abcd"},           // three bits: 000 001 010 011, 111
+                           Row{"0123456789ABCDEF", "0A 7F", "19"}, // five bits: 00001 01001, 11111
+                           Row{bytes, "41 42 FE", std::string("AB") + '\xFE'},
+                           Row{wide, "00 00 3F", "ww"}, // nine bits: two characters, then filled up
+                           Row{wide, "00 7F FF", "w"}}) {
         std::string text;
         AppendRestrictedText(row.alphabet, 1, Octets(row.octets), text);
         EXPECT_EQ(text, row.text) << row.octets;
@@ -70,15 +67,12 @@ TEST(RestrictedAlphabet, RefusesPlacesBeyondItAndImpossibleSizes) {
     constexpr char const* kSize =
         "Failed to parse FastInfoset. Invalid Encoding of Restricted Alphabet. Alphabet "
         "must contain between 2 and 2^20 characters.";
-    for (Row const& row : {
-             Row{"0123456789", "1A",
-                 "Failed to parse FastInfoset. Character [10] is beyond the Restricted Alphabet [7]."},
-             Row{std::string(200, 'x'), "FF",
-                 "Failed to parse FastInfoset. Character [255] is beyond the Restricted Alphabet [7]."},
-             Row{"", "00", kSize},
-             Row{"x", "00", kSize},
-             Row{std::string((1U << 20U) + 1, 'x'), "00", kSize},
-         }) {
+    for (Row const& row :
+         {Row{"0123456789", "1A",
+              "Failed to parse FastInfoset. Character [10] is beyond the Restricted Alphabet [7]."},
+          Row{std::string(200, 'x'), "FF",
+              "Failed to parse FastInfoset. Character [255] is beyond the Restricted Alphabet [7]."},
+          Row{"", "00", kSize}, Row{"x", "00", kSize}, Row{std::string((1U << 20U) + 1, 'x'), "00", kSize}}) {
         EXPECT_EQ(MessageOf<CZvException>([&] {
                       std::string text;
                       AppendRestrictedText(row.alphabet, 7, Octets(row.octets), text);

@@ -46,33 +46,32 @@ TEST(FastInfosetReader, DecodesEachKindOfEncodedString) {
         char const* asValue;
         char const* text;
     };
-    for (Encoded const& row : {
-             Encoded{"92 05 'text' 'text'", "07 'text' 'text'", "texttext"},
-             Encoded{"92 00 E2 82 AC", "02 E2 82 AC", "\xE2\x82\xAC"},
-             Encoded{"92 00 'a' FF 'b'", "02 'a' FF 'b'",
-                     "a\xEF\xBF\xBD"
-                     "b"},
-             Encoded{"85 20 AC", "11 20 AC", "\xE2\x82\xAC"},
-             Encoded{"86 01 D8 3D DE 00", "13 D8 3D DE 00", "\xF0\x9F\x98\x80"},
-             Encoded{"86 01 D8 3D 00 'x'", "13 D8 3D 00 'x'", "\xEF\xBF\xBDx"},
-             Encoded{"86 00 00 'x' 00", "12 00 'x' 00", "x\xEF\xBF\xBD"}, // half a unit
-             Encoded{"88 02 00 12 A3 DF", "20 02 12 A3 DF", "12-3e"},
-             Encoded{"88 05 20 DF", "20 11 20 DF", "20Z"},
-             Encoded{"8C 00 AB", "30 00 AB", "AB"},
-             Encoded{"8C 06 00 'abc'", "30 12 'abc'", "YWJj"},
-             Encoded{"8C 09 FF FE", "30 21 FF FE", "-2"},
-             Encoded{"8C 0A 01 00 01 FF FF", "30 23 00 01 FF FF", "1 -1"},
-             Encoded{"8C 0E 01 80 00 00 00", "30 33 80 00 00 00", "-2147483648"},
-             Encoded{"8C 12 05 FF FF FF FF FF FF FF FE", "30 47 FF FF FF FF FF FF FF FE", "-2"},
-             Encoded{"8C 14 38", "30 50 38", "true"},
-             Encoded{"8C 15 4A 90", "30 51 4A 90", "true false true false true false false true"},
-             Encoded{"8C 1A 01 3F 80 00 00", "30 63 3F 80 00 00", "1"},
-             Encoded{"8C 1E 05 3F F8 00 00 00 00 00 00", "30 77 3F F8 00 00 00 00 00 00", "1.5"},
-             Encoded{"8C 22 0D 01 23 45 67 89 AB CD EF 01 23 45 67 89 AB CD EF",
-                     "30 88 07 01 23 45 67 89 AB CD EF 01 23 45 67 89 AB CD EF",
-                     "0123456789ABCDEF0123456789ABCDEF"},
-             Encoded{"8C 26 00 '<&>'", "30 92 '<&>'", "<&>"},
-         }) {
+    for (Encoded const& row :
+         {Encoded{"92 05 'text' 'text'", "07 'text' 'text'", "texttext"},
+          Encoded{"92 00 E2 82 AC", "02 E2 82 AC", "\xE2\x82\xAC"},
+          Encoded{"92 00 'a' FF 'b'", "02 'a' FF 'b'",
+                  "a\xEF\xBF\xBD"
+                  "b"},
+          Encoded{"85 20 AC", "11 20 AC", "\xE2\x82\xAC"},
+          Encoded{"86 01 D8 3D DE 00", "13 D8 3D DE 00", "\xF0\x9F\x98\x80"},
+          Encoded{"86 01 D8 3D 00 'x'", "13 D8 3D 00 'x'", "\xEF\xBF\xBDx"},
+          Encoded{"86 00 00 'x' 00", "12 00 'x' 00", "x\xEF\xBF\xBD"}, // half a unit
+          Encoded{"88 02 00 12 A3 DF", "20 02 12 A3 DF", "12-3e"},
+          Encoded{"88 05 20 DF", "20 11 20 DF", "20Z"},
+          Encoded{"8C 00 AB", "30 00 AB", "AB"},
+          Encoded{"8C 06 00 'abc'", "30 12 'abc'", "YWJj"},
+          Encoded{"8C 09 FF FE", "30 21 FF FE", "-2"},
+          Encoded{"8C 0A 01 00 01 FF FF", "30 23 00 01 FF FF", "1 -1"},
+          Encoded{"8C 0E 01 80 00 00 00", "30 33 80 00 00 00", "-2147483648"},
+          Encoded{"8C 12 05 FF FF FF FF FF FF FF FE", "30 47 FF FF FF FF FF FF FF FE", "-2"},
+          Encoded{"8C 14 38", "30 50 38", "true"},
+          Encoded{"8C 15 4A 90", "30 51 4A 90", "true false true false true false false true"},
+          Encoded{"8C 1A 01 3F 80 00 00", "30 63 3F 80 00 00", "1"},
+          Encoded{"8C 1E 05 3F F8 00 00 00 00 00 00", "30 77 3F F8 00 00 00 00 00 00", "1.5"},
+          Encoded{"8C 22 0D 01 23 45 67 89 AB CD EF 01 23 45 67 89 AB CD EF",
+                  "30 88 07 01 23 45 67 89 AB CD EF 01 23 45 67 89 AB CD EF",
+                  "0123456789ABCDEF0123456789ABCDEF"},
+          Encoded{"8C 26 00 '<&>'", "30 92 '<&>'", "<&>"}}) {
         std::string chunk = Octets(row.asChunk);
         std::string value = Octets(row.asValue);
         std::string const element = Octets("3C 00 'a'");
@@ -110,8 +109,7 @@ TEST(FastInfosetReader, ReadsOverEachComponentOfTheHeader) {
         {0x08, "D1 00 'e' 00 's' 00 'p' 00 'n' D0 80 80 80 F0"},
         {0x04, "04 'UTF-8'"},
         {0x02, "01"},
-        {0x01, "02 '1.0'"},
-    };
+        {0x01, "02 '1.0'"}};
     for (unsigned flags = 0; flags < 0x80; ++flags) {
         std::string octets = Octets("E0 00 00 01") + static_cast<char>(flags);
         for (Component const& component : kComponents) {
@@ -135,14 +133,13 @@ TEST(FastInfosetReader, GivesNamespaceDeclarationsToTheDocument) {
         char const* prefix;
         char const* uri;
     };
-    for (Declared const& row : {
-             Declared{"38 CF 00 'p' 00 'u' F0 3F 81 81 00 'a' FF", "p", "u"},
-             Declared{"38 CD 00 'u' F0 3C 00 'a' FF", "", "u"},
-             Declared{"38 CF 80 80 F0 3C 00 'a' FF", "xml", "http://www.w3.org/XML/1998/namespace"},
-             Declared{"38 CF 00 'p' 00 'u' CF 81 00 'v' F0 3C 00 'a' FF", "p", "v"},
-             Declared{"38 CF 00 'p' 00 'u' CE 81 F0 3C 00 'a' FF", "p", ""},
-             Declared{"3C 00 'a' 78 CF 00 'p' 00 'u' F0 3C 00 'b' 78 00 'x' FF FF F0", "p", "u"},
-         }) {
+    for (Declared const& row :
+         {Declared{"38 CF 00 'p' 00 'u' F0 3F 81 81 00 'a' FF", "p", "u"},
+          Declared{"38 CD 00 'u' F0 3C 00 'a' FF", "", "u"},
+          Declared{"38 CF 80 80 F0 3C 00 'a' FF", "xml", "http://www.w3.org/XML/1998/namespace"},
+          Declared{"38 CF 00 'p' 00 'u' CF 81 00 'v' F0 3C 00 'a' FF", "p", "v"},
+          Declared{"38 CF 00 'p' 00 'u' CE 81 F0 3C 00 'a' FF", "p", ""},
+          Declared{"3C 00 'a' 78 CF 00 'p' 00 'u' F0 3C 00 'b' 78 00 'x' FF FF F0", "p", "u"}}) {
         CXmlDocument document;
         Load(document, Document(Octets(row.octets)));
         EXPECT_EQ(document.LookupNamespaceFromAlias(row.prefix), row.uri) << row.octets;

@@ -73,18 +73,16 @@ TEST(FastInfosetRoundTrip, KeepsRealDocumentsUnderEverySetting) {
             std::function<void(CFastInfosetContext&)> apply;
         };
         // How much is indexed is varied below.
-        for (Setting const& setting : {
-                 Setting{"default", [](CFastInfosetContext&) {}},
-                 Setting{"suggested encodings", [](CFastInfosetContext& fi) { fi.SetSuggestedValues(); }},
-                 Setting{"shared vocabulary",
-                         [&](CFastInfosetContext& fi) {
-                             Learn(*source.GetDocumentElement(), *fi.GetVocabulary());
-                             fi.GetVocabulary()->AddElementValue("true");
-                             fi.GetVocabulary()->AddAttributeValue("1");
-                             fi.SetUseGeneratedVocabulary(true);
-                             fi.SetExternalVocabularyURI("urn:example:vocabulary");
-                         }},
-             }) {
+        for (Setting const& setting :
+             {Setting{"default", [](CFastInfosetContext&) {}},
+              Setting{"suggested encodings", [](CFastInfosetContext& fi) { fi.SetSuggestedValues(); }},
+              Setting{"shared vocabulary", [&](CFastInfosetContext& fi) {
+                          Learn(*source.GetDocumentElement(), *fi.GetVocabulary());
+                          fi.GetVocabulary()->AddElementValue("true");
+                          fi.GetVocabulary()->AddAttributeValue("1");
+                          fi.SetUseGeneratedVocabulary(true);
+                          fi.SetExternalVocabularyURI("urn:example:vocabulary");
+                      }}}) {
             CSerializationContext ctx;
             setting.apply(ctx.GetFIContext());
             for (auto const& [compression, declaration] :

@@ -138,28 +138,5 @@ TEST(FastInfosetContext, IsCopiedWithItsContext) {
     EXPECT_EQ(NamesOf(copied.GetVocabulary()->GetElementNamesTable()), "2 2 1\n");
 }
 
-TEST(FastInfosetContext, SuggestsEncodings) {
-    CFastInfosetContext fi;
-    auto const encodings = [&] {
-        std::string text;
-        for (std::uint32_t type = 0; type <= 28; ++type)
-            text += std::to_string(fi.GetEncoding(type).type) + '.' +
-                    std::to_string(fi.GetEncoding(type).index) + ' ';
-        return text;
-    };
-    EXPECT_EQ(encodings(), "0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 "
-                           "0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 0.0 ");
-    for (std::uint32_t type = 0; type <= 28; ++type)
-        fi.SetEncoding(type, {2, 9});
-    fi.SetSuggestedValues();
-    EXPECT_EQ(encodings(), "2.9 2.1 2.2 2.3 2.3 2.4 2.5 2.3 2.4 2.5 2.5 2.7 2.8 0.0 1.2 "
-                           "1.2 1.2 1.2 1.2 1.2 1.2 1.2 2.9 2.9 2.6 1.1 1.1 2.9 2.9 ");
-    for (std::uint32_t const type : {29U, 0xFFFFFFFFU}) {
-        std::string const message = "Item type [" + std::to_string(type) + "] has no Fast Infoset encoding.";
-        EXPECT_EQ(MessageOf<CZvInvalidParamException>([&] { fi.GetEncoding(type); }), message);
-        EXPECT_EQ(MessageOf<CZvInvalidParamException>([&] { fi.SetEncoding(type, {0, 0}); }), message);
-    }
-}
-
 } // namespace
 } // namespace ZvXmlLib16

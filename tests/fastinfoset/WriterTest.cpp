@@ -82,18 +82,17 @@ TEST(FastInfosetWriter, WritesSuggestedEncodings) {
         char const* text;
         char const* octets;
     };
-    for (Typed const& row : {
-             Typed{"decimals, odd and even", ItemType_decimal, "-1.5e", ItemType_decimal, "12.5",
-                   "78 00 61 60 02 A1 C5 DF F0 98 01 12 C5 FF"},
-             Typed{"date and time", ItemType_datetime, "2024-02-29T12:00:00Z", ItemType_date, "2024-02-29",
-                   "78 00 61 20 18 01 20 24 A0 2A 29 C1 2B 00 B0 0D F0 88 06 02 20 24 A0 2A 29 FF"},
-             Typed{"bytes", ItemType_hexBinary, "0aFF", ItemType_base64Binary, "YWJj",
-                   "78 00 61 70 01 0A FF F0 9C 06 00 61 62 63 FF"},
-             Typed{"durations and strings are texts", ItemType_duration, "P1D", ItemType_string, "12",
-                   "78 00 61 42 50 31 44 F0 91 31 32 FF"},
-             Typed{"what has no octets is the empty value", ItemType_base64Binary, "  ",
-                   ItemType_base64Binary, "  ", "78 00 61 FF F0 FF"},
-         })
+    for (Typed const& row :
+         {Typed{"decimals, odd and even", ItemType_decimal, "-1.5e", ItemType_decimal, "12.5",
+                "78 00 61 60 02 A1 C5 DF F0 98 01 12 C5 FF"},
+          Typed{"date and time", ItemType_datetime, "2024-02-29T12:00:00Z", ItemType_date, "2024-02-29",
+                "78 00 61 20 18 01 20 24 A0 2A 29 C1 2B 00 B0 0D F0 88 06 02 20 24 A0 2A 29 FF"},
+          Typed{"bytes", ItemType_hexBinary, "0aFF", ItemType_base64Binary, "YWJj",
+                "78 00 61 70 01 0A FF F0 9C 06 00 61 62 63 FF"},
+          Typed{"durations and strings are texts", ItemType_duration, "P1D", ItemType_string, "12",
+                "78 00 61 42 50 31 44 F0 91 31 32 FF"},
+          Typed{"what has no octets is the empty value", ItemType_base64Binary, "  ", ItemType_base64Binary,
+                "  ", "78 00 61 FF F0 FF"}})
         EXPECT_EQ(ContentOf(
                       [&](CXmlWriter& w) {
                           w.WriteAttribute("a", "", row.attribute, row.attributeType);
@@ -235,17 +234,16 @@ TEST(FastInfosetWriter, TellsWhatCannotBeWritten) {
         Script script;
         CFastInfosetContext::EncodedCharacterString encoding = {};
     };
-    for (Failure const& row : {
-             Failure{"A name is empty.", "()"},
-             Failure{"Invalid Restricted Alphabet value [0]", "(a @b=1", {1, 0}},
-             Failure{"Invalid Restricted Alphabet value [3]", "(a '1'", {1, 3}},
-             Failure{"Invalid Encoding Algorithm value [0]", "(a '1'", {2, 0}},
-             Failure{"Invalid Encoding Algorithm value [11]", "(a @b=1", {2, 11}},
-             Failure{"Unknown encoding in EncodedCharacterStringBit5.", "(a @b=1", {3, 1}},
-             Failure{"Unknown encoding in EncodedCharacterStringBit7.", "(a '1'", {3, 1}},
-             Failure{"Invalid character not found for Restricted Alphabet.", "(a '12:00:00.5Z'", {1, 2}},
-             Failure{"Invalid character not found for Restricted Alphabet.", "(a @b=12:00+01:00", {1, 2}},
-         }) {
+    for (Failure const& row :
+         {Failure{"A name is empty.", "()"},
+          Failure{"Invalid Restricted Alphabet value [0]", "(a @b=1", {1, 0}},
+          Failure{"Invalid Restricted Alphabet value [3]", "(a '1'", {1, 3}},
+          Failure{"Invalid Encoding Algorithm value [0]", "(a '1'", {2, 0}},
+          Failure{"Invalid Encoding Algorithm value [11]", "(a @b=1", {2, 11}},
+          Failure{"Unknown encoding in EncodedCharacterStringBit5.", "(a @b=1", {3, 1}},
+          Failure{"Unknown encoding in EncodedCharacterStringBit7.", "(a '1'", {3, 1}},
+          Failure{"Invalid character not found for Restricted Alphabet.", "(a '12:00:00.5Z'", {1, 2}},
+          Failure{"Invalid character not found for Restricted Alphabet.", "(a @b=12:00+01:00", {1, 2}}}) {
         CSerializationContext ctx;
         ctx.GetFIContext().SetEncoding(ItemType_string, row.encoding);
         EXPECT_EQ(MessageOf<CZvException>([&] { FastInfosetOf(row.script, ctx); }),

@@ -34,30 +34,28 @@ TEST(WrittenForms, Integers) {
         std::uint32_t value;
         char const* octets;
     };
-    for (Row const& row : {
-             Row{bit2, 1, "80"},
-             Row{bit2, 64, "BF"},
-             Row{bit2, 65, "C0 00"},
-             Row{bit2, 8256, "DF FF"},
-             Row{bit2, 8257, "E0 00 00"},
-             Row{bit2, 1048576, "EF DF BF"},
-             Row{bit3, 1, "C0"},
-             Row{bit3, 32, "DF"},
-             Row{bit3, 33, "E0 00"},
-             Row{bit3, 2080, "E7 FF"},
-             Row{bit3, 2081, "E8 00 00"},
-             Row{bit3, 526368, "EF FF FF"},
-             Row{bit3, 526369, "F0 00 00 00"},
-             Row{bit3, 1048576, "F0 07 F7 DF"},
-             Row{bit4, 1, "E0"},
-             Row{bit4, 16, "EF"},
-             Row{bit4, 17, "F0 00"},
-             Row{bit4, 1040, "F3 FF"},
-             Row{bit4, 1041, "F4 00 00"},
-             Row{bit4, 263184, "F7 FF FF"},
-             Row{bit4, 263185, "F8 00 00 00"},
-             Row{bit4, 1048576, "F8 0B FB EF"},
-         }) {
+    for (Row const& row : {Row{bit2, 1, "80"},
+                           Row{bit2, 64, "BF"},
+                           Row{bit2, 65, "C0 00"},
+                           Row{bit2, 8256, "DF FF"},
+                           Row{bit2, 8257, "E0 00 00"},
+                           Row{bit2, 1048576, "EF DF BF"},
+                           Row{bit3, 1, "C0"},
+                           Row{bit3, 32, "DF"},
+                           Row{bit3, 33, "E0 00"},
+                           Row{bit3, 2080, "E7 FF"},
+                           Row{bit3, 2081, "E8 00 00"},
+                           Row{bit3, 526368, "EF FF FF"},
+                           Row{bit3, 526369, "F0 00 00 00"},
+                           Row{bit3, 1048576, "F0 07 F7 DF"},
+                           Row{bit4, 1, "E0"},
+                           Row{bit4, 16, "EF"},
+                           Row{bit4, 17, "F0 00"},
+                           Row{bit4, 1040, "F3 FF"},
+                           Row{bit4, 1041, "F4 00 00"},
+                           Row{bit4, 263184, "F7 FF FF"},
+                           Row{bit4, 263185, "F8 00 00 00"},
+                           Row{bit4, 1048576, "F8 0B FB EF"}}) {
         std::string const octets = Written(row.form.write, row.form.current, row.value);
         EXPECT_EQ(Hex(octets), row.octets) << row.value;
         OctetInput in(reinterpret_cast<unsigned char const*>(octets.data()), octets.size());
@@ -84,26 +82,24 @@ TEST(WrittenForms, LengthsOfOctetStrings) {
         std::size_t length;
         char const* octets;
     };
-    for (Row const& row : {
-             Row{bit2, &OctetInput::ReadLength2, 0x80, 1, "80"},
-             Row{bit2, &OctetInput::ReadLength2, 0x80, 64, "BF"},
-             Row{bit2, &OctetInput::ReadLength2, 0x80, 65, "C0 00"},
-             Row{bit2, &OctetInput::ReadLength2, 0x80, 320, "C0 FF"},
-             Row{bit2, &OctetInput::ReadLength2, 0x80, 321, "E0 00 00 00 00"},
-             Row{bit2, &OctetInput::ReadLength2, 0x80, 70000, "E0 00 01 10 2F"},
-             Row{bit5, &OctetInput::ReadLength5, 0xF0, 1, "F0"},
-             Row{bit5, &OctetInput::ReadLength5, 0xF0, 8, "F7"},
-             Row{bit5, &OctetInput::ReadLength5, 0xF0, 9, "F8 00"},
-             Row{bit5, &OctetInput::ReadLength5, 0xF0, 264, "F8 FF"},
-             Row{bit5, &OctetInput::ReadLength5, 0xF0, 265, "FC 00 00 00 00"},
-             Row{bit5, &OctetInput::ReadLength5, 0xF0, 70000, "FC 00 01 10 67"},
-             Row{bit7, &OctetInput::ReadLength7, 0xFC, 1, "FC"},
-             Row{bit7, &OctetInput::ReadLength7, 0xFC, 2, "FD"},
-             Row{bit7, &OctetInput::ReadLength7, 0xFC, 3, "FE 00"},
-             Row{bit7, &OctetInput::ReadLength7, 0xFC, 258, "FE FF"},
-             Row{bit7, &OctetInput::ReadLength7, 0xFC, 259, "FF 00 00 00 00"},
-             Row{bit7, &OctetInput::ReadLength7, 0xFC, 70000, "FF 00 01 10 6D"},
-         }) {
+    for (Row const& row : {Row{bit2, &OctetInput::ReadLength2, 0x80, 1, "80"},
+                           Row{bit2, &OctetInput::ReadLength2, 0x80, 64, "BF"},
+                           Row{bit2, &OctetInput::ReadLength2, 0x80, 65, "C0 00"},
+                           Row{bit2, &OctetInput::ReadLength2, 0x80, 320, "C0 FF"},
+                           Row{bit2, &OctetInput::ReadLength2, 0x80, 321, "E0 00 00 00 00"},
+                           Row{bit2, &OctetInput::ReadLength2, 0x80, 70000, "E0 00 01 10 2F"},
+                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 1, "F0"},
+                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 8, "F7"},
+                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 9, "F8 00"},
+                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 264, "F8 FF"},
+                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 265, "FC 00 00 00 00"},
+                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 70000, "FC 00 01 10 67"},
+                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 1, "FC"},
+                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 2, "FD"},
+                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 3, "FE 00"},
+                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 258, "FE FF"},
+                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 259, "FF 00 00 00 00"},
+                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 70000, "FF 00 01 10 6D"}}) {
         std::string const text(row.length, 'x');
         CBinaryStream sink;
         OctetOutput out(sink);

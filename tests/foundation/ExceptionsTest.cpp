@@ -18,18 +18,16 @@ TEST(Exceptions, AppendThePathOnlyWhereItIsGivenAndNotEmpty) {
         char const* message;
         char const* path;
     };
-    for (Row const& row : {
-             Row{CZvException(), "", ""},
-             Row{CZvException("text"), "text", ""},
-             Row{CZvException("text", ""), "text", ""},
-             Row{CZvException("text", "/a/b"), "text\nPath: /a/b", "/a/b"},
-             Row{CZvException("text", "/a", cause), "text\nPath: /a", "/a"},
-             Row{CZvException("text", cause), "text", ""},
-             Row{CZvValidationException("text", "/a", cause), "text\nPath: /a", "/a"},
-             Row{CZvInvalidNamespaceException("text", "/a"), "text\nPath: /a", "/a"},
-             Row{CZvInvalidValueException("text"), "text", ""},
-             Row{CZvInvalidValueException(CZvException("text", "/a")), "text\nPath: /a", "/a"},
-         }) {
+    for (Row const& row :
+         {Row{CZvException(), "", ""}, Row{CZvException("text"), "text", ""},
+          Row{CZvException("text", ""), "text", ""},
+          Row{CZvException("text", "/a/b"), "text\nPath: /a/b", "/a/b"},
+          Row{CZvException("text", "/a", cause), "text\nPath: /a", "/a"},
+          Row{CZvException("text", cause), "text", ""},
+          Row{CZvValidationException("text", "/a", cause), "text\nPath: /a", "/a"},
+          Row{CZvInvalidNamespaceException("text", "/a"), "text\nPath: /a", "/a"},
+          Row{CZvInvalidValueException("text"), "text", ""},
+          Row{CZvInvalidValueException(CZvException("text", "/a")), "text\nPath: /a", "/a"}}) {
         EXPECT_EQ(row.failure.GetMessage(), row.message);
         EXPECT_EQ(row.failure.GetPath(), row.path);
     }

@@ -61,19 +61,17 @@ TEST(Utf16, ReplacesEachMalformedSequence) {
         std::string utf8;
         std::u16string units;
     };
-    std::string const plain = "0123456789abcdef"; // so that sequences lie behind runs of plain octets, too
-    for (Row const& row : {
-             Row{"\x80", u"\uFFFD"},                               // without a lead
-             Row{"a\xC3", u"a\uFFFD"},                             // cut off
-             Row{"\xE2\x82", u"\uFFFD"},                           // cut off behind two octets
-             Row{"\xE2\x82z", u"\uFFFDz"},                         // interrupted
-             Row{"\xF0\x9F\x98!", u"\uFFFD!"},                     // interrupted behind three octets
-             Row{"\xC0\xAF", u"\uFFFD\uFFFD"},                     // overlong
-             Row{"\xE0\x9F\xBF", u"\uFFFD\uFFFD\uFFFD"},           // overlong
-             Row{"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},           // a surrogate
-             Row{"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"}, // above U+10FFFF
-             Row{"\xFF\xFE", u"\uFFFD\uFFFD"},
-         }) {
+    std::string const plain = "0123456789abcdef";    // so that sequences lie behind runs of plain octets, too
+    for (Row const& row : {Row{"\x80", u"\uFFFD"},   // without a lead
+                           Row{"a\xC3", u"a\uFFFD"}, // cut off
+                           Row{"\xE2\x82", u"\uFFFD"},                 // cut off behind two octets
+                           Row{"\xE2\x82z", u"\uFFFDz"},               // interrupted
+                           Row{"\xF0\x9F\x98!", u"\uFFFD!"},           // interrupted behind three octets
+                           Row{"\xC0\xAF", u"\uFFFD\uFFFD"},           // overlong
+                           Row{"\xE0\x9F\xBF", u"\uFFFD\uFFFD\uFFFD"}, // overlong
+                           Row{"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"}, // a surrogate
+                           Row{"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"}, // above U+10FFFF
+                           Row{"\xFF\xFE", u"\uFFFD\uFFFD"}}) {
         for (std::string const& front : {std::string(), plain, plain + "xyz", "\xC3\xA4" + plain}) {
             std::string const text = front + row.utf8;
             std::u16string const expected = ConvertUtf8ToUtf16(front) + row.units;

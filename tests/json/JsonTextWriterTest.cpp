@@ -132,8 +132,7 @@ TEST(JsonTextWriter, KeepsAsMuchAsItsModeSays) {
         {JsonRoundTrip_NoNamespaces, R"({"a": {"@b": "1","@c": "2","e": null,"f": null,"#text": "x"}})"},
         {JsonRoundTrip_Full,
          R"({"p:a": {"@xmlns": "d","@xmlns:i": "http://www.w3.org/2001/XMLSchema-instance","@xmlns:p": "u",)"
-         R"("@i:type": "p:T","@b": "1","@p:c": "2","e": null,"p:f": null,"#text": "x"}})"},
-    };
+         R"("@i:type": "p:T","@b": "1","@p:c": "2","e": null,"p:f": null,"#text": "x"}})"}};
     for (auto const& row : rows) {
         EXPECT_EQ(Write(script, Compact(row.mode)), row.json);
         EXPECT_EQ(FaultOfJson(row.json), "");
@@ -172,14 +171,12 @@ TEST(JsonTextWriter, EscapesValuesByteByByte) {
     struct {
         std::string text;
         std::string json;
-    } const rows[] = {
-        {R"("quoted\)", R"("\"quoted\\")"},
-        {"\b\t\f\r/", R"("\b\t\f/")"},
-        {"\x01\x0B\x0E\x1F\x7F", "\"\\u0001\\u000B\\u000E\\u001F\x7F\""},
-        {"\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E", "\"\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E\""},
-        {"before\0behind"s, R"("before")"},
-        {std::string(5000, 'x') + "\"", '"' + std::string(5000, 'x') + R"(\"")"},
-    };
+    } const rows[] = {{R"("quoted\)", R"("\"quoted\\")"},
+                      {"\b\t\f\r/", R"("\b\t\f/")"},
+                      {"\x01\x0B\x0E\x1F\x7F", "\"\\u0001\\u000B\\u000E\\u001F\x7F\""},
+                      {"\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E", "\"\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E\""},
+                      {"before\0behind"s, R"("before")"},
+                      {std::string(5000, 'x') + "\"", '"' + std::string(5000, 'x') + R"(\"")"}};
     for (auto const& row : rows) {
         std::string const json = Write(Script("(a @b='" + row.text + "' '" + row.text + "')"), Compact());
         EXPECT_EQ(json, R"({"a": {"@b": )" + row.json + R"(,"#text": )" + row.json + "}}");
@@ -225,8 +222,7 @@ TEST(JsonTextWriter, RefusesWhatItCannotWrite) {
         {")", "There is no open element to be closed."},
         {"(a '1' '2'", "In JSON nothing can follow the text of an element that began with its text."},
         {"(a '1' (b", "In JSON nothing can follow the text of an element that began with its text."},
-        {"(a '1' @b=2", "In JSON nothing can follow the text of an element that began with its text."},
-    };
+        {"(a '1' @b=2", "In JSON nothing can follow the text of an element that began with its text."}};
     for (auto const& row : rows)
         EXPECT_EQ(MessageOf<CZvException>([&] { Write(Script(row.script), Compact()); }), row.message)
             << row.script;

@@ -41,19 +41,14 @@ std::string ByWayOfXml(std::string const& json, CSerializationContext const& ctx
 TEST(JsonTreeWriter, BuildsTheTreeOfTheXmlText) {
     LocalEncoding const local(65001);
     CSerializationContext const ctx;
-    for (char const* json : {
-             R"({"a":"x"})",
-             R"({"a":null})",
-             R"({"a":[]})",
-             R"({"a":{"b":[1,{"@c":2,"#text":"x"},{"d":{"e":""}},null],"f":true,"#text":"tail\n"}})",
-             R"({"a":{"b":{"c":1,"c":2},"#text":"x"}})",
-             R"({"a":{"@b":"<&>\"'\n","c":"<&>\"'\n\t]]>"}})",
-             R"({"a":{"@xmlns":"u","@xmlns:p":"v","@xmlns:q":"v","b":1,"p:b":{"@p:c":1,"@c":2},"q:b":"x"}})",
-             R"({"p:a":{"@p:b":1,"@xmlns:p":"u"}})",
-             R"({"a":{"@xmlns":"","@xml:lang":"de"}})",
-             R"({"a":{"@b":"\u00e4\u20ac\ud83d\ude00\u007f","#text":"\u00e4\ufffd"}})",
-             R"({"r":{"a":{"#text":1,"b":2},"c":{"#text":{"d":1}}}})",
-         }) {
+    for (char const* json :
+         {R"({"a":"x"})", R"({"a":null})", R"({"a":[]})",
+          R"({"a":{"b":[1,{"@c":2,"#text":"x"},{"d":{"e":""}},null],"f":true,"#text":"tail\n"}})",
+          R"({"a":{"b":{"c":1,"c":2},"#text":"x"}})", R"({"a":{"@b":"<&>\"'\n","c":"<&>\"'\n\t]]>"}})",
+          R"({"a":{"@xmlns":"u","@xmlns:p":"v","@xmlns:q":"v","b":1,"p:b":{"@p:c":1,"@c":2},"q:b":"x"}})",
+          R"({"p:a":{"@p:b":1,"@xmlns:p":"u"}})", R"({"a":{"@xmlns":"","@xml:lang":"de"}})",
+          R"({"a":{"@b":"\u00e4\u20ac\ud83d\ude00\u007f","#text":"\u00e4\ufffd"}})",
+          R"({"r":{"a":{"#text":1,"b":2},"c":{"#text":{"d":1}}}})"}) {
         CXmlDocument document(ctx);
         ASSERT_TRUE(CJsonTreeWriter::Fill(document, json, ctx)) << json;
         EXPECT_EQ(Describe(document), ByWayOfXml(json, ctx)) << json;
@@ -66,34 +61,33 @@ TEST(JsonTreeWriter, TakesNothingThatNeedsTheParsersJudgement) {
     std::string tooMany = "{\"a\":{\"@x\":1";
     for (int i = 0; i < 64; ++i)
         tooMany += ",\"@x" + std::to_string(i) + "\":1";
-    for (std::string const& json : std::initializer_list<std::string>{
-             "{}",
-             R"({"a":1,"b":2})",
-             R"({"a b":1})",
-             R"({"1":1})",
-             "{\"\xC3\xA4\":1}",
-             R"({"a":{"b:":1}})",
-             R"({"a":{"p:b":1}})",
-             R"({"a":{"@p:b":1}})",
-             R"({"a":{"@b":1,"@b":2}})",
-             R"({"a":{"b":{"@c":1,"@c":2}}})",
-             R"({"a":{"@xmlns:p":"u","@xmlns:q":"u","@p:b":1,"@q:b":2}})",
-             R"({"a":{"@xmlns":"u","@xmlns":"v"}})",
-             R"({"a":{"@xmlns:p":""}})",
-             R"({"a":{"@xmlns:xml":"u"}})",
-             R"({"a":{"@xmlns":"http://www.w3.org/XML/1998/namespace"}})",
-             R"({"a":{"@xmlns":"u|v"}})",
-             R"({"a":{"b":{"@xmlns":"u"}}})",
-             R"({"a":"\u0001"})",
-             R"({"a":"x\r"})",
-             R"({"a":{"@b":"\t"}})",
-             R"({"a":"\uffff"})",
-             "{\"a\":\"\xC3\"}",
-             R"({"a":"<![CDATA[x]]>"})",
-             R"({"a":{"#text":1,"@b":2}})",
-             "5",
-             tooMany + "}}",
-         }) {
+    for (std::string const& json :
+         std::initializer_list<std::string>{"{}",
+                                            R"({"a":1,"b":2})",
+                                            R"({"a b":1})",
+                                            R"({"1":1})",
+                                            "{\"\xC3\xA4\":1}",
+                                            R"({"a":{"b:":1}})",
+                                            R"({"a":{"p:b":1}})",
+                                            R"({"a":{"@p:b":1}})",
+                                            R"({"a":{"@b":1,"@b":2}})",
+                                            R"({"a":{"b":{"@c":1,"@c":2}}})",
+                                            R"({"a":{"@xmlns:p":"u","@xmlns:q":"u","@p:b":1,"@q:b":2}})",
+                                            R"({"a":{"@xmlns":"u","@xmlns":"v"}})",
+                                            R"({"a":{"@xmlns:p":""}})",
+                                            R"({"a":{"@xmlns:xml":"u"}})",
+                                            R"({"a":{"@xmlns":"http://www.w3.org/XML/1998/namespace"}})",
+                                            R"({"a":{"@xmlns":"u|v"}})",
+                                            R"({"a":{"b":{"@xmlns":"u"}}})",
+                                            R"({"a":"\u0001"})",
+                                            R"({"a":"x\r"})",
+                                            R"({"a":{"@b":"\t"}})",
+                                            R"({"a":"\uffff"})",
+                                            "{\"a\":\"\xC3\"}",
+                                            R"({"a":"<![CDATA[x]]>"})",
+                                            R"({"a":{"#text":1,"@b":2}})",
+                                            "5",
+                                            tooMany + "}}"}) {
         CXmlDocument document(ctx);
         EXPECT_FALSE(CJsonTreeWriter::Fill(document, json, ctx)) << json;
         EXPECT_EQ(document.GetDocumentElement(), nullptr) << json;

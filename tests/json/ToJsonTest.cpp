@@ -36,17 +36,15 @@ TEST(ToJson, WritesUntypedElements) {
     struct {
         char const* xml;
         char const* json;
-    } const rows[] = {
-        {"<a>x</a>", R"({"a": "x"})"},
-        // An untyped element always has a text.
-        {"<a/>", R"({"a": ""})"},
-        {"<a b='1'><c>x</c><c/>y</a>", R"({"a": {"@b": "1","c": "x","c": "","#text": "y"}})"},
-        // Its elements are not of a collection of the schema, so they are no array.
-        {"<a><c d='1'/><c d='2'/></a>",
-         R"({"a": {"c": {"@d": "1","#text": ""},"c": {"@d": "2","#text": ""},"#text": ""}})"},
-        {"<a b='&lt;&quot;\\'>5</a>", R"({"a": {"@b": "<\"\\","#text": "5"}})"},
-        {"<p:a xmlns:p='u'/>", R"({"AA:a": {"@xmlns:AA": "u","#text": ""}})"},
-    };
+    } const rows[] = {{"<a>x</a>", R"({"a": "x"})"},
+                      // An untyped element always has a text.
+                      {"<a/>", R"({"a": ""})"},
+                      {"<a b='1'><c>x</c><c/>y</a>", R"({"a": {"@b": "1","c": "x","c": "","#text": "y"}})"},
+                      // Its elements are not of a collection of the schema, so they are no array.
+                      {"<a><c d='1'/><c d='2'/></a>",
+                       R"({"a": {"c": {"@d": "1","#text": ""},"c": {"@d": "2","#text": ""},"#text": ""}})"},
+                      {"<a b='&lt;&quot;\\'>5</a>", R"({"a": {"@b": "<\"\\","#text": "5"}})"},
+                      {"<p:a xmlns:p='u'/>", R"({"AA:a": {"@xmlns:AA": "u","#text": ""}})"}};
     for (auto const& row : rows) {
         CSmartPtr<CElement> const element(new CElement(""));
         element->FromXml(row.xml);

@@ -171,8 +171,7 @@ std::vector<Scenario> const& MemoryScenarios() {
         {"Fast Infoset with suggested encodings", ThroughFastInfoset<true>},
         {"JSON text", WriteJson},
         {"JSON", ThroughJson},
-        {"copies", CopyObject},
-    };
+        {"copies", CopyObject}};
     return scenarios;
 }
 
@@ -183,7 +182,6 @@ std::vector<Scenario> const& FileScenarios() {
         {"an XML file by overlapped transfers", ThroughFile<CompressionType_None, true>},
         {"a JSON and a Fast Infoset file", ThroughFilesOfOtherFormats<CompressionType_None, false>},
         {"the same compressed", ThroughFilesOfOtherFormats<CompressionType_GZip, false>},
-        {"the same by overlapped transfers", ThroughFilesOfOtherFormats<CompressionType_None, true>},
-    };
+        {"the same by overlapped transfers", ThroughFilesOfOtherFormats<CompressionType_None, true>}};
     return scenarios;
 }

@@ -80,22 +80,19 @@ TEST(Stack, OfTheDeepestObjects) {
     };
     CBinaryData fastInfoset;
     std::string text;
-    for (Row const& row : {
-             Row{"untyped from XML", [&] { element->FromXml(xml.c_str()); }, 768},
-             Row{"untyped cloned", [&] { copy = element->Clone(); }, 768},
-             Row{"untyped to XML", [&] { text = element->ToXml(false, false, EOLType_LF, ctx); }, 512},
-             Row{"untyped to JSON", [&] { text = element->ToJson(false, EOLType_LF, ctx); }, 512},
-             Row{"untyped to Fast Infoset",
-                 [&] {
-                     fastInfoset = element->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None);
-                 },
-                 512},
-             Row{"untyped from Fast Infoset", [&] { copy->FromXmlStream(fastInfoset, ctx); }, 768},
-             Row{"untyped ended", [&] { copy = nullptr; }, 128},
-             Row{"bound from XML", [&] { bound->FromXml(inner.c_str(), ctx); }, 1536},
-             Row{"bound to XML", [&] { text = bound->ToXml(false, false, EOLType_LF, ctx); }, 1536},
-             Row{"bound ended", [&] { bound = nullptr; }, 128},
-         }) {
+    for (Row const& row :
+         {Row{"untyped from XML", [&] { element->FromXml(xml.c_str()); }, 768},
+          Row{"untyped cloned", [&] { copy = element->Clone(); }, 768},
+          Row{"untyped to XML", [&] { text = element->ToXml(false, false, EOLType_LF, ctx); }, 512},
+          Row{"untyped to JSON", [&] { text = element->ToJson(false, EOLType_LF, ctx); }, 512},
+          Row{"untyped to Fast Infoset",
+              [&] { fastInfoset = element->ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None); },
+              512},
+          Row{"untyped from Fast Infoset", [&] { copy->FromXmlStream(fastInfoset, ctx); }, 768},
+          Row{"untyped ended", [&] { copy = nullptr; }, 128},
+          Row{"bound from XML", [&] { bound->FromXml(inner.c_str(), ctx); }, 1536},
+          Row{"bound to XML", [&] { text = bound->ToXml(false, false, EOLType_LF, ctx); }, 1536},
+          Row{"bound ended", [&] { bound = nullptr; }, 128}}) {
         std::size_t const used = StackOf(row.action);
         std::printf("%-28s %6zu KiB\n", row.way, used / 1024);
         EXPECT_LE(used / 1024, row.kibibytes) << row.way;

@@ -23,11 +23,8 @@ TEST(StringBuffer, FillsBlocksOfOneLessThanTheInitialSize) {
         std::uint32_t initialSize;
         std::vector<std::string> blocks;
     };
-    for (Row const& row : {
-             Row{8, {"abcdefg", "hijklmn", "o"}},
-             Row{16, {"abcdefghijklmno"}},
-             Row{3, {"ab", "cd", "ef", "gh", "ij", "kl", "mn", "o"}},
-         }) {
+    for (Row const& row : {Row{8, {"abcdefg", "hijklmn", "o"}}, Row{16, {"abcdefghijklmno"}},
+                           Row{3, {"ab", "cd", "ef", "gh", "ij", "kl", "mn", "o"}}}) {
         CStringBuffer buffer(row.initialSize);
         buffer.Append("abc");
         buffer.Append('d');

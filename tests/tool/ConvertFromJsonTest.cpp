@@ -12,18 +12,15 @@ TEST(ZvxmlOnJson, IsToldByTheFirstSignificantByte) {
         char const* input;
         char const* output;
     };
-    for (Row const& row : {
-             Row{"", "{\"a\":1}", "<a>1</a>"},
-             Row{"", " \r\n\t{\"a\":{\"b\":[{\"@c\":1},2],\"#text\":\"x\"}}", "<a><b c=\"1\"/><b>2</b>x</a>"},
-             Row{"", "\xEF\xBB\xBF/**/ {\"a\":{\"@xmlns:p\":\"u\",\"p:b\":{\"c\":null}}}",
-                 "<a xmlns:p=\"u\"><p:b><c/></p:b></a>"},
-             Row{"--root r", "[7]", "<r>7</r>"},
-             Row{"--root=r", "\"x\"", "<r>x</r>"},
-             Row{"--root r", "-1.50", "<r>-1.50</r>"},
-             Row{"--root r", " null", "<r/>"},
-             Row{"--root r --pretty", "{\"b\":{\"c\":1}}", "<r>\n\t<b>\n\t\t<c>1</c>\n\t</b>\n</r>\n"},
-             Row{"--to json", "{\"a\":{\"@b\":1,\"c\":2}}", R"({"a": {"@b": "1","c": "2","#text": ""}})"},
-         }) {
+    for (Row const& row :
+         {Row{"", "{\"a\":1}", "<a>1</a>"},
+          Row{"", " \r\n\t{\"a\":{\"b\":[{\"@c\":1},2],\"#text\":\"x\"}}", "<a><b c=\"1\"/><b>2</b>x</a>"},
+          Row{"", "\xEF\xBB\xBF/**/ {\"a\":{\"@xmlns:p\":\"u\",\"p:b\":{\"c\":null}}}",
+              "<a xmlns:p=\"u\"><p:b><c/></p:b></a>"},
+          Row{"--root r", "[7]", "<r>7</r>"}, Row{"--root=r", "\"x\"", "<r>x</r>"},
+          Row{"--root r", "-1.50", "<r>-1.50</r>"}, Row{"--root r", " null", "<r/>"},
+          Row{"--root r --pretty", "{\"b\":{\"c\":1}}", "<r>\n\t<b>\n\t\t<c>1</c>\n\t</b>\n</r>\n"},
+          Row{"--to json", "{\"a\":{\"@b\":1,\"c\":2}}", R"({"a": {"@b": "1","c": "2","#text": ""}})"}}) {
         std::string const options = row.options;
         ToolResult const result = scratch.Run("convert " + options + " - -", row.input);
         EXPECT_EQ(result.out, row.output) << row.input;

@@ -14,20 +14,18 @@ struct Row {
 
 TEST(ZvxmlConvertToJson, GivesEveryNamespaceAnAliasAtTheRoot) {
     ScratchDirectory const scratch;
-    for (
-        Row const& row : {
-            Row{"", R"(<a xmlns="u"><b/></a>)", R"({"a": {"@xmlns": "u","b": "","#text": ""}})"},
-            Row{"", R"(<p:a xmlns:p="u"><q:b xmlns:q="v" q:c="1"/></p:a>)",
-                R"({"p:a": {"@xmlns:p": "u","@xmlns:q": "v","q:b": {"@q:c": "1","#text": ""},"#text": ""}})"},
-            Row{"", R"(<a><b xmlns="u"/><b xmlns="v">x</b></a>)",
-                R"({"a": {"@xmlns:ns1": "u","@xmlns:ns2": "v","ns1:b": "","ns2:b": "x","#text": ""}})"},
-            Row{"", R"(<a xml:lang="de">x</a>)", R"({"a": {"@xml:lang": "de","#text": "x"}})"},
-            Row{"--json full", R"(<a xmlns="u&amp;w"/>)", R"({"a": {"@xmlns": "u&w","#text": ""}})"},
-            Row{"--json no-namespaces", R"(<p:a xmlns:p="u" p:b="1"><c/>x</p:a>)",
-                R"({"a": {"@b": "1","c": "","#text": "x"}})"},
-            Row{"--json=none", R"(<p:a xmlns:p="u" p:b="1"><c/>x</p:a>)",
-                R"({"a": {"b": "1","c": "","": "x"}})"},
-        }) {
+    for (Row const& row :
+         {Row{"", R"(<a xmlns="u"><b/></a>)", R"({"a": {"@xmlns": "u","b": "","#text": ""}})"},
+          Row{"", R"(<p:a xmlns:p="u"><q:b xmlns:q="v" q:c="1"/></p:a>)",
+              R"({"p:a": {"@xmlns:p": "u","@xmlns:q": "v","q:b": {"@q:c": "1","#text": ""},"#text": ""}})"},
+          Row{"", R"(<a><b xmlns="u"/><b xmlns="v">x</b></a>)",
+              R"({"a": {"@xmlns:ns1": "u","@xmlns:ns2": "v","ns1:b": "","ns2:b": "x","#text": ""}})"},
+          Row{"", R"(<a xml:lang="de">x</a>)", R"({"a": {"@xml:lang": "de","#text": "x"}})"},
+          Row{"--json full", R"(<a xmlns="u&amp;w"/>)", R"({"a": {"@xmlns": "u&w","#text": ""}})"},
+          Row{"--json no-namespaces", R"(<p:a xmlns:p="u" p:b="1"><c/>x</p:a>)",
+              R"({"a": {"@b": "1","c": "","#text": "x"}})"},
+          Row{"--json=none", R"(<p:a xmlns:p="u" p:b="1"><c/>x</p:a>)",
+              R"({"a": {"b": "1","c": "","": "x"}})"}}) {
         ToolResult const result =
             scratch.Run("convert --to json " + std::string(row.options) + " - -", row.input);
         EXPECT_EQ(result.out, row.output) << row.input;

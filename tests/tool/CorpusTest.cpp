@@ -15,17 +15,15 @@ TEST(ZvxmlOnRealDocuments, KeepsElementsAttributesTextsAndNamespaces) {
     ASSERT_GE(documents.size(), 6U);
     ScratchDirectory const scratch;
     for (std::string const& document : documents) {
-        for (Form const& form : {
-                 Form{"", "form.xml", Texts::All},
-                 Form{"--encoding utf-16 --declaration", "form.xml", Texts::All},
-                 Form{"", "form.xml.gz", Texts::All},
-                 Form{"--eol crlf", "form.xml.zz", Texts::All},
-                 Form{"", "form.fi", Texts::All},
-                 Form{"--add-length 1000000 --declaration", "form.finf.gz", Texts::All},
-                 Form{"", "form.json", Texts::WithoutLineFeeds},
-                 Form{"", "form.json.gz", Texts::WithoutLineFeeds},
-                 Form{"--pretty", "form.xml", Texts::OfElementsWithoutChildren},
-             }) {
+        for (Form const& form :
+             {Form{"", "form.xml", Texts::All},
+              Form{"--encoding utf-16 --declaration", "form.xml", Texts::All},
+              Form{"", "form.xml.gz", Texts::All}, Form{"--eol crlf", "form.xml.zz", Texts::All},
+              Form{"", "form.fi", Texts::All},
+              Form{"--add-length 1000000 --declaration", "form.finf.gz", Texts::All},
+              Form{"", "form.json", Texts::WithoutLineFeeds},
+              Form{"", "form.json.gz", Texts::WithoutLineFeeds},
+              Form{"--pretty", "form.xml", Texts::OfElementsWithoutChildren}}) {
             std::string const what = document + ' ' + form.options + ' ' + form.file;
             ToolResult const there =
                 scratch.Run("convert " + std::string(form.options) + " '" + document + "' " + form.file);

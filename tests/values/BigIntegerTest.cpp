@@ -144,23 +144,21 @@ TEST(BigInteger, GivesZeroTheSignOfTheRuleThatLeadsThere) {
         CBigInteger value;
         char const* sign;
     };
-    std::vector<Row> const rows = {
-        {"-0 + -0", minusZero + minusZero, "-0"},
-        {"-0 - 0", minusZero - zero, "-0"},
-        {"-0 + 0", minusZero + zero, "0"},
-        {"0 - 0", zero - CBigInteger(0), "0"},
-        {"-2 - -2", minusTwo - CBigInteger(-2), "0"},
-        {"-0 * 1", minusZero * one, "0"},
-        {"0 * -2", zero * minusTwo, "0"},
-        {"1 / -2", one / minusTwo, "-0"},
-        {"-0 / 1", minusZero / one, "0"},
-        {"-2 % 1", minusTwo % one, "-0"},
-        {"-0 % -2", minusZero % minusTwo, "0"},
-        {"negative of 0", zero.GetNegative(), "-0"},
-        {"magnitude of -0", minusZero.GetAbs(), "0"},
-        {"of -0.3", CBigInteger(-0.3), "-0"},
-        {"of -0.0", CBigInteger(-0.0), "0"},
-    };
+    std::vector<Row> const rows = {{"-0 + -0", minusZero + minusZero, "-0"},
+                                   {"-0 - 0", minusZero - zero, "-0"},
+                                   {"-0 + 0", minusZero + zero, "0"},
+                                   {"0 - 0", zero - CBigInteger(0), "0"},
+                                   {"-2 - -2", minusTwo - CBigInteger(-2), "0"},
+                                   {"-0 * 1", minusZero * one, "0"},
+                                   {"0 * -2", zero * minusTwo, "0"},
+                                   {"1 / -2", one / minusTwo, "-0"},
+                                   {"-0 / 1", minusZero / one, "0"},
+                                   {"-2 % 1", minusTwo % one, "-0"},
+                                   {"-0 % -2", minusZero % minusTwo, "0"},
+                                   {"negative of 0", zero.GetNegative(), "-0"},
+                                   {"magnitude of -0", minusZero.GetAbs(), "0"},
+                                   {"of -0.3", CBigInteger(-0.3), "-0"},
+                                   {"of -0.0", CBigInteger(-0.0), "0"}};
     for (Row const& row : rows)
         EXPECT_EQ(Signed(row.value), row.sign) << row.what;
     EXPECT_EQ(minusZero.ToString(), "0");

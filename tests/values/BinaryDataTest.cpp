@@ -141,26 +141,6 @@ TEST(BinaryData, RefusesALengthBeyond32Bits) {
     EXPECT_EQ(TextOf(data), "a");
 }
 
-TEST(BinaryData, IsSharedSafelyAmongThreads) {
-    CBinaryData const shared("0123456789");
-    std::vector<std::thread> threads;
-    std::vector<int> wrong(4, -1);
-    for (int& count : wrong) {
-        threads.emplace_back([&count, mine = shared] {
-            count = 0;
-            for (int i = 0; i < 2000; ++i) {
-                CBinaryData copy(mine);
-                CBinaryData const second(copy);
-                copy.Append('x');
-                count += copy.GetLength() == 11 && second.GetLength() == 10 ? 0 : 1;
-            }
-        });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
-    EXPECT_EQ(wrong, std::vector<int>(4, 0));
-}
-
 TEST(Base64, WritesOnePaddedLine) {
     struct Row {
         char const* bytes;

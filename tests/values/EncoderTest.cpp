@@ -132,20 +132,4 @@ TEST(Encoder, TakesAnUnknownPageAsTheDefault) {
     }
 }
 
-TEST(Encoder, ConvertsOnSeveralThreadsAtOnce) {
-    LocalEncoding const encoding(1252);
-    std::vector<std::thread> threads;
-    std::vector<int> wrong(4, -1);
-    for (int& count : wrong) {
-        threads.emplace_back([&count] {
-            count = 0;
-            for (int i = 0; i < 500; ++i)
-                count += Utf8ToLocal("\xE2\x82\xAC") == "\x80" ? 0 : 1;
-        });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
-    EXPECT_EQ(wrong, std::vector<int>(4, 0));
-}
-
 } // namespace

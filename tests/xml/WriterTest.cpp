@@ -101,18 +101,6 @@ TEST(XmlWriter, CountsOneContextForEachElement) {
     EXPECT_EQ(ContextCounts(), "CXmlWriterContext = 0/5") << "also for elements that were left open";
 }
 
-TEST(XmlWriter, WritesAnyDepthWithoutADeepStack) {
-    CTextStream sink(XmlEncoding_None);
-    CXmlTextWriter writer(&sink);
-    writer.SetFormatted(false);
-    int const depth = 200000;
-    for (int i = 0; i < depth; ++i)
-        writer.WriteElementStart("a", "");
-    for (int i = 0; i < depth - 1; ++i)
-        writer.WriteElementEnd();
-    EXPECT_EQ(sink.GetLength(), 3u * depth + 1 + 4u * (depth - 2));
-}
-
 TEST(XmlWriter, FindsAndMakesAliasesAmongVeryMany) {
     // Copying or searching them all for each would take longer than a test may run.
     int const count = 100000;
