@@ -2,6 +2,7 @@
 #include "tests/fastinfoset/WrittenOctets.h"
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/Vectors.h"
 #include "zvxmllib/fastinfoset/FastInfosetBinaryData.h"
 #include "zvxmllib/foundation/Exceptions.h"
 
@@ -17,41 +18,12 @@ CFastInfosetBinaryData DataOf(std::string const& octets) {
 }
 
 TEST(EncodedValues, GoOutAndComeBack) {
-    struct Row {
-        std::uint32_t algorithm;
-        char const* text;
-        std::string octets;
-        char const* back;
-    };
-    for (Row const& row :
-         {Row{1, "0aFF", {"\x0A\xFF", 2}, "0AFF"},
-          Row{1, "", "", ""},
-          Row{2, "YWJj", "abc", "YWJj"},
-          Row{2, " Y W I = ", "ab", "YWI="},
-          Row{2, "Y*", "", ""},
-          Row{3, "-2", "\xFF\xFE", "-2"},
-          Row{3, "+0032767", "\x7F\xFF", "32767"},
-          Row{3, "-32768", {"\x80\x00", 2}, "-32768"},
-          Row{4, "-2147483648", {"\x80\x00\x00\x00", 4}, "-2147483648"},
-          Row{4, "66051", {"\x00\x01\x02\x03", 4}, "66051"},
-          Row{5, "9223372036854775807", "\x7F\xFF\xFF\xFF\xFF\xFF\xFF\xFF", "9223372036854775807"},
-          Row{5, "-2", "\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFE", "-2"},
-          Row{6, "true", "\x38", "true"},
-          Row{6, "1", "\x38", "true"},
-          Row{6, "FALSE", "\x30", "false"},
-          Row{7, "1", {"\x3F\x80\x00\x00", 4}, "1"},
-          Row{7, "-INF", {"\xFF\x80\x00\x00", 4}, "-INF"},
-          Row{7, "0.1", "\x3D\xCC\xCC\xCD", "0.1"},
-          Row{8, "-2.5", {"\xC0\x04\x00\x00\x00\x00\x00\x00", 8}, "-2.5"},
-          Row{8, "INF", {"\x7F\xF0\x00\x00\x00\x00\x00\x00", 8}, "INF"},
-          Row{9,
-              "00112233445566778899aabbccddeeff",
-              {"\x00\x11\x22\x33\x44\x55\x66\x77\x88\x99\xAA\xBB\xCC\xDD\xEE\xFF", 16},
-              "00112233445566778899AABBCCDDEEFF"}}) {
+    for (auto const& row : Vectors("fastinfoset.txt", "values: algorithm, text, octets, text again")) {
+        auto const algorithm = static_cast<std::uint32_t>(std::stoul(row[0]));
         CFastInfosetBinaryData data;
-        data.SetAsEncodedString(row.algorithm, row.text);
-        EXPECT_EQ(Hex(TextOf(data)), Hex(row.octets)) << row.algorithm << ' ' << row.text;
-        EXPECT_EQ(data.GetAsString(row.algorithm), row.back) << row.algorithm << ' ' << row.text;
+        data.SetAsEncodedString(algorithm, row[1].c_str());
+        EXPECT_EQ(Hex(TextOf(data)), Hex(row[2])) << algorithm << ' ' << row[1];
+        EXPECT_EQ(data.GetAsString(algorithm), row[3]) << algorithm << ' ' << row[1];
     }
     LocalEncoding const latin1(28591);
     CFastInfosetBinaryData text;
@@ -62,23 +34,9 @@ TEST(EncodedValues, GoOutAndComeBack) {
 }
 
 TEST(EncodedValues, ReadLists) {
-    struct Row {
-        std::uint32_t algorithm;
-        std::string octets;
-        char const* text;
-    };
-    for (Row const& row :
-         {Row{3, {"\x00\x01\xFF\xFE", 4}, "1 -2"},
-          Row{4, {"\x00\x00\x00\x01\xFF\xFF\xFF\xFE\x00\x00\x00\x03", 12}, "1 -2 3"},
-          Row{5, {"\x00\x00\x00\x00\x00\x00\x00\x01\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFE", 16}, "1 -2"},
-          Row{6, "\x1F", "true true true"}, Row{6, "\x40", ""}, Row{6, "\xF0", ""}, // more than there are
-          Row{6, "\x75\x80", "false true false true true"},
-          Row{6, {"\x0F\x00", 2}, "true true true true false false false false false false false false"},
-          Row{7, {"\x3F\x80\x00\x00\x40\x00\x00\x00", 8}, "1 2"},
-          Row{8, {"\x3F\xF0\x00\x00\x00\x00\x00\x00\x7F\xF8\x00\x00\x00\x00\x00\x00", 16}, "1 NaN"},
-          Row{9, std::string(16, '\x0A') + std::string(16, '\xFF'),
-              "0A0A0A0A0A0A0A0A0A0A0A0A0A0A0A0A FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF"}})
-        EXPECT_EQ(DataOf(row.octets).GetAsString(row.algorithm), row.text) << Hex(row.octets);
+    for (auto const& row : Vectors("fastinfoset.txt", "lists: algorithm, octets, text"))
+        EXPECT_EQ(DataOf(row[1]).GetAsString(static_cast<std::uint32_t>(std::stoul(row[0]))), row[2])
+            << Hex(row[1]);
 }
 
 TEST(EncodedValues, TellWhatIsNoValue) {

@@ -1,6 +1,7 @@
 // Every form of an index and of a length at both sides of its boundaries, out and back in.
 #include "tests/fastinfoset/WrittenOctets.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/Vectors.h"
 #include "zvxmllib/fastinfoset/OctetInput.h"
 #include "zvxmllib/fastinfoset/OctetOutput.h"
 #include "zvxmllib/fastinfoset/RestrictedAlphabet.h"
@@ -29,88 +30,41 @@ TEST(WrittenForms, Integers) {
     IntegerForm const bit2{&OctetOutput::WriteIntegerBit2, &OctetInput::ReadInteger2, 0x80};
     IntegerForm const bit3{&OctetOutput::WriteIntegerBit3, &OctetInput::ReadInteger3, 0xC0};
     IntegerForm const bit4{&OctetOutput::WriteIntegerBit4, &OctetInput::ReadInteger4, 0xE0};
-    struct Row {
-        IntegerForm const& form;
-        std::uint32_t value;
-        char const* octets;
-    };
-    for (Row const& row : {Row{bit2, 1, "80"},
-                           Row{bit2, 64, "BF"},
-                           Row{bit2, 65, "C0 00"},
-                           Row{bit2, 8256, "DF FF"},
-                           Row{bit2, 8257, "E0 00 00"},
-                           Row{bit2, 1048576, "EF DF BF"},
-                           Row{bit3, 1, "C0"},
-                           Row{bit3, 32, "DF"},
-                           Row{bit3, 33, "E0 00"},
-                           Row{bit3, 2080, "E7 FF"},
-                           Row{bit3, 2081, "E8 00 00"},
-                           Row{bit3, 526368, "EF FF FF"},
-                           Row{bit3, 526369, "F0 00 00 00"},
-                           Row{bit3, 1048576, "F0 07 F7 DF"},
-                           Row{bit4, 1, "E0"},
-                           Row{bit4, 16, "EF"},
-                           Row{bit4, 17, "F0 00"},
-                           Row{bit4, 1040, "F3 FF"},
-                           Row{bit4, 1041, "F4 00 00"},
-                           Row{bit4, 263184, "F7 FF FF"},
-                           Row{bit4, 263185, "F8 00 00 00"},
-                           Row{bit4, 1048576, "F8 0B FB EF"}}) {
-        std::string const octets = Written(row.form.write, row.form.current, row.value);
-        EXPECT_EQ(Hex(octets), row.octets) << row.value;
+    for (auto const& row : Vectors("fastinfoset.txt", "integers: bit, value, octets")) {
+        IntegerForm const& form = row[0] == "2" ? bit2 : row[0] == "3" ? bit3 : bit4;
+        auto const value = static_cast<std::uint32_t>(std::stoul(row[1]));
+        std::string const octets = Written(form.write, form.current, value);
+        EXPECT_EQ(Hex(octets), row[2]) << value;
         OctetInput in(reinterpret_cast<unsigned char const*>(octets.data()), octets.size());
-        EXPECT_EQ((in.*row.form.read)(in.ReadOctet()), row.value) << row.octets;
+        EXPECT_EQ((in.*form.read)(in.ReadOctet()), value) << row[2];
         EXPECT_EQ(in.GetLeft(), 0U);
     }
 }
 
 TEST(WrittenForms, LengthsOfOctetStrings) {
-    auto const bit2 = [](OctetOutput& out, unsigned current, std::string_view octets) {
-        out.WriteLengthBit2(current, octets.size());
-        out.WriteOctets(octets);
-    };
-    auto const bit5 = [](OctetOutput& out, unsigned current, std::string_view octets) {
-        out.WriteOctetsBit5(current, octets);
-    };
-    auto const bit7 = [](OctetOutput& out, unsigned current, std::string_view octets) {
-        out.WriteOctetsBit7(current, octets);
-    };
-    struct Row {
-        void (*write)(OctetOutput&, unsigned, std::string_view);
-        std::uint64_t (OctetInput::*read)(std::uint8_t);
-        unsigned current; // bits in front, all set
-        std::size_t length;
-        char const* octets;
-    };
-    for (Row const& row : {Row{bit2, &OctetInput::ReadLength2, 0x80, 1, "80"},
-                           Row{bit2, &OctetInput::ReadLength2, 0x80, 64, "BF"},
-                           Row{bit2, &OctetInput::ReadLength2, 0x80, 65, "C0 00"},
-                           Row{bit2, &OctetInput::ReadLength2, 0x80, 320, "C0 FF"},
-                           Row{bit2, &OctetInput::ReadLength2, 0x80, 321, "E0 00 00 00 00"},
-                           Row{bit2, &OctetInput::ReadLength2, 0x80, 70000, "E0 00 01 10 2F"},
-                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 1, "F0"},
-                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 8, "F7"},
-                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 9, "F8 00"},
-                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 264, "F8 FF"},
-                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 265, "FC 00 00 00 00"},
-                           Row{bit5, &OctetInput::ReadLength5, 0xF0, 70000, "FC 00 01 10 67"},
-                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 1, "FC"},
-                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 2, "FD"},
-                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 3, "FE 00"},
-                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 258, "FE FF"},
-                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 259, "FF 00 00 00 00"},
-                           Row{bit7, &OctetInput::ReadLength7, 0xFC, 70000, "FF 00 01 10 6D"}}) {
-        std::string const text(row.length, 'x');
+    for (auto const& row : Vectors("fastinfoset.txt", "lengths: bit, length, octets")) {
+        std::size_t const length = std::stoul(row[1]);
+        std::string const text(length, 'x');
         CBinaryStream sink;
         OctetOutput out(sink);
-        row.write(out, row.current, text);
+        auto read = &OctetInput::ReadLength2; // the bits in front of a length are all set
+        if (row[0] == "2") {
+            out.WriteLengthBit2(0x80, length);
+            out.WriteOctets(text);
+        } else if (row[0] == "5") {
+            out.WriteOctetsBit5(0xF0, text);
+            read = &OctetInput::ReadLength5;
+        } else {
+            out.WriteOctetsBit7(0xFC, text);
+            read = &OctetInput::ReadLength7;
+        }
         std::string const octets = TextOf(sink.GetData());
-        ASSERT_GT(octets.size(), row.length);
-        EXPECT_EQ(Hex(octets.substr(0, octets.size() - row.length)), row.octets) << row.length;
-        EXPECT_EQ(octets.substr(octets.size() - row.length), text);
+        ASSERT_GT(octets.size(), length);
+        EXPECT_EQ(Hex(octets.substr(0, octets.size() - length)), row[2]) << length;
+        EXPECT_EQ(octets.substr(octets.size() - length), text);
         OctetInput in(reinterpret_cast<unsigned char const*>(octets.data()), octets.size());
-        EXPECT_EQ((in.*row.read)(in.ReadOctet()), row.length) << row.octets;
-        EXPECT_EQ(in.GetLeft(), row.length);
+        EXPECT_EQ((in.*read)(in.ReadOctet()), length) << row[2];
+        EXPECT_EQ(in.GetLeft(), length);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "zvxmllib/json/JsonTreeWriter.h"
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/Vectors.h"
 #include "zvxmllib/ZvXmlLib.h"
 
 #include <gmock/gmock.h>
@@ -41,14 +42,8 @@ std::string ByWayOfXml(std::string const& json, CSerializationContext const& ctx
 TEST(JsonTreeWriter, BuildsTheTreeOfTheXmlText) {
     LocalEncoding const local(65001);
     CSerializationContext const ctx;
-    for (char const* json :
-         {R"({"a":"x"})", R"({"a":null})", R"({"a":[]})",
-          R"({"a":{"b":[1,{"@c":2,"#text":"x"},{"d":{"e":""}},null],"f":true,"#text":"tail\n"}})",
-          R"({"a":{"b":{"c":1,"c":2},"#text":"x"}})", R"({"a":{"@b":"<&>\"'\n","c":"<&>\"'\n\t]]>"}})",
-          R"({"a":{"@xmlns":"u","@xmlns:p":"v","@xmlns:q":"v","b":1,"p:b":{"@p:c":1,"@c":2},"q:b":"x"}})",
-          R"({"p:a":{"@p:b":1,"@xmlns:p":"u"}})", R"({"a":{"@xmlns":"","@xml:lang":"de"}})",
-          R"({"a":{"@b":"\u00e4\u20ac\ud83d\ude00\u007f","#text":"\u00e4\ufffd"}})",
-          R"({"r":{"a":{"#text":1,"b":2},"c":{"#text":{"d":1}}}})"}) {
+    for (auto const& row : Vectors("json.txt", "the short way: trees")) {
+        std::string const& json = row[0];
         CXmlDocument document(ctx);
         ASSERT_TRUE(CJsonTreeWriter::Fill(document, json, ctx)) << json;
         EXPECT_EQ(Describe(document), ByWayOfXml(json, ctx)) << json;
@@ -61,33 +56,10 @@ TEST(JsonTreeWriter, TakesNothingThatNeedsTheParsersJudgement) {
     std::string tooMany = "{\"a\":{\"@x\":1";
     for (int i = 0; i < 64; ++i)
         tooMany += ",\"@x" + std::to_string(i) + "\":1";
-    for (std::string const& json :
-         std::initializer_list<std::string>{"{}",
-                                            R"({"a":1,"b":2})",
-                                            R"({"a b":1})",
-                                            R"({"1":1})",
-                                            "{\"\xC3\xA4\":1}",
-                                            R"({"a":{"b:":1}})",
-                                            R"({"a":{"p:b":1}})",
-                                            R"({"a":{"@p:b":1}})",
-                                            R"({"a":{"@b":1,"@b":2}})",
-                                            R"({"a":{"b":{"@c":1,"@c":2}}})",
-                                            R"({"a":{"@xmlns:p":"u","@xmlns:q":"u","@p:b":1,"@q:b":2}})",
-                                            R"({"a":{"@xmlns":"u","@xmlns":"v"}})",
-                                            R"({"a":{"@xmlns:p":""}})",
-                                            R"({"a":{"@xmlns:xml":"u"}})",
-                                            R"({"a":{"@xmlns":"http://www.w3.org/XML/1998/namespace"}})",
-                                            R"({"a":{"@xmlns":"u|v"}})",
-                                            R"({"a":{"b":{"@xmlns":"u"}}})",
-                                            R"({"a":"\u0001"})",
-                                            R"({"a":"x\r"})",
-                                            R"({"a":{"@b":"\t"}})",
-                                            R"({"a":"\uffff"})",
-                                            "{\"a\":\"\xC3\"}",
-                                            R"({"a":"<![CDATA[x]]>"})",
-                                            R"({"a":{"#text":1,"@b":2}})",
-                                            "5",
-                                            tooMany + "}}"}) {
+    std::vector<std::vector<std::string>> rows = Vectors("json.txt", "the short way: declined");
+    rows.push_back({tooMany + "}}"});
+    for (auto const& row : rows) {
+        std::string const& json = row[0];
         CXmlDocument document(ctx);
         EXPECT_FALSE(CJsonTreeWriter::Fill(document, json, ctx)) << json;
         EXPECT_EQ(document.GetDocumentElement(), nullptr) << json;

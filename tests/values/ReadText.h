@@ -2,7 +2,10 @@
 #pragma once
 
 #include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/SimpleTypes.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
+
+#include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
@@ -16,6 +19,17 @@ inline std::string Failure(ZvXmlLib16::CZvException const& failure) {
                              : typeid(failure) == typeid(ZvXmlLib16::CZvException)           ? "plain: "
                                                                                              : "other: ";
     return kind + failure.GetFullMessage() + failure.GetPath();
+}
+
+// The type of this name.
+inline ZvXmlLib16::ItemType TypeNamed(std::string const& wanted) {
+#define ZV_IF_NAMED(name, Policy, Name, Value, KIND, slot)                                                   \
+    if (wanted == #name)                                                                                     \
+        return ZvXmlLib16::ItemType_##name;
+    ZV_SIMPLE_TYPES(ZV_IF_NAMED)
+#undef ZV_IF_NAMED
+    ADD_FAILURE() << wanted;
+    return ZvXmlLib16::ItemType_invalid;
 }
 
 // The value printed again, or the failure. The text stands among digits, which must not be looked at.
