@@ -76,6 +76,7 @@ TEST(ParsedTree, ResolvesNamespacesByScope) {
     EXPECT_EQ(document.LookupNamespaceFromAlias(""), "");
     EXPECT_EQ(document.LookupNamespaceFromAlias("q"), "");
     EXPECT_EQ(document.LookupAliasFromNamespace("w"), "p");
+    EXPECT_EQ(document.LookupAliasFromNamespace("v"), "") << "its prefix was bound anew";
 }
 
 TEST(ParsedTree, KeepsQualifiedNamesAndDeclarationsWithoutNamespaceProcessing) {

@@ -81,6 +81,10 @@ TEST(AllMembers, TakeObjectsInAnyOrder) {
          {"<order><part><n>1</n></part></order>", ""},
          {"<order><note/></order>", kMissingPart},
          {"<order><part><n>1</n></part><other/></order>", Unread("other")}});
+    OrderOf sequence({new CElementInfoSeqClsMnd("part", "", 0, XmlElementType_Element, nullptr, 0, true),
+                      Prim<CElementInfoSeqPrimOpt>("behind", 1)},
+                     fill);
+    ExpectOutcomes(sequence, {{"<order><part><n>1</n></part><behind>2</behind></order>", ""}});
     // Content that is not mandatory lets a real element be absent.
     OrderOf lax(XmlElementGroupType_All,
                 {new CElementInfoAllClsMnd("part", "", 0, XmlElementType_Element, nullptr, 0, false)}, fill);

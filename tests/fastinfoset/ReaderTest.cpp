@@ -122,6 +122,8 @@ TEST(FastInfosetReader, ConvertsToTheLocalEncoding) {
         Document(Octets("7C 01 C3 A9 78 00 'x' 42 E2 82 AC F0 92 00 C3 A9 'z' 3C 00 'b' 85 20 AC 90 80 FF"));
     {
         LocalEncoding const local(1252);
+        EXPECT_EQ(Tree(Document(Octets("3C 00 'a' 92 07 C3 A9 'abcdefgh' F0"))), "0 {}a\nT \xE9"
+                                                                                 "abcdefgh\n");
         EXPECT_EQ(Tree(octets), "0 {}\xE9\nA {}x=\x80\nT \xE9z\n1 {}b\nT \x80?\n");
     }
     LocalEncoding const local(1252, true);

@@ -37,6 +37,7 @@ TEST_F(FileTest, WritesAndReadsBack) {
         ASSERT_TRUE(file.Create(m_name.c_str()));
         EXPECT_TRUE(file.Write(text, std::string(text).size()));
         EXPECT_TRUE(file.Close());
+        EXPECT_TRUE(file.Close()) << "nothing is left to be closed";
         std::uint64_t size = 0;
         ASSERT_TRUE(file.OpenForReading(m_name.c_str()));
         EXPECT_TRUE(file.GetSize(size));

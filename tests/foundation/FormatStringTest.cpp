@@ -1,7 +1,7 @@
 // FormatString, DebugTrace and assertions.
+#include "zvxmllib/foundation/FormatString.h"
 #include "zvxmllib/foundation/Assert.h"
 #include "zvxmllib/foundation/DebugTrace.h"
-#include "zvxmllib/foundation/FormatString.h"
 
 #include <gmock/gmock.h>
 

@@ -73,6 +73,16 @@ TEST(ToJson, WrapsAnUnknownNamespaceInTheNamesOfTheElements) {
     EXPECT_EQ(object->ToJson(false, EOLType_LF, ctx), R"({"tree": {"@xmlns:p": "v","p:leaf": null}})");
 }
 
+TEST(ToJson, WritesAnEmptyChoiceAsNull) {
+    Model choice;
+    choice.group = XmlElementGroupType_Choice;
+    choice.elements = {Prim<CElementInfoChoicePrimOpt>("value", 0)};
+    choice.Finish();
+    CSmartPtr<Probe> const object(new Probe(choice));
+    EXPECT_EQ(object->ToJson(false, EOLType_LF, CSerializationContext()), R"({"order": null})");
+    EXPECT_NO_THROW(object->FromJson(R"({"order": null})", CSerializationContext()));
+}
+
 TEST(ToJson, WritesNilAsNull) {
     Model order;
     order.elements = {Prim<CElementInfoSeqPrimOpt>("value", 0, nullptr, true)};

@@ -31,7 +31,8 @@ TEST(FileTextStream, WritesPortionsInOrder) {
     stream.Close();
     EXPECT_TRUE(file.Content() == expected + "the rest");
 
-    // The same sink again: the file begins anew.
+    // The same sink again: the file begins anew, without what was left in the buffer.
+    stream.Append("left");
     stream.Open();
     stream.Append("\xC3\xA4");
     stream.Close();

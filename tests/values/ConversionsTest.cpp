@@ -229,6 +229,7 @@ TEST(Conversions, TextAndBytesFollowTheirRule) {
 }
 
 TEST(Conversions, DatesAndExactNumbersFollowTheirRuleAndTheirClasses) {
+    ExpectRows("texts of another type of date");
     EXPECT_EQ(CConversions::yearToString(7), "7");
     EXPECT_EQ(CConversions::monthToString(7), "--07");
     EXPECT_EQ(CConversions::dayToString(7), "---07");

@@ -22,7 +22,8 @@ TEST(Encoder, ConvertsBothWaysByCodePage) {
         std::string utf8;
     };
     for (Row const& row :
-         {Row{65001, "a\xC3\xA4\xF0\x9F\x98\x80", "a\xC3\xA4\xF0\x9F\x98\x80"}, Row{20127, "plain", "plain"},
+         {Row{65001, "a\xC3\xA4\xF0\x9F\x98\x80", "a\xC3\xA4\xF0\x9F\x98\x80"},
+          Row{20127, "plain\x7F", "plain\x7F"}, Row{858, "\xD5", "\xE2\x82\xAC"},
           Row{28591, "\x80\xE4\xFF", "\xC2\x80\xC3\xA4\xC3\xBF"}, Row{1250, "\xBE", "\xC4\xBE"},
           Row{1251, "\xC4\xE0", "\xD0\x94\xD0\xB0"}, Row{1252, "\x80 \xE4", "\xE2\x82\xAC \xC3\xA4"},
           Row{1253, "\xE1", "\xCE\xB1"}, Row{1255, "\xE0\xE1", "\xD7\x90\xD7\x91"},

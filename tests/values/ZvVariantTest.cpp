@@ -396,6 +396,8 @@ TEST(ZvVariant, ANullObjectIsAValue) {
     value.SetI8(-1);
     EXPECT_EQ(value.FindXmlObject(), nullptr);
     EXPECT_EQ(value.FindXmlCollection(), nullptr);
+    EXPECT_TRUE(value.FindInteger() == nullptr && value.FindDecimal() == nullptr);
+    EXPECT_TRUE(value.FindDuration() == nullptr && value.FindDateTime() == nullptr);
 }
 
 TEST(ZvVariant, AGetterOfAnotherTypeIsAssertedAndStaysHarmless) {
