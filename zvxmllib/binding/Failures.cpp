@@ -98,6 +98,10 @@ void FailNilValue(std::string const& value, std::string const& path) {
         FormatString("Unexpected Value [%s] for 'nil' Attribute found.", value.c_str()), path);
 }
 
+CZvValidationException WithPathOfElement(std::string const& path, CZvException const& cause) {
+    return CZvValidationException("Failed to process the element.", path, cause);
+}
+
 void FailContentOfNil(std::string const& name, std::string const& path) {
     throw CZvValidationException(
         FormatString("Unexpected content found in the nil element [%s].", name.c_str()), path);

@@ -7,6 +7,7 @@
 namespace ZvXmlLib16 {
 
 class CZvException;
+class CZvValidationException;
 
 [[noreturn]] void FailWrongVersion(std::int32_t generatorMajor, std::int32_t generatorMinor);
 [[noreturn]] void FailNestingTooDeep(int limit);
@@ -30,6 +31,7 @@ class CZvException;
 [[noreturn]] void FailUnexpectedAttribute(std::string const& path);
 [[noreturn]] void FailNilNotAllowed(std::string const& path);
 [[noreturn]] void FailNilValue(std::string const& value, std::string const& path);
+CZvValidationException WithPathOfElement(std::string const& path, CZvException const& cause);
 [[noreturn]] void FailContentOfNil(std::string const& name, std::string const& path);
 [[noreturn]] void FailFacetOfRead(CZvException const& cause, std::string const& path);
 [[noreturn]] void FailUnknownAlias(std::string const& alias, std::string const& path);

@@ -2,9 +2,9 @@
 #include "zvxmllib/collections/XmlTypeCollection.h"
 
 #include "zvxmllib/binding/Failures.h"
+#include "zvxmllib/binding/ReadAt.h"
 #include "zvxmllib/binding/StrictElement.h"
 #include "zvxmllib/context/SerializationContext.h"
-#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/values/facets/CheckPrimitive.h"
@@ -48,7 +48,8 @@ CXmlElement* CXmlTypeCollection::ReadTexts(CXmlElement* current, CSerializationC
     std::string room;
     while (current != nullptr &&
            DoesElementNameMatch(ctx, current, GetElementName().c_str(), m_namespace.c_str())) {
-        ReadAt(*current, [&] { take(*this, current->GetNodeText().Read(room)); });
+        ReadAt(ctx, *current, *current->GetParentElm(),
+               [&] { take(*this, current->GetNodeText().Read(room)); });
         current = current->GetNextSiblingElement();
     }
     return current;
@@ -73,7 +74,7 @@ CXmlElement* CXmlTypeCollection::ReadEach(CXmlElement* current, CSerializationCo
     std::string room;
     while (current != nullptr && (!hasMost || GetCount() < GetMaxOccurs()) &&
            DoesElementNameMatch(ctx, current, GetElementName().c_str(), m_namespace.c_str())) {
-        ReadAt(*current, [&] { take(*current, room); });
+        ReadAt(ctx, *current, *current->GetParentElm(), [&] { take(*current, room); });
         current = current->GetNextSiblingElement();
     }
     return current;

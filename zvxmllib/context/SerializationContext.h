@@ -3,14 +3,17 @@
 
 #include "zvxmllib/context/NamespaceAliasMap.h"
 #include "zvxmllib/context/OnDemandPart.h"
+#include "zvxmllib/context/ReadFailures.h"
 #include "zvxmllib/context/SharedFlag.h"
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/SmartPtr.h"
 #include "zvxmllib/platform/Api.h"
 
+#include <cstddef>
 #include <list>
 #include <string>
+#include <vector>
 
 namespace ZvXmlLib16 {
 
@@ -114,6 +117,17 @@ public:
     bool GetKeepPositions() const noexcept { return m_keepPositions; }
     void SetKeepPositions(bool keep) noexcept { m_keepPositions = keep; }
 
+    // With a limit above 0 reading goes on behind a failure, up to so many of them: a value or an attribute
+    // that fails is passed over, an element that fails ends, and the next one is read. At the end reading
+    // fails with the first failure, as it would without a limit. The list holds all of the last reading, the
+    // first one too; reading fills it though the context is const, so one reader uses such a context at a
+    // time. 0.
+    void SetFailureLimit(std::size_t limit) noexcept { m_failures.SetLimit(limit); }
+    std::size_t GetFailureLimit() const noexcept { return m_failures.GetLimit(); }
+    std::vector<CReadFailure> const& GetFailures() const noexcept { return m_failures.GetList(); }
+    // For the library's readers.
+    detail::FailureNotes& GetFailureNotes() const noexcept { return m_failures; }
+
     // The options of JSON and of Fast Infoset, owned by the context and made at first use. A copied context
     // has copies of its own.
     CJsonContext& GetJsonContext() const;
@@ -141,6 +155,7 @@ private:
     bool m_noOptionalAttributeDefaultOutput = false;
     bool m_writeDefaultElementValues = false;
     bool m_stripCDATA = true;
+    mutable detail::FailureNotes m_failures;
     bool m_strict = false;
     bool m_keepPositions = false;
 };

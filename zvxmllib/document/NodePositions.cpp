@@ -1,6 +1,7 @@
 #include "zvxmllib/document/NodePositions.h"
 
 #include "zvxmllib/document/XmlAttribute.h"
+#include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/foundation/Exceptions.h"
 
@@ -52,8 +53,9 @@ void LocateFailure(CZvException& failure, CXmlAttribute const& node) {
     Locate(failure, node);
 }
 
-void LocateFailureByPath(CZvException& failure, CXmlElement const& root) {
-    if (failure.HasPosition() || failure.GetPath().empty())
+void LocateFailureByPath(CZvException& failure, CXmlElement const& node) {
+    CXmlElement const& root = *node.GetDocument()->GetDocumentElement();
+    if (failure.HasPosition() || failure.GetPath().empty() || root.GetColumn() == 0)
         return;
     std::string const path = failure.GetPath();
     std::size_t const at = path.find("@") == std::string::npos ? std::string::npos : path.rfind('/');

@@ -53,18 +53,7 @@ private:
 // Gives a failure that has no position that of the node, if the document remembers it.
 void LocateFailure(CZvException& failure, CXmlElement const& node);
 void LocateFailure(CZvException& failure, CXmlAttribute const& node);
-// The same for the node of the failure's path, in a document of this root.
-void LocateFailureByPath(CZvException& failure, CXmlElement const& root);
-
-// Calls `read`, whose failures concern the node.
-template <class Node, class Read>
-auto ReadAt(Node const& node, Read read) {
-    try {
-        return read();
-    } catch (CZvException& failure) {
-        LocateFailure(failure, node);
-        throw;
-    }
-}
+// The same for the node of the failure's path, in the document that this one is of.
+void LocateFailureByPath(CZvException& failure, CXmlElement const& node);
 
 } // namespace ZvXmlLib16

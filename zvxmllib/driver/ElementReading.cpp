@@ -1,9 +1,9 @@
 // The steps of reading that the members of the element family combine.
+#include "zvxmllib/binding/ReadAt.h"
 #include "zvxmllib/binding/StrictElement.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/collections/ItemMaker.h"
 #include "zvxmllib/context/SerializationContext.h"
-#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/driver/ElementInfoBase.h"
@@ -40,7 +40,8 @@ template <class Parse>
 void CElementInfo::ReadValue(Ctx const& ctx, Object* object, CXmlElement** current, ItemType type,
                              Parse parse) const {
     CXmlElement& element = **current;
-    ZvXmlLib16::ReadAt(element, [&] { ReadValueOf(ctx, object, element, type, parse); });
+    ZvXmlLib16::ReadAt(ctx, element, *element.GetParentElm(),
+                       [&] { ReadValueOf(ctx, object, element, type, parse); });
     *current = element.GetNextSiblingElement();
 }
 

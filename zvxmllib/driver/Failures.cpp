@@ -31,10 +31,6 @@ void FailNoChoiceToWrite() {
         "");
 }
 
-void FailToReadElement(std::string const& path, CZvException const& cause) {
-    throw CZvValidationException("Failed to process the element.", path, cause);
-}
-
 void FailUnknownGroupType() {
     throw CZvException("Unknown Group Type");
 }

@@ -25,7 +25,6 @@ using ZvXmlLib16::FailUnreadElement;
 [[noreturn]] void FailToWriteAttributes(CZvException const& cause);
 [[noreturn]] void FailUnknownXmlGroupType();
 [[noreturn]] void FailNoChoiceToWrite();
-[[noreturn]] void FailToReadElement(std::string const& path, CZvException const& cause);
 [[noreturn]] void FailUnknownGroupType();
 [[noreturn]] void FailNoChoiceFound(std::string const& name, std::string const& path);
 

@@ -1,9 +1,9 @@
 // The driver over the tables of a generated class: what a strict context tests when it reads.
+#include "zvxmllib/binding/ReadAt.h"
 #include "zvxmllib/binding/StrictElement.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/HiddenChildren.h"
-#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/driver/ElementInfo.h"
 #include "zvxmllib/driver/EntryFlags.h"
@@ -109,7 +109,7 @@ CXmlElement* CXmlGeneratedClass::ReadGroupStrictly(CXmlElement* element, CXmlEle
         if (attribute.IsNamespaceAttribute() || attribute.IsNilAttribute())
             continue;
         std::size_t entry = 0;
-        ReadAt(attribute, [&] {
+        ReadAt(ctx, attribute, *element, [&] {
             while (entry < count && !entries[entry]->AttributeFromXml(ctx, this, &attribute))
                 ++entry;
         });

@@ -1,7 +1,7 @@
 // The driver over the tables of a generated class: reading.
+#include "zvxmllib/binding/ReadAt.h"
 #include "zvxmllib/binding/StrictElement.h"
 #include "zvxmllib/context/SerializationContext.h"
-#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/driver/ElementInfo.h"
@@ -81,10 +81,16 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
         if (nillable != nullptr && nillable->GetIsNil())
             return current;
         return ReadContent(element, current, ctx, optionalChoice, info);
-    } catch (CZvException const& cause) {
+    } catch (CZvException& cause) {
+        if (ctx.GetFailureNotes().Takes() && GetClassInfo()->GetElementType() == XmlElementType_Element) {
+            LocateFailureByPath(cause, *element);
+            LocateFailure(cause, *element);
+            if (NoteFailure(ctx, cause, element->GetXPath(), *element))
+                return nullptr; // the element ends here
+        }
         if (cause.GetPath().empty())
-            FailToReadElement(element->GetXPath(), cause);
-        // Throws a copy of the base part, so that the caller sees the innermost element that has a path.
+            throw WithPathOfElement(element->GetXPath(), cause);
+        // A copy of the base part: the caller sees the innermost element that has a path.
         throw CZvException(cause);
     }
 }
@@ -150,22 +156,20 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(CSerializationContext const& c
         CXmlAttribute& attribute = *element->GetAttributeAt(i);
         if (attribute.IsNamespaceAttribute())
             continue;
-        if (attribute.IsNilAttribute()) {
-            ReadNilAttribute(ctx, *element, attribute);
-            continue;
-        }
         std::size_t entry = 0;
-        ReadAt(attribute, [&] {
+        ReadAt(ctx, attribute, *element, [&] {
+            if (attribute.IsNilAttribute())
+                return ReadNilAttribute(ctx, *element, attribute);
             while (entry < entryCount && !entries[entry]->AttributeFromXml(ctx, this, &attribute))
                 ++entry;
+            if (entry == entryCount && failIfUnknown && !ctx.GetIgnoreUnknownAttributes())
+                FailUnexpectedAttribute(attribute.GetXPath());
         });
-        if (entry < entryCount)
+        if (entry < entryCount && !attribute.IsNilAttribute())
             found[entry] = true;
-        else if (failIfUnknown && !ctx.GetIgnoreUnknownAttributes())
-            FailUnexpectedAttribute(attribute.GetXPath());
     }
     for (std::size_t entry = 0; entry < entryCount; ++entry)
-        entries[entry]->Validate(ctx, found[entry]);
+        ReadAt(ctx, *element, *element, [&] { entries[entry]->Validate(ctx, found[entry]); });
 }
 
 CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(CSerializationContext const& ctx,

@@ -89,7 +89,10 @@ void CXmlObjectBase::FromJson_Int(std::string_view json, CSerializationContext c
     IgnoredNamespaces const ignored(ctx);
     try {
         FromXmlStream(xml, ctx);
-    } catch (CZvException const& cause) {
+    } catch (CZvException& cause) {
+        cause.SetPosition(0, 0); // in the XML, which the caller does not have
+        if (ctx.GetFailureLimit() != 0)
+            ctx.GetFailureNotes().ForgetPlaces();
         FailReadingConvertedXml(TextOf(xml), cause);
     }
 }

@@ -16,6 +16,10 @@ void CXmlObjectBase::ReadDocument(CXmlDocument& document, CSerializationContext 
 }
 
 void CXmlObjectBase::ReadElement(CXmlElement* root, CSerializationContext const& ctx, bool isDocument) {
+    detail::FailureNotes& notes = ctx.GetFailureNotes();
+    bool const goesOn = notes.GetLimit() != 0;
+    if (goesOn)
+        notes.Begin();
     try {
         if (ctx.GetStrict())
             ReadRootStrictly(root, ctx, isDocument);
@@ -23,8 +27,12 @@ void CXmlObjectBase::ReadElement(CXmlElement* root, CSerializationContext const&
             FromXml_Int(root, root->GetFirstElement(), ctx, false);
     } catch (CZvException& failure) {
         LocateFailureByPath(failure, *root);
+        if (goesOn)
+            notes.ThrowFirst();
         throw;
     }
+    if (goesOn)
+        notes.ThrowFirst();
 }
 
 void CXmlObjectBase::FromXmlFile(char const* fileName, CSerializationContext const& ctx) {
