@@ -152,5 +152,32 @@ TEST(StrictFastInfosetReading, TakesWholeDocumentsOfKnownItemsAlone) {
     });
 }
 
+TEST(FastInfosetPositions, AreOctetsOfTheDocument) {
+    std::string const octets =
+        Octets("E0 00 00 01 00 78 CD 00 'u' F0 3D 81 00 'r' 78 00 'k' 40 '1' F0 3C 00 'b' FF F0");
+    for (bool const strict : {false, true}) {
+        CSerializationContext ctx;
+        ctx.SetStrict(strict);
+        ctx.SetKeepPositions(true);
+        CXmlDocument document(ctx);
+        Load(document, octets);
+        CXmlElement const* const root = document.GetDocumentElement();
+        EXPECT_EQ(root->GetLine(), 0U);
+        EXPECT_EQ(root->GetColumn(), 6U);
+        EXPECT_EQ(root->GetAttributeAt(0)->GetColumn(), 15U);
+        EXPECT_EQ(root->GetFirstElement()->GetColumn(), 21U);
+        for (bool const keeps : {false, true}) {
+            ctx.SetKeepPositions(keeps);
+            try {
+                CXmlDocument damaged(ctx);
+                Load(damaged, octets.substr(0, 20) + "\xC0");
+                ADD_FAILURE();
+            } catch (CZvException const& failure) {
+                EXPECT_EQ(failure.GetColumn(), keeps ? 21U : 0U);
+            }
+        }
+    }
+}
+
 } // namespace
 } // namespace ZvXmlLib16

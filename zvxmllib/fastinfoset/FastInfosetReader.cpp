@@ -17,6 +17,7 @@
 #include "zvxmllib/fastinfoset/FInfoDeclarations.h"
 #include "zvxmllib/fastinfoset/InfosetChecks.h"
 #include "zvxmllib/foundation/DebugTrace.h"
+#include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/values/binary/Encoder.h"
 
 #include <algorithm>
@@ -104,9 +105,28 @@ bool CFastInfosetReader::Parse(unsigned char const* data, std::size_t length) {
     // Most texts are in the tree as they are here.
     std::string_view const kept = m_tree->KeepText(input);
     m_in = OctetInput(reinterpret_cast<unsigned char const*>(kept.data()), kept.size());
+    m_length = length;
+    if (!m_doc.m_pContext->GetKeepPositions()) {
+        ParseDocument();
+        return true;
+    }
+    m_tree->KeepPositions(*this);
+    try {
+        ParseDocument();
+    } catch (CZvException& failure) {
+        failure.SetPosition(0, GetOctet());
+        throw;
+    }
+    return true;
+}
+
+void CFastInfosetReader::ParseDocument() {
     ParseDocumentHeader();
     ParseDocumentChildren();
-    return true;
+}
+
+NodePosition CFastInfosetReader::GetPosition() const {
+    return {0, m_itemOctet};
 }
 
 // Anything after the root is ignored unless the document is checked.
@@ -114,10 +134,12 @@ void CFastInfosetReader::ParseDocumentChildren() {
     for (;;) {
         std::uint8_t const octet = m_in.ReadOctet();
         if (octet < 0x80) {
-            if (m_checks == nullptr)
-                return ParseRoot<false>(octet);
-            ParseRoot<true>(octet);
-            return ParseEpilog();
+            if (m_checks != nullptr) {
+                ParseRoot<Mode::kChecked>(octet);
+                return ParseEpilog();
+            }
+            return m_tree->GetPositions() == nullptr ? ParseRoot<Mode::kUsual>(octet)
+                                                     : ParseRoot<Mode::kLocated>(octet);
         }
         if (octet == kEnd || octet == kDoubleEnd)
             FailNoRootElement();
@@ -155,30 +177,30 @@ void CFastInfosetReader::RequireEnd(std::uint8_t octet) const {
         FailDocumentItem();
 }
 
-template <bool isChecked>
+template <CFastInfosetReader::Mode mode>
 void CFastInfosetReader::ParseRoot(std::uint8_t octet) {
-    if (StartElement<isChecked>(octet))
-        EndElement<isChecked>();
+    if (StartElement<mode>(octet))
+        EndElement<mode>();
     else
-        ParseContent<isChecked>();
+        ParseContent<mode>();
 }
 
 // The root and every other element that has not ended are open: no other state is needed.
-template <bool isChecked>
+template <CFastInfosetReader::Mode mode>
 void CFastInfosetReader::ParseContent() {
     while (m_tree->HasOpenElement()) {
         std::uint8_t const octet = m_in.ReadOctet();
         if (octet < 0x80) {
-            if (StartElement<isChecked>(octet))
-                EndElement<isChecked>();
+            if (StartElement<mode>(octet))
+                EndElement<mode>();
         } else if (octet < 0xC0) {
             ParseCharacterChunk(octet);
         } else if (octet == kEnd) {
-            EndElement<isChecked>();
+            EndElement<mode>();
         } else if (octet == kDoubleEnd) {
-            EndElement<isChecked>();
+            EndElement<mode>();
             if (m_tree->HasOpenElement())
-                EndElement<isChecked>();
+                EndElement<mode>();
             else
                 m_hasEnded = true; // the second end is that of the document
         } else if (octet == kProcessingInstruction) {
@@ -194,24 +216,26 @@ void CFastInfosetReader::ParseContent() {
 }
 
 // True if the element ended with its attributes, as other producers write it.
-template <bool isChecked>
+template <CFastInfosetReader::Mode mode>
 bool CFastInfosetReader::StartElement(std::uint8_t octet) {
+    if constexpr (mode != Mode::kUsual)
+        m_itemOctet = GetOctet();
     bool const hasAttributes = (octet & 0x40) != 0;
-    if constexpr (isChecked)
+    if constexpr (mode == Mode::kChecked)
         m_checks->OpenElement();
     if ((octet & 0x3C) == 0x38)
         octet = ParseNamespaceAttributes();
     QNames& names = m_vocabulary->elementNames;
-    XmlName const* const name = (octet & 0x3C) == 0x3C ? ParseQName(octet, names)
-                                                       : QNameAt<isChecked>(names, m_in.ReadInteger3(octet));
+    XmlName const* const name =
+        (octet & 0x3C) == 0x3C ? ParseQName(octet, names) : QNameAt<mode>(names, m_in.ReadInteger3(octet));
     if (m_isTraced)
         Trace(m_tree->HasOpenElement() ? "New Elm" : "New Root Elm", *name);
     m_tree->AddElement(name);
     if (!hasAttributes)
         return false;
     while ((octet = m_in.ReadOctet()) < 0x80)
-        ParseAttribute<isChecked>(octet);
-    if constexpr (isChecked) {
+        ParseAttribute<mode>(octet);
+    if constexpr (mode == Mode::kChecked) {
         m_checks->EndAttributes();
         if (octet != kDoubleEnd && octet != kEnd)
             FailElementItem();
@@ -219,10 +243,10 @@ bool CFastInfosetReader::StartElement(std::uint8_t octet) {
     return octet == kDoubleEnd;
 }
 
-template <bool isChecked>
+template <CFastInfosetReader::Mode mode>
 void CFastInfosetReader::EndElement() {
     CXmlElement const* const element = m_tree->EndElement();
-    if constexpr (isChecked)
+    if constexpr (mode == Mode::kChecked)
         m_checks->CloseElement();
     if (m_isTraced)
         DebugTrace("End Elm: %s::%s\n", element->GetNamespaceURI().c_str(), element->GetLocalName().c_str());
@@ -242,12 +266,14 @@ void CFastInfosetReader::ParseCharacterChunk(std::uint8_t octet) {
     m_tree->AppendKeptText(text);
 }
 
-template <bool isChecked>
+template <CFastInfosetReader::Mode mode>
 void CFastInfosetReader::ParseAttribute(std::uint8_t octet) {
+    if constexpr (mode != Mode::kUsual)
+        m_itemOctet = GetOctet();
     QNames& names = m_vocabulary->attributeNames;
-    XmlName const* const name = (octet & 0x78) == 0x78 ? ParseQName(octet, names)
-                                                       : QNameAt<isChecked>(names, m_in.ReadInteger2(octet));
-    if constexpr (isChecked)
+    XmlName const* const name =
+        (octet & 0x78) == 0x78 ? ParseQName(octet, names) : QNameAt<mode>(names, m_in.ReadInteger2(octet));
+    if constexpr (mode == Mode::kChecked)
         m_checks->AddAttribute(name);
     m_tree->AddKeptAttribute(name, ReadAttributeValue());
 }
@@ -292,14 +318,14 @@ XmlName const* CFastInfosetReader::ParseQName(std::uint8_t octet, QNames& table)
     return entry.name;
 }
 
-template <bool isChecked>
+template <CFastInfosetReader::Mode mode>
 XmlName const* CFastInfosetReader::QNameAt(QNames& table, std::uint32_t index) {
     if (index > table.entries.size())
         FailIndexBeyondTable(index, table.content);
     ReadVocabulary::QName& entry = table.entries[index - 1];
     if (entry.name == nullptr)
         entry.name = Resolve(entry);
-    if constexpr (isChecked)
+    if constexpr (mode == Mode::kChecked)
         RequireDeclared(entry);
     return entry.name;
 }

@@ -1,6 +1,7 @@
 // CFastInfosetReader, from a Fast Infoset document (X.891) to the tree.
 #pragma once
 
+#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/fastinfoset/OctetInput.h"
 #include "zvxmllib/fastinfoset/ReadVocabulary.h"
 #include "zvxmllib/foundation/Forward.h"
@@ -23,7 +24,7 @@ struct XmlName;
 // processing instructions, the document type, the whole header) is skipped; texts and names lie in the tree's
 // storage, those that are referred to by index once. With a strict context the document must stand for one of
 // XML, and its own vocabulary is taken in. Nothing recurses. Belongs to the thread of the load.
-class CFastInfosetReader : public CInstanceMonitor {
+class CFastInfosetReader : public CInstanceMonitor, private IPositionSource {
 public:
     // True if the input starts like a document. Examines only the first octets.
     static bool IsFastInfoset(unsigned char const* data, std::size_t length) noexcept;
@@ -52,6 +53,10 @@ private:
         std::string_view octets;
     };
 
+    NodePosition GetPosition() const override;
+    // The number of the octet read last.
+    std::uint64_t GetOctet() const noexcept { return m_length - m_in.GetLeft(); }
+
     // InitialVocabulary.cpp: the tables of the document, where they are taken in.
     void TakeInitialVocabulary();
     void TakeExternalVocabulary();
@@ -75,21 +80,23 @@ private:
     void SkipIdentifyingStrings(unsigned count);
     void SkipNonIdentifyingString();
 
+    void ParseDocument();
     void ParseDocumentChildren();
     void ParseEpilog();
     void RequireEnd(std::uint8_t octet) const;
-    // Checked is what goes through m_checks.
-    template <bool isChecked>
+    // Usual, with the place of each node, or with m_checks and the places.
+    enum class Mode { kUsual, kLocated, kChecked };
+    template <Mode mode>
     void ParseRoot(std::uint8_t octet);
-    template <bool isChecked>
+    template <Mode mode>
     void ParseContent();
-    template <bool isChecked>
+    template <Mode mode>
     bool StartElement(std::uint8_t octet);
-    template <bool isChecked>
+    template <Mode mode>
     void EndElement();
-    template <bool isChecked>
+    template <Mode mode>
     void ParseAttribute(std::uint8_t octet);
-    template <bool isChecked>
+    template <Mode mode>
     XmlName const* QNameAt(QNames& table, std::uint32_t index);
     void ParseCharacterChunk(std::uint8_t octet);
     std::uint8_t ParseNamespaceAttributes();
@@ -118,8 +125,10 @@ private:
 
     CFastInfosetContext const& m_context;
     CXmlDocument& m_doc;
-    XmlTree* m_tree = nullptr; // the document's, once there is one
-    OctetInput m_in;           // a copy of the input, in the storage of the tree
+    XmlTree* m_tree = nullptr;     // the document's, once there is one
+    std::size_t m_length = 0;      // of the input
+    std::uint64_t m_itemOctet = 0; // where the element or attribute begins
+    OctetInput m_in;               // a copy of the input, in the storage of the tree
     std::unique_ptr<ReadVocabulary> m_vocabulary;
     std::unique_ptr<InfosetChecks> m_checks; // null where the document is taken as it is
     std::string const* m_noText = nullptr;   // what the tree keeps of the empty text
