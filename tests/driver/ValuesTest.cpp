@@ -101,18 +101,6 @@ TEST(Values, InASequence) {
     EXPECT_EQ(WriteFailure(*probe), kTooFew);
 }
 
-TEST(Values, InAChoice) {
-    ChoiceOfValues model;
-    ExpectChildren(model, {{"<n>1</n><n>2</n>", ""},
-                           {"<d>2026-11-23</d>", ""},
-                           {"<c>red</c><c>red</c>", ""},
-                           {"<n>1</n><d>2026-11-23</d>", Unread("d")},
-                           {"<n>1</n><n>2</n><n>3</n><n>4</n>", Failed(kTooMany)},
-                           {"<d>x</d>", Failed("Invalid XSD Date [x] expected CCYY-MM-DD[Z|[+|-]hh:mm]")}});
-    CSmartPtr<Probe> const probe(new Probe(model));
-    EXPECT_TRUE(probe->DoesElementContainOptionalElements()) << "two of its members may be empty";
-}
-
 Model* s_group = nullptr;
 
 // Between an a and a z that both may be absent.

@@ -123,30 +123,17 @@ TEST(FastInfosetWriter, WritesSuggestedEncodings) {
 
 // The ten algorithms and the two alphabets by the numbers that stand in the document.
 TEST(FastInfosetWriter, WritesTheIndexAcrossTwoOctets) {
-    struct Encoding {
-        std::uint32_t type, index;
-        char const* value;
-        char const* attribute;
-        char const* chunk;
-    };
-    for (Encoding const& row :
-         {Encoding{1, 1, "12", "20 00 12", "88 00 12"}, Encoding{1, 2, "1Z", "20 10 1D", "88 04 1D"},
-          Encoding{2, 1, "0A", "30 00 0A", "8C 00 0A"}, Encoding{2, 2, "YQ==", "30 10 61", "8C 04 61"},
-          Encoding{2, 3, "-2", "30 21 FF FE", "8C 09 FF FE"},
-          Encoding{2, 4, "1", "30 33 00 00 00 01", "8C 0E 01 00 00 00 01"},
-          Encoding{2, 5, "1", "30 47 00 00 00 00 00 00 00 01", "8C 12 05 00 00 00 00 00 00 00 01"},
-          Encoding{2, 6, "1", "30 50 38", "8C 14 38"},
-          Encoding{2, 7, "1", "30 63 3F 80 00 00", "8C 1A 01 3F 80 00 00"},
-          Encoding{2, 8, "1", "30 77 3F F0 00 00 00 00 00 00", "8C 1E 05 3F F0 00 00 00 00 00 00"},
-          Encoding{2, 9, "0102", "30 81 01 02", "8C 21 01 02"},
-          Encoding{2, 10, "ab", "30 91 61 62", "8C 25 61 62"}}) {
+    for (auto const& row :
+         Vectors("fastinfoset.txt", "encodings by number: type, index, value, attribute, chunk")) {
+        auto const type = static_cast<std::uint32_t>(std::stoul(row[0]));
+        auto const index = static_cast<std::uint32_t>(std::stoul(row[1]));
         CSerializationContext ctx;
         LimitIndexed(ctx, 0);
-        ctx.GetFIContext().SetEncoding(ItemType_string, {row.type, row.index});
-        std::string const value(row.value);
+        ctx.GetFIContext().SetEncoding(ItemType_string, {type, index});
+        std::string const value(row[2]);
         EXPECT_EQ(ContentOf(Script("@b='" + value + "' '" + value + "'"), ctx),
-                  std::string("78 00 62 ") + row.attribute + " F0 " + row.chunk + " FF")
-            << row.type << ' ' << row.index;
+                  std::string("78 00 62 ") + row[3] + " F0 " + row[4] + " FF")
+            << type << ' ' << index;
     }
 }
 

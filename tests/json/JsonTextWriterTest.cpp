@@ -206,26 +206,8 @@ TEST(JsonTextWriter, WritesSeveralRootsAsMembersOfTheDocument) {
 }
 
 TEST(JsonTextWriter, RefusesWhatItCannotWrite) {
-    struct {
-        char const* script;
-        char const* message;
-    } const rows[] = {
-        {"(a (u|b", "Unknown Namespace: u."},
-        {"(a @u|b=", "Unknown Namespace: u."},
-        {"*d (d|a @d|b=", "Unknown Namespace: d."},
-        {"!i=http://www.w3.org/2001/XMLSchema-instance (a ^u|T", "Unknown Namespace: u."},
-        {"(a ^T", "Unknown Namespace: http://www.w3.org/2001/XMLSchema-instance."},
-        {"(a", "An Element has not been closed."},
-        {"@a=1", "Attributes must be added before elements"},
-        {"^T", "Attributes must be added before elements"},
-        {"(a '1') '2'", "A value must be written inside an element."},
-        {")", "There is no open element to be closed."},
-        {"(a '1' '2'", "In JSON nothing can follow the text of an element that began with its text."},
-        {"(a '1' (b", "In JSON nothing can follow the text of an element that began with its text."},
-        {"(a '1' @b=2", "In JSON nothing can follow the text of an element that began with its text."}};
-    for (auto const& row : rows)
-        EXPECT_EQ(MessageOf<CZvException>([&] { Write(Script(row.script), Compact()); }), row.message)
-            << row.script;
+    for (auto const& row : Vectors("json.txt", "what the writer refuses"))
+        EXPECT_EQ(MessageOf<CZvException>([&] { Write(Script(row[0]), Compact()); }), row[1]) << row[0];
     EXPECT_EQ(MessageOf<CZvException>([] { Write({}, Formatted(static_cast<EOLType>(2))); }),
               "Invalid EOL type.");
 }

@@ -1,4 +1,5 @@
 // zvxml on JSON: what it recognises, and what its options do.
+#include "tests/support/Vectors.h"
 #include "tests/tool/ToolRun.h"
 
 #include <gmock/gmock.h>
@@ -7,24 +8,11 @@ namespace {
 
 TEST(ZvxmlOnJson, IsToldByTheFirstSignificantByte) {
     ScratchDirectory const scratch;
-    struct Row {
-        char const* options;
-        char const* input;
-        char const* output;
-    };
-    for (Row const& row :
-         {Row{"", "{\"a\":1}", "<a>1</a>"},
-          Row{"", " \r\n\t{\"a\":{\"b\":[{\"@c\":1},2],\"#text\":\"x\"}}", "<a><b c=\"1\"/><b>2</b>x</a>"},
-          Row{"", "\xEF\xBB\xBF/**/ {\"a\":{\"@xmlns:p\":\"u\",\"p:b\":{\"c\":null}}}",
-              "<a xmlns:p=\"u\"><p:b><c/></p:b></a>"},
-          Row{"--root r", "[7]", "<r>7</r>"}, Row{"--root=r", "\"x\"", "<r>x</r>"},
-          Row{"--root r", "-1.50", "<r>-1.50</r>"}, Row{"--root r", " null", "<r/>"},
-          Row{"--root r --pretty", "{\"b\":{\"c\":1}}", "<r>\n\t<b>\n\t\t<c>1</c>\n\t</b>\n</r>\n"},
-          Row{"--to json", "{\"a\":{\"@b\":1,\"c\":2}}", R"({"a": {"@b": "1","c": "2","#text": ""}})"}}) {
-        std::string const options = row.options;
-        ToolResult const result = scratch.Run("convert " + options + " - -", row.input);
-        EXPECT_EQ(result.out, row.output) << row.input;
-        EXPECT_EQ(result.exitCode, 0) << row.input << '\n' << result.err;
+    for (auto const& row : Vectors("tool.txt", "from JSON: options, input, output")) {
+        std::string const& options = row[0];
+        ToolResult const result = scratch.Run("convert " + options + " - -", row[1]);
+        EXPECT_EQ(result.out, row[2]) << row[1];
+        EXPECT_EQ(result.exitCode, 0) << row[1] << '\n' << result.err;
     }
 }
 

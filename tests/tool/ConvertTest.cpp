@@ -1,4 +1,5 @@
 // zvxml convert on small documents: what is kept, and what each option does.
+#include "tests/support/Vectors.h"
 #include "tests/tool/ToolRun.h"
 
 #include <gmock/gmock.h>
@@ -14,27 +15,10 @@ struct Row {
 
 TEST(ZvxmlConvert, GivesDocumentsTheirOwnPrefixesBack) {
     ScratchDirectory const scratch;
-    for (Row const& row :
-         {Row{R"(<p:a xmlns:p="u"><p:b/><p:c/></p:a>)", R"(<p:a xmlns:p="u"><p:b/><p:c/></p:a>)"},
-          Row{R"(<a xmlns="u"><b/></a>)", R"(<a xmlns="u"><b/></a>)"},
-          Row{R"(<a xmlns="u"><p:b xmlns:p="v"/><p:b xmlns:p="v"/></a>)",
-              R"(<a xmlns="u" xmlns:p="v"><p:b/><p:b/></a>)"},
-          // A name in no namespace cannot stand under a default namespace.
-          Row{R"(<a xmlns="u"><b xmlns=""/></a>)", R"(<ns1:a xmlns:ns1="u"><b/></ns1:a>)"},
-          Row{R"(<ns1:a xmlns:ns1="v" xmlns="u"><b/><c xmlns=""/></ns1:a>)",
-              R"(<ns1:a xmlns:ns2="u" xmlns:ns1="v"><ns2:b/><c/></ns1:a>)"},
-          // Two default namespaces, one inside the other: the root's stays.
-          Row{R"(<a xmlns="u"><b xmlns="v"/></a>)", R"(<a xmlns="u" xmlns:ns1="v"><ns1:b/></a>)"},
-          // An attribute in the default namespace needs a prefix all the same.
-          Row{R"(<a xmlns="u" xmlns:p="u" p:x="1"/>)", R"(<a xmlns="u" xmlns:ns1="u" ns1:x="1"/>)"},
-          Row{R"(<a xml:lang="de"/>)", R"(<a xml:lang="de"/>)"},
-          // Values that refer to a prefix still find it.
-          Row{R"(<a xmlns:q="v" type="q:b"/>)", R"(<a xmlns:q="v" type="q:b"/>)"},
-          Row{R"(<a xmlns:q="v"><b>q:b</b></a>)", R"(<a xmlns:q="v"><b>q:b</b></a>)"},
-          Row{R"(<a xmlns:q="v" href="http://q" at="12:30"/>)", R"(<a href="http://q" at="12:30"/>)"}}) {
-        ToolResult const result = scratch.Run("convert - -", row.input);
-        EXPECT_EQ(result.out, row.output) << row.input;
-        EXPECT_EQ(result.exitCode, 0) << row.input << '\n' << result.err;
+    for (auto const& row : Vectors("tool.txt", "prefixes: input, output")) {
+        ToolResult const result = scratch.Run("convert - -", row[0]);
+        EXPECT_EQ(result.out, row[1]) << row[0];
+        EXPECT_EQ(result.exitCode, 0) << row[0] << '\n' << result.err;
     }
 }
 

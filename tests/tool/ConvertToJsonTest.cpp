@@ -1,5 +1,6 @@
 // zvxml convert to JSON: what it writes, as its options say, and as another parser sees it.
 #include "tests/json/JsonParser.h"
+#include "tests/support/Vectors.h"
 #include "tests/tool/ToolRun.h"
 
 #include <gmock/gmock.h>
@@ -14,23 +15,11 @@ struct Row {
 
 TEST(ZvxmlConvertToJson, GivesEveryNamespaceAnAliasAtTheRoot) {
     ScratchDirectory const scratch;
-    for (Row const& row :
-         {Row{"", R"(<a xmlns="u"><b/></a>)", R"({"a": {"@xmlns": "u","b": "","#text": ""}})"},
-          Row{"", R"(<p:a xmlns:p="u"><q:b xmlns:q="v" q:c="1"/></p:a>)",
-              R"({"p:a": {"@xmlns:p": "u","@xmlns:q": "v","q:b": {"@q:c": "1","#text": ""},"#text": ""}})"},
-          Row{"", R"(<a><b xmlns="u"/><b xmlns="v">x</b></a>)",
-              R"({"a": {"@xmlns:ns1": "u","@xmlns:ns2": "v","ns1:b": "","ns2:b": "x","#text": ""}})"},
-          Row{"", R"(<a xml:lang="de">x</a>)", R"({"a": {"@xml:lang": "de","#text": "x"}})"},
-          Row{"--json full", R"(<a xmlns="u&amp;w"/>)", R"({"a": {"@xmlns": "u&w","#text": ""}})"},
-          Row{"--json no-namespaces", R"(<p:a xmlns:p="u" p:b="1"><c/>x</p:a>)",
-              R"({"a": {"@b": "1","c": "","#text": "x"}})"},
-          Row{"--json=none", R"(<p:a xmlns:p="u" p:b="1"><c/>x</p:a>)",
-              R"({"a": {"b": "1","c": "","": "x"}})"}}) {
-        ToolResult const result =
-            scratch.Run("convert --to json " + std::string(row.options) + " - -", row.input);
-        EXPECT_EQ(result.out, row.output) << row.input;
-        EXPECT_EQ(FaultOfJson(row.output), "");
-        EXPECT_EQ(result.exitCode, 0) << row.input << '\n' << result.err;
+    for (auto const& row : Vectors("tool.txt", "to JSON: options, input, output")) {
+        ToolResult const result = scratch.Run("convert --to json " + row[0] + " - -", row[1]);
+        EXPECT_EQ(result.out, row[2]) << row[1];
+        EXPECT_EQ(FaultOfJson(row[2]), "");
+        EXPECT_EQ(result.exitCode, 0) << row[1] << '\n' << result.err;
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include "tests/support/Bytes.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/Vectors.h"
 
 #include <gtest/gtest.h>
 
@@ -142,36 +143,19 @@ TEST(BinaryData, RefusesALengthBeyond32Bits) {
 }
 
 TEST(Base64, WritesOnePaddedLine) {
-    struct Row {
-        char const* bytes;
-        char const* text;
-    };
-    for (Row const& row :
-         {Row{"", ""}, Row{"f", "Zg=="}, Row{"fo", "Zm8="}, Row{"foo", "Zm9v"}, Row{"foob", "Zm9vYg=="},
-          Row{"fooba", "Zm9vYmE="}, Row{"foobar", "Zm9vYmFy"}, Row{"\xFB\xFF\xBF", "+/+/"}}) {
-        EXPECT_EQ(CBinaryData(row.bytes).GetAsBase64(), row.text);
+    for (auto const& row : Vectors("conversions.txt", "base64: octets, text")) {
+        EXPECT_EQ(CBinaryData(row[0].c_str()).GetAsBase64(), row[1]);
         CBinaryData read("old");
-        read.SetAsBase64(row.text);
-        EXPECT_EQ(TextOf(read), row.bytes);
+        read.SetAsBase64(row[1].c_str());
+        EXPECT_EQ(TextOf(read), row[0]);
     }
 }
 
 TEST(Base64, ReadsLeniently) {
-    struct Row {
-        std::string text;
-        char const* bytes;
-    };
-    for (Row const& row : {Row{" Z\tm\r\n9 v ", "foo"}, Row{"Zm9vYmFyZm9v\nYmFyZm9v", "foobarfoobarfoo"},
-                           Row{"=Z=m=9=v=", "foo"}, Row{"Zm9vYg", "foob"}, // no padding
-                           Row{"Zm9vY", "foo"},                            // six bits left over
-                           Row{"Zg==Zm9v", "f\x06"
-                                           "f\xF6"}, // padding does not begin a new group
-                           Row{"\xDAm9v", "foo"},    // the top bit does not count
-                           Row{"Zm9v*", ""}, Row{"*Zm9v", ""}, Row{"Zm*9", ""}, Row{"Zm9vZm9-", ""},
-                           Row{"Z\xAAm9v", ""}, Row{"====", ""}, Row{"\x01", ""}}) {
+    for (auto const& row : Vectors("conversions.txt", "lenient base64")) {
         CBinaryData data("old");
-        data.SetAsBase64(row.text.c_str());
-        EXPECT_EQ(TextOf(data), row.bytes) << row.text;
+        data.SetAsBase64(row[0].c_str());
+        EXPECT_EQ(TextOf(data), row[1]) << row[0];
     }
 }
 
@@ -200,18 +184,9 @@ TEST(Hex, WritesAndReadsPairsOfDigits) {
 }
 
 TEST(Hex, RefusesWhatIsNoPairOfDigits) {
-    struct Row {
-        char const* text;
-        char const* message;
-    };
-    for (Row const& row :
-         {Row{"0", "Invalid length in hex string"}, Row{"00zzz", "Invalid length in hex string"},
-          Row{"0g", "Invalid char in hex string [g]"}, Row{"g0", "Invalid char in hex string [g]"},
-          Row{"GH", "Invalid char in hex string [G]"}, Row{"00 0", "Invalid char in hex string [ ]"},
-          Row{"/0", "Invalid char in hex string [/]"}, Row{":0", "Invalid char in hex string [:]"},
-          Row{"@0", "Invalid char in hex string [@]"}, Row{"`0", "Invalid char in hex string [`]"}}) {
+    for (auto const& row : Vectors("conversions.txt", "no hexadecimal")) {
         CBinaryData data("old");
-        EXPECT_EQ(MessageOf<CZvException>([&] { data.SetAsHexString(row.text); }), row.message);
+        EXPECT_EQ(MessageOf<CZvException>([&] { data.SetAsHexString(row[0].c_str()); }), row[1]);
         EXPECT_EQ(data.GetLength(), 0U);
     }
 }

@@ -1,6 +1,7 @@
 // Values against the facets of their types.
 #include "zvxmllib/values/facets/CheckPrimitive.h"
 
+#include "tests/support/Vectors.h"
 #include "tests/values/ReadText.h"
 #include "zvxmllib/values/dates/DateTime.h"
 #include "zvxmllib/values/facets/PrimitiveRestrictions.h"
@@ -56,46 +57,18 @@ std::string CheckValue(Value value, Facets const& facets) {
 } // namespace
 
 TEST(CheckPrimitive, EachBoundHoldsForEachOrderedType) {
-    struct Type {
-        ItemType type;
-        char const *below, *equal, *above;
-        // As messages show the first and the last.
-        char const *shownBelow, *shownAbove;
-    };
-    for (Type const& type :
-         {Type{ItemType_i1, "-5", "-4", "6", "[-5]", "[6]"},
-          Type{ItemType_i2, "4", "5", "6", "[4]", "[6]"},
-          Type{ItemType_i4, "4", "5", "6", "[4]", "[6]"},
-          Type{ItemType_i8, "4", "5", "6", "[4].", "[6]."},
-          Type{ItemType_ui1, "4", "5", "6", "[4]", "[6]"},
-          Type{ItemType_ui2, "4", "5", "6", "[4]", "[6]"},
-          Type{ItemType_ui4, "4", "5", "4294967295", "[4]", "[-1]"},
-          Type{ItemType_ui8, "4", "5", "6", "[4].", "[6]."},
-          Type{ItemType_r4, "-INF", "5", "6", "[-inf]", "[6.000000]"},
-          Type{ItemType_r8, "4", "5", "6", "[4.000000]", "[6.000000]"},
-          Type{ItemType_duration, "P1D", "P2D", "PT49H", "[P1D].", "[PT49H]."},
-          Type{ItemType_yearMonth, "2026-10", "2026-11", "2026-12", "[2026-10].", "[2026-12]."},
-          Type{ItemType_monthDay, "--11-22", "--11-23", "--12-01", "[--11-22].", "[--12-01]."},
-          Type{ItemType_date, "2026-11-22Z", "2026-11-23Z", "2026-11-24Z", "[2026-11-22Z].",
-               "[2026-11-24Z]."},
-          Type{ItemType_datetime, "2026-11-23T00:00:00Z", "2026-11-23T01:00:00Z", "2026-11-23T01:00:00-01:00",
-               "[2026-11-23T00:00:00Z].", "[2026-11-23T01:00:00-01:00]."},
-          Type{ItemType_time, "11:59:59.999", "12:00:00", "12:00:00.000000001", "[11:59:59.999].",
-               "[12:00:00.000000001]."},
-          Type{ItemType_decimal, "-0.31", "-0.30", "-0.29999", "[-0.31].", "[-0.29999]."},
-          Type{ItemType_integer, "-10000000000000000000000", "12", "13", "[-10000000000000000000000].",
-               "[13]."},
-          Type{ItemType_year, "2025", "2026", "2027", "[2025]", "[2027]"},
-          Type{ItemType_month, "--10", "--11", "--12", "[10]", "[12]"},
-          Type{ItemType_day, "---29", "---30", "---31", "[29]", "[31]"}}) {
+    for (auto const& row : Vectors(
+             "conversions.txt", "bounds: type, below, equal, above, below and above as messages show them")) {
+        ItemType const type = zvtest::TypeNamed(row[0].substr(std::string("ItemType_").size()));
         auto const expect = [&](std::string Facets::*bound, bool below, bool equal, bool above) {
-            Facets const facets = With(bound, " " + std::string(type.equal) + "\n"); // bounds are collapsed
-            auto const message = [](bool passes, char const* value) {
+            Facets const facets =
+                With(bound, " " + std::string(row[2].c_str()) + "\n"); // bounds are collapsed
+            auto const message = [](bool passes, std::string const& value) {
                 return passes ? "" : std::string("plain: Invalid Value for n ") + value;
             };
-            EXPECT_EQ(Check(type.type, type.below, facets), message(below, type.shownBelow)) << type.type;
-            EXPECT_EQ(Check(type.type, type.equal, facets).empty(), equal) << type.type;
-            EXPECT_EQ(Check(type.type, type.above, facets), message(above, type.shownAbove)) << type.type;
+            EXPECT_EQ(Check(type, row[1].c_str(), facets), message(below, row[4])) << type;
+            EXPECT_EQ(Check(type, row[2].c_str(), facets).empty(), equal) << type;
+            EXPECT_EQ(Check(type, row[3].c_str(), facets), message(above, row[5])) << type;
         };
         expect(&Facets::minInclusive, false, true, true);
         expect(&Facets::maxInclusive, true, true, false);

@@ -2,6 +2,7 @@
 #include "zvxmllib/values/dates/DateTime.h"
 
 #include "tests/support/MessageOf.h"
+#include "tests/support/Vectors.h"
 #include "zvxmllib/foundation/Assert.h"
 
 #include <gmock/gmock.h>
@@ -185,24 +186,13 @@ TEST(DateTime, ConstructorsFromFieldsGiveNoValueForInvalidOnes) {
 // Instants, days of the week and days of the year by calendar.timegm, isoweekday and timetuple of Python.
 TEST(DateTime, InstantsGoBothWays) {
     LocalZone const zone("UTC");
-    struct Row {
-        char const* text;
-        long long instant;
-        unsigned dayOfWeek;
-        unsigned dayOfYear;
-    };
-    for (Row const& row :
-         {Row{"1970-01-01T00:00:00", 0, 5, 1}, Row{"2000-02-29T12:00:00", 951825600, 3, 60},
-          Row{"1900-03-01T00:00:00", -2203891200, 5, 60}, Row{"2038-01-19T03:14:08", 2147483648, 3, 19},
-          Row{"1582-10-15T00:00:00", -12219292800, 6, 288}, Row{"0001-01-01T00:00:00", -62135596800, 2, 1},
-          Row{"9999-12-31T23:59:59", 253402300799, 6, 365}, Row{"2024-12-31T06:30:00", 1735626600, 3, 366},
-          Row{"2023-12-31T06:30:00", 1704004200, 1, 365}, Row{"1600-02-29T00:00:00", -11670998400, 3, 60},
-          Row{"1969-12-31T23:59:59", -1, 4, 365}}) {
-        CDateTime const value(row.text);
-        EXPECT_EQ(value.GetTime(), row.instant) << row.text;
-        EXPECT_EQ(value.GetDayOfWeek(), row.dayOfWeek) << row.text;
-        EXPECT_EQ(value.GetDayOfYear(), row.dayOfYear) << row.text;
-        EXPECT_EQ(CDateTime(row.instant).ToString(), row.text);
+    for (auto const& row :
+         Vectors("dates.txt", "instants: text, seconds, day of the week, day of the year")) {
+        CDateTime const value(row[0].c_str());
+        EXPECT_EQ(value.GetTime(), std::stoll(row[1])) << row[0];
+        EXPECT_EQ(value.GetDayOfWeek(), std::stoi(row[2])) << row[0];
+        EXPECT_EQ(value.GetDayOfYear(), std::stoi(row[3])) << row[0];
+        EXPECT_EQ(CDateTime(std::stoll(row[1])).ToString(), row[0]);
     }
 }
 

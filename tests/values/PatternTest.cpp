@@ -3,6 +3,7 @@
 
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/Vectors.h"
 #include "zvxmllib/values/facets/CheckPrimitive.h"
 #include "zvxmllib/values/facets/PrimitiveRestrictions.h"
 
@@ -25,42 +26,8 @@ std::string Check(char const* pattern, std::string const& value) {
 
 TEST(Pattern, MatchesTheWholeValue) {
     LocalEncoding const encoding(65001);
-    struct Row {
-        char const* pattern;
-        std::string value;
-        bool matches;
-    };
-    for (Row const& row : std::vector<Row>{
-             {R"(\d+)", "123", true},
-             {R"(\d+)", "123a", false},
-             {R"(\d+)", "a123", false},
-             {R"(\d+)", "123\n", false},
-             {R"(\d+)", "", false},
-             {R"(\d+)", std::string("12\0ab", 5), true}, // a value ends at a NUL
-             {"", "", true},
-             {"a|b", "b", true},
-             {"a|ab", "ab", true}, // the end makes it go back and try the other
-             {R"(\i\c*)", "a:b-c.d", true},
-             {R"(\i\c*)", "_x", true},
-             {R"(\i\c*)", "1a", false},
-             {R"(\I)", "1", true},
-             {R"(\I)", "a", false},
-             {R"(\C+)", "!?", true},
-             {R"(\C)", "-", false},
-             {R"(\\d)", R"(\d)", true}, // two backslashes stand for one that is meant
-             {R"(\\d)", "1", false},
-             {R"(\\\d)", R"(\1)", true},
-             {R"([\c])", ")", true}, // a replacement within a class happens like any other
-             {R"(\p{IsBasicLatin}+)", "abc", true},
-             {R"(\p{IsBasicLatin}+)", "\xC3\xA9", false},
-             {R"(\p{IsLatin-1Supplement}+)", "\xC3\xA9", true},
-             {R"(\p{IsLatinExtended-A}+)", "\xC4\x80", true},
-             {R"(.)", "\xF0\x9F\x98\x80", true}, // one character, four bytes
-             {R"(\w+)", "\xC3\xA9", false},
-             {R"((a)(b)(c)(d)(e)(f)(g)(h)\9)", "abcdefghh", true}, // more groups than there is room for
-             {R"((a)(b)(c)(d)(e)(f)(g)(h)\9)", "abcdefghg", false}})
-        EXPECT_EQ(MatchesPattern(row.pattern, row.value), row.matches)
-            << row.pattern << " [" << row.value << "]";
+    for (auto const& row : Vectors("patterns.txt", "whole values: pattern, value, whether it matches"))
+        EXPECT_EQ(MatchesPattern(row[0], row[1]), row[2] == "true") << row[0] << " [" << row[1] << "]";
 }
 
 TEST(Pattern, ThatDoesNotCompileTellsExpressionNameAndValue) {

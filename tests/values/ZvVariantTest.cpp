@@ -1,6 +1,7 @@
 // The states of the value carrier, what it owns and what it shares.
 #include "zvxmllib/values/variant/ZvVariant.h"
 
+#include "tests/support/Vectors.h"
 #include "tests/values/ReadText.h"
 #include "zvxmllib/binding/XmlCollectionBase.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
@@ -60,33 +61,12 @@ protected:
 };
 
 // One value of each kind that the variant carries.
-std::vector<std::pair<ItemType, char const*>> const kValues = {
-    {ItemType_hexBinary, "00FF"},
-    {ItemType_base64Binary, "TWFu"},
-    {ItemType_i1, "-128"},
-    {ItemType_i2, "-32768"},
-    {ItemType_i4, "-2147483648"},
-    {ItemType_i8, "-9223372036854775808"},
-    {ItemType_ui1, "255"},
-    {ItemType_ui2, "65535"},
-    {ItemType_ui4, "4294967295"},
-    {ItemType_ui8, "18446744073709551615"},
-    {ItemType_r4, "1.5"},
-    {ItemType_r8, "-2.5e+100"},
-    {ItemType_char, "x"},
-    {ItemType_string, "a string that is too long to stand in the object"},
-    {ItemType_boolean, "true"},
-    {ItemType_duration, "-P1Y2M3DT4H5M6.789S"},
-    {ItemType_yearMonth, "2026-11"},
-    {ItemType_monthDay, "--11-23Z"},
-    {ItemType_year, "2026"},
-    {ItemType_month, "--07"},
-    {ItemType_day, "---31"},
-    {ItemType_date, "2026-11-23+01:00"},
-    {ItemType_datetime, "2026-11-23T01:02:03.5Z"},
-    {ItemType_time, "23:59:59"},
-    {ItemType_decimal, "-0.05"},
-    {ItemType_integer, "-123456789012345678901234567890"}};
+std::vector<std::pair<ItemType, std::string>> const kValues = [] {
+    std::vector<std::pair<ItemType, std::string>> values;
+    for (auto const& row : Vectors("conversions.txt", "a value of each type"))
+        values.emplace_back(zvtest::TypeNamed(row[0]), row[1]);
+    return values;
+}();
 
 ZvVariant Make(ItemType type, std::string const& text) {
     ZvVariant value;

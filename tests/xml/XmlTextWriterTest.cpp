@@ -96,17 +96,8 @@ TEST(XmlTextWriter, WritesTheOptionsAskedFor) {
 }
 
 TEST(XmlTextWriter, ReportsMisuse) {
-    char const* const kLateAttribute = "Attributes must be added before elements";
-    struct Row {
-        char const* script;
-        char const* message;
-    };
-    for (Row const& row : {Row{"(a", "An Element has not been closed."}, Row{"(a 'x' @b=", kLateAttribute},
-                           Row{"(a 'x' ^b", kLateAttribute}, Row{"(a 'x' %", kLateAttribute},
-                           Row{"@b=", kLateAttribute}, Row{"^b", kLateAttribute}, Row{"%", kLateAttribute},
-                           Row{"''", "A value must be written inside an element."},
-                           Row{")", "There is no open element to be closed."}})
-        EXPECT_EQ(MessageOf<CZvException>([&] { XmlOf(Script(row.script)); }), row.message) << row.script;
+    for (auto const& row : Vectors("xml.txt", "misuse of the writer"))
+        EXPECT_EQ(MessageOf<CZvException>([&] { XmlOf(Script(row[0])); }), row[1]) << row[0];
     CTextStream sink(XmlEncoding_None);
     CXmlTextWriter writer(&sink);
     EXPECT_EQ(MessageOf<CZvException>([&] { writer.SetEOLType(static_cast<EOLType>(2)); }),
