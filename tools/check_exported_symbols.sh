@@ -18,7 +18,7 @@ library=$1
 # Weak symbols of the standard library's templates are not ours; their visibility is its own.
 exported=$(nm -D -C --defined-only "$library" |
     awk '{ kind = $2; $1 = ""; $2 = ""; sub(/^ +/, ""); print kind " " $0 }' |
-    grep -v -E '^[WVu] (typeinfo name for |typeinfo for |vtable for |guard variable for )?[^(]*\bstd::|^[WVu] [^(]*__gnu_cxx::' |
+    grep -v -E '^[WVu] decltype |^[WVu] (typeinfo name for |typeinfo for |vtable for |guard variable for )?[^(]*\bstd::|^[WVu] [^(]*__gnu_cxx::' |
     sed -E 's/^[A-Za-z] //
             s/^(vtable|VTT|typeinfo name|typeinfo|guard variable|construction vtable) for //
             s/^(non-virtual thunk to|virtual thunk to) //
