@@ -324,4 +324,16 @@ std::u16string UnitsFromWide(wchar_t const* text) {
     return result;
 }
 
+std::size_t FindHalfSurrogate(std::u16string_view units) noexcept {
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        bool const isHigh = units[i] >= 0xD800 && units[i] < 0xDC00;
+        bool const isLow = units[i] >= 0xDC00 && units[i] < 0xE000;
+        bool const isPair = isHigh && i + 1 < units.size() && units[i + 1] >= 0xDC00 && units[i + 1] < 0xE000;
+        if (isLow || (isHigh && !isPair))
+            return i;
+        i += isPair ? 1 : 0;
+    }
+    return units.size();
+}
+
 } // namespace ZvXmlLib16

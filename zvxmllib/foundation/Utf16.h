@@ -33,6 +33,9 @@ bool IsAscii(std::string_view text) noexcept;
 // True if the text is well-formed UTF-8 (RFC 3629): no overlong forms, no surrogates.
 bool IsValidUtf8(std::string_view text) noexcept;
 
+// The first half of a surrogate pair that lacks its other half; the length of the text if there is none.
+std::size_t FindHalfSurrogate(std::u16string_view units) noexcept;
+
 // Converts 32-bit wide characters to 16-bit units. Values above U+FFFF become surrogate pairs, surrogate
 // values pass unchanged, and values above U+10FFFF become U+FFFD.
 std::u16string UnitsFromWide(wchar_t const* text);

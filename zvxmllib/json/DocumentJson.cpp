@@ -14,17 +14,20 @@ CBinaryData CXmlDocument::LoadJsonFile(char const* fileName) {
 
 CBinaryData CXmlDocument::LoadJson(char const* text) {
     Cleanup();
-    return CJsonTextReader::ConvertToXml(JsonInput::OfText(text).GetText(), *m_pContext);
+    return CJsonTextReader::ConvertToXml(JsonInput::OfText(text, m_pContext->GetStrict()).GetText(),
+                                         *m_pContext);
 }
 
 CBinaryData CXmlDocument::LoadJson(wchar_t const* text) {
     Cleanup();
-    return CJsonTextReader::ConvertToXml(JsonInput::OfText(text).GetText(), *m_pContext);
+    return CJsonTextReader::ConvertToXml(JsonInput::OfText(text, m_pContext->GetStrict()).GetText(),
+                                         *m_pContext);
 }
 
 CBinaryData CXmlDocument::LoadJson(char16_t const* text) {
     Cleanup();
-    return CJsonTextReader::ConvertToXml(JsonInput::OfText(text).GetText(), *m_pContext);
+    return CJsonTextReader::ConvertToXml(JsonInput::OfText(text, m_pContext->GetStrict()).GetText(),
+                                         *m_pContext);
 }
 
 CBinaryData CXmlDocument::LoadJsonStream(unsigned char const* data, std::uint32_t length) {

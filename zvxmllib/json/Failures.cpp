@@ -144,4 +144,51 @@ void FailReadingConvertedXml(std::string const& xml, CZvException const& cause) 
     throw CZvException("Error converting JSON to XML:\n" + xml, cause);
 }
 
+void FailElementPlaceInJson(std::string const& name) {
+    throw CZvInvalidStateException(
+        FormatString("JSON can not express the Element [%s] in this place.", name.c_str()));
+}
+
+void FailTextPlaceInJson(std::string const& name) {
+    throw CZvInvalidStateException(
+        FormatString("The place of the text in [%s] can not be expressed in JSON.", name.c_str()));
+}
+
+void FailControlCharacter(char found, JsonPlace const& place) {
+    FailAt(place, FormatString("Invalid control character [U+%04X] in string", unsigned(found)));
+}
+
+void FailInvalidSurrogate(JsonPlace const& place) {
+    FailAt(place, "Invalid surrogate in string");
+}
+
+void FailInvalidUtf8(JsonPlace const& place) {
+    FailAt(place, "Invalid UTF-8 in string");
+}
+
+void FailExpectedEnd(char found, JsonPlace const& place) {
+    FailFound(place, "Expected the end of JSON", found);
+}
+
+void FailNameTwice(std::string const& name, JsonPlace const& place) {
+    FailAt(place, FormatString("The Name '%s' stands twice in a JSON Object", name.c_str()));
+}
+
+void FailNoPlainValue(std::string const& name, JsonPlace const& place) {
+    FailAt(place, FormatString("The JSON Attribute '%s' has no plain value", name.c_str()));
+}
+
+void FailSeveralRoots() {
+    throw CZvValidationException("JSON has more than one root element, set a RootElementName.", "");
+}
+
+void FailNoJsonRoot() {
+    throw CZvValidationException("JSON has no root element.", "");
+}
+
+void FailAttributeName(std::string const& name) {
+    throw CZvInvalidStateException(
+        FormatString("Failed to convert name '%s' to Attribute name in XML.", name.c_str()));
+}
+
 } // namespace ZvXmlLib16

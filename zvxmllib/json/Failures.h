@@ -11,6 +11,8 @@ class CZvException;
 // Writing.
 [[noreturn]] void FailUnknownNamespace(std::string const& ns);
 [[noreturn]] void FailContentAfterScalar();
+[[noreturn]] void FailElementPlaceInJson(std::string const& name);
+[[noreturn]] void FailTextPlaceInJson(std::string const& name);
 
 // Where reading stopped: line from 1, position of the last byte read on it, and the path of the open members.
 struct JsonPlace {
@@ -43,10 +45,21 @@ struct JsonPlace {
 [[noreturn]] void FailEndInWord(char const* word, JsonPlace const& place);
 [[noreturn]] void FailWrongWord(char const* word, JsonPlace const& place);
 
+// Of the strict reading.
+[[noreturn]] void FailControlCharacter(char found, JsonPlace const& place);
+[[noreturn]] void FailInvalidSurrogate(JsonPlace const& place);
+[[noreturn]] void FailInvalidUtf8(JsonPlace const& place);
+[[noreturn]] void FailExpectedEnd(char found, JsonPlace const& place);
+[[noreturn]] void FailNameTwice(std::string const& name, JsonPlace const& place);
+[[noreturn]] void FailNoPlainValue(std::string const& name, JsonPlace const& place);
+[[noreturn]] void FailSeveralRoots();
+[[noreturn]] void FailNoJsonRoot();
+
 // Conversion to XML.
 [[noreturn]] void FailEmptyName(std::string const& path);
 [[noreturn]] void FailArrayWithoutName(std::string const& path);
 [[noreturn]] void FailElementName(std::string const& name);
+[[noreturn]] void FailAttributeName(std::string const& name);
 [[noreturn]] void FailAttributeValue(std::string const& value);
 [[noreturn]] void FailElementValue(std::string const& value);
 

@@ -38,6 +38,21 @@ std::string TextOf(CBinaryData const& xml) {
     return Utf8ToLocal(reinterpret_cast<char const*>(xml.GetData()), xml.GetLength());
 }
 
+// A failure shows so much of the XML, since the whole may hold what is nobody's business.
+constexpr std::size_t kShownXml = 200;
+
+void FromStrictJson(CXmlObjectBase& object, std::string_view json, CSerializationContext const& ctx) {
+    CBinaryData const xml = CJsonTextReader::ConvertToXml(json, ctx);
+    CSerializationContext own(ctx);
+    if (ctx.GetJsonContext().GetSupportRoundtrip() != JsonRoundTrip_Full)
+        own.SetIgnoreNamespaces(true);
+    try {
+        object.FromXmlStream(xml, own);
+    } catch (CZvException const& cause) {
+        FailReadingConvertedXml(TextOf(xml).substr(0, kShownXml), cause);
+    }
+}
+
 } // namespace
 
 void CXmlObjectBase::FromJsonFile(char const* fileName, CSerializationContext const& ctx) {
@@ -47,17 +62,17 @@ void CXmlObjectBase::FromJsonFile(char const* fileName, CSerializationContext co
 
 void CXmlObjectBase::FromJson(wchar_t const* text, CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
-    FromJson_Int(JsonInput::OfText(text).GetText(), ctx);
+    FromJson_Int(JsonInput::OfText(text, ctx.GetStrict()).GetText(), ctx);
 }
 
 void CXmlObjectBase::FromJson(char16_t const* text, CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
-    FromJson_Int(JsonInput::OfText(text).GetText(), ctx);
+    FromJson_Int(JsonInput::OfText(text, ctx.GetStrict()).GetText(), ctx);
 }
 
 void CXmlObjectBase::FromJson(char const* text, CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
-    FromJson_Int(JsonInput::OfText(text).GetText(), ctx);
+    FromJson_Int(JsonInput::OfText(text, ctx.GetStrict()).GetText(), ctx);
 }
 
 void CXmlObjectBase::FromJsonStream(CBinaryData const& data, CSerializationContext const& ctx) {
@@ -75,6 +90,10 @@ void CXmlObjectBase::FromJsonStream(unsigned char* const data, std::uint32_t len
 // the JSON where that gives the same tree as the XML text; the text is then made only for the message of a
 // failure.
 void CXmlObjectBase::FromJson_Int(std::string_view json, CSerializationContext const& ctx) {
+    if (ctx.GetStrict()) {
+        FromStrictJson(*this, json, ctx);
+        return;
+    }
     CXmlDocument document(ctx);
     if (detail::KeepsReadingOfBytes(*this) && CJsonTreeWriter::Fill(document, json, ctx)) {
         IgnoredNamespaces const ignored(ctx);

@@ -6,6 +6,8 @@
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/values/binary/Encoder.h"
 
+#include <algorithm>
+
 namespace ZvXmlLib16 {
 
 namespace {
@@ -25,6 +27,18 @@ std::string_view Utf8Of(unsigned char const* data, std::size_t length, CBinaryDa
     if (CZvZip::TryDecompress(data, static_cast<std::uint32_t>(length), room, strict))
         return WithoutMark(room.GetData(), room.GetLength());
     return WithoutMark(data, length);
+}
+
+// Throws for a half of a surrogate pair.
+std::string Utf8OfWhole(std::u16string_view units) {
+    if (std::size_t const half = FindHalfSurrogate(units); half != units.size()) {
+        std::u16string_view const before = units.substr(0, half);
+        std::size_t const lineFeed = before.rfind(u'\n');
+        std::size_t const lineStart = lineFeed == std::u16string_view::npos ? 0 : lineFeed + 1;
+        FailInvalidSurrogate({static_cast<std::int32_t>(1 + std::count(before.begin(), before.end(), u'\n')),
+                              static_cast<std::int32_t>(half - lineStart + 1), std::string()});
+    }
+    return ConvertUtf16ToUtf8(units);
 }
 
 bool IsLocalAsItIs(std::string_view utf8) {
@@ -50,23 +64,29 @@ JsonInput JsonInput::OfBytes(unsigned char const* data, std::size_t length, bool
     return input;
 }
 
-JsonInput JsonInput::OfText(char const* text) {
+JsonInput JsonInput::OfText(char const* text, bool strict) {
     if (text == nullptr || *text == '\0')
         FailEmptyJsonText();
     JsonInput input;
     input.m_text = text;
+    if (strict && !IsLocalTextUtf8()) {
+        CBinaryData const utf8 = LocalToUtf8(text);
+        input.m_made.assign(reinterpret_cast<char const*>(utf8.GetData()), utf8.GetLength());
+        input.m_isMade = true;
+    }
     return input;
 }
 
-JsonInput JsonInput::OfText(wchar_t const* text) {
-    return OfText(text == nullptr ? u"" : UnitsFromWide(text).c_str());
+JsonInput JsonInput::OfText(wchar_t const* text, bool strict) {
+    return OfText(text == nullptr ? u"" : UnitsFromWide(text).c_str(), strict);
 }
 
-JsonInput JsonInput::OfText(char16_t const* text) {
+JsonInput JsonInput::OfText(char16_t const* text, bool strict) {
     if (text == nullptr || *text == u'\0')
         FailEmptyJsonText();
     JsonInput input;
-    input.m_made = Utf16ToLocal(text, std::char_traits<char16_t>::length(text));
+    std::size_t const length = std::char_traits<char16_t>::length(text);
+    input.m_made = strict ? Utf8OfWhole({text, length}) : Utf16ToLocal(text, length);
     input.m_isMade = true;
     return input;
 }
@@ -83,7 +103,7 @@ bool JsonInput::IsJson(unsigned char const* data, std::size_t length) {
 
 void JsonInput::TakeUtf8(unsigned char const* data, std::size_t length, bool strict) {
     m_text = Utf8Of(data, length, m_decompressed, strict);
-    if (IsLocalAsItIs(m_text))
+    if (strict || IsLocalAsItIs(m_text))
         return;
     m_made = Utf8ToLocal(m_text.data(), m_text.size());
     m_isMade = true;

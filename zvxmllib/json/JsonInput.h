@@ -10,8 +10,8 @@
 
 namespace ZvXmlLib16 {
 
-// Holds local text, and any conversion made for it. Texts and bytes used unchanged are borrowed and must
-// outlive this object.
+// Holds local text, or UTF-8 for strict reading, and any conversion made for it. Texts and bytes used
+// unchanged are borrowed and must outlive this object.
 class JsonInput {
 public:
     // UTF-8, with or without a byte order mark, in gzip or zlib form too. Throw CZvException; strict, also
@@ -19,9 +19,9 @@ public:
     static JsonInput OfFile(char const* fileName, bool strict);
     static JsonInput OfBytes(unsigned char const* data, std::size_t length, bool strict);
     // Local and wide text. They throw CZvException for an empty one.
-    static JsonInput OfText(char const* text);
-    static JsonInput OfText(wchar_t const* text);
-    static JsonInput OfText(char16_t const* text);
+    static JsonInput OfText(char const* text, bool strict);
+    static JsonInput OfText(wchar_t const* text, bool strict);
+    static JsonInput OfText(char16_t const* text, bool strict);
 
     // True if the bytes begin like an object, an array, a string or a comment. Of compressed bytes the first
     // 64 KiB of the content are tested.

@@ -1,9 +1,11 @@
 #include "zvxmllib/json/JsonTextReader.h"
 
+#include "zvxmllib/binding/NestingGuard.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/json/Failures.h"
 #include "zvxmllib/json/JsonReaderToXmlHandler.h"
+#include "zvxmllib/json/StrictJsonReading.h"
 #include "zvxmllib/streams/TextStream.h"
 #include "zvxmllib/values/binary/BinaryData.h"
 #include "zvxmllib/values/binary/Encoder.h"
@@ -18,6 +20,8 @@ namespace ZvXmlLib16 {
 namespace {
 
 constexpr std::int32_t kDepthLimit = 100;
+constexpr std::int32_t kStrictDepthLimit =
+    2 * kMaxNestingDepth + 2; // an element may be an array and an object
 
 CInstanceMonitor::Registration s_registration("CJsonTextReader");
 
@@ -35,6 +39,19 @@ constexpr std::array<bool, 256> MakeRunEnds() {
 
 constexpr std::array<bool, 256> kRunEnds = MakeRunEnds();
 
+constexpr bool IsControl(char c) noexcept {
+    return static_cast<unsigned char>(c) < 0x20;
+}
+
+constexpr std::array<bool, 256> MakeStrictRunEnds() {
+    std::array<bool, 256> ends = MakeRunEnds();
+    for (std::size_t control = 0; control < 0x20; ++control)
+        ends[control] = true;
+    return ends;
+}
+
+constexpr std::array<bool, 256> kStrictRunEnds = MakeStrictRunEnds();
+
 constexpr unsigned kNoDigit = 16;
 
 constexpr unsigned HexDigit(char c) noexcept {
@@ -49,8 +66,9 @@ constexpr unsigned HexDigit(char c) noexcept {
 
 } // namespace
 
-CJsonTextReader::CJsonTextReader(std::string_view text)
-    : CInstanceMonitor(s_registration), m_next(text.data()), m_end(text.data() + text.size()),
+CJsonTextReader::CJsonTextReader(std::string_view text, JsonSyntax syntax)
+    : CInstanceMonitor(s_registration), m_isStrict(syntax == JsonSyntax::kStrict),
+      m_allowComments(!m_isStrict), m_next(text.data()), m_end(text.data() + text.size()),
       m_lineStart(text.data()) {}
 
 CJsonTextReader::~CJsonTextReader() = default;
@@ -60,6 +78,8 @@ void CJsonTextReader::SetHandler(std::unique_ptr<IJsonReaderHandler> handler) no
 }
 
 CBinaryData CJsonTextReader::ConvertToXml(std::string_view json, CSerializationContext const& ctx) {
+    if (ctx.GetStrict())
+        return ConvertStrictJson(json, ctx);
     CTextStream stream(XmlEncoding_UTF8);
     CXmlTextWriter writer(&stream);
     writer.WriteDeclaration();
@@ -78,17 +98,21 @@ void CJsonTextReader::Convert(std::string_view json, CSerializationContext const
     writer.Close();
 }
 
-void CJsonTextReader::Parse() {
+bool CJsonTextReader::Parse() {
     m_handler.StartDocument();
     if (!m_rootElementName.empty()) {
         m_handler.StartObject();
         m_handler.OnName(m_rootElementName);
     }
-    if (ReadSignificant())
+    bool const hasValue = ReadSignificant();
+    if (hasValue)
         ParseValue(0);
+    if (m_isStrict && !m_isAtEnd)
+        FailExpectedEnd(m_current, Place());
     if (!m_rootElementName.empty())
         m_handler.EndObject();
     m_handler.EndDocument();
+    return hasValue;
 }
 
 bool CJsonTextReader::ReadSignificant() noexcept {
@@ -135,7 +159,7 @@ bool CJsonTextReader::ReadBlock(std::size_t count, std::string_view& block) noex
 }
 
 void CJsonTextReader::ParseValue(std::int32_t depth) {
-    if (++depth > kDepthLimit)
+    if (++depth > (m_isStrict ? kStrictDepthLimit : kDepthLimit))
         FailJsonTooDeep(Place());
     switch (m_current) {
     case '{':
@@ -233,11 +257,12 @@ void CJsonTextReader::ParseWord(std::string_view rest, char const* shownWord) {
 }
 
 void CJsonTextReader::ParseString() {
+    std::array<bool, 256> const& runEnds = m_isStrict ? kStrictRunEnds : kRunEnds;
     m_token.clear();
     m_hasNul = false;
     for (;;) {
         char const* const run = m_next;
-        while (m_next != m_end && !kRunEnds[static_cast<unsigned char>(*m_next)])
+        while (m_next != m_end && !runEnds[static_cast<unsigned char>(*m_next)])
             ++m_next;
         if (m_next != run) {
             AppendCharacters();
@@ -249,6 +274,8 @@ void CJsonTextReader::ParseString() {
             break;
         if (m_current == '\\') {
             ParseEscape();
+        } else if (m_isStrict && IsControl(m_current)) {
+            FailControlCharacter(m_current, Place());
         } else { // after a line feed, or a NUL
             AppendCharacters();
             m_hasNul = m_hasNul || m_current == '\0';
@@ -256,7 +283,7 @@ void CJsonTextReader::ParseString() {
         }
     }
     AppendCharacters();
-    if (m_hasNul)
+    if (m_hasNul && !m_isStrict)
         m_token.resize(m_token.find('\0'));
     ReadSignificant();
 }
@@ -315,6 +342,13 @@ void CJsonTextReader::ParseCharacterCode() {
 void CJsonTextReader::AppendCharacters() {
     if (m_characters.empty())
         return;
+    if (m_isStrict) {
+        if (FindHalfSurrogate(m_characters) != m_characters.size())
+            FailInvalidSurrogate(Place());
+        m_token += ConvertUtf16ToUtf8(m_characters);
+        m_characters.clear();
+        return;
+    }
     m_token += IsASCIIOnly() ? ConvertUtf16ToUtf8(m_characters)
                              : Utf16ToLocal(m_characters.data(), m_characters.size());
     m_characters.clear();

@@ -15,6 +15,11 @@ namespace ZvXmlLib16 {
 
 struct JsonPlace;
 
+// What a JSON text may be. The usual way takes comments, control characters in strings and halves of
+// surrogates, drops line feeds wherever they stand, cuts strings at a NUL and looks at nothing behind the
+// first value; strict is RFC 8259.
+enum class JsonSyntax { kUsual, kStrict };
+
 // Sends the events of a JSON text (RFC 8259) to a chain of handlers, without keeping any of it. Comments may
 // stand between tokens, control characters are allowed in strings, line feeds are dropped everywhere, and
 // anything after the first value is ignored. Throws CZvValidationException with the line and position of a
@@ -22,7 +27,7 @@ struct JsonPlace;
 class CJsonTextReader : public CInstanceMonitor {
 public:
     // `text` is local text, borrowed, and outlives the reader.
-    explicit CJsonTextReader(std::string_view text);
+    explicit CJsonTextReader(std::string_view text, JsonSyntax syntax = JsonSyntax::kUsual);
     CJsonTextReader(CJsonTextReader const&) = delete;
     CJsonTextReader& operator=(CJsonTextReader const&) = delete;
     ~CJsonTextReader() override;
@@ -35,10 +40,13 @@ public:
     // The text is then the value of a member of this name. Empty at first, for a text that names its root.
     void SetRootElementName(std::string name) { m_rootElementName = std::move(name); }
 
-    // Call it once for each reader. Exceptions of handlers pass through.
-    void Parse();
+    // Call it once for each reader. Exceptions of handlers pass through. False for a text without a value.
+    bool Parse();
+    // Where the reader stands.
+    JsonPlace Place() const;
 
-    // Converts the JSON text to an XML document by the context's JSON options: UTF-8, with a declaration.
+    // Converts the JSON text to an XML document by the context's JSON options: UTF-8, with a declaration. For
+    // a strict context the JSON text is UTF-8, too.
     static CBinaryData ConvertToXml(std::string_view json, CSerializationContext const& ctx);
     // The same into a writer, from the root to its Close.
     static void Convert(std::string_view json, CSerializationContext const& ctx, CXmlWriter& writer);
@@ -48,11 +56,13 @@ private:
     bool ReadByte() noexcept {
         while (m_next != m_end) {
             char const byte = *m_next++;
-            if (byte != '\n') {
-                m_current = byte;
-                return true;
+            if (byte == '\n') {
+                CountLine();
+                if (!m_isStrict)
+                    continue;
             }
-            CountLine();
+            m_current = byte;
+            return true;
         }
         m_isAtEnd = true;
         return false;
@@ -84,10 +94,9 @@ private:
     void TakeCurrent();
     void TakeDigits();
 
-    JsonPlace Place() const;
-
     CJsonReaderDefaultHandler m_handler;
-    bool m_allowComments = true;
+    bool const m_isStrict;
+    bool m_allowComments;
     std::string m_rootElementName;
 
     char const* m_next;

@@ -2,6 +2,7 @@
 #include "zvxmllib/json/JsonTextWriter.h"
 
 #include "zvxmllib/json/Failures.h"
+#include "zvxmllib/json/JsonValue.h"
 #include "zvxmllib/writers/Failures.h"
 
 namespace ZvXmlLib16 {
@@ -34,12 +35,6 @@ constexpr CTextWriter::EscapeTable MakeEscapeTable() {
 }
 
 constexpr CTextWriter::EscapeTable kEscapeTable = MakeEscapeTable();
-
-// Types whose lexical forms are those of JSON, except NaN and INF.
-constexpr bool StandsBare(ItemType type) {
-    return (type >= ItemType_i1 && type <= ItemType_r8) ||
-           (type >= ItemType_boolean && type <= ItemType_integer);
-}
 
 } // namespace
 

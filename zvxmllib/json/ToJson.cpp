@@ -2,25 +2,42 @@
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/binding/XmlObjectBase.h"
 #include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/json/ExactJsonWriter.h"
 #include "zvxmllib/json/JsonTextWriter.h"
 #include "zvxmllib/streams/AsyncFiles.h"
+#include "zvxmllib/streams/Failures.h"
 #include "zvxmllib/streams/FileBinaryStream.h"
 #include "zvxmllib/streams/FileTextStream.h"
 #include "zvxmllib/streams/TextStream.h"
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/writers/Failures.h"
+#include "zvxmllib/writers/StrictWriter.h"
 
 namespace ZvXmlLib16 {
 
 // Writing does not change the object, but GetTargetNamespace is not const.
 void CXmlObjectBase::WriteJsonText(CTextStream& sink, bool formatted, EOLType eol,
                                    CSerializationContext const& ctx) const {
+    JsonRoundTrip const roundTrip = ctx.GetJsonContext().GetSupportRoundtrip();
+    auto const writeWith = [&](CTextWriter& writer) {
+        std::string const ns = const_cast<CXmlObjectBase*>(this)->GetTargetNamespace();
+        ToXml_Int(&writer, true, ns.c_str(), ctx, false);
+    };
+    if (ctx.GetStrict()) {
+        if (sink.GetEncoding() != XmlEncoding_UTF8 && sink.GetEncoding() != XmlEncoding_None)
+            FailUnknownEncoding();
+        StrictWriter<CExactJsonWriter> writer(ctx.GetSchemaType() != SchemaType_NoNamespaces, &sink,
+                                              roundTrip);
+        writer.Begin(formatted, eol, ctx);
+        writeWith(writer);
+        writer.Close();
+        return;
+    }
     CJsonTextWriter writer(&sink);
     writer.Begin(formatted, eol, ctx);
-    writer.SetRoundTrip(ctx.GetJsonContext().GetSupportRoundtrip());
+    writer.SetRoundTrip(roundTrip);
     writer.WriteDocumentStart();
-    std::string const ns = const_cast<CXmlObjectBase*>(this)->GetTargetNamespace();
-    ToXml_Int(&writer, true, ns.c_str(), ctx, false);
+    writeWith(writer);
     writer.WriteDocumentEnd();
     writer.Close();
 }

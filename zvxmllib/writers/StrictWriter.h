@@ -21,8 +21,8 @@ public:
         : Base(std::forward<Arguments>(arguments)...), m_checks(hasNamespaces) {}
 
     void Close() override {
+        m_checks.RequireRoot(); // before the base gives up a file that is there
         Base::Close();
-        m_checks.RequireRoot();
     }
     void SetDefaultNamespace(std::string const& ns) override {
         m_checks.RequireDefaultNamespace(ns);
