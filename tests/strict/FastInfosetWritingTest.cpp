@@ -278,5 +278,45 @@ TEST(StrictFastInfosetWriting, KeepsRealDocuments) {
     EXPECT_GE(count, 6);
 }
 
+// An untyped object that stands for a whole document.
+class CWholeDocument : public CElement {
+public:
+    CWholeDocument(CXmlDocument const& document, CSerializationContext const& ctx) : CElement("") {
+        CXmlElement* const root = document.GetDocumentElement();
+        FromXml_Int(root, root, ctx, false);
+    }
+
+protected:
+    ~CWholeDocument() override = default;
+};
+
+// Whatever a strict reader takes can be written, and is the same when it is read again.
+TEST(StrictFastInfosetWriting, GivesBackWhateverWasRead) {
+    CSerializationContext const strict = Context(true);
+    std::string const sample =
+        Octets("E0 00 00 01 20 0098 00 01 'le' 00 00 'r' 00 00 'i' E1 00 't' 00 'd'"
+               "78 CF 00 'p' 00 'u' CD 00 'd' F0 3F 81 81 80 7B 81 81 80 80 78 00 'k' 41 'on' F0"
+               "92 00 'two' A0 38 CC F0 3C 00 'b' 95 20 AC F0 88 00 12 3D 82 00 'c' 8C 0E 01 00 "
+               "00 00 07 F0 40 00 80 FF F0 E2 00 'c' F0");
+    int taken = 0;
+    for (std::size_t at = 4; at < sample.size(); ++at) {
+        for (int change = 0; change < 256; ++change) {
+            std::string octets = sample;
+            octets[at] = static_cast<char>(octets[at] ^ change);
+            CXmlDocument document(strict);
+            if (MessageOf<CZvException>([&] { Load(document, octets); }) != "nothing was thrown")
+                continue;
+            ++taken;
+            CSmartPtr<CElement> const element(new CWholeDocument(document, strict));
+            std::string const again =
+                TextOf(element->ToFastInfosetStream(FInfoDecl_None, strict, CompressionType_None));
+            CXmlDocument copy(strict);
+            Load(copy, again);
+            ASSERT_EQ(TreeText(copy), TreeText(document)) << at << ' ' << change;
+        }
+    }
+    EXPECT_GT(taken, 2000);
+}
+
 } // namespace
 } // namespace ZvXmlLib16
