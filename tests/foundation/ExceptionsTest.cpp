@@ -34,7 +34,7 @@ TEST(Exceptions, AppendThePathOnlyWhereItIsGivenAndNotEmpty) {
 }
 
 TEST(Exceptions, KeepTheClassOfTheCauseThroughCopies) {
-    auto source = std::make_unique<CZvException>("outer", CZvInvalidNamespaceException("inner", "/n"));
+    auto source = std::make_unique<CZvException>("outer", "/o", CZvInvalidNamespaceException("inner", "/n"));
     CZvException const copy(*source);
     CZvException assigned("other", CZvException("old"));
     assigned = *source;
@@ -43,7 +43,8 @@ TEST(Exceptions, KeepTheClassOfTheCauseThroughCopies) {
         ASSERT_NE(failure->GetInnerException(), nullptr);
         CZvException const& inner = *failure->GetInnerException();
         EXPECT_EQ(typeid(inner), typeid(CZvInvalidNamespaceException));
-        EXPECT_EQ(failure->GetFullMessage(), "outer\ninner\nPath: /n");
+        EXPECT_EQ(failure->GetPath(), "/o");
+        EXPECT_EQ(failure->GetFullMessage(), "outer\nPath: /o\ninner\nPath: /n");
     }
 }
 

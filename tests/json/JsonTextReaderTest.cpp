@@ -108,22 +108,12 @@ TEST(JsonTextReader, TellsWhatIsWrongAndWhere) {
 }
 
 TEST(JsonTextReader, GivesThePathOfTheOpenMembersFromTheInsideOut) {
-    struct {
-        char const* json;
-        char const* path;
-    } const rows[] = {{R"({"r":{"list":[{"a":1},7,{"b":x}]}})", ".b.list[1].r"},
-                      {R"({"r":{"done":{"a":[{}]},"b":x}})", ".b.r"},
-                      {R"({"r":[[{"b":x}]]})", ".b.[0]"},
-                      {R"({"r":{"a":[1,x]}})", ".r"},
-                      {R"({"r":{"a":1 x}})", ".a.r"},
-                      {R"({"":x})", "."},
-                      {R"({"r":[{"a":1}, x]})", ""}};
-    for (auto const& row : rows) {
+    for (auto const& row : Vectors("json.txt", "paths of failures")) {
         try {
-            EventsOf(row.json);
-            ADD_FAILURE() << row.json;
+            EventsOf(row[0]);
+            ADD_FAILURE() << row[0];
         } catch (CZvValidationException const& failure) {
-            EXPECT_EQ(failure.GetPath(), row.path) << row.json;
+            EXPECT_EQ(failure.GetPath(), row[1]) << row[0];
         }
     }
 }
@@ -194,30 +184,14 @@ TEST(JsonTextReader, RefusesEveryWrongCharacterInEveryState) {
 }
 
 TEST(JsonTextReader, JoinsSurrogatesAndReplacesLoneOnes) {
-    struct Row {
-        char const* json;
-        char const* utf8;
-        char const* windows1252;
-    };
-    for (Row const& row :
-         {Row{R"("\u00e4\u00E4")", "\xC3\xA4\xC3\xA4", "\xE4\xE4"},
-          Row{R"("\u20ac")", "\xE2\x82\xAC", "\x80"},
-          Row{R"("a\ud83d\ude00b")",
-              "a\xF0\x9F\x98\x80"
-              "b",
-              "a?b"},
-          Row{"\"\\ud83d\n\\ude00\"", "\xF0\x9F\x98\x80", "?"}, Row{R"("\ud83d")", "\xEF\xBF\xBD", "?"},
-          Row{R"("\ude00x")", "\xEF\xBF\xBDx", "?x"},
-          Row{R"("\ud83dx\ude00")", "\xEF\xBF\xBDx\xEF\xBF\xBD", "?x?"},
-          Row{R"("\ud83d\n")", "\xEF\xBF\xBD\n", "?\n"},
-          Row{R"("\ud83d\ud83d\ude00")", "\xEF\xBF\xBD\xF0\x9F\x98\x80", "??"}}) {
+    for (auto const& row : Vectors("json.txt", "surrogates: JSON, UTF-8, Windows-1252")) {
         auto const inPage = [&](unsigned page, bool isAsciiOnly) {
             LocalEncoding const local(page, isAsciiOnly);
-            return EventsOf(row.json);
+            return EventsOf(row[0]);
         };
-        EXPECT_EQ(inPage(65001, false), "<'" + std::string(row.utf8) + "'>") << row.json;
-        EXPECT_EQ(inPage(1252, false), "<'" + std::string(row.windows1252) + "'>") << row.json;
-        EXPECT_EQ(inPage(1252, true), "<'" + std::string(row.utf8) + "'>") << row.json;
+        EXPECT_EQ(inPage(65001, false), "<'" + row[1] + "'>") << row[0];
+        EXPECT_EQ(inPage(1252, false), "<'" + row[2] + "'>") << row[0];
+        EXPECT_EQ(inPage(1252, true), "<'" + row[1] + "'>") << row[0];
     }
 }
 

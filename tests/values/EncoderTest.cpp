@@ -4,6 +4,7 @@
 
 #include "tests/support/Bytes.h"
 #include "tests/support/LocalEncoding.h"
+#include "tests/support/Vectors.h"
 
 #include <gtest/gtest.h>
 
@@ -16,54 +17,25 @@ using namespace ZvXmlLib16;
 namespace {
 
 TEST(Encoder, ConvertsBothWaysByCodePage) {
-    struct Row {
-        unsigned int codePage;
-        std::string local;
-        std::string utf8;
-    };
-    for (Row const& row :
-         {Row{65001, "a\xC3\xA4\xF0\x9F\x98\x80", "a\xC3\xA4\xF0\x9F\x98\x80"},
-          Row{20127, "plain\x7F", "plain\x7F"}, Row{858, "\xD5", "\xE2\x82\xAC"},
-          Row{28591, "\x80\xE4\xFF", "\xC2\x80\xC3\xA4\xC3\xBF"}, Row{1250, "\xBE", "\xC4\xBE"},
-          Row{1251, "\xC4\xE0", "\xD0\x94\xD0\xB0"}, Row{1252, "\x80 \xE4", "\xE2\x82\xAC \xC3\xA4"},
-          Row{1253, "\xE1", "\xCE\xB1"}, Row{1255, "\xE0\xE1", "\xD7\x90\xD7\x91"},
-          Row{1257, "\xE0", "\xC4\x85"},
-          Row{1258, "a\xDE", "\xC3\xA3"}, // a letter that takes its accent from the byte behind it
-          Row{932, "\x93\xFA", "\xE6\x97\xA5"}, Row{54936, "\x94\x39\xFC\x36", "\xF0\x9F\x98\x80"}}) {
-        LocalEncoding const encoding(row.codePage);
-        EXPECT_EQ(Utf8ToLocal(row.utf8.c_str()), row.local) << row.codePage;
-        EXPECT_EQ(TextOf(LocalToUtf8(row.local.c_str())), row.utf8) << row.codePage;
+    for (auto const& row : Vectors("conversions.txt", "code pages: page, local, UTF-8")) {
+        LocalEncoding const encoding(static_cast<unsigned>(std::stoul(row[0])));
+        EXPECT_EQ(Utf8ToLocal(row[2].c_str()), row[1]) << row[0];
+        EXPECT_EQ(TextOf(LocalToUtf8(row[1].c_str())), row[2]) << row[0];
     }
 }
 
 TEST(Encoder, ReplacesWhatCannotBeExpressed) {
-    struct Row {
-        unsigned int codePage;
-        char const* utf8;
-        char const* local;
-    };
-    for (Row const& row :
-         {Row{20127, "a\xC3\xA4z", "a?z"}, Row{28591, "\xE2\x82\xAC", "?"},
-          Row{28591, "a\xF0\x9F\x98\x80z", "a?z"}, Row{1252, "a\xE6\x97\xA5\xF0\x9F\x98\x80z", "a??z"},
-          Row{932, "\xE6\x97\xA5\xF0\x9F\x98\x80\xE6\x97\xA5", "\x93\xFA?\x93\xFA"},
-          Row{1252, "a\xFFz", "a?z"}, Row{65001, "a\xFFz", "a\xEF\xBF\xBDz"}}) {
-        LocalEncoding const encoding(row.codePage);
-        EXPECT_EQ(Utf8ToLocal(row.utf8), row.local) << row.codePage << ' ' << row.utf8;
+    for (auto const& row :
+         Vectors("conversions.txt", "what a code page can not express: page, UTF-8, local")) {
+        LocalEncoding const encoding(static_cast<unsigned>(std::stoul(row[0])));
+        EXPECT_EQ(Utf8ToLocal(row[1].c_str()), row[2]) << row[0] << ' ' << row[1];
     }
 }
 
 TEST(Encoder, ReplacesMalformedLocalText) {
-    struct Row {
-        unsigned int codePage;
-        char const* local;
-        char const* utf8;
-    };
-    for (Row const& row : {Row{20127, "a\xE4z", "a\xEF\xBF\xBDz"}, Row{1252, "a\x81z", "a\xEF\xBF\xBDz"},
-                           Row{932, "a\x81", "a\xEF\xBF\xBD"},
-                           Row{932, "\x93\xFA\xFD\xFDz", "\xE6\x97\xA5\xEF\xBF\xBD\xEF\xBF\xBDz"},
-                           Row{65001, "\xE2\x82z", "\xEF\xBF\xBDz"}}) {
-        LocalEncoding const encoding(row.codePage);
-        EXPECT_EQ(TextOf(LocalToUtf8(row.local)), row.utf8) << row.codePage << ' ' << row.local;
+    for (auto const& row : Vectors("conversions.txt", "malformed local text: page, local, UTF-8")) {
+        LocalEncoding const encoding(static_cast<unsigned>(std::stoul(row[0])));
+        EXPECT_EQ(TextOf(LocalToUtf8(row[1].c_str())), row[2]) << row[0] << ' ' << row[1];
     }
 }
 

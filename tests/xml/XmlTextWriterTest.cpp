@@ -27,31 +27,15 @@ TEST(XmlTextWriter, LaysElementsOut) {
 }
 
 TEST(XmlTextWriter, EscapesTextAndAttributes) {
-    struct Row {
-        char const* value;
-        char const* text;
-        char const* attribute;
-        EOLType eol;
-    };
-    Row const rows[] = {
-        {"<&>\"'\t", "&lt;&amp;&gt;\"'\t", "&lt;&amp;&gt;&quot;'\t", EOLType_LF},
-        {"a\nb", "a\nb", "a&#xA;b", EOLType_LF},
-        {"a\nb\n", "a\r\nb\r\n", "a&#xA;b&#xA;", EOLType_CRLF},
-        {"a\r\nb\r", "a\nb", "a&#xA;b", EOLType_LF},
-        {"&", "&amp;", "&amp;", EOLType_LF},
-        {"]]>", "]]&gt;", "]]&gt;", EOLType_LF},
-        {"\xC3\xA4<\xE2\x82\xAC", "\xC3\xA4&lt;\xE2\x82\xAC", "\xC3\xA4&lt;\xE2\x82\xAC", EOLType_LF},
-        {"<![CDATA[<&>\n]]>", "<![CDATA[<&>\n]]>", "&lt;![CDATA[&lt;&amp;&gt;&#xA;]]&gt;", EOLType_CRLF},
-        {" <![CDATA[<]]>", " &lt;![CDATA[&lt;]]&gt;", " &lt;![CDATA[&lt;]]&gt;", EOLType_LF}};
-    for (Row const& row : rows) {
+    for (auto const& row : Vectors("xml.txt", "escapes: value, text, attribute, end of line")) {
         auto const body = [&](CXmlWriter& w) {
             w.WriteElementStart("a", "");
-            w.WriteAttribute("b", "", row.value, ItemType_string);
-            w.WriteElementValue(row.value, ItemType_string, false);
+            w.WriteAttribute("b", "", row[0], ItemType_string);
+            w.WriteElementValue(row[0], ItemType_string, false);
             w.WriteElementEnd();
         };
-        EXPECT_EQ(XmlOf(body, false, row.eol),
-                  std::string("<a b=\"") + row.attribute + "\">" + row.text + "</a>");
+        EXPECT_EQ(XmlOf(body, false, row[3] == "EOLType_LF" ? EOLType_LF : EOLType_CRLF),
+                  std::string("<a b=\"") + row[2] + "\">" + row[1] + "</a>");
     }
     EXPECT_EQ(XmlOf(Script(std::string("(a 'a\0<b')", 10))), "<a>a</a>");
 }
