@@ -62,14 +62,12 @@ void CElementInfo::ReadValueOf(Ctx const& ctx, Object* object, CXmlElement& elem
 }
 
 void CElementInfo::ElementFromXmlPrim(Ctx const& ctx, Object* object, CXmlElement** current) const {
-    if (ctx.GetStrict()) {
-        CXmlElement const& element = **current;
-        return ReadValue(ctx, object, current, m_itemType, [&](ZvVariant& value, std::string_view text) {
+    CXmlElement const& element = **current;
+    ReadValue(ctx, object, current, m_itemType, [&](ZvVariant& value, std::string_view text) {
+        if (ctx.GetStrict())
             AsStrictValue().Read(value, text, element);
-        });
-    }
-    ReadValue(ctx, object, current, m_itemType, [this](ZvVariant& value, std::string_view text) {
-        value.FromText(text, m_itemType, m_whitespaceRule);
+        else
+            value.FromText(text, m_itemType, m_whitespaceRule);
     });
 }
 

@@ -45,14 +45,10 @@ bool CElementInfo::WriteProperty(Ctx const& ctx, Object const* object, CXmlWrite
 }
 
 bool CElementInfo::ElementToXmlPrim(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
-    if (ctx.GetStrict())
-        return WriteProperty(
-            ctx, object, writer, [this](ZvVariant const& value, std::string& buffer) -> auto& {
-                return AsStrictValue().ToText(value, m_formatOverride, buffer);
-            });
     return WriteProperty(
-        ctx, object, writer, [this](ZvVariant const& value, std::string& buffer) -> auto& {
-            return value.ToText(m_formatOverride.c_str(), buffer);
+        ctx, object, writer, [ this, &ctx ](ZvVariant const& value, std::string& buffer) -> auto& {
+            return ctx.GetStrict() ? AsStrictValue().ToText(value, m_formatOverride, buffer)
+                                   : value.ToText(m_formatOverride.c_str(), buffer);
         });
 }
 
