@@ -50,6 +50,36 @@ TEST(Positions, TellWhereReadingFailed) {
     EXPECT_EQ(Where("<!DOCTYPE order [<!ATTLIST order k CDATA 'x'>]>\n<order/>"), "2:1"); // stands nowhere
 }
 
+TEST(Positions, OfJsonAreThoseOfTheValues) {
+    Model model;
+    model.elements = {Prim<CElementInfoSeqPrimOpt>("a", 0), new CElementInfoSeqPrimCol("c", "", 1)};
+    model.attributes = {Attribute("k", 3, true)};
+    model.init = [](Probe& probe) { probe.properties[1].SetXmlCollection(NewCol<Ci4Col>({"c"})); };
+    model.Finish();
+    struct Row {
+        char const* json;
+        char const* where;
+    };
+    for (Row const& row : {
+             Row{"{\"order\": {\n  \"a\": \"x\"}}", "2:8"},
+             Row{"{\"order\": {\"c\": [1,\n 2, \"x\"]}}", "2:5"},
+             Row{"{\"order\": {\"a\": 1,\n \"a\": \"x\"", "2:9"},    // no JSON
+             Row{"{\"order\": {\"Ã¤\": 1,\n \"a\": \"x\"}}", "0:0"}, // by way of XML text
+         }) {
+        CSerializationContext ctx;
+        ctx.SetKeepPositions(true);
+        CSmartPtr<Probe> const probe(new Probe(model));
+        try {
+            probe->FromJson(row.json, ctx);
+            ADD_FAILURE() << row.json;
+        } catch (CZvException const& failure) {
+            EXPECT_EQ(std::to_string(failure.GetLine()) + ':' + std::to_string(failure.GetColumn()),
+                      row.where)
+                << row.json;
+        }
+    }
+}
+
 TEST(Positions, AreThoseOfTheTreeInAnyEncoding) {
     CSerializationContext ctx;
     ctx.SetKeepPositions(true);

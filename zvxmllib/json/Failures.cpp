@@ -10,8 +10,10 @@ namespace {
 
 // All failures of the grammar end with the position.
 [[noreturn]] void FailAt(JsonPlace const& place, std::string const& what) {
-    throw CZvValidationException(what + FormatString(" at line %d, position %d.", place.line, place.position),
-                                 place.path);
+    CZvValidationException failure(
+        what + FormatString(" at line %d, position %d.", place.line, place.position), place.path);
+    failure.SetPosition(static_cast<std::uint64_t>(place.line), static_cast<std::uint64_t>(place.position));
+    throw failure;
 }
 
 // What is expected, and the character found in its place.

@@ -2,6 +2,7 @@
 
 #include "zvxmllib/binding/NestingGuard.h"
 #include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/document/XmlTree.h"
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/json/Failures.h"
 #include "zvxmllib/json/JsonReaderToXmlHandler.h"
@@ -88,12 +89,19 @@ CBinaryData CJsonTextReader::ConvertToXml(std::string_view json, CSerializationC
 }
 
 void CJsonTextReader::Convert(std::string_view json, CSerializationContext const& ctx, CXmlWriter& writer) {
+    Convert(json, ctx, writer, nullptr);
+}
+
+void CJsonTextReader::Convert(std::string_view json, CSerializationContext const& ctx, CXmlWriter& writer,
+                              XmlTree* tree) {
     CJsonContext const& options = ctx.GetJsonContext();
     CJsonTextReader reader(json);
     reader.SetHandler(std::make_unique<CJsonReaderToXmlHandler>(writer, options.GetSupportRoundtrip(),
                                                                 reader.GetErrorPathProvider()));
     reader.SetAllowComments(options.GetAllowComments());
     reader.SetRootElementName(options.GetRootElementName());
+    if (tree != nullptr && ctx.GetKeepPositions())
+        tree->KeepPositions(reader);
     reader.Parse();
     writer.Close();
 }
@@ -159,6 +167,8 @@ bool CJsonTextReader::ReadBlock(std::size_t count, std::string_view& block) noex
 }
 
 void CJsonTextReader::ParseValue(std::int32_t depth) {
+    m_valueLine = m_line;
+    m_valueColumn = m_next - m_lineStart;
     if (++depth > (m_isStrict ? kStrictDepthLimit : kDepthLimit))
         FailJsonTooDeep(Place());
     switch (m_current) {
@@ -410,6 +420,10 @@ void CJsonTextReader::TakeDigits() {
         m_next = std::find_if_not(m_next, m_end, IsDigit);
         m_token.append(run, static_cast<std::size_t>(m_next - run));
     } while (ReadByte() && IsDigit(m_current));
+}
+
+NodePosition CJsonTextReader::GetPosition() const {
+    return {static_cast<std::uint64_t>(m_valueLine), static_cast<std::uint64_t>(m_valueColumn)};
 }
 
 JsonPlace CJsonTextReader::Place() const {

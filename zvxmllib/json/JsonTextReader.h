@@ -1,6 +1,7 @@
 // CJsonTextReader, the JSON parser.
 #pragma once
 
+#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/InstanceMonitor.h"
 #include "zvxmllib/json/JsonReaderDefaultHandler.h"
@@ -13,6 +14,8 @@
 
 namespace ZvXmlLib16 {
 
+class XmlTree;
+
 struct JsonPlace;
 
 // What a JSON text may be. The usual way takes comments, control characters in strings and halves of
@@ -24,7 +27,7 @@ enum class JsonSyntax { kUsual, kStrict };
 // stand between tokens, control characters are allowed in strings, line feeds are dropped everywhere, and
 // anything after the first value is ignored. Throws CZvValidationException with the line and position of a
 // syntax error and the path of the open members. Belongs to one thread.
-class CJsonTextReader : public CInstanceMonitor {
+class CJsonTextReader : public CInstanceMonitor, public IPositionSource {
 public:
     // `text` is local text, borrowed, and outlives the reader.
     explicit CJsonTextReader(std::string_view text, JsonSyntax syntax = JsonSyntax::kUsual);
@@ -50,6 +53,12 @@ public:
     static CBinaryData ConvertToXml(std::string_view json, CSerializationContext const& ctx);
     // The same into a writer, from the root to its Close.
     static void Convert(std::string_view json, CSerializationContext const& ctx, CXmlWriter& writer);
+    // The same; `tree`, which the writer fills, remembers the places of the values if the context wants that.
+    static void Convert(std::string_view json, CSerializationContext const& ctx, CXmlWriter& writer,
+                        XmlTree* tree);
+
+    // Of the value that is read: where it begins.
+    NodePosition GetPosition() const override;
 
 private:
     // The next byte that is not a line feed becomes the current character. False at the end of the text.
@@ -103,6 +112,8 @@ private:
     char const* m_end;
     char const* m_lineStart; // the position on the line is counted from here
     std::int32_t m_line = 1;
+    std::int32_t m_valueLine = 1; // where the value begins that is read
+    std::ptrdiff_t m_valueColumn = 1;
     char m_current = '\0'; // the byte read last
     bool m_isAtEnd = false;
 

@@ -84,7 +84,7 @@ bool CJsonTreeWriter::Fill(CXmlDocument& document, std::string_view json, CSeria
     document.MakeTree();
     try {
         CJsonTreeWriter writer(document);
-        CJsonTextReader::Convert(json, ctx, writer);
+        CJsonTextReader::Convert(json, ctx, writer, document.m_tree.get());
         return true;
     } catch (NotPlain const&) {
         document.Cleanup();
