@@ -221,9 +221,12 @@ TEST(StrictReading, DemandsOfGroupsTheirOwnAttributesWhereTheyAre) {
     model.Finish();
     std::string const missing = Failed("Failed to find the required Attribute [g].");
     std::string const twice = R"(<order g="1" g="1"><a>1</a></order>)";
+    std::string const refused =
+        "Failed to convert the element [order] to XML\nFailed to convert attributes to XML\n"
+        "Failed to convert attributes to XML\nThe Attribute [g] is already written.";
     ExpectTwice(model,
                 {
-                    {Element("<a>1</a>", " g='1'"), twice, twice},
+                    {Element("<a>1</a>", " g='1'"), twice, refused},
                     {Element("<z>1</z>"), missing, Element("<z>1</z>")},
                     {Element("<a>1</a>"), missing, missing},
                     {Element("<z>1</z>", " k=\"1\""), At("Unexpected Attribute found.", "/order/@k"), ""},

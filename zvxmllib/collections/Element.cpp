@@ -329,7 +329,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* current, CSerializ
 
 void CElement::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSerializationContext const& ctx,
                          bool optionalChoice) const {
-    if (m_rules != nullptr && !m_rules->defaultNamespace.empty()) {
+    if (m_rules != nullptr && !m_rules->defaultNamespace.empty() && !ctx.GetStrict()) {
         // Only XML text can be spliced in; other formats write the element like any other.
         if (CXmlTextWriter* const textWriter = dynamic_cast<CXmlTextWriter*>(writer)) {
             WriteFragment(*textWriter, ctx, optionalChoice);

@@ -6,6 +6,7 @@
 #include "zvxmllib/streams/FileBinaryStream.h"
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/writers/Failures.h"
+#include "zvxmllib/writers/FileModeOf.h"
 #include "zvxmllib/writers/StrictWriter.h"
 
 namespace ZvXmlLib16 {
@@ -40,7 +41,7 @@ void CXmlObjectBase::ToFastInfosetFile(char const* fileName, FInfoDecl declarati
     // Writing does not change the object, but the operation is not const.
     CBinaryData const data =
         const_cast<CXmlObjectBase*>(this)->ToFastInfosetStream(declaration, ctx, compression);
-    CFileBinaryStream(fileName, XmlEncoding_None, data).WriteToFile();
+    CFileBinaryStream(fileName, XmlEncoding_None, data).WriteToFile(FileModeOf(ctx));
 }
 
 } // namespace ZvXmlLib16

@@ -11,6 +11,7 @@
 #include "zvxmllib/streams/TextStream.h"
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/writers/Failures.h"
+#include "zvxmllib/writers/FileModeOf.h"
 #include "zvxmllib/writers/StrictWriter.h"
 
 namespace ZvXmlLib16 {
@@ -67,13 +68,13 @@ void CXmlObjectBase::ToJsonFile(char const* fileName, bool formatted, XmlEncodin
     // Neither way writes a byte order mark, whatever the encoding: JSON files have none.
     if (compression == CompressionType_None && IsAsyncToXmlFile()) {
         detail::CheckGeneratorVersion();
-        CFileTextStream sink(fileName, encoding, false);
+        CFileTextStream sink(fileName, encoding, false, FileModeOf(ctx));
         WriteJsonText(sink, formatted, eol, ctx);
         return;
     }
     CBinaryData const data =
         const_cast<CXmlObjectBase*>(this)->ToJsonStream(formatted, encoding, eol, ctx, compression);
-    CFileBinaryStream(fileName, XmlEncoding_UTF8, data).WriteToFile();
+    CFileBinaryStream(fileName, XmlEncoding_UTF8, data).WriteToFile(FileModeOf(ctx));
 }
 
 } // namespace ZvXmlLib16

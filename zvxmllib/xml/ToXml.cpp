@@ -8,21 +8,29 @@
 #include "zvxmllib/streams/TextStream.h"
 #include "zvxmllib/streams/ZvZip.h"
 #include "zvxmllib/writers/Failures.h"
-#include "zvxmllib/xml/XmlTextWriter.h"
+#include "zvxmllib/writers/FileModeOf.h"
+#include "zvxmllib/writers/StrictWriter.h"
+#include "zvxmllib/xml/ExactXmlWriter.h"
 
 namespace ZvXmlLib16 {
 
 // Writing does not change the object, but GetTargetNamespace is not const.
 void CXmlObjectBase::WriteXmlText(CTextStream& sink, bool includeDocHeader, bool formatted, EOLType eol,
                                   CSerializationContext const& ctx) const {
-    CXmlTextWriter writer(&sink);
-    writer.Begin(formatted, eol, ctx);
-    writer.SetWriteDefaultElementValues(ctx.GetWriteDefaultElementValues());
-    if (includeDocHeader)
-        writer.WriteDeclaration();
-    std::string const ns = const_cast<CXmlObjectBase*>(this)->GetTargetNamespace();
-    ToXml_Int(&writer, true, ns.c_str(), ctx, false);
-    writer.Close();
+    auto const writeWith = [&](CXmlTextWriter&& writer) {
+        writer.Begin(formatted, eol, ctx);
+        writer.SetWriteDefaultElementValues(ctx.GetWriteDefaultElementValues());
+        if (includeDocHeader)
+            writer.WriteDeclaration();
+        std::string const ns = const_cast<CXmlObjectBase*>(this)->GetTargetNamespace();
+        ToXml_Int(&writer, true, ns.c_str(), ctx, false);
+        writer.Close();
+    };
+    bool const hasNamespaces = ctx.GetSchemaType() != SchemaType_NoNamespaces;
+    if (ctx.GetStrict())
+        writeWith(StrictWriter<CExactXmlWriter>(hasNamespaces, &sink, !ctx.GetStripCDATA()));
+    else
+        writeWith(CXmlTextWriter(&sink));
 }
 
 std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool formatted, EOLType eol,
@@ -52,7 +60,7 @@ void CXmlObjectBase::ToXmlFile(char const* fileName, bool includeDocHeader, bool
         FailZLibForFiles();
     if (compression == CompressionType_None && IsAsyncToXmlFile()) {
         detail::CheckGeneratorVersion();
-        CFileTextStream sink(fileName, encoding);
+        CFileTextStream sink(fileName, encoding, true, FileModeOf(ctx));
         WriteXmlText(sink, includeDocHeader, formatted, eol, ctx);
         return;
     }
@@ -60,7 +68,7 @@ void CXmlObjectBase::ToXmlFile(char const* fileName, bool includeDocHeader, bool
                                                                             encoding, eol, ctx, compression);
     // A byte order mark belongs to text: before compressed data it would hide the compression.
     XmlEncoding const mark = compression == CompressionType_None ? encoding : XmlEncoding_None;
-    CFileBinaryStream(fileName, mark, data).WriteToFile();
+    CFileBinaryStream(fileName, mark, data).WriteToFile(FileModeOf(ctx));
 }
 
 } // namespace ZvXmlLib16

@@ -14,7 +14,7 @@ CInstanceMonitor::Registration s_registration("CXmlTextWriter");
 
 constexpr std::string_view kCDataStart = "<![CDATA[";
 constexpr std::string_view kLineFeedInAttribute = "&#xA;";
-constexpr std::array<std::string_view, 4> kEntities = {"&amp;", "&lt;", "&gt;", "&quot;"};
+constexpr std::array<std::string_view, 6> kEntities = {"&amp;", "&lt;", "&gt;", "&quot;", "&#xD;", "&#x9;"};
 
 // The escapes of the format are indices into kEntities.
 constexpr CTextWriter::EscapeTable MakeEscapeTable(bool isAttribute) {
@@ -33,13 +33,32 @@ constexpr CTextWriter::EscapeTable MakeEscapeTable(bool isAttribute) {
 constexpr CTextWriter::EscapeTable kTextTable = MakeEscapeTable(false);
 constexpr CTextWriter::EscapeTable kAttributeTable = MakeEscapeTable(true);
 
+constexpr CTextWriter::EscapeTable MakeExactTable(bool isAttribute) {
+    CTextWriter::EscapeTable table = MakeEscapeTable(isAttribute);
+    table['\r'] = CTextWriter::kFirstOfFormat + 4;
+    if (isAttribute)
+        table['\t'] = CTextWriter::kFirstOfFormat + 5;
+    return table;
+}
+
+constexpr CTextWriter::EscapeTable kExactTextTable = MakeExactTable(false);
+constexpr CTextWriter::EscapeTable kExactAttributeTable = MakeExactTable(true);
+
 bool StartsWith(std::string_view text, std::string_view start) {
     return text.substr(0, start.size()) == start;
 }
 
 } // namespace
 
-CXmlTextWriter::CXmlTextWriter(CTextStream* sink) : CTextWriter(s_registration, sink) {}
+CXmlTextWriter::CXmlTextWriter(CTextStream* sink)
+    : CXmlTextWriter(s_registration, sink, {kTextTable, kAttributeTable}) {}
+
+CXmlTextWriter::CXmlTextWriter(Registration& registration, CTextStream* sink, Escapes escapes)
+    : CTextWriter(registration, sink), m_escapes(escapes) {}
+
+CXmlTextWriter::Escapes CXmlTextWriter::ExactEscapes() noexcept {
+    return {kExactTextTable, kExactAttributeTable};
+}
 
 CXmlTextWriter::~CXmlTextWriter() = default;
 
@@ -64,7 +83,7 @@ void CXmlTextWriter::WriteDirective(std::string const& text) {
 
 void CXmlTextWriter::WriteComment(std::string const& text) {
     m_sink->Append("<!--");
-    AppendEscaped(text, kTextTable, m_eol);
+    AppendEscapedText(text);
     m_sink->Append("-->");
     AppendEndOfLine();
     FlushIfLarge();
@@ -129,11 +148,19 @@ void CXmlTextWriter::WriteElementValue(std::string const& text, ItemType, bool i
         return;
     if (m_pContext->m_startTagOpen)
         CloseStartTag();
+    AppendText(text);
+    FlushIfLarge();
+}
+
+void CXmlTextWriter::AppendText(std::string const& text) {
     if (StartsWith(text, kCDataStart))
         m_sink->Append(text);
     else
-        AppendEscaped(text, kTextTable, m_eol);
-    FlushIfLarge();
+        AppendEscapedText(text);
+}
+
+void CXmlTextWriter::AppendEscapedAttribute(std::string const& text) {
+    AppendEscaped(text, m_escapes.attribute, kLineFeedInAttribute);
 }
 
 void CXmlTextWriter::WriteElementEnd() {
@@ -169,7 +196,7 @@ void CXmlTextWriter::WriteAttribute(std::string const& name, std::string const& 
     }
     m_sink->Append(name);
     m_sink->Append("=\"", 2);
-    AppendEscaped(value, kAttributeTable, kLineFeedInAttribute);
+    AppendEscapedAttribute(value);
     m_sink->Append('"');
     FlushIfLarge();
 }

@@ -41,18 +41,32 @@ public:
     void WriteRawLine(std::string const& text);
 
 protected:
+    // How texts and values of attributes are escaped.
+    struct Escapes {
+        EscapeTable const& text;
+        EscapeTable const& attribute;
+    };
+    // Carriage returns, and tabs in attributes, are kept as references.
+    static Escapes ExactEscapes() noexcept;
+    CXmlTextWriter(Registration& registration, CTextStream* sink, Escapes escapes);
+
     void RequireOpenStartTag() const override;
     std::string const& AliasForType(std::string const& ns) override;
     // Writes a blank and xmlns:alias="ns", or xmlns="ns" for an empty alias.
     void AppendDeclaration(std::string_view alias, std::string const& ns) override;
+    // The text of an element, as it is to be read again. What begins as a CDATA section is markup already.
+    virtual void AppendText(std::string const& text);
+    void AppendEscapedText(std::string const& text) { AppendEscaped(text, m_escapes.text, m_eol); }
+    void AppendEscapedAttribute(std::string const& text);
+    void CloseStartTag();
 
 private:
-    void CloseStartTag();
     void AppendStartTag(std::int32_t depth, std::string const& name, std::string_view alias);
     void AppendEscaped(std::string const& text, EscapeTable const& table, std::string_view lineFeed);
     // Generates an alias for `ns` and declares it.
     std::string const& DeclareNamespace(std::string const& ns);
 
+    Escapes const m_escapes;
     bool m_writeDefaultElementValues = false;
     std::vector<std::string> m_endTags; // by depth, of the open elements and those closed last there
 };

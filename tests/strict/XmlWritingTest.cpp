@@ -1,0 +1,159 @@
+// XML text by the usual rules and by the strict ones.
+#include "tests/strict/Twice.h"
+#include "tests/support/TemporaryFile.h"
+#include "zvxmllib/collections/Element.h"
+#include "zvxmllib/streams/AsyncFiles.h"
+#include "zvxmllib/streams/TextStream.h"
+#include "zvxmllib/writers/StrictWriter.h"
+#include "zvxmllib/xml/ExactXmlWriter.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+using namespace entries;
+
+namespace {
+
+std::string XmlOf(CElement& element, CSerializationContext const& ctx) {
+    try {
+        return element.ToXml(false, false, EOLType_LF, ctx);
+    } catch (CZvException const& failure) {
+        return failure.GetMessage();
+    }
+}
+
+CSmartPtr<CElement> Named(char const* name, char const* text = "") {
+    CSmartPtr<CElement> const element(new CElement(name));
+    element->SetText(text);
+    return element;
+}
+
+CSmartPtr<CElement> With(char const* attribute, char const* value, char const* ns = "") {
+    CSmartPtr<CElement> const element(new CElement("a"));
+    element->GetAttributes()->Add(attribute, value, ns);
+    return element;
+}
+
+TEST(StrictXml, WritesNoMarkupThatIsNotMeant) {
+    CSmartPtr<CElement> const uri(new CElement(""));
+    uri->FromXml("<a xmlns='urn:&quot; evil=&quot;1'/>");
+    CSmartPtr<CElement> const twins = With("k", "1");
+    twins->GetAttributes()->Add("k", "2");
+    struct Row {
+        CSmartPtr<CElement> element;
+        std::string usual;
+        std::string strict;
+    };
+    for (Row const& row : {
+             Row{Named("a", "<![CDATA[x]]></a><evil/><a>"), "<a><![CDATA[x]]></a><evil/><a></a>",
+                 "<a>&lt;![CDATA[x]]&gt;&lt;/a&gt;&lt;evil/&gt;&lt;a&gt;</a>"},
+             Row{uri, R"(<AA:a xmlns:AA="urn:" evil="1"/>)", R"(<AA:a xmlns:AA="urn:&quot; evil=&quot;1"/>)"},
+             Row{Named("a/><b"), "<a/><b/>", "Invalid Element Name [a/><b]."},
+             Row{Named(""), "</>", "Invalid Element Name []."},
+             Row{Named("p:a"), "<p:a/>", "Invalid Element Name [p:a]."},
+             Row{With("b=\"1\" c", "2"), R"(<a b="1" c="2"/>)", "Invalid Attribute Name [b=\"1\" c]."},
+             Row{With("xmlns", "urn:x"), R"(<a xmlns="urn:x"/>)", "Invalid Attribute Name [xmlns]."},
+             Row{twins, R"(<a k="1" k="2"/>)", "The Attribute [k] is already written."},
+             Row{Named("a", "x\x01y"), "<a>x\x01y</a>",
+                 "The character [U+0001] of [a] can not be expressed in XML."},
+             Row{Named("a", "\xFF"), "<a>\xFF</a>", "The text of [a] is not valid in the local encoding."},
+             Row{Named("a", "x\ry"), "<a>xy</a>", "<a>x&#xD;y</a>"},
+             Row{With("b", "1\t2\r3\n4"), "<a b=\"1\t23&#xA;4\"/>", R"(<a b="1&#x9;2&#xD;3&#xA;4"/>)"},
+         }) {
+        EXPECT_EQ(XmlOf(*row.element, CSerializationContext()), row.usual);
+        EXPECT_EQ(XmlOf(*row.element, Strict()), row.strict);
+    }
+    CSerializationContext sections = Strict();
+    sections.SetStripCDATA(false);
+    EXPECT_EQ(XmlOf(*Named("a", "<![CDATA[<b>]]>]]><c/>"), sections),
+              "<a><![CDATA[<b>]]>]]&gt;&lt;c/&gt;</a>");
+}
+
+// What the calls of a writer give, or the failure.
+std::string Written(std::function<void(CXmlTextWriter&)> const& calls) {
+    CTextStream sink(XmlEncoding_UTF8);
+    StrictWriter<CExactXmlWriter> writer(true, &sink, false);
+    try {
+        writer.Begin(false, EOLType_LF, Strict());
+        calls(writer);
+        writer.Close();
+        return sink.GetText();
+    } catch (CZvException const& failure) {
+        return failure.GetMessage();
+    }
+}
+
+TEST(StrictXml, KeepsEveryElementInItsNamespace) {
+    EXPECT_EQ(Written([](CXmlTextWriter& writer) {
+                  writer.SetDefaultNamespace("urn:d");
+                  writer.WriteElementStart("r", "urn:d");
+                  writer.WriteElementStart("n", "");
+                  writer.WriteElementStart("m", "urn:d");
+                  writer.WriteElementEnd();
+                  writer.WriteElementEnd();
+                  writer.WriteElementEnd();
+              }),
+              R"(<r xmlns="urn:d"><n xmlns=""><AA:m xmlns:AA="urn:d"/></n></r>)");
+    EXPECT_EQ(Written([](CXmlTextWriter& writer) {
+                  writer.SetDefaultNamespace("urn:d");
+                  writer.WriteElementStart("r", "");
+                  writer.WriteElementStart("n", "urn:d");
+                  writer.WriteElementEnd();
+                  writer.WriteElementEnd();
+              }),
+              R"(<r><AA:n xmlns:AA="urn:d"/></r>)");
+}
+
+TEST(StrictXml, RefusesCallsThatMakeNoDocument) {
+    auto const aliased = [](char const* alias, char const* ns) {
+        return [=](CXmlTextWriter& writer) { writer.AddNamespaceAlias(alias, ns); };
+    };
+    struct Row {
+        std::function<void(CXmlTextWriter&)> calls;
+        char const* outcome;
+    };
+    for (Row const& row : {
+             Row{aliased("1p", "urn:x"), "Invalid Namespace alias [1p]."},
+             Row{aliased("xmlns", "urn:x"), "Invalid Namespace alias [xmlns]."},
+             Row{[](CXmlTextWriter& writer) { writer.WriteProcessingInstruction("<?a b?><evil/>"); },
+                 "Invalid Processing Instruction [<?a b?><evil/>]."},
+             Row{[](CXmlTextWriter& writer) { writer.WriteComment("x--y"); }, "Invalid Comment [x--y]."},
+             Row{[](CXmlTextWriter& writer) { writer.WriteInlineSchema("<s/>"); },
+                 "The inline schema can not be written inside a start tag."},
+             Row{[](CXmlTextWriter&) {}, "The document has no root element."},
+             Row{[](CXmlTextWriter& writer) {
+                     for (char const* const name : {"a", "b"}) {
+                         writer.WriteElementStart(name, "");
+                         writer.WriteElementEnd();
+                     }
+                 },
+                 "The document has a root element, [b] is a second one."},
+             Row{[](CXmlTextWriter& writer) {
+                     writer.WriteElementStart("a", "");
+                     writer.WriteComment("x & y");
+                     writer.WriteElementEnd();
+                 },
+                 "<a><!--x & y--></a>"},
+         })
+        EXPECT_EQ(Written(row.calls), row.outcome);
+}
+
+TEST(StrictXml, LeavesTheOldFileWhereWritingFails) {
+    for (bool const overlapped : {false, true}) {
+        AsyncToXmlFile(overlapped);
+        TemporaryFile const file("old");
+        CSmartPtr<CElement> const element = Named("a b");
+        EXPECT_THROW(element->ToXmlFile(file.Path(), true, false, XmlEncoding_UTF8, EOLType_LF, Strict(),
+                                        CompressionType_None),
+                     CZvException);
+        EXPECT_EQ(file.Content(), "old");
+        CSmartPtr<CElement> const good = Named("a");
+        good->ToXmlFile(file.Path(), false, false, XmlEncoding_UTF8, EOLType_LF, Strict(),
+                        CompressionType_None);
+        EXPECT_EQ(file.Content(), "<a/>");
+        AsyncToXmlFile(false);
+    }
+}
+
+} // namespace

@@ -1,0 +1,89 @@
+#include "zvxmllib/xml/ExactXmlWriter.h"
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+CInstanceMonitor::Registration s_registration("CExactXmlWriter");
+
+constexpr std::string_view kSectionStart = "<![CDATA[";
+constexpr std::string_view kSectionEnd = "]]>";
+
+} // namespace
+
+CExactXmlWriter::CExactXmlWriter(CTextStream* sink, bool keepsSections)
+    : CXmlTextWriter(s_registration, sink, ExactEscapes()), m_keepsSections(keepsSections) {}
+
+CExactXmlWriter::~CExactXmlWriter() = default;
+
+void CExactXmlWriter::SetDefaultNamespace(std::string const& ns) {
+    if (m_pContext == nullptr)
+        CXmlTextWriter::SetDefaultNamespace(ns);
+}
+
+void CExactXmlWriter::AddNamespaceAlias(std::string const& alias, std::string const& ns) {
+    CXmlTextWriter::AddNamespaceAlias(alias, ns);
+    if (m_pContext != nullptr) {
+        RequireOpenStartTag();
+        AppendDeclaration(alias, ns);
+    }
+}
+
+void CExactXmlWriter::CloseOpenStartTag() {
+    if (m_pContext != nullptr && m_pContext->m_startTagOpen)
+        CloseStartTag();
+}
+
+void CExactXmlWriter::WriteComment(std::string const& text) {
+    CloseOpenStartTag();
+    m_sink->Append("<!--");
+    m_sink->Append(text);
+    m_sink->Append("-->");
+    if (m_formatted)
+        AppendEndOfLine();
+    FlushIfLarge();
+}
+
+void CExactXmlWriter::WriteProcessingInstruction(std::string const& text) {
+    CloseOpenStartTag();
+    CXmlTextWriter::WriteProcessingInstruction(text);
+}
+
+void CExactXmlWriter::WriteElementStart(std::string const& name, std::string const& ns) {
+    bool const isRoot = m_pContext == nullptr;
+    bool const hasDefault = ns.empty() && !isRoot && !m_pContext->GetDefaultNamespace().empty();
+    if (isRoot && ns.empty())
+        m_defaultNamespace.clear(); // it would be the root's
+    CXmlTextWriter::WriteElementStart(name, ns);
+    if (hasDefault) {
+        m_pContext->SetDefaultNamespace(ns);
+        AppendDeclaration({}, ns);
+    }
+}
+
+void CExactXmlWriter::AppendDeclaration(std::string_view alias, std::string const& ns) {
+    m_sink->Append(" xmlns", 6);
+    if (!alias.empty()) {
+        m_sink->Append(':');
+        m_sink->Append(alias.data(), alias.size());
+    }
+    m_sink->Append("=\"", 2);
+    AppendEscapedAttribute(ns);
+    m_sink->Append('"');
+}
+
+// A section ends at the first end there is, whatever was meant.
+void CExactXmlWriter::AppendText(std::string const& text) {
+    std::size_t const end = m_keepsSections && text.compare(0, kSectionStart.size(), kSectionStart) == 0
+                                ? text.find(kSectionEnd)
+                                : std::string::npos;
+    if (end == std::string::npos) {
+        AppendEscapedText(text);
+        return;
+    }
+    std::size_t const length = end + kSectionEnd.size();
+    m_sink->Append(text.data(), length);
+    AppendEscapedText(text.substr(length));
+}
+
+} // namespace ZvXmlLib16

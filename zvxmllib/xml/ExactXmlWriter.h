@@ -1,0 +1,38 @@
+// CExactXmlWriter, XML text without loss.
+#pragma once
+
+#include "zvxmllib/xml/XmlTextWriter.h"
+
+#include <string>
+#include <string_view>
+
+namespace ZvXmlLib16 {
+
+// As its base, but a reader finds again what was written: texts are always escaped, carriage returns
+// included, URIs of declarations too; an element in no namespace takes the default namespace away; comments
+// and instructions stand behind the start tag. Names and characters are looked at by StrictWriter.
+class CExactXmlWriter : public CXmlTextWriter {
+public:
+    // `sink` is borrowed and outlives the writer. With `keepsSections`, a text that begins with a CDATA
+    // section has that section written as one.
+    CExactXmlWriter(CTextStream* sink, bool keepsSections);
+    ~CExactXmlWriter() override;
+
+    // Inside an element, an alias is declared on it; a default namespace is none then, and prefixes are used.
+    void SetDefaultNamespace(std::string const& ns) override;
+    void AddNamespaceAlias(std::string const& alias, std::string const& ns) override;
+    void WriteComment(std::string const& text) override;
+    void WriteProcessingInstruction(std::string const& text) override;
+    void WriteElementStart(std::string const& name, std::string const& ns) override;
+
+protected:
+    void AppendDeclaration(std::string_view alias, std::string const& ns) override;
+    void AppendText(std::string const& text) override;
+
+private:
+    void CloseOpenStartTag();
+
+    bool const m_keepsSections;
+};
+
+} // namespace ZvXmlLib16
