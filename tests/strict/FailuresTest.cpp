@@ -100,6 +100,20 @@ TEST(Failures, EndReadingWithTheFirst) {
     }
 }
 
+TEST(Failures, OfJsonAreFoundInAnyMode) {
+    Orders models;
+    for (bool const strict : {false, true}) {
+        CSmartPtr<Probe> const probe(new Probe(models.order));
+        CSerializationContext ctx;
+        ctx.SetFailureLimit(9);
+        ctx.SetStrict(strict);
+        EXPECT_THROW(probe->FromJson(R"({"order": {"@l": 1, "a": "x", "c": [1, "y"], "z": 5}})", ctx),
+                     CZvException);
+        EXPECT_EQ(ctx.GetFailures().size(), 2u);
+        EXPECT_EQ(probe->properties[4].GetI4(), 5);
+    }
+}
+
 TEST(Failures, BelongToTheLastReading) {
     Orders models;
     CSmartPtr<Probe> const probe(new Probe(models.order));

@@ -47,6 +47,12 @@ void CSerializationContext::SetIgnoreUnknownElements(bool ignore) {
     m_ignoreUnknownElements = ignore;
 }
 
+// Nothing is touched without a limit: several readers may share the context then.
+void CSerializationContext::TakeFailures(CSerializationContext const& copy) const {
+    if (GetFailureLimit() != 0)
+        m_failures = copy.m_failures;
+}
+
 std::string CSerializationContext::GetIndentChars() const {
     return m_indentChars;
 }

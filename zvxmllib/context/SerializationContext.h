@@ -125,8 +125,9 @@ public:
     void SetFailureLimit(std::size_t limit) noexcept { m_failures.SetLimit(limit); }
     std::size_t GetFailureLimit() const noexcept { return m_failures.GetLimit(); }
     std::vector<CReadFailure> const& GetFailures() const noexcept { return m_failures.GetList(); }
-    // For the library's readers.
+    // For the library's readers. The second takes over what was found with a copy of this context.
     detail::FailureNotes& GetFailureNotes() const noexcept { return m_failures; }
+    void TakeFailures(CSerializationContext const& copy) const;
 
     // The options of JSON and of Fast Infoset, owned by the context and made at first use. A copied context
     // has copies of its own.

@@ -46,9 +46,12 @@ void FromStrictJson(CXmlObjectBase& object, std::string_view json, CSerializatio
     CSerializationContext own(ctx);
     if (ctx.GetJsonContext().GetSupportRoundtrip() != JsonRoundTrip_Full)
         own.SetIgnoreNamespaces(true);
+    own.SetKeepPositions(false); // they would be those of the XML, which the caller does not have
     try {
         object.FromXmlStream(xml, own);
+        ctx.TakeFailures(own);
     } catch (CZvException const& cause) {
+        ctx.TakeFailures(own);
         FailReadingConvertedXml(TextOf(xml).substr(0, kShownXml), cause);
     }
 }
