@@ -1,6 +1,7 @@
 // Documents into untyped elements and out again.
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/TemporaryFile.h"
 #include "tests/support/Vectors.h"
 #include "tests/support/WrittenObject.h"
 #include "zvxmllib/collections/Element.h"
@@ -61,6 +62,8 @@ TEST(UntypedReading, ReadsTheFirstChildOfADocumentThroughTheGeneralForms) {
     EXPECT_EQ(XmlOf(*element), "<z a=\"1\"/>") << "reading adds to what is there";
     element->FromXml("<r/>", ctx);
     EXPECT_EQ(element->GetName(), "z") << "nothing to read changes nothing";
+    element->FromXmlFile(TemporaryFile("<r><f/></r>").Path(), ctx);
+    EXPECT_EQ(element->GetName(), "f");
     element->FromXml(L"<r><v/></r>", ctx);
     EXPECT_EQ(element->GetName(), "v");
     element->FromXml(u"<r><w/></r>", ctx);

@@ -73,26 +73,10 @@ TEST(JsonToXml, ReadsTheTextAsTheRootGiven) {
 }
 
 TEST(JsonToXml, RefusesWhatHasNoPlaceInXml) {
-    struct Row {
-        char const* json;
-        char const* message;
-    };
-    for (Row const& row :
-         {Row{R"({"a":{"":1}})", "JSON item has an empty Name.\nPath: ..a"},
-          Row{"[1]", "JSON Array has no Name."},
-          Row{R"({"r":{"a":[1,[2]]}})", "JSON Array has no Name.\nPath: .r"},
-          Row{R"({"r":{"a":[{"b":1},{"c":2,"":3}]}})", "JSON item has an empty Name.\nPath: ..a[1].r"},
-          Row{R"({"a":[{"@b":1)", "Unexpected End of File. Expected Object terminator character '}' at "
-                                  "line 1, position 13.\nPath: .@b.a[0]"}})
-        EXPECT_EQ(MessageOf<CZvValidationException>([&] { XmlOfJson(row.json); }), row.message) << row.json;
-    for (Row const& row :
-         {Row{"5", "Failed to convert value '5' to Element string value in XML."},
-          Row{R"({"@a":1})", "Failed to convert value '1' to Attribute string value in XML."},
-          Row{R"({"#text":true})", "Failed to convert value 'true' to Element string value in XML."},
-          Row{R"({"a":{"b":1,"@c":"x"}})", "Failed to convert value 'x' to Attribute string value in XML."},
-          Row{R"({"a":{"#text":1,"@b":2}})", "Failed to convert value '2' to Attribute string value in XML."},
-          Row{R"({"a":{"#text":[1,2]}})", "Failed to convert value '2' to Element string value in XML."}})
-        EXPECT_EQ(MessageOf<CZvInvalidStateException>([&] { XmlOfJson(row.json); }), row.message) << row.json;
+    for (auto const& row : Vectors("json.txt", "no place in XML"))
+        EXPECT_EQ(MessageOf<CZvValidationException>([&] { XmlOfJson(row[0].c_str()); }), row[1]) << row[0];
+    for (auto const& row : Vectors("json.txt", "no text in XML"))
+        EXPECT_EQ(MessageOf<CZvInvalidStateException>([&] { XmlOfJson(row[0].c_str()); }), row[1]) << row[0];
 }
 
 TEST(LoadJson, TakesUtf8AndLocalTextInManyForms) {

@@ -8,11 +8,6 @@ using testing::StartsWith;
 
 namespace {
 
-struct Row {
-    char const* input;
-    char const* output;
-};
-
 TEST(ZvxmlConvert, GivesDocumentsTheirOwnPrefixesBack) {
     ScratchDirectory const scratch;
     for (auto const& row : Vectors("tool.txt", "prefixes: input, output")) {

@@ -7,12 +7,6 @@
 
 namespace {
 
-struct Row {
-    char const* options;
-    char const* input;
-    char const* output;
-};
-
 TEST(ZvxmlConvertToJson, GivesEveryNamespaceAnAliasAtTheRoot) {
     ScratchDirectory const scratch;
     for (auto const& row : Vectors("tool.txt", "to JSON: options, input, output")) {

@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <limits>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -105,55 +106,27 @@ TEST(CheckPrimitive, EveryFacetOfAType) {
         Facets facets;
         char const* refused = nullptr; // as the message shows it
     };
-    for (Row const& row :
-         std::vector<Row>{{ItemType_i4, "100", With(&Facets::totalDigits, 3)},
-                          {ItemType_ui4, "4294967295", With(&Facets::totalDigits, 10)},
-                          {ItemType_r8, "1234.5", With(&Facets::totalDigits, 1)},
-                          {ItemType_i4, "5", With(&Facets::fractionDigits, 0)},
-                          {ItemType_i4, "5", With(&Facets::maxLength, 0)},
-                          {ItemType_string, "abc", With(&Facets::minLength, 3)},
-                          {ItemType_string, "abc", With(&Facets::maxLength, 3)},
-                          {ItemType_string, "abc", With(&Facets::length, 3)},
-                          {ItemType_string, "abc", With(&Facets::minInclusive, "b")},
-                          {ItemType_hexBinary, "0AfF", With(&Facets::length, 2)},
-                          {ItemType_base64Binary, "TWFu", With(&Facets::maxLength, 3)},
-                          {ItemType_string, "123", With(&Facets::pattern, "\\d+")},
-                          {ItemType_year, "2026", With(&Facets::totalDigits, 1)},
-                          {ItemType_month, "--11", With(&Facets::totalDigits, 1)},
-                          {ItemType_decimal, "0.05", With(&Facets::totalDigits, 2)},
-                          {ItemType_decimal, "-10.5", With(&Facets::totalDigits, 3)},
-                          {ItemType_decimal, "1.50", With(&Facets::fractionDigits, 1)},
-                          {ItemType_decimal, "7", With(&Facets::fractionDigits, 0)},
-                          {ItemType_integer, "99999999999999999999", With(&Facets::totalDigits, 20)},
-                          {ItemType_integer, "0", With(&Facets::totalDigits, 1)},
-                          {ItemType_decimal, "0", With(&Facets::totalDigits, 0)},
-                          {ItemType_boolean, "true", Facets("x", 9, 0, "z", "z", "z", "z", 9, 0, 0)},
-                          {ItemType_i4, "-100", With(&Facets::totalDigits, 3), "[-100]"},
-                          {ItemType_i1, "-12", With(&Facets::totalDigits, 2), "[-12]"},
-                          {ItemType_i2, "123", With(&Facets::totalDigits, 2), "[123]"},
-                          {ItemType_i8, "-123", With(&Facets::totalDigits, 3), "[-123]."},
-                          {ItemType_ui1, "200", With(&Facets::totalDigits, 2), "[200]"},
-                          {ItemType_ui2, "60000", With(&Facets::totalDigits, 4), "[60000]"},
-                          {ItemType_ui4, "4294967295", With(&Facets::totalDigits, 9), "[-1]"},
-                          {ItemType_ui8, "18446744073709551615", With(&Facets::totalDigits, 19),
-                           "[18446744073709551615]."},
-                          {ItemType_string, "abc", With(&Facets::minLength, 4), "[abc]."},
-                          {ItemType_string, "abc", With(&Facets::maxLength, 2), "[abc]."},
-                          {ItemType_string, "abc", With(&Facets::length, 0), "[abc]."},
-                          {ItemType_string, "\xc3\xa9", With(&Facets::maxLength, 1), "[\xc3\xa9]."},
-                          {ItemType_hexBinary, "0AfF", With(&Facets::length, 4), "[0AFF]."},
-                          {ItemType_hexBinary, "0AfF", With(&Facets::minLength, 3), "[0AFF]."},
-                          {ItemType_base64Binary, "TWFu", With(&Facets::maxLength, 2), "[TWFu]."},
-                          {ItemType_string, "123a", With(&Facets::pattern, "\\d+"), "[123a]."},
-                          {ItemType_string, "abc", Facets("b", 4, -1, "", "", "", "", -1, -1, -1), "[abc]."},
-                          {ItemType_decimal, "0.05", With(&Facets::totalDigits, 1), "[0.05]."},
-                          {ItemType_decimal, "100", With(&Facets::totalDigits, 2), "[100]."},
-                          {ItemType_decimal, "1.55", With(&Facets::fractionDigits, 1), "[1.55]."},
-                          {ItemType_integer, "-99999999999999999999", With(&Facets::totalDigits, 20),
-                           "[-99999999999999999999]."},
-                          {ItemType_integer, "-0", With(&Facets::totalDigits, 0), "[0]."},
-                          {ItemType_decimal, "-10.5", With(&Facets::totalDigits, 2), "[-10.5]."},
-                          {ItemType_base64Binary, "", With(&Facets::minLength, 1), "[]."}})
+    using Number = std::int32_t Facets::*;
+    std::map<std::string, Number> const numbers = {{"length", &Facets::length},
+                                                   {"minLength", &Facets::minLength},
+                                                   {"maxLength", &Facets::maxLength},
+                                                   {"totalDigits", &Facets::totalDigits},
+                                                   {"fractionDigits", &Facets::fractionDigits}};
+    std::vector<Row> rows = {
+        {ItemType_boolean, "true", Facets("x", 9, 0, "z", "z", "z", "z", 9, 0, 0)},
+        {ItemType_string, "abc", Facets("b", 4, -1, "", "", "", "", -1, -1, -1), "[abc]."}};
+    auto const table =
+        Vectors("conversions.txt",
+                "facets: type, text, facet, its value, the text as the message shows it, - for none");
+    for (auto const& row : table) {
+        auto const number = numbers.find(row[2]);
+        rows.push_back({zvtest::TypeNamed(row[0]), row[1].c_str(),
+                        number != numbers.end() ? With(number->second, std::stoi(row[3]))
+                        : row[2] == "pattern"   ? With(&Facets::pattern, row[3])
+                                                : With(&Facets::minInclusive, row[3]),
+                        row[4] == "-" ? nullptr : row[4].c_str()});
+    }
+    for (Row const& row : rows)
         EXPECT_EQ(Check(row.type, row.text, row.facets),
                   row.refused == nullptr ? "" : std::string("plain: Invalid Value for n ") + row.refused)
             << row.type << " [" << row.text << "]";
