@@ -107,6 +107,31 @@ struct CExpatReader::Handlers {
     static void XMLCALL Text(void* userData, XML_Char const* text, int length) {
         Run(userData, [=](CExpatReader& reader) { reader.Text(text, static_cast<std::size_t>(length)); });
     }
+    static void XMLCALL ExactText(void* userData, XML_Char const* text, int length) {
+        Run(userData,
+            [=](CExpatReader& reader) { reader.ExactText(text, static_cast<std::size_t>(length)); });
+    }
+    static void XMLCALL SkippedEntity(void* userData, XML_Char const* name, int isParameterEntity) {
+        if (isParameterEntity == 0)
+            Run(userData, [=](CExpatReader& reader) { reader.RefuseEntity(name); });
+    }
+    // The context is a list of declarations and entities, divided by form feeds; the entity is the one
+    // without "=".
+    static int XMLCALL ExternalEntity(XML_Parser parser, XML_Char const* context, XML_Char const*,
+                                      XML_Char const*, XML_Char const*) {
+        std::string_view rest = context == nullptr ? "" : context;
+        std::string_view name;
+        for (bool isLast = false; !isLast;) {
+            std::size_t const end = rest.find('\f');
+            isLast = end == std::string_view::npos;
+            std::string_view const part = rest.substr(0, end);
+            if (part.find('=') == std::string_view::npos)
+                name = part;
+            rest.remove_prefix(isLast ? rest.size() : end + 1);
+        }
+        Run(XML_GetUserData(parser), [=](CExpatReader& reader) { reader.RefuseEntity(name); });
+        return XML_STATUS_ERROR;
+    }
     static void XMLCALL StartCdata(void* userData) {
         Run(userData, [](CExpatReader& reader) { reader.Mark(kCdataStart); });
     }
@@ -136,10 +161,20 @@ void CExpatReader::Init() {
     XML_SetElementHandler(m_parser.get(), Handlers::StartElement, Handlers::EndElement);
     XML_SetNamespaceDeclHandler(m_parser.get(), Handlers::StartNamespace, Handlers::EndNamespace);
     XML_SetCharacterDataHandler(m_parser.get(), Handlers::Text);
+    if (m_doc.m_pContext->GetStrict())
+        InitStrict();
     if (m_doc.m_pContext->GetKeepPositions())
         m_tree->KeepPositions(*this);
     if (!m_doc.m_pContext->GetStripCDATA())
         XML_SetCdataSectionHandler(m_parser.get(), Handlers::StartCdata, Handlers::EndCdata);
+}
+
+// Texts keep their carriage returns, which only a reference can give them, and no entity is passed over in
+// silence.
+void CExpatReader::InitStrict() {
+    XML_SetCharacterDataHandler(m_parser.get(), Handlers::ExactText);
+    XML_SetSkippedEntityHandler(m_parser.get(), Handlers::SkippedEntity);
+    XML_SetExternalEntityRefHandler(m_parser.get(), Handlers::ExternalEntity);
 }
 
 void CExpatReader::Parse(unsigned char const* data, std::size_t length, bool final) {
@@ -262,6 +297,14 @@ void CExpatReader::DeclareNamespace(char const* prefix, char const* uri) {
 
 void CExpatReader::Text(char const* text, std::size_t length) {
     m_tree->AppendTextExcludingCR(ToLocal(text, length));
+}
+
+void CExpatReader::ExactText(char const* text, std::size_t length) {
+    m_tree->AppendText(ToLocal(text, length));
+}
+
+void CExpatReader::RefuseEntity(std::string_view name) const {
+    FailUnreadEntity(Utf8ToLocal(name.data(), name.size()), XML_GetCurrentLineNumber(m_parser.get()));
 }
 
 void CExpatReader::Mark(std::string_view mark) {

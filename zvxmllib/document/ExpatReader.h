@@ -42,6 +42,7 @@ private:
         void operator()(XML_ParserStruct* parser) const noexcept;
     };
 
+    void InitStrict();
     void ParseSlices(char const* data, std::size_t length, bool final);
     void ParseSlice(char const* data, std::size_t length, bool final);
     // The text as local text; the result is valid until the next call.
@@ -54,6 +55,9 @@ private:
     void EndElement();
     void DeclareNamespace(char const* prefix, char const* uri);
     void Text(char const* text, std::size_t length);
+    // In place of Text, where nothing may be lost.
+    void ExactText(char const* text, std::size_t length);
+    [[noreturn]] void RefuseEntity(std::string_view name) const;
     void Mark(std::string_view mark);
 
     CXmlDocument& m_doc;

@@ -49,4 +49,9 @@ void FailNullElement() {
     throw CZvInvalidParamException("The element to read from may not be NULL");
 }
 
+void FailUnreadEntity(std::string const& name, std::uint64_t line) {
+    throw CZvException(FormatString("The entity [%s] has not been read at line %llu", name.c_str(),
+                                    static_cast<unsigned long long>(line)));
+}
+
 } // namespace ZvXmlLib16

@@ -17,4 +17,6 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailParse(char const* message, NodePosition const& position);
 [[noreturn]] void FailNullElement();
 
+[[noreturn]] void FailUnreadEntity(std::string const& name, std::uint64_t line);
+
 } // namespace ZvXmlLib16

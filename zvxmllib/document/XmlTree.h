@@ -54,6 +54,12 @@ public:
         }
     }
 
+    // The same with all that is in the text.
+    void AppendText(std::string_view text) {
+        if (!text.empty())
+            AppendRun(m_open.back(), text);
+    }
+
     // For readers whose texts repeat, or lie in their input as they are: copies text into the storage of the
     // tree, where it stays as long as the tree, with as many octets behind it that may be read.
     std::string_view KeepText(std::string_view text, std::size_t readableBehind = 0);
