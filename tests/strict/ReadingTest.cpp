@@ -67,6 +67,22 @@ TEST(StrictReading, LosesNoTextAndNoChild) {
                 });
 }
 
+TEST(StrictReading, RefusesTextWhoseOwnPlaceItWouldLose) {
+    Model model;
+    model.elements = {Prim<CElementInfoSeqPrimOpt>("b", 0)};
+    model.contentIndex = 1;
+    model.contentType = ItemType_string;
+    model.Finish();
+    std::string const lost = At("The place of the text in [order] would be lost.", "/order");
+    std::string const joined = "<order><b>2</b>one  three</order>";
+    ExpectTwice(model, {
+                           {"<order>one <b>2</b> three</order>", joined, lost},
+                           {"<order>one<b>2</b></order>", "<order><b>2</b>one</order>", lost},
+                           {"<order><b>2</b>three</order>", "", ""},
+                           {"<order>one</order>", "", ""},
+                       });
+}
+
 TEST(StrictReading, GivesValueElementsTheAttributesOfXmlSchema) {
     OrderOf model({Prim<CElementInfoSeqPrimOpt>("n", 0), Prim<CElementInfoSeqPrimOpt>("m", 1, nullptr, true),
                    Enum<CElementInfoSeqEnumOpt>("e", 2)});

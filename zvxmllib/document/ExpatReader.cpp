@@ -172,6 +172,7 @@ void CExpatReader::Init() {
 // Texts keep their carriage returns, which only a reference can give them, and no entity is passed over in
 // silence.
 void CExpatReader::InitStrict() {
+    m_tree->NoteTextAheadOfChildren();
     XML_SetCharacterDataHandler(m_parser.get(), Handlers::ExactText);
     XML_SetSkippedEntityHandler(m_parser.get(), Handlers::SkippedEntity);
     XML_SetExternalEntityRefHandler(m_parser.get(), Handlers::ExternalEntity);

@@ -15,6 +15,10 @@ CXmlDocument const* CXmlElement::GetDocument() const noexcept {
     return &m_name->tree->GetDocument();
 }
 
+bool CXmlElement::HasTextAheadOfChild() const noexcept {
+    return m_name->tree->HasTextAheadOfChild(*this);
+}
+
 std::string const& CXmlElement::GetLocalName() const noexcept {
     return *m_name->localName;
 }

@@ -50,6 +50,9 @@ public:
     // For messages: /order/item[2]/price. A position is given where the parent has several children of that
     // name.
     std::string GetXPath() const;
+    // Whether text other than white space stands ahead of a child. Known in the documents of strict contexts
+    // alone.
+    bool HasTextAheadOfChild() const noexcept;
     // The element of such a path, from this one on, which begins it. Null if there is none.
     CXmlElement const* FindByPath(std::string_view path) const;
     // Where its start tag stands, as CZvException tells it. 0 unless the context of the document keeps

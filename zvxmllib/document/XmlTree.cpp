@@ -1,6 +1,7 @@
 #include "zvxmllib/document/XmlTree.h"
 
 #include "zvxmllib/foundation/Assert.h"
+#include "zvxmllib/values/text/Whitespace.h"
 
 #include <algorithm>
 #include <cstring>
@@ -66,12 +67,26 @@ CXmlElement* XmlTree::AddElement(XmlName const* name) {
         open.beforeLastChild = open.lastChild;
         open.lastChild = element;
     }
-    m_open.push_back({element, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr});
+    if (m_textAhead != nullptr)
+        NoteChild(parent, element);
+    m_open.push_back({element, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, false});
     ++m_liveElements;
     ++m_createdElements;
     if (m_positions != nullptr)
         m_positions->AddElement(element);
     return element;
+}
+
+void XmlTree::NoteText(std::string_view text) noexcept {
+    bool const isBlank = std::all_of(text.begin(), text.end(), CWhitespaceUtils::IsWhiteSpace);
+    m_open.back().hasText = m_open.back().hasText || !isBlank;
+}
+
+// The child may have the storage of an element that is gone.
+void XmlTree::NoteChild(CXmlElement const* parent, CXmlElement const* child) {
+    m_textAhead->erase(child);
+    if (parent != nullptr && m_open.back().hasText)
+        m_textAhead->insert(parent);
 }
 
 void XmlTree::KeepPositions(IPositionSource const& source) {
@@ -185,6 +200,8 @@ void XmlTree::AddRun(OpenElement& open, char const* run, std::uint32_t length) {
 }
 
 void XmlTree::AppendKeptText(std::string_view text) {
+    if (m_textAhead != nullptr)
+        NoteText(text);
     OpenElement& open = m_open.back();
     ZV_ASSERT(open.element->m_text.m_form != NodeText::Form::kString);
     if (!text.empty())

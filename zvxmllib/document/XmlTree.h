@@ -13,6 +13,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace ZvXmlLib16 {
@@ -58,6 +59,8 @@ public:
     void AppendText(std::string_view text) {
         if (!text.empty())
             AppendRun(m_open.back(), text);
+        if (m_textAhead != nullptr)
+            NoteText(text);
     }
 
     // For readers whose texts repeat, or lie in their input as they are: copies text into the storage of the
@@ -74,6 +77,15 @@ public:
     // Removes the last child of the innermost open element with its content: the element closed last, and
     // only directly after its EndElement. Returns false for the root, which stays.
     bool RemoveLastChildElement();
+
+    // From now on the tree remembers which elements have text, other than white space, ahead of a child.
+    void NoteTextAheadOfChildren() {
+        m_textAhead = std::make_unique<std::unordered_set<CXmlElement const*>>();
+    }
+    // False where it does not.
+    bool HasTextAheadOfChild(CXmlElement const& element) const {
+        return m_textAhead != nullptr && m_textAhead->count(&element) != 0;
+    }
 
     // From now on the tree remembers where the source is when a node is added.
     void KeepPositions(IPositionSource const& source);
@@ -99,6 +111,7 @@ private:
         // where its length stands. A run lies in one chunk, so its length cannot overflow.
         char* runEnd;
         std::uint32_t* runLength;
+        bool hasText; // noted where text ahead of children is
     };
     // The state of the storage when an element was opened; kept in streaming mode only.
     struct StreamingMark {
@@ -118,6 +131,8 @@ private:
     template <class Part>
     using KeptList = std::list<Kept<Part>>; // what a list holds keeps its place
 
+    void NoteText(std::string_view text) noexcept;
+    void NoteChild(CXmlElement const* parent, CXmlElement const* child);
     void AppendRuns(OpenElement& open, std::string_view text);
     void AppendRun(OpenElement& open, std::string_view text);
     void AddRun(OpenElement& open, char const* run, std::uint32_t length);
@@ -136,7 +151,8 @@ private:
     CXmlElement* m_root = nullptr;
     std::vector<OpenElement> m_open;
     std::vector<StreamingMark> m_marks; // one for each open element, and one for the element closed last
-    std::unique_ptr<NodePositions> m_positions; // null where nobody wants them
+    std::unique_ptr<std::unordered_set<CXmlElement const*>> m_textAhead; // null where nobody wants to know
+    std::unique_ptr<NodePositions> m_positions;                          // null where nobody wants them
     KeptList<std::string> m_keptStrings;
     KeptList<std::vector<CXmlAttribute*>> m_keptFaces;
 

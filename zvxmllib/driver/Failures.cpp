@@ -94,6 +94,11 @@ void FailMandatoryElement(std::string const& name) {
                                  "");
 }
 
+void FailPlaceOfText(std::string const& name, std::string const& path) {
+    throw CZvValidationException(FormatString("The place of the text in [%s] would be lost.", name.c_str()),
+                                 path);
+}
+
 void FailText(std::string_view text, std::string const& path) {
     throw CZvValidationException(FormatString("Unexpected text [%s] found.", std::string(text).c_str()),
                                  path);

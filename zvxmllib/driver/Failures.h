@@ -43,6 +43,7 @@ using ZvXmlLib16::FailUnreadElement;
 [[noreturn]] void FailMandatoryElement(std::string const& name);
 
 // Of a strict context alone. `text` is of the document.
+[[noreturn]] void FailPlaceOfText(std::string const& name, std::string const& path);
 [[noreturn]] void FailText(std::string_view text, std::string const& path);
 [[noreturn]] void FailNilToWrite(std::string const& name);
 

@@ -87,6 +87,8 @@ CXmlElement* CXmlGeneratedClass::ReadStrictly(CXmlElement* element, CXmlElement*
     }
     if (!HasText(info))
         CheckText(*element);
+    else if (element->HasTextAheadOfChild())
+        FailPlaceOfText(element->GetLocalName(), element->GetXPath());
     HiddenChildren unknown(*element);
     if (ctx.GetIgnoreUnknownElements() && current != nullptr) {
         KnownElements const known(*this);

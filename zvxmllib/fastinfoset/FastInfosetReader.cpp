@@ -97,6 +97,7 @@ bool CFastInfosetReader::Parse(unsigned char const* data, std::size_t length) {
     m_noText = m_tree->GetNames().Keep({});
     CountsSettler const settler(*m_tree);
     if (m_doc.m_pContext->GetStrict()) {
+        m_tree->NoteTextAheadOfChildren();
         m_checks = std::make_unique<InfosetChecks>(m_tree->GetNames());
         m_vocabulary = std::make_unique<ReadVocabulary>(); // until the document names another one
     } else {
