@@ -28,8 +28,6 @@ namespace {
 
 using Rule = CWhitespaceUtils::WhitespaceRule;
 constexpr Rule kNone = CWhitespaceUtils::WhitespaceRule_None;
-constexpr Rule kPreserve = CWhitespaceUtils::WhitespaceRule_Preserve;
-constexpr Rule kReplace = CWhitespaceUtils::WhitespaceRule_Replace;
 constexpr Rule kCollapse = CWhitespaceUtils::WhitespaceRule_Collapse;
 
 struct Row {
