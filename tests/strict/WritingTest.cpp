@@ -26,6 +26,15 @@ void ExpectWritings(Probe& probe, Writings const& expected) {
     }
 }
 
+TEST(StrictWriting, WritesNoEmptyTextThatIsReadAsADefault) {
+    OrderOf model({new CElementInfoSeqPrimOpt("s", "", 0, false, ItemType_string, nullptr,
+                                              CWhitespaceUtils::WhitespaceRule_Preserve,
+                                              CPrimitiveRestrictions(), "dd")},
+                  [](Probe& probe) { probe.properties[0].SetString(""); });
+    ExpectWritings(*CSmartPtr<Probe>(new Probe(model)),
+                   {"<order><s/></order>", "The empty value of [s] would be read as its default [dd]."});
+}
+
 TEST(StrictWriting, WritesNilOnlyWhereItIsReadAgain) {
     std::string const nil = R"( xmlns:AA="http://www.w3.org/2001/XMLSchema-instance" AA:nil="true"/>)";
     auto const message = [](std::string const& name) {

@@ -30,6 +30,8 @@ bool CElementInfo::WriteProperty(Ctx const& ctx, Object const* object, CXmlWrite
     if (!value.IsValid())
         return false;
     std::string const& text = toText(value, buffer);
+    if (text.empty() && !m_defaultValue.empty() && ctx.GetStrict())
+        FailEmptyOverDefault(m_name, m_defaultValue);
     bool const isDefault = !m_defaultValue.empty() && text == m_defaultValue;
     if (m_needsCheck && !isDefault) {
         if (ctx.GetStrict())

@@ -109,4 +109,9 @@ void FailNilToWrite(std::string const& name) {
         FormatString("The Property [%s] is nil, and its element may not be nil", name.c_str()));
 }
 
+void FailEmptyOverDefault(std::string const& name, std::string const& defaultValue) {
+    throw CZvInvalidStateException(FormatString("The empty value of [%s] would be read as its default [%s].",
+                                                name.c_str(), defaultValue.c_str()));
+}
+
 } // namespace ZvXmlLib16Data

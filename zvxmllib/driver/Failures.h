@@ -46,5 +46,6 @@ using ZvXmlLib16::FailUnreadElement;
 [[noreturn]] void FailPlaceOfText(std::string const& name, std::string const& path);
 [[noreturn]] void FailText(std::string_view text, std::string const& path);
 [[noreturn]] void FailNilToWrite(std::string const& name);
+[[noreturn]] void FailEmptyOverDefault(std::string const& name, std::string const& defaultValue);
 
 } // namespace ZvXmlLib16Data
