@@ -41,6 +41,13 @@ need_build_packages() {
     need_pattern_library
 }
 
+# clang with the run-time libraries of its sanitizers and fuzzers, which clang only recommends.
+need_clang() {
+    need_program clang++ clang
+    compgen -G "/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a" >/dev/null ||
+        missing_packages+=(libclang-rt-dev)
+}
+
 need_test_packages() {
     need_program python3 python3
     need_program nm binutils

@@ -10,6 +10,10 @@
 # show a fault stay in build/fuzz/found.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
+need_build_packages
+need_clang
+install_missing_packages
+
 target=${1:?usage: fuzz.sh TARGET [SECONDS [OPTION ...]]}
 seconds=${2:-60}
 options=("${@:3}")

@@ -5,7 +5,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 need_build_packages
-need_program clang++ clang
+need_clang
 need_test_packages
 install_missing_packages
 
