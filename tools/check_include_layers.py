@@ -24,6 +24,7 @@ FLOORS = (
     ("values/facets",),
     ("context",), ("streams",), ("document",), ("writers",), ("binding",), ("xml",), ("collections",), ("driver",),
     ("json", "fastinfoset"),
+    ("grammar",), ("generated",),
     (".",),
 )
 FLOOR_OF = {folder: floor for floor, folders in enumerate(FLOORS) for folder in folders}
