@@ -2,6 +2,7 @@
 #include "tests/strict/Twice.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/driver/ClassFactoryBase.h"
 
 #include <gtest/gtest.h>
 
@@ -38,6 +39,52 @@ TEST(StrictXmlReading, LosesNoText) {
          }) {
         EXPECT_EQ(TextOf(row.xml, CSerializationContext()), row.usual) << row.xml;
         EXPECT_EQ(TextOf(row.xml, Strict()), row.strict) << row.xml;
+    }
+}
+
+class Factory : public CClassfactoryBase {
+public:
+    using CClassfactoryBase::GetElementType;
+    using CClassfactoryBase::GetElementTypeNamespaceUri;
+};
+
+// Of the root and its children: name@namespace, or the failure.
+std::string TypesOf(std::string const& xml, CSerializationContext const& ctx) {
+    CXmlDocument document(ctx);
+    document.LoadXml(xml.c_str());
+    CXmlElement* const root = document.GetDocumentElement();
+    std::string types;
+    for (CXmlElement* e = root; e != nullptr;
+         e = e == root ? e->GetFirstElement() : e->GetNextSiblingElement()) {
+        try {
+            types += Factory::GetElementType(e) + '@' + Factory::GetElementTypeNamespaceUri(e) + ' ';
+        } catch (CZvException const& failure) {
+            types += failure.GetFullMessage() + ' ';
+        }
+    }
+    return types;
+}
+
+TEST(StrictXmlReading, LooksUpPrefixesInTheScopeOfTheElement) {
+    struct Row {
+        char const* xml;
+        char const* usual;
+        char const* strict;
+    };
+    for (Row const& row : {
+             Row{"<r xmlns:p='urn:1'><a xsi:type='p:T'/><b xmlns:p='urn:2' xsi:type='p:T'/></r>",
+                 "@ T@urn:2 T@urn:2 ", "@ T@urn:1 T@urn:2 "},
+             Row{"<q:r xmlns:q='urn:q' xmlns='urn:d' xsi:type='T'><q:a xmlns='' xsi:type='T'/></q:r>",
+                 "T@urn:q T@urn:q ", "T@urn:d T@ "},
+             Row{"<r xsi:type=' T '><a xsi:type='xml:T'/></r>", " T @ T@ ",
+                 "T@ T@http://www.w3.org/XML/1998/namespace "},
+             Row{"<r xmlns='u'><a xsi:type='zz:T'/><b xmlns:zz='urn:z'/></r>", "@u T@urn:z @u ",
+                 "@u Namespace alias [zz] not found\nPath: /r/a/xsi:@type @u "},
+         }) {
+        std::string xml = row.xml;
+        xml.insert(xml.find('>'), " xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance'");
+        EXPECT_EQ(TypesOf(xml, CSerializationContext()), row.usual) << row.xml;
+        EXPECT_EQ(TypesOf(xml, Strict()), row.strict) << row.xml;
     }
 }
 

@@ -3,7 +3,6 @@
 #include "zvxmllib/binding/Failures.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlAttribute.h"
-#include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/values/text/Whitespace.h"
 
@@ -100,7 +99,7 @@ TypeName ReadTypeName(CXmlElement const& element, CXmlAttribute const& attribute
     std::string const name = CWhitespaceUtils::Collapse(attribute.GetValue());
     std::size_t const colon = name.find(':');
     std::string const prefix = name.substr(0, colon == std::string::npos ? 0 : colon);
-    std::string ns = element.GetDocument()->LookupNamespaceFromAlias(prefix.c_str());
+    std::string ns = element.LookupNamespaceFromAlias(prefix.c_str());
     if (ns.empty() && !prefix.empty())
         FailUnknownAlias(prefix, attribute.GetXPath());
     return {std::move(ns), colon == std::string::npos ? name : name.substr(colon + 1)};

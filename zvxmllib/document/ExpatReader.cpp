@@ -103,6 +103,12 @@ struct CExpatReader::Handlers {
     static void XMLCALL StartNamespace(void* userData, XML_Char const* prefix, XML_Char const* uri) {
         Run(userData, [=](CExpatReader& reader) { reader.DeclareNamespace(prefix, uri); });
     }
+    static void XMLCALL StartScope(void* userData, XML_Char const* name, XML_Char const** attributes) {
+        Run(userData, [=](CExpatReader& reader) { reader.StartScope(name, attributes); });
+    }
+    static void XMLCALL DeclareInScope(void* userData, XML_Char const* prefix, XML_Char const* uri) {
+        Run(userData, [=](CExpatReader& reader) { reader.DeclareInScope(prefix, uri); });
+    }
     static void XMLCALL EndNamespace(void*, XML_Char const*) {}
     static void XMLCALL Text(void* userData, XML_Char const* text, int length) {
         Run(userData, [=](CExpatReader& reader) { reader.Text(text, static_cast<std::size_t>(length)); });
@@ -169,10 +175,13 @@ void CExpatReader::Init() {
         XML_SetCdataSectionHandler(m_parser.get(), Handlers::StartCdata, Handlers::EndCdata);
 }
 
-// Texts keep their carriage returns, which only a reference can give them, and no entity is passed over in
-// silence.
+// Texts keep their carriage returns, which only a reference can give them, prefixes their scopes, and no
+// entity is passed over in silence.
 void CExpatReader::InitStrict() {
     m_tree->NoteTextAheadOfChildren();
+    m_scopes = &m_tree->KeepScopes();
+    XML_SetElementHandler(m_parser.get(), Handlers::StartScope, Handlers::EndElement);
+    XML_SetNamespaceDeclHandler(m_parser.get(), Handlers::DeclareInScope, Handlers::EndNamespace);
     XML_SetCharacterDataHandler(m_parser.get(), Handlers::ExactText);
     XML_SetSkippedEntityHandler(m_parser.get(), Handlers::SkippedEntity);
     XML_SetExternalEntityRefHandler(m_parser.get(), Handlers::ExternalEntity);
@@ -232,7 +241,7 @@ std::string_view CExpatReader::ToLocal(char const* utf8, std::size_t length) {
     return m_local;
 }
 
-void CExpatReader::StartElement(char const* name, char const** attributes) {
+CXmlElement const* CExpatReader::StartElement(char const* name, char const** attributes) {
     NameTable& names = m_tree->GetNames();
     CXmlElement const* const element = m_tree->AddElement(names.FindElementName(name, m_splitsNames));
     int const specified = XML_GetSpecifiedAttributeCount(m_parser.get());
@@ -246,6 +255,11 @@ void CExpatReader::StartElement(char const* name, char const** attributes) {
     }
     if (m_tree->GetPositions() != nullptr)
         LocateAttributes(*element, static_cast<std::size_t>(specified) / 2);
+    return element;
+}
+
+void CExpatReader::StartScope(char const* name, char const** attributes) {
+    m_scopes->AddElement(StartElement(name, attributes));
 }
 
 // The parser counts columns from 0.
@@ -294,6 +308,15 @@ void CExpatReader::DeclareNamespace(char const* prefix, char const* uri) {
     std::string const localPrefix = prefix == nullptr ? std::string() : Utf8ToLocal(prefix);
     m_doc.m_namespaces[localPrefix] =
         std::make_shared<std::string const>(uri == nullptr ? std::string() : Utf8ToLocal(uri));
+}
+
+// The parser tells this before it tells of the element.
+void CExpatReader::DeclareInScope(char const* prefix, char const* uri) {
+    DeclareNamespace(prefix, uri);
+    auto const keep = [this](char const* utf8) {
+        return m_tree->GetNames().Keep(utf8 == nullptr ? std::string() : Utf8ToLocal(utf8));
+    };
+    m_scopes->Declare(keep(prefix), keep(uri));
 }
 
 void CExpatReader::Text(char const* text, std::size_t length) {

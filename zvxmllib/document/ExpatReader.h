@@ -17,6 +17,7 @@ struct XML_ParserStruct;
 
 namespace ZvXmlLib16 {
 
+class PrefixScopes;
 class XmlTree;
 
 // Parses one document. Grammar, well-formedness, entities, attribute and line end normalisation and input
@@ -48,12 +49,15 @@ private:
     // The text as local text; the result is valid until the next call.
     std::string_view ToLocal(char const* utf8, std::size_t length);
 
-    void StartElement(char const* name, char const** attributes);
+    CXmlElement const* StartElement(char const* name, char const** attributes);
     std::string_view KeepDefault(char const* value);
     NodePosition GetPosition() const override;
     void LocateAttributes(CXmlElement const& element, std::size_t specified) const;
     void EndElement();
     void DeclareNamespace(char const* prefix, char const* uri);
+    // The same two, where prefixes have scopes.
+    void StartScope(char const* name, char const** attributes);
+    void DeclareInScope(char const* prefix, char const* uri);
     void Text(char const* text, std::size_t length);
     // In place of Text, where nothing may be lost.
     void ExactText(char const* text, std::size_t length);
@@ -62,6 +66,7 @@ private:
 
     CXmlDocument& m_doc;
     XmlTree* m_tree = nullptr;
+    PrefixScopes* m_scopes = nullptr; // the tree's, null where nothing is strict
     std::unique_ptr<XML_ParserStruct, ParserDeleter> m_parser;
     std::exception_ptr m_failure; // the first that a handler met
     std::string m_local;

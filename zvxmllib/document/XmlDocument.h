@@ -60,6 +60,7 @@ public:
     // or a comment, which no XML document does.
     static bool IsJson(unsigned char const* data, std::uint32_t length);
 
+    CSerializationContext const& GetContext() const noexcept { return *m_pContext; }
     // The root, null while the document is empty.
     CXmlElement* GetDocumentElement() const noexcept;
 

@@ -1,10 +1,12 @@
 #include "zvxmllib/document/XmlElement.h"
 
+#include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlTree.h"
 
 namespace ZvXmlLib16 {
 
 namespace {
+constexpr char kNamespaceOfXml[] = "http://www.w3.org/XML/1998/namespace"; // needs no declaration
 std::string const kAbsentValue;
 std::vector<CXmlAttribute*> const kNoAttributes;
 } // namespace
@@ -17,6 +19,17 @@ CXmlDocument const* CXmlElement::GetDocument() const noexcept {
 
 bool CXmlElement::HasTextAheadOfChild() const noexcept {
     return m_name->tree->HasTextAheadOfChild(*this);
+}
+
+std::string CXmlElement::LookupNamespaceFromAlias(char const* alias) const {
+    PrefixScopes const* const scopes = m_name->tree->GetScopes();
+    if (scopes == nullptr)
+        return GetDocument()->LookupNamespaceFromAlias(alias);
+    std::string_view const prefix = alias == nullptr ? "" : alias;
+    if (prefix == "xml")
+        return kNamespaceOfXml;
+    std::string const* const uri = scopes->Find(*this, prefix);
+    return uri == nullptr ? std::string() : *uri;
 }
 
 std::string const& CXmlElement::GetLocalName() const noexcept {

@@ -55,6 +55,10 @@ public:
     bool HasTextAheadOfChild() const noexcept;
     // The element of such a path, from this one on, which begins it. Null if there is none.
     CXmlElement const* FindByPath(std::string_view path) const;
+    // The namespace that a prefix stands for at this element, empty if there is none; the empty prefix is the
+    // default namespace. Scopes are known in the documents of strict contexts alone; others answer as
+    // CXmlDocument does.
+    std::string LookupNamespaceFromAlias(char const* alias) const;
     // Where its start tag stands, as CZvException tells it. 0 unless the context of the document keeps
     // positions.
     std::uint64_t GetLine() const noexcept;

@@ -4,6 +4,7 @@
 #include "zvxmllib/document/Arena.h"
 #include "zvxmllib/document/NameTable.h"
 #include "zvxmllib/document/NodePositions.h"
+#include "zvxmllib/document/PrefixScopes.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
 
@@ -87,6 +88,14 @@ public:
         return m_textAhead != nullptr && m_textAhead->count(&element) != 0;
     }
 
+    // From now on the tree remembers the scopes of prefixes, which the reader tells.
+    PrefixScopes& KeepScopes() {
+        m_scopes = std::make_unique<PrefixScopes>();
+        return *m_scopes;
+    }
+    // Null if it does not.
+    PrefixScopes const* GetScopes() const noexcept { return m_scopes.get(); }
+
     // From now on the tree remembers where the source is when a node is added.
     void KeepPositions(IPositionSource const& source);
     // Null if it does not.
@@ -152,6 +161,7 @@ private:
     std::vector<OpenElement> m_open;
     std::vector<StreamingMark> m_marks; // one for each open element, and one for the element closed last
     std::unique_ptr<std::unordered_set<CXmlElement const*>> m_textAhead; // null where nobody wants to know
+    std::unique_ptr<PrefixScopes> m_scopes;                              // likewise
     std::unique_ptr<NodePositions> m_positions;                          // null where nobody wants them
     KeptList<std::string> m_keptStrings;
     KeptList<std::vector<CXmlAttribute*>> m_keptFaces;

@@ -17,10 +17,13 @@ protected:
     CClassfactoryBase(CClassfactoryBase const&) = default;
     CClassfactoryBase& operator=(CClassfactoryBase const&) = default;
 
-    // The local part of xsi:type: the text after its first colon. Empty without the attribute.
+    // The local part of xsi:type: the text after its first colon. Empty without the attribute. In the
+    // documents of strict contexts these two collapse the text and throw CZvValidationException for a prefix
+    // that is not declared.
     static std::string GetElementType(CXmlElement* element);
     // The namespace of its prefix, by the last declaration of the prefix in the document; the namespace of
-    // the element if there is no prefix or it is not declared.
+    // the element if there is no prefix or it is not declared. In the documents of strict contexts the scope
+    // of the element counts, and without a prefix the default namespace.
     static std::string GetElementTypeNamespaceUri(CXmlElement* element);
 };
 

@@ -98,6 +98,7 @@ bool CFastInfosetReader::Parse(unsigned char const* data, std::size_t length) {
     CountsSettler const settler(*m_tree);
     if (m_doc.m_pContext->GetStrict()) {
         m_tree->NoteTextAheadOfChildren();
+        m_scopes = &m_tree->KeepScopes();
         m_checks = std::make_unique<InfosetChecks>(m_tree->GetNames());
         m_vocabulary = std::make_unique<ReadVocabulary>(); // until the document names another one
     } else {
@@ -231,7 +232,9 @@ bool CFastInfosetReader::StartElement(std::uint8_t octet) {
         (octet & 0x3C) == 0x3C ? ParseQName(octet, names) : QNameAt<mode>(names, m_in.ReadInteger3(octet));
     if (m_isTraced)
         Trace(m_tree->HasOpenElement() ? "New Elm" : "New Root Elm", *name);
-    m_tree->AddElement(name);
+    CXmlElement const* const element = m_tree->AddElement(name);
+    if constexpr (mode == Mode::kChecked)
+        m_scopes->AddElement(element);
     if (!hasAttributes)
         return false;
     while ((octet = m_in.ReadOctet()) < 0x80)
@@ -294,10 +297,15 @@ std::uint8_t CFastInfosetReader::ParseNamespaceAttributes() {
         // The string lives as long as the tree, which ends with these declarations.
         m_doc.m_namespaces[std::string(prefix)] = {std::shared_ptr<void>(), uri};
         if (m_checks != nullptr)
-            m_checks->Declare(SharedText(prefixes, prefixIndex), uri);
+            DeclareInScope(SharedText(prefixes, prefixIndex), uri);
     }
     RequireEnd(octet);
     return m_in.ReadOctet();
+}
+
+void CFastInfosetReader::DeclareInScope(std::string const* prefix, std::string const* uri) {
+    m_checks->Declare(prefix, uri);
+    m_scopes->Declare(prefix, uri);
 }
 
 XmlName const* CFastInfosetReader::ParseQName(std::uint8_t octet, QNames& table) {

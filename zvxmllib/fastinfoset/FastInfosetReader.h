@@ -17,6 +17,7 @@
 namespace ZvXmlLib16 {
 
 class InfosetChecks;
+class PrefixScopes;
 class XmlTree;
 struct XmlName;
 
@@ -100,6 +101,7 @@ private:
     XmlName const* QNameAt(QNames& table, std::uint32_t index);
     void ParseCharacterChunk(std::uint8_t octet);
     std::uint8_t ParseNamespaceAttributes();
+    void DeclareInScope(std::string const* prefix, std::string const* uri);
     void RequireDeclared(ReadVocabulary::QName const& entry);
     std::string const* SharedText(NameParts& table, std::uint32_t index);
     XmlName const* ParseQName(std::uint8_t octet, QNames& table);
@@ -131,6 +133,7 @@ private:
     OctetInput m_in;               // a copy of the input, in the storage of the tree
     std::unique_ptr<ReadVocabulary> m_vocabulary;
     std::unique_ptr<InfosetChecks> m_checks; // null where the document is taken as it is
+    PrefixScopes* m_scopes = nullptr;        // the tree's, likewise
     std::string const* m_noText = nullptr;   // what the tree keeps of the empty text
     std::uint64_t m_textLeft = 0;            // octets that indices may still stand for
     std::string m_text;                      // for what has to be put together
