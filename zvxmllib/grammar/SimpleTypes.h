@@ -30,6 +30,8 @@ struct SimpleValue {
     std::vector<std::string> idrefs; // of type IDREF
 };
 
+struct SimpleType;
+
 // Made once of rows that a schema processor has accepted; any number of threads may then use it.
 class SimpleTypes {
 public:
@@ -41,7 +43,8 @@ public:
 
     // Tests a text as it stands in a document: applies the white space rule of the type, then tests the
     // lexical form and all facets. Throws CZvInvalidValueException. `scope` may be null where no prefix can
-    // be looked up: then any is taken. Fills `value` unless it is null.
+    // be looked up: then any is taken, and {namespace}name too. Fills `value` unless it is null. Whether an
+    // ENTITY is declared is not tested.
     void Check(std::uint32_t type, std::string_view text, INamespaceScope const* scope,
                SimpleValue* value) const;
     // Without the exception: the message, or null for a text that fits. `room` keeps it.
@@ -56,12 +59,13 @@ public:
     // Whether a value can hold, or be, one of type ID, IDREF, QName or NOTATION.
     bool HasIds(std::uint32_t type) const noexcept;
     bool HasQNames(std::uint32_t type) const noexcept;
-    // The text with the white space rule of the type applied, in `room` if it changes.
+    // The text with the white space rule of the type applied, in `room` if it changes. That of a union is the
+    // rule of the member that accepts the text.
     std::string_view Normalize(std::uint32_t type, std::string_view text, std::string& room) const;
 
 private:
-    struct Type;
-    std::vector<std::unique_ptr<Type>> m_types;
+    std::vector<std::string_view> m_notations; // sorted
+    std::vector<std::unique_ptr<SimpleType>> m_types;
 };
 
 } // namespace ZvXmlLib16::grammar

@@ -1,6 +1,8 @@
 // The interface to the regular expression library: compile, match, release. One source for each library.
 #pragma once
 
+#include "zvxmllib/platform/Api.h"
+
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -12,17 +14,17 @@ namespace ZvXmlLib16::detail {
 struct CompiledRegex;
 
 struct ReleaseRegex {
-    void operator()(CompiledRegex* regex) const noexcept;
+    ZV_API void operator()(CompiledRegex* regex) const noexcept;
 };
 using RegexPtr = std::unique_ptr<CompiledRegex, ReleaseRegex>;
 
 // `expression` is UTF-8, ends at a NUL and matches from the start of a subject only. Returns null, with the
 // library's message in `error`, for an expression that it refuses.
-RegexPtr CompileRegex(std::string const& expression, std::string& error);
+ZV_API RegexPtr CompileRegex(std::string const& expression, std::string& error);
 
 // True if the first match takes the whole subject. `isValidUtf8` spares the library that test; a subject that
 // is not UTF-8 never matches. A match beyond the limits below fails.
-bool MatchesWhole(CompiledRegex const& regex, std::string_view subject, bool isValidUtf8);
+ZV_API bool MatchesWhole(CompiledRegex const& regex, std::string_view subject, bool isValidUtf8);
 
 // The limits of a match. The libraries first match by backtracking. One step may read the whole subject, so a
 // long subject gets fewer steps. If they are not enough, the libraries use a second algorithm, which follows

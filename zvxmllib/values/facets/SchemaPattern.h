@@ -2,6 +2,8 @@
 // expressions.
 #pragma once
 
+#include "zvxmllib/platform/Api.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -15,6 +17,6 @@ struct SchemaPattern {
 };
 
 // `pattern` is UTF-8. Any number of threads may translate at once.
-SchemaPattern TranslateSchemaPattern(std::string_view pattern);
+ZV_API SchemaPattern TranslateSchemaPattern(std::string_view pattern);
 
 } // namespace ZvXmlLib16::detail
