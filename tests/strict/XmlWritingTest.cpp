@@ -103,6 +103,19 @@ TEST(StrictXml, KeepsEveryElementInItsNamespace) {
                   writer.WriteElementEnd();
               }),
               R"(<r><AA:n xmlns:AA="urn:d"/></r>)");
+    EXPECT_EQ(
+        Written([](CXmlTextWriter& writer) {
+            writer.SetDefaultNamespace("urn:d");
+            writer.AddNamespaceAlias("p", "urn:given");
+            writer.AddNamespaceAlias("q", "urn:too");
+            writer.DeclareOnNextElement("p", "urn:kept");
+            writer.DeclareOnNextElement("", "urn:e");
+            writer.WriteElementStart("r", "urn:d");
+            writer.WriteAttribute("k", "urn:given", "", ItemType_string);
+            writer.WriteElementEnd();
+        }),
+        R"(<AA:r xmlns:AA="urn:d" xmlns:q="urn:too" xmlns:p="urn:kept" xmlns="urn:e" xmlns:AB="urn:given" )"
+        R"(AB:k=""/>)");
 }
 
 TEST(StrictXml, RefusesCallsThatMakeNoDocument) {

@@ -262,6 +262,8 @@ void CElement::CopyContent(CElement const& other) {
         elements = other.m_elements->Clone();
     m_text = other.m_text;
     m_collectionsHaveNoNamespace = other.m_collectionsHaveNoNamespace;
+    if (!other.GetDeclarations().empty())
+        OwnRules().declarations = other.GetDeclarations();
     AdoptCollections(std::move(attributes), std::move(elements));
 }
 
@@ -278,6 +280,7 @@ void CElement::CopyXmlElement(CXmlElement* element) {
     m_text.clear();
     element->GetNodeText().AppendTo(m_text);
     ClearCollections();
+    KeepDeclarations(*element);
     for (std::size_t i = 0; i < element->GetAttributeCount(); ++i) {
         CXmlAttribute const& attribute = *element->GetAttributeAt(i);
         GetAttributes()->Add(attribute.GetLocalName().c_str(), attribute.GetValue().c_str(),
@@ -322,6 +325,8 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* current, CSerializ
     }
     m_text.clear();
     current->GetNodeText().AppendTo(m_text);
+    if (ctx.GetStrict())
+        KeepDeclarations(*current);
     m_name = current->ShareLocalName();
     ChangeNamespace(current->ShareNamespaceURI());
     return current->GetNextSiblingElement();
@@ -336,6 +341,8 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSerializatio
             return;
         }
     }
+    if (m_rules != nullptr)
+        WriteDeclarations(*writer);
     writer->WriteElementStart(m_name, m_namespace);
     if (m_attributes != nullptr)
         m_attributes->ToXml_Int(writer, false, ns, ctx, false);

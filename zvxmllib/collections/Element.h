@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace ZvXmlLib16 {
 
@@ -41,6 +42,19 @@ public:
     void SetName(char const* name);
     void SetText(char const* text);
     void SetNamespace(char const* ns);
+
+    // A prefix, or the default namespace, that names in texts and values of this element and its content
+    // need. An empty URI takes the default namespace away.
+    struct Declaration {
+        SharedText prefix; // empty for the default namespace
+        SharedText namespaceURI;
+    };
+    // Reading in a strict context keeps the declarations made on the element, and those above it that stand
+    // before a colon in its text and attributes or that xsi:type needs. Writing in a strict context declares
+    // them there, unless they are in force.
+    std::vector<Declaration> const& GetDeclarations() const noexcept;
+    // In place of the one of this prefix.
+    void DeclarePrefix(char const* prefix, char const* namespaceURI);
 
     // Never null. They are made at first use, so call the two below first where most elements have none.
     CSmartPtr<CAttributeCol> GetAttributes() const;
@@ -94,16 +108,20 @@ private:
     void CopyContent(CElement const& other);
     void ClearCollections();
     void ChangeNamespace(SharedText ns);
+    void KeepDeclarations(CXmlElement const& element);
+    void WriteDeclarations(CXmlWriter& writer) const;
     void WriteFragment(CXmlTextWriter& writer, CSerializationContext const& ctx, bool optionalChoice) const;
     SharedText CollectionNamespace() const noexcept {
         return m_collectionsHaveNoNamespace ? SharedText() : m_namespace;
     }
 
-    // What few elements have: a restriction, a target namespace, the default namespace of a fragment.
+    // What few elements have: a restriction, a target namespace, the default namespace of a fragment,
+    // declarations.
     struct Rules {
         std::string allowedNamespaces{"##any"};
         std::string targetNamespace;
         std::string defaultNamespace;
+        std::vector<Declaration> declarations;
     };
     Rules& OwnRules();
     char const* AllowedNamespaces() const noexcept;

@@ -3,6 +3,7 @@
 
 #include "zvxmllib/foundation/Forward.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -16,7 +17,8 @@ struct PrefixDeclaration {
     std::string const* uri;
 };
 
-// Beside the tree, for the readers of strict contexts (Namespaces in XML, 6).
+// Beside the tree, for the readers of strict contexts (Namespaces in XML, 6). Belongs to the thread of the
+// document.
 class PrefixScopes {
 public:
     // On the element that is added next.
@@ -27,11 +29,21 @@ public:
     // Made on the element itself.
     std::vector<PrefixDeclaration> const& GetDeclared(CXmlElement const& element) const;
     // What the prefix stands for at the element, null if it is not declared.
-    std::string const* Find(CXmlElement const& element, std::string_view prefix) const;
+    PrefixDeclaration const* Find(CXmlElement const& element, std::string_view prefix) const;
 
 private:
+    struct Prefix {
+        std::unordered_map<CXmlElement const*, PrefixDeclaration> declarations;
+        // The last answer for elements that do not declare it themselves, by their parent.
+        mutable CXmlElement const* parent = nullptr;
+        mutable PrefixDeclaration const* answer = nullptr;
+        mutable std::uint64_t answered = 0; // m_elements then
+    };
+
     std::vector<PrefixDeclaration> m_next;
     std::unordered_map<CXmlElement const*, std::vector<PrefixDeclaration>> m_declared;
+    std::unordered_map<std::string_view, Prefix> m_prefixes;
+    std::uint64_t m_elements = 0; // so many have been added
 };
 
 } // namespace ZvXmlLib16

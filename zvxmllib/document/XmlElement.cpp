@@ -21,15 +21,19 @@ bool CXmlElement::HasTextAheadOfChild() const noexcept {
     return m_name->tree->HasTextAheadOfChild(*this);
 }
 
+PrefixScopes const* CXmlElement::GetScopes() const noexcept {
+    return m_name->tree->GetScopes();
+}
+
 std::string CXmlElement::LookupNamespaceFromAlias(char const* alias) const {
-    PrefixScopes const* const scopes = m_name->tree->GetScopes();
+    PrefixScopes const* const scopes = GetScopes();
     if (scopes == nullptr)
         return GetDocument()->LookupNamespaceFromAlias(alias);
     std::string_view const prefix = alias == nullptr ? "" : alias;
     if (prefix == "xml")
         return kNamespaceOfXml;
-    std::string const* const uri = scopes->Find(*this, prefix);
-    return uri == nullptr ? std::string() : *uri;
+    PrefixDeclaration const* const declaration = scopes->Find(*this, prefix);
+    return declaration == nullptr ? std::string() : *declaration->uri;
 }
 
 std::string const& CXmlElement::GetLocalName() const noexcept {

@@ -14,6 +14,7 @@
 
 namespace ZvXmlLib16 {
 
+class PrefixScopes;
 class XmlTree;
 struct XmlName;
 
@@ -59,6 +60,8 @@ public:
     // default namespace. Scopes are known in the documents of strict contexts alone; others answer as
     // CXmlDocument does.
     std::string LookupNamespaceFromAlias(char const* alias) const;
+    // Of the whole document, null where it knows none.
+    PrefixScopes const* GetScopes() const noexcept;
     // Where its start tag stands, as CZvException tells it. 0 unless the context of the document keeps
     // positions.
     std::uint64_t GetLine() const noexcept;

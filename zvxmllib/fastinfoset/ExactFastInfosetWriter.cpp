@@ -11,9 +11,7 @@
 namespace ZvXmlLib16 {
 
 CExactFastInfosetWriter::CExactFastInfosetWriter(CFastInfosetContext& context, CBinaryStream& sink)
-    : CFastInfosetWriter(context, sink) {
-    m_inForce["xml"].ns = kXmlNamespace;
-}
+    : CFastInfosetWriter(context, sink) {}
 
 CExactFastInfosetWriter::~CExactFastInfosetWriter() = default;
 
@@ -21,6 +19,10 @@ void CExactFastInfosetWriter::AddNamespaceAlias(std::string const& alias, std::s
     CFastInfosetWriter::AddNamespaceAlias(alias, ns);
     if (IsPending() && !alias.empty())
         Require(alias, ns);
+}
+
+void CExactFastInfosetWriter::DeclareOnNextElement(std::string const& alias, std::string const& ns) {
+    m_kept.Add(alias, ns);
 }
 
 void CExactFastInfosetWriter::WriteComment(std::string const& text) {
@@ -37,10 +39,15 @@ void CExactFastInfosetWriter::WriteProcessingInstruction(std::string const& text
 void CExactFastInfosetWriter::WriteElementStart(std::string const& name, std::string const& ns) {
     WriteHead();
     bool const isRoot = m_pContext == nullptr;
-    CFastInfosetWriter::WriteElementStart(name, ns);
+    if (isRoot)
+        m_kept.ReplaceGiven(m_namespaceMap, m_defaultNamespace);
+    BeginElement(name, ns);
     ++m_element;
     if (isRoot)
         DeclareGiven(!ns.empty());
+    for (auto const& declaration : m_kept.Enter(*m_pContext, m_inForce))
+        Require(declaration.alias, declaration.ns);
+    NameElement(name, ns);
     if (ns.empty() && !m_pContext->GetDefaultNamespace().empty())
         m_pContext->SetDefaultNamespace("");
     bool const hasPrefix = ns != m_pContext->GetDefaultNamespace();
@@ -56,8 +63,7 @@ void CExactFastInfosetWriter::WriteElementEnd() {
     WriteHead();
     std::int32_t const depth = m_pContext == nullptr ? 0 : m_pContext->m_depth;
     CFastInfosetWriter::WriteElementEnd();
-    for (; !m_hidden.empty() && m_hidden.back().depth == depth; m_hidden.pop_back())
-        m_inForce[m_hidden.back().declaration.prefix].ns = m_hidden.back().declaration.ns;
+    m_inForce.EndElement(depth);
 }
 
 void CExactFastInfosetWriter::WriteAttribute(std::string const& name, std::string const& ns,
@@ -120,7 +126,7 @@ void CExactFastInfosetWriter::WriteHead() {
 
 // What is known before the root, used or not: a value may need it.
 void CExactFastInfosetWriter::DeclareGiven(bool rootHasNamespace) {
-    if (rootHasNamespace)
+    if (rootHasNamespace && !m_defaultNamespace.empty())
         Require({}, m_defaultNamespace);
     for (auto const& [ns, alias] : m_namespaceMap) {
         if (!alias.empty())
@@ -130,16 +136,12 @@ void CExactFastInfosetWriter::DeclareGiven(bool rootHasNamespace) {
 
 // Declares the prefix on the element whose head is held back, unless it is known to stand for `ns`.
 void CExactFastInfosetWriter::Require(std::string_view prefix, std::string const& ns) {
-    auto found = m_inForce.find(prefix);
-    if (found == m_inForce.end())
-        found = m_inForce.emplace(prefix, Binding()).first;
-    Binding& binding = found->second;
+    PrefixesInForce::Binding& binding = m_inForce.At(prefix);
     if (binding.ns != ns) {
         if (binding.neededBy == m_element)
-            FailAliasOfTwo(found->first, binding.ns, ns);
-        m_hidden.push_back({m_pContext->m_depth, {found->first, binding.ns}});
-        m_declarations.push_back({found->first, ns});
-        binding.ns = ns;
+            FailAliasOfTwo(std::string(prefix), binding.ns, ns);
+        m_declarations.push_back({std::string(prefix), ns});
+        m_inForce.Declare(prefix, ns, m_pContext->m_depth);
     }
     binding.neededBy = m_element;
 }

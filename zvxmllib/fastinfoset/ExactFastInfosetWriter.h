@@ -2,11 +2,10 @@
 #pragma once
 
 #include "zvxmllib/fastinfoset/FastInfosetWriter.h"
+#include "zvxmllib/writers/PrefixesInForce.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +24,7 @@ public:
 
     // Between the start of an element and its content, an alias is declared on the element.
     void AddNamespaceAlias(std::string const& alias, std::string const& ns) override;
+    void DeclareOnNextElement(std::string const& alias, std::string const& ns) override;
     void WriteComment(std::string const& text) override;
     void WriteProcessingInstruction(std::string const& text) override;
     void WriteElementStart(std::string const& name, std::string const& ns) override;
@@ -50,14 +50,6 @@ private:
         std::string prefix;
         std::string ns;
     };
-    struct Binding {
-        std::string ns;
-        std::uint64_t neededBy = 0; // the last element that could not do without it
-    };
-    struct Hidden {
-        std::int32_t depth; // of the element that declares the prefix
-        Declaration declaration;
-    };
 
     void WriteHead();
     void RequirePending() const;
@@ -65,9 +57,9 @@ private:
     void Require(std::string_view prefix, std::string const& ns);
     bool ComesBack(EncodedString const& encoded, std::string const& text);
 
-    std::map<std::string, Binding, std::less<>> m_inForce; // by prefix
-    std::uint64_t m_element = 0;                           // the number of the one started last
-    std::vector<Hidden> m_hidden;                          // what declarations hide, innermost last
+    PrefixesInForce m_inForce;
+    KeptDeclarations m_kept;
+    std::uint64_t m_element = 0; // the number of the one started last
     // Of the element whose head is held back.
     std::vector<Declaration> m_declarations;
     std::vector<Attribute> m_attributes; // the first m_attributeCount, which keep the memory of their strings

@@ -86,6 +86,11 @@ void CFastInfosetWriter::WriteInlineSchema(std::string const&) {}
 
 // The first octet of an element says whether attributes follow, so its head is held back until that is known.
 void CFastInfosetWriter::WriteElementStart(std::string const& name, std::string const& ns) {
+    BeginElement(name, ns);
+    NameElement(name, ns);
+}
+
+void CFastInfosetWriter::BeginElement(std::string const& name, std::string const& ns) {
     WritePendingElement(false);
     WritePendingTerminator();
     if (m_pContext != nullptr) {
@@ -94,9 +99,12 @@ void CFastInfosetWriter::WriteElementStart(std::string const& name, std::string 
     }
     if (m_isTraced)
         TraceStart(name, ns);
-    CXmlWriterContext const& context = PushContext();
+    PushContext();
     m_isPending = true;
-    bool const hasPrefix = !ns.empty() && !detail::Equals(ns, context.GetDefaultNamespace());
+}
+
+void CFastInfosetWriter::NameElement(std::string const& name, std::string const& ns) {
+    bool const hasPrefix = !ns.empty() && !detail::Equals(ns, m_pContext->GetDefaultNamespace());
     IndexMap::QName const qname{name, ns, hasPrefix ? AliasOf(ns) : std::string_view()};
     m_pendingIndex = m_elementNames.Find(qname);
     if (m_pendingIndex == 0) {

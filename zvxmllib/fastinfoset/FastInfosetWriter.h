@@ -55,6 +55,9 @@ protected:
 
     // Whether an element has been started whose head is not yet written. It is the current one then.
     bool IsPending() const noexcept { return m_isPending; }
+    // The two steps of WriteElementStart: the element is open, and it has its name.
+    void BeginElement(std::string const& name, std::string const& ns);
+    void NameElement(std::string const& name, std::string const& ns);
     // The head of the pending element: its first octet, which the caller ends with what they return, the
     // declarations, if there are any, and the name.
     unsigned BeginHead(bool hasAttributes);

@@ -80,6 +80,11 @@ void CExactJsonWriter::AddNamespaceAlias(std::string const& alias, std::string c
         AppendDeclaration(alias, ns);
 }
 
+void CExactJsonWriter::DeclareOnNextElement(std::string const& alias, std::string const& ns) {
+    if (IsFull())
+        m_kept.Add(alias, ns);
+}
+
 void CExactJsonWriter::WriteComment(std::string const&) {}
 
 void CExactJsonWriter::WriteProcessingInstruction(std::string const&) {}
@@ -90,11 +95,15 @@ void CExactJsonWriter::WriteElementStart(std::string const& name, std::string co
     bool const isRoot = m_open.empty();
     if (!isRoot)
         ForgetBlankText();
+    else
+        m_kept.ReplaceGiven(m_namespaceMap, m_defaultNamespace);
     m_hasRoot = true;
     PushContext();
     m_open.emplace_back();
     if (isRoot && IsFull())
         AppendRootDeclarations();
+    for (auto const& declaration : m_kept.Enter(*m_pContext, m_inForce))
+        AppendDeclaration(declaration.alias, declaration.ns);
     std::string member = MemberOf(name, ns);
     m_open.back().member = std::move(member);
 }
@@ -114,6 +123,7 @@ void CExactJsonWriter::WriteElementEnd() {
     std::string const member = std::move(m_open.back().member);
     JsonValue value = Finish(m_open.back());
     m_open.pop_back();
+    m_inForce.EndElement(m_pContext->m_depth);
     PopContext();
     if (m_open.empty())
         m_root = {member, std::move(value)};
@@ -156,6 +166,7 @@ void CExactJsonWriter::AppendDeclaration(std::string_view alias, std::string con
         member += alias;
     }
     AddAttribute(member, {JsonValue::kString, ns, {}});
+    m_inForce.Declare(alias, ns, m_pContext->m_depth);
 }
 
 // The name of the current element in its parent. What it needs is declared on it.

@@ -3,6 +3,7 @@
 
 #include "zvxmllib/json/JsonContext.h"
 #include "zvxmllib/json/JsonValue.h"
+#include "zvxmllib/writers/PrefixesInForce.h"
 #include "zvxmllib/writers/TextWriter.h"
 
 #include <cstddef>
@@ -27,6 +28,7 @@ public:
     // Inside an element these two are declared on it.
     void SetDefaultNamespace(std::string const& ns) override;
     void AddNamespaceAlias(std::string const& alias, std::string const& ns) override;
+    void DeclareOnNextElement(std::string const& alias, std::string const& ns) override;
     void WriteComment(std::string const& text) override;
     void WriteProcessingInstruction(std::string const& text) override;
     void WriteInlineSchema(std::string const& text) override;
@@ -68,6 +70,8 @@ private:
     void PrintString(std::string const& text);
 
     JsonRoundTrip m_roundTrip;
+    PrefixesInForce m_inForce;
+    KeptDeclarations m_kept;
     std::vector<Open> m_open;
     JsonMember m_root;
     bool m_hasRoot = false;

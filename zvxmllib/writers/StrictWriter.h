@@ -34,6 +34,10 @@ public:
             m_checks.AddDocumentAlias(alias, ns);
         Base::AddNamespaceAlias(alias, ns);
     }
+    void DeclareOnNextElement(std::string const& alias, std::string const& ns) override {
+        m_checks.RequireDeclaration(alias, ns);
+        Base::DeclareOnNextElement(alias, ns);
+    }
     void WriteComment(std::string const& text) override {
         m_checks.RequireComment(text);
         Base::WriteComment(text);

@@ -75,7 +75,7 @@ void WriterChecks::RequireNamespace(std::string const& ns, std::string const& ow
 }
 
 // "xml" is bound to its namespace, and nothing else is (Namespaces in XML, 3). An empty alias counts as none.
-void WriterChecks::RequireAlias(std::string const& alias, std::string const& ns) {
+void WriterChecks::RequireAlias(std::string const& alias, std::string const& ns) const {
     if (alias.empty())
         return;
     RequireNamespace(ns, alias);
@@ -95,6 +95,15 @@ void WriterChecks::RequireDefaultNamespace(std::string const& ns) const {
     RequireNamespace(ns, "xmlns");
     if (ns == kXmlNamespace)
         FailNamespaceOfXml(ns);
+}
+
+void WriterChecks::RequireDeclaration(std::string const& alias, std::string const& ns) const {
+    if (alias.empty())
+        RequireDefaultNamespace(ns);
+    else if (ns.empty())
+        FailAlias(alias);
+    else
+        RequireAlias(alias, ns);
 }
 
 void WriterChecks::RequireComment(std::string const& text) const {

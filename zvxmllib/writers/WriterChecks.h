@@ -27,10 +27,12 @@ public:
     // Without namespaces, colons may stand in names, and xmlns is an attribute like any other.
     explicit WriterChecks(bool hasNamespaces);
 
-    void RequireAlias(std::string const& alias, std::string const& ns);
+    void RequireAlias(std::string const& alias, std::string const& ns) const;
     // Of the whole document: one alias stands for one namespace.
     void AddDocumentAlias(std::string const& alias, std::string const& ns);
     void RequireDefaultNamespace(std::string const& ns) const;
+    // Either of them, for an element.
+    void RequireDeclaration(std::string const& alias, std::string const& ns) const;
     void RequireComment(std::string const& text) const;
 
     void StartElement(std::string const& name, std::string const& ns);

@@ -48,6 +48,8 @@ void CXmlWriter::AddNamespaceAlias(std::string const& alias, std::string const& 
 
 void CXmlWriter::CloseOpenArray() {}
 
+void CXmlWriter::DeclareOnNextElement(std::string const&, std::string const&) {}
+
 void CXmlWriter::SetCollectionState(int state) {
     if (m_pContext == nullptr)
         return;

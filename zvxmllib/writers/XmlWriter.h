@@ -69,6 +69,10 @@ protected:
     virtual void CloseOpenArray();
 
 public:
+    // Declares an alias, or for an empty one the default namespace, on the element that is started next: for
+    // names in its texts. Writers that keep no such names, the usual ones, do nothing.
+    virtual void DeclareOnNextElement(std::string const& alias, std::string const& ns);
+
     // Room for a value on its way from a property to the output, reused so that its strings keep their
     // memory. Writing another element overwrites it.
     struct ValueRoom {

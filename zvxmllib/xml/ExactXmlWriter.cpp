@@ -49,16 +49,34 @@ void CExactXmlWriter::WriteProcessingInstruction(std::string const& text) {
     CXmlTextWriter::WriteProcessingInstruction(text);
 }
 
+void CExactXmlWriter::DeclareOnNextElement(std::string const& alias, std::string const& ns) {
+    m_kept.Add(alias, ns);
+}
+
 void CExactXmlWriter::WriteElementStart(std::string const& name, std::string const& ns) {
     bool const isRoot = m_pContext == nullptr;
-    bool const hasDefault = ns.empty() && !isRoot && !m_pContext->GetDefaultNamespace().empty();
-    if (isRoot && ns.empty())
-        m_defaultNamespace.clear(); // it would be the root's
-    CXmlTextWriter::WriteElementStart(name, ns);
-    if (hasDefault) {
-        m_pContext->SetDefaultNamespace(ns);
-        AppendDeclaration({}, ns);
+    if (isRoot) {
+        m_kept.ReplaceGiven(m_namespaceMap, m_defaultNamespace);
+        if (ns.empty())
+            m_defaultNamespace.clear(); // it would be the root's
     }
+    BeginChild();
+    CXmlWriterContext& context = PushContext();
+    auto const& declarations = m_kept.Enter(context, m_inForce);
+    bool const hasDefault = ns.empty() && !context.GetDefaultNamespace().empty();
+    if (hasDefault)
+        context.SetDefaultNamespace(ns);
+    AppendElementStart(name, ns, isRoot);
+    for (auto const& declaration : declarations)
+        AppendDeclaration(declaration.alias, declaration.ns);
+    if (hasDefault)
+        AppendDeclaration({}, ns);
+}
+
+void CExactXmlWriter::WriteElementEnd() {
+    std::int32_t const depth = m_pContext == nullptr ? 0 : m_pContext->m_depth;
+    CXmlTextWriter::WriteElementEnd();
+    m_inForce.EndElement(depth);
 }
 
 void CExactXmlWriter::AppendDeclaration(std::string_view alias, std::string const& ns) {
@@ -70,6 +88,7 @@ void CExactXmlWriter::AppendDeclaration(std::string_view alias, std::string cons
     m_sink->Append("=\"", 2);
     AppendEscapedAttribute(ns);
     m_sink->Append('"');
+    m_inForce.Declare(alias, ns, m_pContext->m_depth);
 }
 
 // A section ends at the first end there is, whatever was meant.

@@ -1,6 +1,7 @@
 // CExactXmlWriter, XML text without loss.
 #pragma once
 
+#include "zvxmllib/writers/PrefixesInForce.h"
 #include "zvxmllib/xml/XmlTextWriter.h"
 
 #include <string>
@@ -21,9 +22,11 @@ public:
     // Inside an element, an alias is declared on it; a default namespace is none then, and prefixes are used.
     void SetDefaultNamespace(std::string const& ns) override;
     void AddNamespaceAlias(std::string const& alias, std::string const& ns) override;
+    void DeclareOnNextElement(std::string const& alias, std::string const& ns) override;
     void WriteComment(std::string const& text) override;
     void WriteProcessingInstruction(std::string const& text) override;
     void WriteElementStart(std::string const& name, std::string const& ns) override;
+    void WriteElementEnd() override;
 
 protected:
     void AppendDeclaration(std::string_view alias, std::string const& ns) override;
@@ -33,6 +36,8 @@ private:
     void CloseOpenStartTag();
 
     bool const m_keepsSections;
+    PrefixesInForce m_inForce;
+    KeptDeclarations m_kept;
 };
 
 } // namespace ZvXmlLib16

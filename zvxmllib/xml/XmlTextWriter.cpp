@@ -124,7 +124,12 @@ void CXmlTextWriter::BeginChild() {
 void CXmlTextWriter::WriteElementStart(std::string const& name, std::string const& ns) {
     BeginChild();
     bool const isRoot = m_pContext == nullptr;
-    CXmlWriterContext& context = PushContext();
+    PushContext();
+    AppendElementStart(name, ns, isRoot);
+}
+
+void CXmlTextWriter::AppendElementStart(std::string const& name, std::string const& ns, bool isRoot) {
+    CXmlWriterContext& context = *m_pContext;
     std::string_view alias; // empty for no prefix
     bool isDeclarationDue = false;
     if (!ns.empty() && ns != context.GetDefaultNamespace()) {

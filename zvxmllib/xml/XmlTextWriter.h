@@ -59,6 +59,8 @@ protected:
     void AppendEscapedText(std::string const& text) { AppendEscaped(text, m_escapes.text, m_eol); }
     void AppendEscapedAttribute(std::string const& text);
     void CloseStartTag();
+    // The second step of WriteElementStart, in the context that has just been pushed.
+    void AppendElementStart(std::string const& name, std::string const& ns, bool isRoot);
 
 private:
     void AppendStartTag(std::int32_t depth, std::string const& name, std::string_view alias);

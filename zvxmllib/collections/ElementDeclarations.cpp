@@ -1,0 +1,113 @@
+// CElement: the prefixes that its names in texts and values need.
+#include "zvxmllib/collections/Element.h"
+#include "zvxmllib/document/PrefixScopes.h"
+#include "zvxmllib/document/XmlAttribute.h"
+#include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/writers/XmlNamespaces.h"
+#include "zvxmllib/writers/XmlWriter.h"
+
+#include <algorithm>
+#include <string_view>
+#include <unordered_set>
+
+namespace ZvXmlLib16 {
+
+namespace {
+
+// Not beyond what ends a name; characters beyond ASCII count as part of it.
+bool IsNameByte(char c) noexcept {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
+           c == '-' || c == '.' || static_cast<unsigned char>(c) > 127;
+}
+
+// Calls `found` with each name in the text that a colon and another name follow: what may be a prefix.
+template <class Found>
+void FindPrefixes(std::string_view text, Found found) {
+    for (std::size_t colon = text.find(':'); colon < text.size(); colon = text.find(':', colon + 1)) {
+        std::size_t start = colon;
+        while (start != 0 && IsNameByte(text[start - 1]))
+            --start;
+        if (start != colon && colon + 1 != text.size() && IsNameByte(text[colon + 1]))
+            found(text.substr(start, colon - start));
+    }
+}
+
+// The declarations of an element, and those above it that its texts need.
+class NeededDeclarations {
+public:
+    NeededDeclarations(PrefixScopes const& scopes, CXmlElement const& element)
+        : m_scopes(scopes), m_element(element), m_needed(scopes.GetDeclared(element)) {
+        for (PrefixDeclaration const& declaration : m_needed)
+            m_prefixes.insert(*declaration.prefix);
+    }
+    void AddText(std::string_view text) {
+        FindPrefixes(text, [this](std::string_view prefix) { AddPrefix(prefix); });
+    }
+    void AddPrefix(std::string_view prefix) {
+        if (!m_prefixes.insert(prefix).second)
+            return;
+        if (PrefixDeclaration const* const declaration = m_scopes.Find(m_element, prefix))
+            m_needed.push_back(*declaration);
+    }
+    std::vector<PrefixDeclaration> const& Get() const noexcept { return m_needed; }
+
+private:
+    PrefixScopes const& m_scopes;
+    CXmlElement const& m_element;
+    std::vector<PrefixDeclaration> m_needed;
+    std::unordered_set<std::string_view> m_prefixes; // looked up already
+};
+
+} // namespace
+
+std::vector<CElement::Declaration> const& CElement::GetDeclarations() const noexcept {
+    static std::vector<Declaration> const kNone;
+    return m_rules == nullptr ? kNone : m_rules->declarations;
+}
+
+void CElement::DeclarePrefix(char const* prefix, char const* namespaceURI) {
+    std::vector<Declaration>& declarations = OwnRules().declarations;
+    std::string_view const name = prefix == nullptr ? "" : prefix;
+    char const* const uri = namespaceURI == nullptr ? "" : namespaceURI;
+    auto const known =
+        std::find_if(declarations.begin(), declarations.end(),
+                     [name](Declaration const& declaration) { return declaration.prefix.Get() == name; });
+    if (known != declarations.end())
+        known->namespaceURI = uri;
+    else
+        declarations.push_back({name, uri});
+}
+
+// Behind the text. A type without a prefix is one of the default namespace.
+void CElement::KeepDeclarations(CXmlElement const& element) {
+    if (m_rules != nullptr)
+        m_rules->declarations.clear();
+    PrefixScopes const* const scopes = element.GetScopes();
+    if (scopes == nullptr)
+        return;
+    NeededDeclarations needed(*scopes, element);
+    needed.AddText(m_text);
+    for (std::size_t i = 0; i < element.GetAttributeCount(); ++i) {
+        CXmlAttribute const& attribute = *element.GetAttributeAt(i);
+        std::string_view const value = attribute.GetValueView();
+        needed.AddText(value);
+        if (value.find(':') == std::string_view::npos && attribute.GetLocalName() == "type" &&
+            attribute.GetNamespaceURI() == kSchemaInstanceNamespace)
+            needed.AddPrefix({});
+    }
+    for (PrefixDeclaration const& declaration : needed.Get())
+        OwnRules().declarations.push_back(
+            {SharedText::Of(*declaration.prefix), SharedText::Of(*declaration.uri)});
+}
+
+// The default namespace of the content is that of the element, unless the element is in none.
+void CElement::WriteDeclarations(CXmlWriter& writer) const {
+    for (Declaration const& declaration : GetDeclarations()) {
+        bool const movesElement =
+            declaration.prefix.empty() && !declaration.namespaceURI.empty() && m_namespace.empty();
+        if (!movesElement)
+            writer.DeclareOnNextElement(declaration.prefix, declaration.namespaceURI);
+    }
+}
+
+} // namespace ZvXmlLib16

@@ -1,0 +1,68 @@
+#include "zvxmllib/writers/PrefixesInForce.h"
+
+#include "zvxmllib/writers/XmlNamespaces.h"
+
+#include <iterator>
+#include <set>
+#include <utility>
+
+namespace ZvXmlLib16 {
+
+PrefixesInForce::PrefixesInForce() {
+    At("xml").ns = kXmlNamespace;
+}
+
+PrefixesInForce::Bindings::value_type& PrefixesInForce::Entry(std::string_view prefix) {
+    auto const found = m_bindings.find(prefix);
+    return found != m_bindings.end() ? *found : *m_bindings.emplace(prefix, Binding()).first;
+}
+
+PrefixesInForce::Binding& PrefixesInForce::Declare(std::string_view prefix, std::string const& ns,
+                                                   std::int32_t depth) {
+    auto& [name, binding] = Entry(prefix);
+    m_hidden.push_back({depth, name, std::move(binding.ns)});
+    binding.ns = ns;
+    return binding;
+}
+
+void PrefixesInForce::EndElement(std::int32_t depth) {
+    for (; !m_hidden.empty() && m_hidden.back().depth == depth; m_hidden.pop_back())
+        At(m_hidden.back().prefix).ns = std::move(m_hidden.back().ns);
+}
+
+void KeptDeclarations::ReplaceGiven(CXmlWriter::NamespaceMap& aliases, std::string& defaultNamespace) {
+    if (m_next.empty())
+        return;
+    std::set<std::string_view> own;
+    for (Declaration const& declaration : m_next)
+        own.insert(declaration.alias);
+    if (own.count({}) != 0)
+        defaultNamespace.clear();
+    for (auto given = aliases.begin(); given != aliases.end();)
+        given = own.count(given->second) != 0 ? aliases.erase(given) : std::next(given);
+}
+
+// An alias that gets another meaning is none for its old one.
+std::vector<KeptDeclarations::Declaration> const&
+KeptDeclarations::Enter(CXmlWriter::CXmlWriterContext& context, PrefixesInForce& inForce) {
+    m_entered.clear();
+    for (Declaration& declaration : m_next) {
+        auto const& [alias, ns] = declaration;
+        if (alias.empty() ? context.GetDefaultNamespace() == ns : inForce.At(alias).ns == ns)
+            continue;
+        if (alias.empty()) {
+            context.SetDefaultNamespace(ns);
+        } else {
+            std::string const& before = inForce.At(alias).ns;
+            std::string const* const aliasBefore = context.FindAlias(before);
+            if (aliasBefore != nullptr && *aliasBefore == alias)
+                context.SetNamespaceMapValue(before, {});
+            context.SetNamespaceMapValue(ns, alias);
+        }
+        m_entered.push_back(std::move(declaration));
+    }
+    m_next.clear();
+    return m_entered;
+}
+
+} // namespace ZvXmlLib16
