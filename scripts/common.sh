@@ -38,6 +38,7 @@ need_build_packages() {
     need_program pkg-config pkg-config
     need_header expat.h libexpat1-dev
     need_header zlib.h zlib1g-dev
+    need_header xercesc/util/XercesVersion.hpp libxerces-c-dev
     need_pattern_library
 }
 

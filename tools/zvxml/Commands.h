@@ -8,12 +8,14 @@ namespace zvxml {
 
 class Progress;
 
-// Throw UsageError and FileError.
-void Convert(std::vector<std::string> const& arguments, Progress& progress);
-void Inspect(std::vector<std::string> const& arguments, Progress& progress);
+// Return the exit status. Throw UsageError, FileError and SchemaError.
+int Convert(std::vector<std::string> const& arguments, Progress& progress);
+int Inspect(std::vector<std::string> const& arguments, Progress& progress);
+int Validate(std::vector<std::string> const& arguments, Progress& progress);
 
 // What --help prints for a command.
 std::string ConvertHelp();
 std::string InspectHelp();
+std::string ValidateHelp();
 
 } // namespace zvxml

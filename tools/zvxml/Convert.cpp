@@ -187,7 +187,7 @@ std::string ConvertHelp() {
            "and the places of texts between child elements are not.\n";
 }
 
-void Convert(std::vector<std::string> const& arguments, Progress& progress) {
+int Convert(std::vector<std::string> const& arguments, Progress& progress) {
     ConvertOptions options;
     std::vector<std::string> const operands = ReadArguments(arguments, OptionTable(), options);
     if (operands.size() != 2)
@@ -221,6 +221,7 @@ void Convert(std::vector<std::string> const& arguments, Progress& progress) {
 
     progress.StartStep("writing");
     Write(operands[1], *object, options, ctx);
+    return kExitSuccess;
 }
 
 } // namespace zvxml

@@ -9,9 +9,16 @@ namespace zvxml {
 inline constexpr int kExitSuccess = 0;
 inline constexpr int kExitFailure = 1;
 inline constexpr int kExitUsage = 2;
+inline constexpr int kExitSchema = 3;
 
 // A command line that makes no sense: exit 2.
 class UsageError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// A schema that cannot be used: exit 3. Why has been told.
+class SchemaError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };

@@ -250,7 +250,7 @@ std::string InspectHelp() {
            OptionsHelp(OptionTable());
 }
 
-void Inspect(std::vector<std::string> const& arguments, Progress& progress) {
+int Inspect(std::vector<std::string> const& arguments, Progress& progress) {
     InspectOptions options;
     std::vector<std::string> const operands = ReadArguments(arguments, OptionTable(), options);
     if (operands.size() != 1)
@@ -274,6 +274,7 @@ void Inspect(std::vector<std::string> const& arguments, Progress& progress) {
     } catch (CZvException const& e) {
         throw FileError(InputName(file), e.GetFullMessage());
     }
+    return kExitSuccess;
 }
 
 } // namespace zvxml

@@ -24,12 +24,15 @@ constexpr std::uint64_t kMostDecompressed = std::uint64_t{1} << 30; // a file ma
 struct Command {
     char const* name;
     char const* summary;
-    void (*run)(std::vector<std::string> const& arguments, Progress& progress);
+    int (*run)(std::vector<std::string> const& arguments, Progress& progress);
     std::string (*help)();
 };
 constexpr Command kCommands[] = {
     {"convert", "read a document and write it in another form", &Convert, &ConvertHelp},
     {"inspect", "tell what a document is, and its size in each form", &Inspect, &InspectHelp},
+#ifdef ZVXML_HAS_SCHEMAS
+    {"validate", "test documents by XML schemas", &Validate, &ValidateHelp},
+#endif
 };
 
 Command const& FindCommand(std::string const& name) {
@@ -54,23 +57,24 @@ bool HasHelpOption(std::vector<std::string> const& arguments) {
     return false;
 }
 
-void Print(std::string const& text) {
+int Print(std::string const& text) {
     std::fputs(text.c_str(), stdout);
+    return kExitSuccess;
 }
 
 std::string Help() {
     std::string text = "Usage: zvxml COMMAND [OPTION]... FILE...\n"
-                       "Converts and inspects XML documents.\n\nCommands:\n";
+                       "Converts, inspects and validates XML documents.\n\nCommands:\n";
     for (Command const& command : kCommands)
-        text += "  " + std::string(command.name) + "     " + command.summary + '\n';
+        text += "  " + (command.name + std::string(10, ' ')).substr(0, 12) + command.summary + '\n';
     return text + "\nOptions:\n"
                   "  --help      this text, or that of a command: zvxml COMMAND --help\n"
                   "  --version   the version\n\n"
                   "Exit status: 0 for success, 1 if a file cannot be read, converted or written,\n"
-                  "2 for a command line that makes no sense.\n";
+                  "2 for a command line that makes no sense, 3 for a schema that cannot be used.\n";
 }
 
-void Run(std::vector<std::string> const& arguments) {
+int Run(std::vector<std::string> const& arguments) {
     if (arguments.empty())
         throw UsageError("no command");
     if (IsHelp(arguments[0]))
@@ -86,7 +90,7 @@ void Run(std::vector<std::string> const& arguments) {
     ZvXmlLib16::SetDecompressionLimit(kMostDecompressed);
     ZvXmlLib16::SetGeneratorVersion(ZvXmlLib16::kLibraryMajorVersion, ZvXmlLib16::kLibraryMinorVersion);
     Progress progress(ZvXmlLib16::platform::IsStandardErrorTerminal());
-    command.run(rest, progress);
+    return command.run(rest, progress);
 }
 
 int Report(int exitCode, char const* message) {
@@ -98,15 +102,17 @@ int Report(int exitCode, char const* message) {
 
 int main(int argc, char** argv) {
     try {
-        Run(std::vector<std::string>(argv + 1, argv + argc));
+        int const status = Run(std::vector<std::string>(argv + 1, argv + argc));
         if (std::fflush(stdout) != 0)
             throw FileError("standard output", std::strerror(errno));
-        return kExitSuccess;
+        return status;
     } catch (UsageError const& e) {
         std::fprintf(stderr, "zvxml: %s\n", e.what());
         return Report(kExitUsage, "Try 'zvxml --help' for more information.");
     } catch (FileError const& e) {
         return Report(kExitFailure, e.what());
+    } catch (SchemaError const& e) {
+        return Report(kExitSchema, (std::string("zvxml: ") + e.what()).c_str());
     } catch (std::bad_alloc const&) {
         return Report(kExitFailure, "zvxml: out of memory");
     } catch (std::exception const& e) {

@@ -1,0 +1,113 @@
+#include "schema/frontend/Resolver.h"
+
+#include "schema/frontend/BuiltInNames.h"
+
+#include <sstream>
+
+namespace ZvXmlLib16::schema {
+
+using namespace grammar;
+
+namespace {
+
+struct DerivationName {
+    char const* name;
+    Derivation derivation;
+};
+
+constexpr DerivationName kDerivations[] = {{"extension", kExtension},
+                                           {"restriction", kRestriction},
+                                           {"substitution", kSubstitution},
+                                           {"list", kByList},
+                                           {"union", kByUnion}};
+
+} // namespace
+
+Resolver::Resolver(SchemaSet const& set, Schema& schema, Diagnostics& diagnostics)
+    : m_set(set), m_schema(schema), m_diagnostics(diagnostics) {}
+
+void Resolver::ResolveAll() {
+    for (auto const& [space, definition] : m_set.GetGlobals()) {
+        if (!m_set.IsCurrent(space, *definition))
+            continue;
+        std::string const name = definition->node->Get("name");
+        if (space == Space::kElement)
+            m_schema.globalElements.push_back(ElementAt(PlaceOf(*definition), true));
+        else if (space == Space::kType)
+            m_schema.globalTypes.push_back(TypeAt(PlaceOf(*definition), name));
+        else if (space == Space::kNotation)
+            m_schema.notations.push_back(m_schema.Keep(QName{definition->document->targetNamespace, name}.Clark()));
+    }
+    // Completing a type adds others behind it.
+    for (std::uint32_t type = 0; type < m_complexTypes.size(); ++type)
+        Complete(type);
+    AddGlobalAttributes();
+    LinkKeyReferences();
+    if (!m_set.GetRoots().empty())
+        m_schema.targetNamespace = m_set.GetRoots().front().ns;
+}
+
+void Resolver::Error(Place const& place, std::string text) {
+    m_diagnostics.Error(place.document->At(*place.node), std::move(text));
+}
+
+Source Resolver::SourceOf(Place const& place) const {
+    return {place.document->At(*place.node), place.node->Documentation()};
+}
+
+Definition const* Resolver::FindDefinition(Place const& place, Space space, std::string const& reference,
+                                           bool mayRedefine) {
+    QName const name = m_set.Resolve(*place.document, *place.node, reference);
+    Definition const* const redefined = place.redefined;
+    if (mayRedefine && redefined != nullptr && redefined->node->Get("name") == name.name &&
+        redefined->document->targetNamespace == name.ns)
+        return redefined;
+    Definition const* const found = m_set.Find(space, name);
+    if (found == nullptr)
+        Error(place, "there is no [" + reference + "] in the namespace [" + name.ns + "]");
+    return found;
+}
+
+// Qualified names as {namespace}name, everything else as it stands.
+std::string Resolver::ValueOf(Place const& place, TypeId type, std::string const& text) const {
+    if (IsComplex(type) || !IsQName(static_cast<std::uint32_t>(type)))
+        return text;
+    std::istringstream words(text);
+    std::string values;
+    for (std::string word; words >> word;)
+        values += (values.empty() ? "" : " ") + m_set.Resolve(*place.document, *place.node, word).Clark();
+    return values;
+}
+
+std::uint8_t Resolver::DerivationsOf(Place const& place, char const* attribute, char const* otherwise) const {
+    std::string const* text = place.node->Find(attribute);
+    if (text == nullptr)
+        text = place.document->root->Find(otherwise);
+    std::uint8_t sum = kNoDerivation;
+    std::istringstream words(text == nullptr ? std::string() : *text);
+    for (std::string word; words >> word;) {
+        for (DerivationName const& candidate : kDerivations) {
+            if (word == candidate.name || word == "#all")
+                sum = static_cast<std::uint8_t>(sum | candidate.derivation);
+        }
+    }
+    return sum;
+}
+
+// What is beyond 32 bits counts as unbounded.
+std::uint32_t Resolver::OccursOf(Place const& place, char const* attribute) const {
+    std::string const* const text = place.node->Find(attribute);
+    if (text == nullptr)
+        return 1;
+    std::uint64_t number = 0;
+    for (char const c : *text) {
+        if (c < '0' || c > '9')
+            return *text == "unbounded" ? kUnbounded : 1;
+        number = number * 10 + static_cast<std::uint64_t>(c - '0');
+        if (number >= kUnbounded)
+            return kUnbounded;
+    }
+    return static_cast<std::uint32_t>(number);
+}
+
+} // namespace ZvXmlLib16::schema

@@ -1,0 +1,34 @@
+#include "schema/frontend/SchemaReader.h"
+
+#include "schema/frontend/Outline.h"
+#include "schema/frontend/Resolver.h"
+#include "schema/frontend/SchemaCheck.h"
+#include "schema/frontend/SchemaSet.h"
+
+namespace ZvXmlLib16::schema {
+
+std::unique_ptr<Schema> ReadSchemas(std::vector<std::string> const& files, SchemaFiles const& locations,
+                                    Diagnostics& diagnostics) {
+    ParserLibrary const library;
+    SchemaSet set(locations, diagnostics);
+    for (std::string const& file : files)
+        set.Add(file);
+    set.Close();
+    if (!diagnostics.HasErrors())
+        CheckSchemaSet(set, diagnostics);
+    if (diagnostics.HasErrors())
+        return nullptr;
+    auto schema = std::make_unique<Schema>();
+    Resolver(set, *schema, diagnostics).ResolveAll();
+    if (diagnostics.HasErrors())
+        return nullptr;
+    return schema;
+}
+
+void ReadCatalogs(std::vector<std::string> const& files, SchemaFiles& locations, Diagnostics& diagnostics) {
+    ParserLibrary const library;
+    for (std::string const& file : files)
+        locations.AddCatalog(file, diagnostics);
+}
+
+} // namespace ZvXmlLib16::schema

@@ -1,0 +1,161 @@
+#include "zvxmllib/grammar/ContentWalk.h"
+
+#include "zvxmllib/grammar/ContentSearch.h"
+
+#include <algorithm>
+
+namespace ZvXmlLib16::grammar {
+
+namespace {
+
+constexpr std::size_t kMostExpected = 5; // names in a message
+constexpr unsigned kMostDepth = 20;
+
+std::string Quote(std::string_view name) {
+    return "[" + std::string(name) + "]";
+}
+
+} // namespace
+
+ElementName SymbolCache::NameOf(CXmlElement const& element) {
+    std::string const& name = element.GetLocalName();
+    std::string const& ns = element.GetNamespaceURI();
+    Entry& entry = m_entries[(reinterpret_cast<std::uintptr_t>(&name) >> 4) % kEntries];
+    if (entry.name != &name || entry.ns != &ns)
+        entry = {&name, &ns, m_grammar.FindSymbol(name, ns)};
+    return {entry.symbol, ns};
+}
+
+bool ContentWalk::Walk(std::uint32_t particle, CXmlElement* first, ContentFault& fault) {
+    if (particle != kNone && m_grammar.IsAmbiguous(particle)) {
+        ContentSearch search(m_grammar, m_symbols, first);
+        if (search.Find(particle)) {
+            search.Report(m_receiver);
+            return true;
+        }
+    }
+    m_message.clear();
+    m_skipped.clear();
+    m_current = first;
+    if (m_current != nullptr)
+        m_name = m_symbols.NameOf(*m_current);
+    bool const fits = particle == kNone || Take(particle);
+    if (fits && m_current == nullptr)
+        return true;
+    fault.child = m_current;
+    fault.message = m_message;
+    if (fits) {
+        std::vector<std::string> names;
+        for (std::uint32_t const skipped : m_skipped)
+            AddExpected(skipped, names, 0);
+        fault.message = "The element " + Quote(m_current->GetLocalName()) + " is not expected here";
+        for (std::size_t i = 0; i < names.size(); ++i)
+            fault.message += (i == 0 ? "; expected is " : " or ") + names[i];
+        fault.message += ".";
+    }
+    return false;
+}
+
+void ContentWalk::Advance() {
+    m_skipped.clear();
+    m_current = m_current->GetNextSiblingElement();
+    if (m_current != nullptr)
+        m_name = m_symbols.NameOf(*m_current);
+}
+
+// As many occurrences as there are. False with m_message if there are not enough.
+bool ContentWalk::Take(std::uint32_t particle) {
+    ParticleRow const& row = m_grammar.GetRows().particles[particle];
+    std::uint32_t count = 0;
+    while (count < row.maxOccurs && CanBegin(row)) {
+        CXmlElement* const before = m_current;
+        if (row.kind == ParticleKind::kElement) {
+            std::uint32_t const declaration = m_grammar.Accept(row.first, m_name.symbol);
+            m_receiver.OnElement(*m_current, particle, declaration);
+            Advance();
+        } else if (row.kind == ParticleKind::kWildcard) {
+            m_receiver.OnWildcard(*m_current, particle);
+            Advance();
+        } else {
+            m_receiver.OnGroupBegin(particle);
+            bool const isDone = TakeOnce(particle);
+            m_receiver.OnGroupEnd(particle);
+            if (!isDone)
+                return false;
+        }
+        ++count;
+        if (m_current == before)
+            break;
+    }
+    if (count < row.maxOccurs)
+        m_skipped.push_back(particle);
+    return count >= row.minOccurs || m_grammar.IsEmptiable(row) || Miss(particle);
+}
+
+bool ContentWalk::TakeOnce(std::uint32_t particle) {
+    ParticleRow const& row = m_grammar.GetRows().particles[particle];
+    if (row.kind == ParticleKind::kAll)
+        return TakeAll(row);
+    if (row.kind == ParticleKind::kChoice) {
+        std::uint32_t const child = m_grammar.ChildFor(row, m_name);
+        return child == kNone || Take(child);
+    }
+    for (std::uint32_t child = row.first; child < row.first + row.count; ++child) {
+        if (!Take(child))
+            return false;
+    }
+    return true;
+}
+
+bool ContentWalk::TakeAll(ParticleRow const& group) {
+    std::vector<bool> isTaken(group.count, false);
+    while (m_current != nullptr) {
+        std::uint32_t const child = m_grammar.ChildFor(group, m_name);
+        if (child == kNone || isTaken[child - group.first])
+            break;
+        isTaken[child - group.first] = true;
+        if (!Take(child))
+            return false;
+    }
+    for (std::uint32_t i = 0; i < group.count; ++i) {
+        if (!isTaken[i] && !m_grammar.IsEmptiable(m_grammar.GetRows().particles[group.first + i]))
+            return Miss(group.first + i);
+    }
+    return true;
+}
+
+bool ContentWalk::Miss(std::uint32_t particle) {
+    std::vector<std::string> names;
+    for (std::uint32_t const skipped : m_skipped)
+        AddExpected(skipped, names, 0);
+    AddExpected(particle, names, 0);
+    m_message = "An element is missing";
+    if (m_current != nullptr)
+        m_message = "The element " + Quote(m_current->GetLocalName()) + " is not expected here";
+    for (std::size_t i = 0; i < names.size(); ++i)
+        m_message += (i == 0 ? "; expected is " : " or ") + names[i];
+    m_message += ".";
+    return false;
+}
+
+// The names that a particle begins with.
+void ContentWalk::AddExpected(std::uint32_t particle, std::vector<std::string>& names, unsigned depth) const {
+    if (names.size() >= kMostExpected || depth == kMostDepth)
+        return;
+    ParticleRow const& row = m_grammar.GetRows().particles[particle];
+    if (row.kind == ParticleKind::kElement || row.kind == ParticleKind::kWildcard) {
+        std::string const name = row.kind == ParticleKind::kElement
+                                     ? Quote(m_grammar.GetRows().elements[row.first].name)
+                                     : "an element of another namespace";
+        if (std::find(names.begin(), names.end(), name) == names.end())
+            names.push_back(name);
+        return;
+    }
+    for (std::uint32_t child = row.first; child < row.first + row.count; ++child) {
+        AddExpected(child, names, depth + 1);
+        if (row.kind == ParticleKind::kSequence && !m_grammar.IsEmptiable(m_grammar.GetRows().particles[child]))
+            return;
+    }
+}
+
+} // namespace ZvXmlLib16::grammar

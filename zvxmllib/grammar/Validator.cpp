@@ -1,0 +1,413 @@
+#include "zvxmllib/grammar/Validator.h"
+
+#include "zvxmllib/document/XmlAttribute.h"
+#include "zvxmllib/foundation/Exceptions.h"
+
+#include <algorithm>
+#include <exception>
+#include <optional>
+
+namespace ZvXmlLib16::grammar {
+
+namespace {
+
+constexpr unsigned kMostDepth = 1000;
+constexpr std::string_view kInstance = "http://www.w3.org/2001/XMLSchema-instance";
+constexpr std::string_view kWhiteSpace = " \t\r\n";
+
+bool IsBlank(std::string_view text) noexcept {
+    return text.find_first_not_of(kWhiteSpace) == std::string_view::npos;
+}
+
+std::string_view Trim(std::string_view text) noexcept {
+    std::size_t const first = text.find_first_not_of(kWhiteSpace);
+    return first == std::string_view::npos
+               ? std::string_view()
+               : text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
+}
+
+// type, nil, schemaLocation and noNamespaceSchemaLocation: any element may have them.
+bool IsInstanceAttribute(CXmlAttribute const& attribute) noexcept {
+    if (attribute.GetNamespaceURI() != kInstance)
+        return false;
+    std::string const& name = attribute.GetLocalName();
+    return name == "type" || name == "nil" || name == "schemaLocation" || name == "noNamespaceSchemaLocation";
+}
+
+CXmlAttribute const* FindInstanceAttribute(CXmlElement const& element, std::string_view name) noexcept {
+    for (std::size_t i = 0; i < element.GetAttributeCount(); ++i) {
+        CXmlAttribute const& attribute = *element.GetAttributeAt(i);
+        if (attribute.GetLocalName() == name && attribute.GetNamespaceURI() == kInstance)
+            return &attribute;
+    }
+    return nullptr;
+}
+
+std::string Quote(std::string_view name) {
+    return "[" + std::string(name) + "]";
+}
+
+} // namespace
+
+// The namespaces in scope at an element.
+class Validator::Scope : public INamespaceScope {
+public:
+    explicit Scope(CXmlElement const& element) noexcept : m_element(element) {}
+
+    bool FindNamespace(std::string_view prefix, std::string& ns) const override {
+        if (prefix == "xml") {
+            ns = "http://www.w3.org/XML/1998/namespace";
+            return true;
+        }
+        ns = m_element.GetDocument()->LookupNamespaceFromAlias(std::string(prefix).c_str());
+        return prefix.empty() || !ns.empty();
+    }
+
+private:
+    CXmlElement const& m_element;
+};
+
+// Validates the children as the walk places them.
+class Validator::ChildContent : public IContentReceiver {
+public:
+    explicit ChildContent(Validator& validator) noexcept : m_validator(validator) {}
+
+    void OnElement(CXmlElement& child, std::uint32_t, std::uint32_t declaration) override {
+        m_validator.ValidateElement(child, declaration, ProcessContents::kStrict);
+    }
+    void OnWildcard(CXmlElement& child, std::uint32_t particle) override {
+        GrammarRows const& rows = m_validator.m_grammar.GetRows();
+        m_validator.ValidateElement(child, kNone, rows.wildcards[rows.particles[particle].first].processContents);
+    }
+    void OnGroupBegin(std::uint32_t) override {}
+    void OnGroupEnd(std::uint32_t) override {}
+
+private:
+    Validator& m_validator;
+};
+
+Validator::Validator(Grammar const& grammar, CSerializationContext const& ctx)
+    : m_grammar(grammar), m_ctx(ctx), m_symbols(grammar), m_identities(grammar.GetIdentityPaths()) {}
+
+Validator::~Validator() = default;
+
+void Validator::ValidateDocument(CXmlElement& root, bool isLax) {
+    m_ctx.GetFailureNotes().Begin();
+    ValidateElement(root, kNone, isLax ? ProcessContents::kLax : ProcessContents::kStrict);
+    CheckReferences();
+    m_ctx.GetFailureNotes().ThrowFirst();
+}
+
+template <class Node>
+void Validator::Fail(Node const& node, std::string message) {
+    CZvValidationException failure(std::move(message), node.GetXPath());
+    failure.SetPosition(node.GetLine(), node.GetColumn());
+    detail::FailureNotes& notes = m_ctx.GetFailureNotes();
+    CReadFailure note{failure.GetPath(), failure.GetLine(), failure.GetColumn(), failure.GetFullMessage()};
+    if (!notes.Takes() || !notes.Note(std::move(note), std::make_exception_ptr(failure)))
+        throw failure;
+}
+
+std::string_view Validator::TextOf(CXmlElement const& element) {
+    return element.GetNodeText().Read(m_room);
+}
+
+void Validator::ValidateElement(CXmlElement& element, std::uint32_t declaration, ProcessContents process) {
+    if (process == ProcessContents::kSkip)
+        return;
+    if (m_depth == kMostDepth)
+        throw CZvValidationException("Elements nest deeper than " + std::to_string(kMostDepth) + " levels.",
+                                     element.GetXPath());
+    if (declaration == kNone)
+        declaration = m_grammar.FindElement(m_symbols.NameOf(element).symbol);
+    Target target{declaration, kAnyType, process, false};
+    ++m_depth;
+    Range const identities =
+        declaration == kNone ? Range{} : m_grammar.GetRows().elements[declaration].identities;
+    m_identities.EnterElement(element.GetLocalName(), element.GetNamespaceURI(), identities);
+    if (FindType(element, target))
+        ValidateContent(element, target);
+    else
+        LeaveElement(element, target, nullptr);
+    --m_depth;
+}
+
+// False if the element cannot be validated further.
+bool Validator::FindType(CXmlElement& element, Target& target) {
+    ElementRow const* const row =
+        target.declaration == kNone ? nullptr : &m_grammar.GetRows().elements[target.declaration];
+    if (row != nullptr)
+        target.type = row->type;
+    if (row != nullptr && row->isAbstract) {
+        Fail(element, "The element " + Quote(row->name) + " is abstract.");
+        return false;
+    }
+    bool hasType = row != nullptr;
+    CXmlAttribute const* nil = nullptr;
+    if (element.GetAttributeCount() != 0) {
+        nil = FindInstanceAttribute(element, "nil");
+        CXmlAttribute const* const type = FindInstanceAttribute(element, "type");
+        if (type != nullptr) {
+            if (!FindNamedType(element, Trim(type->GetValueView()), target))
+                return false;
+            hasType = true;
+        }
+    }
+    if (!hasType && target.process == ProcessContents::kStrict) {
+        Fail(element, "There is no declaration of the element " + Quote(element.GetLocalName()) + ".");
+        return false;
+    }
+    if (nil != nullptr && row != nullptr && !ReadNil(element, target, Trim(nil->GetValueView())))
+        return false;
+    bool const isAbstract = IsComplex(target.type) && target.type != kAnyType &&
+                            m_grammar.GetRows().complexTypes[ComplexTypeRowOf(target.type)].isAbstract;
+    if (isAbstract)
+        Fail(element, "The type " + Quote(m_grammar.NameOfType(target.type)) + " is abstract.");
+    return !isAbstract;
+}
+
+// xsi:type.
+bool Validator::FindNamedType(CXmlElement& element, std::string_view text, Target& target) {
+    std::size_t const colon = text.find(':');
+    std::string_view const prefix = colon == std::string_view::npos ? std::string_view() : text.substr(0, colon);
+    std::string_view const local = colon == std::string_view::npos ? text : text.substr(colon + 1);
+    std::string ns;
+    TypeId type = kAnyType;
+    if (!Scope(element).FindNamespace(prefix, ns) || !m_grammar.FindType(local, ns, type)) {
+        Fail(element, "There is no type " + Quote(text) + ".");
+        return false;
+    }
+    if (target.declaration != kNone) {
+        ElementRow const& row = m_grammar.GetRows().elements[target.declaration];
+        std::uint8_t blocked = row.block;
+        if (IsComplex(row.type) && row.type != kAnyType)
+            blocked = static_cast<std::uint8_t>(blocked |
+                                                m_grammar.GetRows().complexTypes[ComplexTypeRowOf(row.type)].block);
+        if (!m_grammar.IsDerivedFrom(type, row.type, blocked)) {
+            Fail(element, "The type " + Quote(text) + " cannot stand for the type " +
+                              Quote(m_grammar.NameOfType(row.type)) + ".");
+            return false;
+        }
+    }
+    target.type = type;
+    return true;
+}
+
+bool Validator::ReadNil(CXmlElement& element, Target& target, std::string_view text) {
+    ElementRow const& row = m_grammar.GetRows().elements[target.declaration];
+    bool const isTrue = text == "true" || text == "1";
+    if (!row.isNillable) {
+        Fail(element, "The element " + Quote(row.name) + " is not nillable.");
+    } else if (!isTrue && text != "false" && text != "0") {
+        Fail(element, "The value " + Quote(text) + " of xsi:nil is not a valid boolean.");
+    } else if (isTrue && row.constraint == ValueConstraint::kFixed) {
+        Fail(element, "The element " + Quote(row.name) + " has a fixed value and cannot be nil.");
+    } else {
+        target.isNil = isTrue;
+        return true;
+    }
+    return false;
+}
+
+void Validator::ValidateContent(CXmlElement& element, Target const& target) {
+    GrammarRows const& rows = m_grammar.GetRows();
+    ComplexTypeRow const* const complex = IsComplex(target.type) && target.type != kAnyType
+                                              ? &rows.complexTypes[ComplexTypeRowOf(target.type)]
+                                              : nullptr;
+    if (element.GetAttributeCount() != 0 || (complex != nullptr && complex->attributes.count != 0))
+        ValidateAttributes(element, target.type);
+    if (target.isNil)
+        ValidateNilContent(element, target);
+    else if (!IsComplex(target.type))
+        ValidateSimpleContent(element, target, static_cast<std::uint32_t>(target.type));
+    else if (complex != nullptr && complex->content == Content::kSimple)
+        ValidateSimpleContent(element, target, complex->simpleType);
+    else
+        ValidateComplexContent(element, target, complex);
+}
+
+void Validator::ValidateAttributes(CXmlElement& element, TypeId type) {
+    GrammarRows const& rows = m_grammar.GetRows();
+    Range uses;
+    std::uint32_t wildcard = kNone;
+    bool const isAny = type == kAnyType;
+    if (IsComplex(type) && !isAny) {
+        uses = rows.complexTypes[ComplexTypeRowOf(type)].attributes;
+        wildcard = rows.complexTypes[ComplexTypeRowOf(type)].attributeWildcard;
+    }
+    std::vector<bool> isSeen(uses.count, false);
+    for (std::size_t i = 0; i < element.GetAttributeCount(); ++i) {
+        CXmlAttribute& attribute = *element.GetAttributeAt(i);
+        if (IsInstanceAttribute(attribute))
+            continue;
+        if (isAny) {
+            std::uint32_t const global = m_grammar.FindAttribute(attribute.GetLocalName(), attribute.GetNamespaceURI());
+            if (global != kNone)
+                ValidateAttributeValue(element, attribute, rows.attributes[global]);
+        } else {
+            ValidateAttribute(element, attribute, uses, wildcard, isSeen);
+        }
+    }
+    AddDefaultAttributes(element, uses, isSeen);
+}
+
+void Validator::ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute, Range uses, std::uint32_t wildcard,
+                                  std::vector<bool>& isSeen) {
+    GrammarRows const& rows = m_grammar.GetRows();
+    std::string const& name = attribute.GetLocalName();
+    std::string const& ns = attribute.GetNamespaceURI();
+    for (std::uint32_t i = 0; i < uses.count; ++i) {
+        AttributeRow const& row = rows.attributes[uses.first + i];
+        if (name != row.name || ns != row.ns)
+            continue;
+        isSeen[i] = true;
+        return ValidateAttributeValue(element, attribute, row);
+    }
+    if (wildcard == kNone || !m_grammar.Allows(rows.wildcards[wildcard], ns))
+        return Fail(attribute, "The attribute " + Quote(name) + " is not allowed here.");
+    ProcessContents const process = rows.wildcards[wildcard].processContents;
+    if (process == ProcessContents::kSkip)
+        return;
+    std::uint32_t const global = m_grammar.FindAttribute(name, ns);
+    if (global != kNone)
+        ValidateAttributeValue(element, attribute, rows.attributes[global]);
+    else if (process == ProcessContents::kStrict)
+        Fail(attribute, "There is no declaration of the attribute " + Quote(name) + ".");
+}
+
+void Validator::ValidateAttributeValue(CXmlElement& element, CXmlAttribute& attribute, AttributeRow const& row) {
+    SimpleTypes const& types = m_grammar.GetSimpleTypes();
+    bool const isFixed = row.constraint == ValueConstraint::kFixed;
+    bool const needsValue = isFixed || types.HasIds(row.type) || m_identities.IsActive();
+    Scope const scope(element);
+    m_value = {};
+    char const* const fault = types.FindFault(row.type, attribute.GetValueView(), &scope,
+                                              needsValue ? &m_value : nullptr, m_message);
+    if (fault != nullptr)
+        return Fail(attribute, fault);
+    if (!needsValue)
+        return;
+    if (isFixed && !IsEqual(element, row.type, m_value, row.value))
+        Fail(attribute, "The attribute " + Quote(row.name) + " has the fixed value " + Quote(row.value) + ".");
+    NoteIds(element, m_value);
+    if (m_identities.IsActive())
+        m_identities.AddAttribute(row.name, row.ns, m_value);
+}
+
+// Tests for required ones, too.
+void Validator::AddDefaultAttributes(CXmlElement& element, Range uses, std::vector<bool> const& isSeen) {
+    for (std::uint32_t i = 0; i < uses.count; ++i) {
+        AttributeRow const& row = m_grammar.GetRows().attributes[uses.first + i];
+        if (isSeen[i])
+            continue;
+        if (row.isRequired)
+            Fail(element, "The attribute " + Quote(row.name) + " is missing.");
+        else if (row.constraint != ValueConstraint::kNoValue && m_identities.IsActive()) {
+            m_value = {};
+            if (m_grammar.GetSimpleTypes().FindFault(row.type, row.value, nullptr, &m_value, m_message) == nullptr)
+                m_identities.AddAttribute(row.name, row.ns, m_value);
+        }
+    }
+}
+
+bool Validator::IsEqual(CXmlElement&, std::uint32_t type, SimpleValue const& value, char const* fixed) {
+    SimpleValue expected;
+    std::string room;
+    return m_grammar.GetSimpleTypes().FindFault(type, fixed, nullptr, &expected, room) == nullptr &&
+           expected.key == value.key;
+}
+
+void Validator::NoteIds(CXmlElement& element, SimpleValue const& value) {
+    for (std::string const& id : value.ids) {
+        if (!m_ids.emplace(id, &element).second)
+            Fail(element, "The ID " + Quote(id) + " stands twice in the document.");
+    }
+    for (std::string const& reference : value.idrefs)
+        m_idReferences.emplace_back(reference, &element);
+}
+
+void Validator::CheckReferences() {
+    for (auto const& [reference, element] : m_idReferences) {
+        if (m_ids.count(reference) == 0)
+            Fail(*element, "There is no ID " + Quote(reference) + " in the document.");
+    }
+}
+
+void Validator::LeaveElement(CXmlElement& element, Target const& target, SimpleValue const* value) {
+    std::vector<std::string> faults;
+    bool const isNillable =
+        target.declaration != kNone && m_grammar.GetRows().elements[target.declaration].isNillable;
+    m_identities.LeaveElement(value, isNillable, faults);
+    for (std::string& fault : faults)
+        Fail(element, std::move(fault));
+}
+
+void Validator::ValidateNilContent(CXmlElement& element, Target const& target) {
+    if (element.GetFirstElement() != nullptr || !element.GetNodeText().IsEmpty())
+        Fail(element, "The element " + Quote(element.GetLocalName()) + " is nil, but has content.");
+    LeaveElement(element, target, nullptr);
+}
+
+void Validator::ValidateSimpleContent(CXmlElement& element, Target const& target, std::uint32_t type) {
+    ElementRow const* const row =
+        target.declaration == kNone ? nullptr : &m_grammar.GetRows().elements[target.declaration];
+    SimpleTypes const& types = m_grammar.GetSimpleTypes();
+    if (element.GetFirstElement() != nullptr) {
+        Fail(*element.GetFirstElement(), "The element " + Quote(element.GetFirstElement()->GetLocalName()) +
+                                             " is not expected here; expected is a value.");
+        return LeaveElement(element, target, nullptr);
+    }
+    std::string_view text = TextOf(element);
+    bool const isConstrained = row != nullptr && row->constraint != ValueConstraint::kNoValue;
+    bool const isDefault = isConstrained && text.empty();
+    if (isDefault)
+        text = row->value;
+    bool const isFixed = isConstrained && row->constraint == ValueConstraint::kFixed && !isDefault;
+    bool const needsValue = isFixed || types.HasIds(type) || m_identities.WantsValue();
+    Scope const scope(element);
+    SimpleValue value;
+    char const* const fault =
+        types.FindFault(type, text, isDefault ? nullptr : &scope, needsValue ? &value : nullptr, m_message);
+    if (fault != nullptr) {
+        Fail(element, fault);
+        return LeaveElement(element, target, nullptr);
+    }
+    if (isFixed && !IsEqual(element, type, value, row->value))
+        Fail(element, "The element " + Quote(row->name) + " has the fixed value " + Quote(row->value) + ".");
+    if (needsValue)
+        NoteIds(element, value);
+    LeaveElement(element, target, needsValue ? &value : nullptr);
+}
+
+void Validator::ValidateComplexContent(CXmlElement& element, Target const& target, ComplexTypeRow const* type) {
+    if (type == nullptr) {
+        // anyType: whatever has a declaration is tested by it.
+        for (CXmlElement* child = element.GetFirstElement(); child != nullptr; child = child->GetNextSiblingElement())
+            ValidateElement(*child, kNone, ProcessContents::kLax);
+    } else {
+        if (type->content == Content::kElementOnly && !IsBlank(TextOf(element)))
+            Fail(element, "The element " + Quote(element.GetLocalName()) + " may hold no text.");
+        if (type->content == Content::kEmpty && !element.GetNodeText().IsEmpty())
+            Fail(element, "The element " + Quote(element.GetLocalName()) + " is to be empty.");
+        ChildContent content(*this);
+        ContentWalk walk(m_grammar, m_symbols, content);
+        ContentFault fault;
+        if (!walk.Walk(type->particle, element.GetFirstElement(), fault))
+            Fail(fault.child != nullptr ? *fault.child : element, std::move(fault.message));
+    }
+    if (target.declaration != kNone) {
+        ElementRow const& row = m_grammar.GetRows().elements[target.declaration];
+        if (row.constraint == ValueConstraint::kFixed)
+            CheckFixedText(element, row, TextOf(element));
+    }
+    LeaveElement(element, target, nullptr);
+}
+
+// Of mixed content.
+void Validator::CheckFixedText(CXmlElement& element, ElementRow const& row, std::string_view text) {
+    bool const isEmpty = element.GetFirstElement() == nullptr && text.empty();
+    if (!isEmpty && (element.GetFirstElement() != nullptr || text != row.value))
+        Fail(element, "The element " + Quote(row.name) + " has the fixed value " + Quote(row.value) + ".");
+}
+
+} // namespace ZvXmlLib16::grammar

@@ -1,0 +1,78 @@
+// Tests documents by a grammar (XML Schema 1.0 Part 1, second edition).
+#pragma once
+
+#include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/document/XmlDocument.h"
+#include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/grammar/ContentWalk.h"
+#include "zvxmllib/grammar/Grammar.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace ZvXmlLib16::grammar {
+
+// For one document. The document is to be loaded in a strict context: others lose what is tested here.
+class Validator {
+public:
+    // Both are borrowed.
+    Validator(Grammar const& grammar, CSerializationContext const& ctx);
+    Validator(Validator const&) = delete;
+    Validator& operator=(Validator const&) = delete;
+    ~Validator();
+
+    // The root must be a global element, or name its type by xsi:type. Throws CZvValidationException at the first
+    // violation. With a failure limit in the context goes on and throws the first one at the end; the context has the
+    // list. `isLax` passes over a root that is neither.
+    void ValidateDocument(CXmlElement& root, bool isLax = false);
+
+private:
+    class ChildContent;
+    class Scope;
+    struct Target {
+        std::uint32_t declaration; // kNone for none
+        TypeId type;
+        ProcessContents process; // of what has no declaration
+        bool isNil;
+    };
+
+    void ValidateElement(CXmlElement& element, std::uint32_t declaration, ProcessContents process);
+    bool FindType(CXmlElement& element, Target& target);
+    bool FindNamedType(CXmlElement& element, std::string_view text, Target& target);
+    bool ReadNil(CXmlElement& element, Target& target, std::string_view text);
+    void ValidateContent(CXmlElement& element, Target const& target);
+    void ValidateAttributes(CXmlElement& element, TypeId type);
+    void ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute, Range uses, std::uint32_t wildcard,
+                           std::vector<bool>& isSeen);
+    void ValidateAttributeValue(CXmlElement& element, CXmlAttribute& attribute, AttributeRow const& row);
+    void AddDefaultAttributes(CXmlElement& element, Range uses, std::vector<bool> const& isSeen);
+    void ValidateSimpleContent(CXmlElement& element, Target const& target, std::uint32_t type);
+    void ValidateComplexContent(CXmlElement& element, Target const& target, ComplexTypeRow const* type);
+    void ValidateNilContent(CXmlElement& element, Target const& target);
+    void CheckFixedText(CXmlElement& element, ElementRow const& row, std::string_view text);
+    bool IsEqual(CXmlElement& element, std::uint32_t type, SimpleValue const& value, char const* fixed);
+    void NoteIds(CXmlElement& element, SimpleValue const& value);
+    void CheckReferences();
+    void LeaveElement(CXmlElement& element, Target const& target, SimpleValue const* value);
+    std::string_view TextOf(CXmlElement const& element);
+    template <class Node>
+    void Fail(Node const& node, std::string message);
+
+    Grammar const& m_grammar;
+    CSerializationContext const& m_ctx;
+    SymbolCache m_symbols;
+    IdentityWalk m_identities;
+    std::unordered_map<std::string, CXmlElement const*> m_ids;
+    std::vector<std::pair<std::string, CXmlElement*>> m_idReferences;
+    std::string m_room;       // texts that are in pieces
+    std::string m_message;    // of simple types
+    SimpleValue m_value;
+    unsigned m_depth = 0;
+};
+
+} // namespace ZvXmlLib16::grammar
