@@ -34,9 +34,10 @@ std::vector<Diagnostic> Diagnostics::GetSorted() const {
         Position const& at = diagnostic.position;
         return std::make_tuple(OrderOf(at.file), at.line, at.column);
     };
-    std::stable_sort(sorted.begin(), sorted.end(), [&placeOf](Diagnostic const& left, Diagnostic const& right) {
-        return placeOf(left) < placeOf(right);
-    });
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [&placeOf](Diagnostic const& left, Diagnostic const& right) {
+                         return placeOf(left) < placeOf(right);
+                     });
     auto const isSame = [&placeOf](Diagnostic const& left, Diagnostic const& right) {
         return placeOf(left) == placeOf(right) && left.text == right.text;
     };
@@ -47,7 +48,8 @@ std::vector<Diagnostic> Diagnostics::GetSorted() const {
 std::string Diagnostics::Format(Diagnostic const& diagnostic) {
     std::string line = diagnostic.position.file;
     if (diagnostic.position.line != 0)
-        line += ":" + std::to_string(diagnostic.position.line) + ":" + std::to_string(diagnostic.position.column);
+        line +=
+            ":" + std::to_string(diagnostic.position.line) + ":" + std::to_string(diagnostic.position.column);
     if (!line.empty())
         line += ": ";
     line += diagnostic.severity == Severity::kError ? "error: " : "warning: ";

@@ -20,8 +20,8 @@ bool IsSpace(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
-// The next number in an attribute minOccurs or maxOccurs, from `at` on. Also finds what only looks like one, in a
-// comment for instance, which does no harm.
+// The next number in an attribute minOccurs or maxOccurs, from `at` on. Also finds what only looks like one,
+// in a comment for instance, which does no harm.
 bool FindOccurs(std::string_view text, std::size_t at, Occurs& occurs) {
     while ((at = text.find("Occurs", at)) != std::string_view::npos) {
         at += 6;
@@ -51,13 +51,15 @@ OccursNumbers::OccursNumbers(SchemaSet const& set) {
     set.ForEachDocument([&large](std::string const& bytes) {
         Occurs occurs;
         for (std::size_t at = 0; FindOccurs(bytes, at, occurs); at = occurs.end) {
-            std::string digits = Significant(std::string_view(bytes).substr(occurs.begin, occurs.end - occurs.begin));
+            std::string digits =
+                Significant(std::string_view(bytes).substr(occurs.begin, occurs.end - occurs.begin));
             if (digits.size() > 2 || (digits.size() == 2 && std::stoul(digits) > kLargest))
                 large.push_back(std::move(digits));
         }
     });
     std::sort(large.begin(), large.end(), [](std::string const& left, std::string const& right) {
-        return std::make_tuple(left.size(), std::string_view(left)) < std::make_tuple(right.size(), std::string_view(right));
+        return std::make_tuple(left.size(), std::string_view(left)) <
+               std::make_tuple(right.size(), std::string_view(right));
     });
     large.erase(std::unique(large.begin(), large.end()), large.end());
     for (std::size_t i = 0; i < large.size(); ++i)
@@ -69,9 +71,11 @@ std::string OccursNumbers::Shorten(std::string const& document) const {
     Occurs occurs;
     for (std::size_t at = 0; FindOccurs(document, at, occurs); at = occurs.end) {
         std::size_t const length = occurs.end - occurs.begin;
-        auto const found = m_replacements.find(Significant(std::string_view(document).substr(occurs.begin, length)));
+        auto const found =
+            m_replacements.find(Significant(std::string_view(document).substr(occurs.begin, length)));
         if (found != m_replacements.end())
-            shortened.replace(occurs.begin, length, std::string(length - found->second.size(), '0') + found->second);
+            shortened.replace(occurs.begin, length,
+                              std::string(length - found->second.size(), '0') + found->second);
     }
     return shortened;
 }

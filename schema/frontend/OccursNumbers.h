@@ -8,9 +8,9 @@
 
 namespace ZvXmlLib16::schema {
 
-// The parser unrolls repeated groups, so a large number costs it time and memory without bound. Its rules only compare
-// the numbers with each other: so the large ones of a set are replaced by others of the same order. A document keeps its
-// length, and the places in it stay.
+// The parser unrolls repeated groups, so a large number costs it time and memory without bound. Its rules
+// only compare the numbers with each other: so the large ones of a set are replaced by others of the same
+// order. A document keeps its length, and the places in it stay.
 class OccursNumbers {
 public:
     explicit OccursNumbers(SchemaSet const& set);

@@ -42,7 +42,8 @@ public:
         m_bindings.emplace_back(ToUtf8(prefix), ToUtf8(uri));
     }
 
-    void startElement(XMLCh const* uri, XMLCh const* name, XMLCh const*, xercesc::Attributes const& attributes) override {
+    void startElement(XMLCh const* uri, XMLCh const* name, XMLCh const*,
+                      xercesc::Attributes const& attributes) override {
         if (m_ignored != 0 || (!m_open.empty() && IsOpaque(*m_open.back()))) {
             ++m_ignored;
             m_bindings.clear();
@@ -164,7 +165,8 @@ ParserLibrary::~ParserLibrary() {
     xercesc::XMLPlatformUtils::Terminate();
 }
 
-std::unique_ptr<OutlineNode> ReadOutline(std::string const& bytes, std::string const& file, Diagnostics& diagnostics) {
+std::unique_ptr<OutlineNode> ReadOutline(std::string const& bytes, std::string const& file,
+                                         Diagnostics& diagnostics) {
     XercesErrors errors(diagnostics, file);
     OutlineBuilder builder;
     xercesc::SecurityManager limits;
@@ -177,13 +179,15 @@ std::unique_ptr<OutlineNode> ReadOutline(std::string const& bytes, std::string c
     reader->setContentHandler(&builder);
     reader->setErrorHandler(&errors);
     XercesText const id(file);
-    xercesc::MemBufInputSource const source(reinterpret_cast<XMLByte const*>(bytes.data()), bytes.size(), id.Get());
+    xercesc::MemBufInputSource const source(reinterpret_cast<XMLByte const*>(bytes.data()), bytes.size(),
+                                            id.Get());
     try {
         reader->parse(source);
     } catch (xercesc::OutOfMemoryException const&) {
         throw std::bad_alloc();
     } catch (xercesc::XMLException const& failure) {
-        diagnostics.Error({file, static_cast<unsigned>(failure.getSrcLine()), 0}, ToUtf8(failure.getMessage()));
+        diagnostics.Error({file, static_cast<unsigned>(failure.getSrcLine()), 0},
+                          ToUtf8(failure.getMessage()));
     } catch (xercesc::SAXException const& failure) {
         diagnostics.Error({file}, ToUtf8(failure.getMessage()));
     } catch (TooDeep const&) {

@@ -41,8 +41,11 @@ struct OutlineNode {
     unsigned line = 0; // of the end of the start tag
     unsigned column = 0;
 
-    bool IsSchema(std::string_view localName) const noexcept { return ns == kSchemaNamespace && name == localName; }
-    // An attribute without a namespace; null if it is absent. Names and numbers are without white space around.
+    bool IsSchema(std::string_view localName) const noexcept {
+        return ns == kSchemaNamespace && name == localName;
+    }
+    // An attribute without a namespace; null if it is absent. Names and numbers are without white space
+    // around.
     std::string const* Find(std::string_view attribute) const noexcept;
     std::string Get(std::string_view attribute, std::string_view otherwise = {}) const;
     bool IsTrue(std::string_view attribute) const;
@@ -62,6 +65,7 @@ public:
 };
 
 // Null, with an error told, for what is no well-formed XML or nests too deep. Loads nothing else.
-std::unique_ptr<OutlineNode> ReadOutline(std::string const& bytes, std::string const& file, Diagnostics& diagnostics);
+std::unique_ptr<OutlineNode> ReadOutline(std::string const& bytes, std::string const& file,
+                                         Diagnostics& diagnostics);
 
 } // namespace ZvXmlLib16::schema

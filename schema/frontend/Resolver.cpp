@@ -36,7 +36,8 @@ void Resolver::ResolveAll() {
         else if (space == Space::kType)
             m_schema.globalTypes.push_back(TypeAt(PlaceOf(*definition), name));
         else if (space == Space::kNotation)
-            m_schema.notations.push_back(m_schema.Keep(QName{definition->document->targetNamespace, name}.Clark()));
+            m_schema.notations.push_back(
+                m_schema.Keep(QName{definition->document->targetNamespace, name}.Clark()));
     }
     // Completing a type adds others behind it.
     for (std::uint32_t type = 0; type < m_complexTypes.size(); ++type)

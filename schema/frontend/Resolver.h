@@ -15,8 +15,8 @@
 
 namespace ZvXmlLib16::schema {
 
-// Resolves references, groups, derivation and defaults of a set that has passed the check for schemas. What is missing
-// all the same is told as an error.
+// Resolves references, groups, derivation and defaults of a set that has passed the check for schemas. What
+// is missing all the same is told as an error.
 class Resolver {
 public:
     // All are borrowed.
@@ -61,9 +61,10 @@ private:
     }
     void Error(Place const& place, std::string text);
     Source SourceOf(Place const& place) const;
-    // Null, with an error told, if there is none. Inside a redefinition its own name means what it redefines, where
-    // `mayRedefine` is set.
-    Definition const* FindDefinition(Place const& place, Space space, std::string const& reference, bool mayRedefine);
+    // Null, with an error told, if there is none. Inside a redefinition its own name means what it redefines,
+    // where `mayRedefine` is set.
+    Definition const* FindDefinition(Place const& place, Space space, std::string const& reference,
+                                     bool mayRedefine);
     std::string ValueOf(Place const& place, grammar::TypeId type, std::string const& text) const;
     std::uint8_t DerivationsOf(Place const& place, char const* attribute, char const* otherwise) const;
     std::uint32_t OccursOf(Place const& place, char const* attribute) const;
@@ -107,7 +108,8 @@ private:
     void AddGlobalAttributes();
     std::uint32_t WildcardAt(Place const& place);
     std::uint32_t WildcardOf(AttributeSet const& set);
-    std::uint32_t Intersect(std::uint32_t left, std::uint32_t right, grammar::ProcessContents processContents);
+    std::uint32_t Intersect(std::uint32_t left, std::uint32_t right,
+                            grammar::ProcessContents processContents);
     std::uint32_t Unite(std::uint32_t left, std::uint32_t right, grammar::ProcessContents processContents);
     std::vector<std::string> NamespacesOf(std::uint32_t wildcard) const;
     std::uint32_t KeepWildcard(bool isNegated, std::vector<std::string> const& namespaces,

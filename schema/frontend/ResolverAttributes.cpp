@@ -81,7 +81,8 @@ Resolver::AttributeSet Resolver::InheritedAttributes(TypeId base) {
 // Of a type, a derivation or an attribute group.
 void Resolver::CollectAttributes(Place const& place, AttributeSet& set, unsigned depth) {
     if (depth == kMostDepth)
-        return Error(place, "attribute groups refer to each other more than " + std::to_string(kMostDepth) + " times");
+        return Error(place, "attribute groups refer to each other more than " + std::to_string(kMostDepth) +
+                                " times");
     for (auto const& child : place.node->children) {
         Place const part = place.Of(*child);
         if (child->IsSchema("attribute")) {
@@ -89,7 +90,8 @@ void Resolver::CollectAttributes(Place const& place, AttributeSet& set, unsigned
         } else if (child->IsSchema("anyAttribute")) {
             set.wildcard = WildcardAt(part);
         } else if (child->IsSchema("attributeGroup")) {
-            Definition const* const group = FindDefinition(part, Space::kAttributeGroup, child->Get("ref"), true);
+            Definition const* const group =
+                FindDefinition(part, Space::kAttributeGroup, child->Get("ref"), true);
             if (group == nullptr)
                 continue;
             AttributeSet inner; // what a group prohibits says nothing
@@ -117,7 +119,8 @@ void Resolver::CollectAttribute(Place const& place, AttributeSet& set) {
 
 AttributeRow Resolver::AttributeAt(Place const& place, bool isGlobal) {
     OutlineNode const& node = *place.node;
-    AttributeRow row{"", "", static_cast<std::uint32_t>(BuiltIn::kAnySimpleType), false, ValueConstraint::kNoValue, ""};
+    AttributeRow row{
+        "", "", static_cast<std::uint32_t>(BuiltIn::kAnySimpleType), false, ValueConstraint::kNoValue, ""};
     if (node.Find("ref") != nullptr) {
         Definition const* const definition = FindDefinition(place, Space::kAttribute, node.Get("ref"), false);
         if (definition == nullptr)
@@ -125,7 +128,8 @@ AttributeRow Resolver::AttributeAt(Place const& place, bool isGlobal) {
         row = AttributeAt(PlaceOf(*definition), true);
     } else {
         bool const isQualified =
-            isGlobal || node.Get("form", place.document->qualifiesAttributes ? "qualified" : "") == "qualified";
+            isGlobal ||
+            node.Get("form", place.document->qualifiesAttributes ? "qualified" : "") == "qualified";
         row.name = m_schema.Keep(node.Get("name"));
         row.ns = m_schema.Keep(isQualified ? place.document->targetNamespace : std::string());
         OutlineNode const* const inner = node.Child("simpleType");
@@ -139,7 +143,8 @@ AttributeRow Resolver::AttributeAt(Place const& place, bool isGlobal) {
 }
 
 // Leaves them as they are if the node has neither default nor fixed.
-void Resolver::SetConstraint(Place const& place, TypeId type, ValueConstraint& constraint, char const*& value) const {
+void Resolver::SetConstraint(Place const& place, TypeId type, ValueConstraint& constraint,
+                             char const*& value) const {
     std::string const* const fixed = place.node->Find("fixed");
     std::string const* const text = fixed != nullptr ? fixed : place.node->Find("default");
     if (text == nullptr)
@@ -174,8 +179,9 @@ std::uint32_t Resolver::WildcardAt(Place const& place) {
     if (allowed == "##any")
         return KeepWildcard(true, {}, contents);
     if (allowed == "##other")
-        return KeepWildcard(true, target.empty() ? std::vector<std::string>{""} : std::vector<std::string>{target, ""},
-                            contents);
+        return KeepWildcard(
+            true, target.empty() ? std::vector<std::string>{""} : std::vector<std::string>{target, ""},
+            contents);
     std::vector<std::string> namespaces;
     std::istringstream words(allowed);
     for (std::string word; words >> word;)
@@ -201,7 +207,8 @@ std::vector<std::string> Resolver::NamespacesOf(std::uint32_t wildcard) const {
 
 std::uint32_t Resolver::KeepWildcard(bool isNegated, std::vector<std::string> const& namespaces,
                                      ProcessContents processContents) {
-    Range const range{static_cast<std::uint32_t>(m_schema.texts.size()), static_cast<std::uint32_t>(namespaces.size())};
+    Range const range{static_cast<std::uint32_t>(m_schema.texts.size()),
+                      static_cast<std::uint32_t>(namespaces.size())};
     for (std::string const& ns : namespaces)
         m_schema.texts.push_back(m_schema.Keep(ns));
     m_schema.wildcards.push_back({isNegated, range, processContents});
@@ -217,8 +224,9 @@ bool Contains(Names const& names, std::string const& name) {
 }
 
 Names Without(Names names, Names const& removed) {
-    names.erase(std::remove_if(names.begin(), names.end(), [&](auto const& name) { return Contains(removed, name); }),
-                names.end());
+    names.erase(
+        std::remove_if(names.begin(), names.end(), [&](auto const& name) { return Contains(removed, name); }),
+        names.end());
     return names;
 }
 
@@ -242,7 +250,11 @@ std::uint32_t Resolver::Intersect(std::uint32_t left, std::uint32_t right, Proce
     Names const r = NamespacesOf(right);
     if (isNotLeft && isNotRight)
         return KeepWildcard(true, Union(l, r), processContents);
-    return KeepWildcard(false, isNotLeft ? Without(r, l) : isNotRight ? Without(l, r) : Common(l, r), processContents);
+    return KeepWildcard(false,
+                        isNotLeft    ? Without(r, l)
+                        : isNotRight ? Without(l, r)
+                                     : Common(l, r),
+                        processContents);
 }
 
 std::uint32_t Resolver::Unite(std::uint32_t left, std::uint32_t right, ProcessContents processContents) {
@@ -252,7 +264,10 @@ std::uint32_t Resolver::Unite(std::uint32_t left, std::uint32_t right, ProcessCo
     Names const r = NamespacesOf(right);
     if (!isNotLeft && !isNotRight)
         return KeepWildcard(false, Union(l, r), processContents);
-    return KeepWildcard(true, isNotLeft && isNotRight ? Common(l, r) : isNotLeft ? Without(l, r) : Without(r, l),
+    return KeepWildcard(true,
+                        isNotLeft && isNotRight ? Common(l, r)
+                        : isNotLeft             ? Without(l, r)
+                                                : Without(r, l),
                         processContents);
 }
 

@@ -7,7 +7,8 @@ using namespace grammar;
 namespace {
 
 bool IsGroup(OutlineNode const& node) {
-    return node.IsSchema("group") || node.IsSchema("sequence") || node.IsSchema("choice") || node.IsSchema("all");
+    return node.IsSchema("group") || node.IsSchema("sequence") || node.IsSchema("choice") ||
+           node.IsSchema("all");
 }
 
 ParticleKind KindOf(OutlineNode const& node) {
@@ -73,7 +74,8 @@ void Resolver::Fill(std::uint32_t type, Place const& place) {
     if (simple != nullptr)
         FillSimpleContent(type, derivation);
     else
-        FillComplexContent(type, derivation, content->Find("mixed") != nullptr ? content->IsTrue("mixed") : isMixed);
+        FillComplexContent(type, derivation,
+                           content->Find("mixed") != nullptr ? content->IsTrue("mixed") : isMixed);
 }
 
 void Resolver::FillSimpleContent(std::uint32_t type, Place const& derivation) {

@@ -29,7 +29,8 @@ std::uint32_t Resolver::ElementAt(Place const& at, bool isGlobal) {
     m_schema.elements.push_back(row);
     m_schema.elementSources.push_back(SourceOf(place));
     if (isGlobal && node.Find("substitutionGroup") != nullptr) {
-        Definition const* const head = FindDefinition(place, Space::kElement, node.Get("substitutionGroup"), false);
+        Definition const* const head =
+            FindDefinition(place, Space::kElement, node.Get("substitutionGroup"), false);
         if (head != nullptr)
             row.head = ElementAt(PlaceOf(*head), true);
         m_schema.elements[index].head = row.head;
@@ -81,7 +82,8 @@ Range Resolver::AddIdentities(Place const& place) {
         }
         rows.emplace_back(row, at);
     }
-    Range const range{static_cast<std::uint32_t>(m_schema.identities.size()), static_cast<std::uint32_t>(rows.size())};
+    Range const range{static_cast<std::uint32_t>(m_schema.identities.size()),
+                      static_cast<std::uint32_t>(rows.size())};
     for (auto const& [row, at] : rows) {
         auto const index = static_cast<std::uint32_t>(m_schema.identities.size());
         m_identities.emplace(at.Key(), index);
@@ -97,7 +99,8 @@ std::string Resolver::PathOf(Place const& place, std::string const& xpath) {
     std::string plain;
     std::copy_if(xpath.begin(), xpath.end(), std::back_inserter(plain),
                  [](char c) { return c != ' ' && c != '\t' && c != '\r' && c != '\n'; });
-    for (auto const& [axis, replacement] : {std::make_pair("child::", ""), std::make_pair("attribute::", "@")}) {
+    for (auto const& [axis, replacement] :
+         {std::make_pair("child::", ""), std::make_pair("attribute::", "@")}) {
         for (std::size_t at = 0; (at = plain.find(axis)) != std::string::npos;)
             plain.replace(at, std::char_traits<char>::length(axis), replacement);
     }
@@ -122,7 +125,8 @@ std::string Resolver::PathOf(Place const& place, std::string const& xpath) {
 
 void Resolver::LinkKeyReferences() {
     for (auto const& [index, place] : m_keyReferences) {
-        Definition const* const key = FindDefinition(place, Space::kIdentity, place.node->Get("refer"), false);
+        Definition const* const key =
+            FindDefinition(place, Space::kIdentity, place.node->Get("refer"), false);
         if (key == nullptr)
             continue;
         auto const found = m_identities.find({key->document, key->node});

@@ -94,10 +94,12 @@ std::uint32_t Resolver::ResolveSimpleType(Place const& place, std::string const&
     return kAnySimpleTypeId;
 }
 
-std::uint32_t Resolver::ResolveRestriction(Place const& type, Place const& restriction, std::string const& name) {
+std::uint32_t Resolver::ResolveRestriction(Place const& type, Place const& restriction,
+                                           std::string const& name) {
     OutlineNode const* const inner = restriction.node->Child("simpleType");
-    std::uint32_t const base = inner != nullptr ? static_cast<std::uint32_t>(TypeAt(restriction.Of(*inner), {}))
-                                                : SimpleTypeOf(restriction, restriction.node->Get("base"), true);
+    std::uint32_t const base = inner != nullptr
+                                   ? static_cast<std::uint32_t>(TypeAt(restriction.Of(*inner), {}))
+                                   : SimpleTypeOf(restriction, restriction.node->Get("base"), true);
     return RestrictSimpleType(type, restriction, base, name);
 }
 

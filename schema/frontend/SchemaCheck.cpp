@@ -22,9 +22,9 @@ namespace ZvXmlLib16::schema {
 
 namespace {
 
-// Documents made up for the check: for a namespace of several roots one that includes them, and one that imports all
-// namespaces. So it does not matter that the parser takes one document only for a namespace that is imported, nor
-// in which order.
+// Documents made up for the check: for a namespace of several roots one that includes them, and one that
+// imports all namespaces. So it does not matter that the parser takes one document only for a namespace that
+// is imported, nor in which order.
 constexpr char const kOwnIds[] = "zvxml:";
 constexpr char const kMasterId[] = "zvxml:set";
 constexpr char const kNamespaceId[] = "zvxml:namespace/";
@@ -59,7 +59,8 @@ public:
     // What the check begins with.
     xercesc::InputSource* NewMaster() {
         bool const isOne = m_set.GetRoots().size() == 1 && m_set.GetRoots().front().files.size() == 1;
-        return isOne ? NewDocument(m_set.GetRoots().front().files.front()) : NewSource(MakeMaster(), kMasterId);
+        return isOne ? NewDocument(m_set.GetRoots().front().files.front())
+                     : NewSource(MakeMaster(), kMasterId);
     }
 
     xercesc::InputSource* resolveEntity(xercesc::XMLResourceIdentifier* id) override {
@@ -114,7 +115,8 @@ private:
     xercesc::InputSource* IncludeOf(std::string const& base, std::string const& location) {
         std::string const prefix = kDocumentId;
         std::string const* file = nullptr;
-        if (base.compare(0, std::strlen(kOwnIds), kOwnIds) == 0 && location.compare(0, prefix.size(), prefix) == 0) {
+        if (base.compare(0, std::strlen(kOwnIds), kOwnIds) == 0 &&
+            location.compare(0, prefix.size(), prefix) == 0) {
             std::size_t const slash = location.find('/', prefix.size());
             file = &m_set.GetRoots()[std::stoul(location.substr(prefix.size(), slash - prefix.size()))]
                         .files[std::stoul(location.substr(slash + 1))];
@@ -126,14 +128,16 @@ private:
 
     xercesc::InputSource* NewDocument(std::string const& file) {
         std::string const* const bytes = m_set.FindBytes(file);
-        return bytes == nullptr ? NewSource(SchemaText({}, {}), NewEmptyId()) : NewSource(m_numbers.Shorten(*bytes), file);
+        return bytes == nullptr ? NewSource(SchemaText({}, {}), NewEmptyId())
+                                : NewSource(m_numbers.Shorten(*bytes), file);
     }
 
     xercesc::InputSource* NewSource(std::string text, std::string const& id) {
         m_texts.push_back(std::move(text));
         std::string const& kept = m_texts.back();
         XercesText const name(id);
-        return new xercesc::MemBufInputSource(reinterpret_cast<XMLByte const*>(kept.data()), kept.size(), name.Get());
+        return new xercesc::MemBufInputSource(reinterpret_cast<XMLByte const*>(kept.data()), kept.size(),
+                                              name.Get());
     }
 
     SchemaSet const& m_set;
@@ -147,7 +151,8 @@ public:
     using XercesErrors::XercesErrors;
 
     void error(xercesc::SAXParseException const& failure) override {
-        if (ToUtf8(failure.getMessage()).find("used in XPath expression can not be resolved") == std::string::npos)
+        if (ToUtf8(failure.getMessage()).find("used in XPath expression can not be resolved") ==
+            std::string::npos)
             XercesErrors::error(failure);
     }
 };

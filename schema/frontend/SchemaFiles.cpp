@@ -28,7 +28,8 @@ int HexValue(char c) {
 std::string Unescape(std::string const& text) {
     std::string plain;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '%' && i + 2 < text.size() && HexValue(text[i + 1]) >= 0 && HexValue(text[i + 2]) >= 0) {
+        if (text[i] == '%' && i + 2 < text.size() && HexValue(text[i + 1]) >= 0 &&
+            HexValue(text[i + 2]) >= 0) {
             plain += static_cast<char>(HexValue(text[i + 1]) * 16 + HexValue(text[i + 2]));
             i += 2;
         } else {
@@ -100,9 +101,7 @@ void SchemaFiles::AddCatalog(std::string const& file, Diagnostics& diagnostics, 
         OutlineNode const& group = *pending.back();
         pending.pop_back();
         for (auto const& entry : group.children) {
-            auto const target = [&](char const* attribute) {
-                return PathOf(entry->Get(attribute), file);
-            };
+            auto const target = [&](char const* attribute) { return PathOf(entry->Get(attribute), file); };
             if (entry->name == "group")
                 pending.push_back(entry.get());
             else if (entry->name == "uri")
@@ -112,7 +111,8 @@ void SchemaFiles::AddCatalog(std::string const& file, Diagnostics& diagnostics, 
             else if (entry->name == "public")
                 m_catalog.emplace(entry->Get("publicId"), target("uri"));
             else if (entry->name == "rewriteURI")
-                m_rewrites.emplace_back(entry->Get("uriStartString"), InFolderOf(file, entry->Get("rewritePrefix")));
+                m_rewrites.emplace_back(entry->Get("uriStartString"),
+                                        InFolderOf(file, entry->Get("rewritePrefix")));
             else if (entry->name == "rewriteSystem")
                 m_rewrites.emplace_back(entry->Get("systemIdStartString"),
                                         InFolderOf(file, entry->Get("rewritePrefix")));

@@ -11,9 +11,9 @@
 
 namespace ZvXmlLib16::schema {
 
-// Says which file a location means: the mappings of the user first, then OASIS XML catalogs (1.1: uri, system, public,
-// rewriteURI, rewriteSystem, group, nextCatalog), then the location itself, which is a file: URI or a path from the
-// folder of the document that names it.
+// Says which file a location means: the mappings of the user first, then OASIS XML catalogs (1.1: uri,
+// system, public, rewriteURI, rewriteSystem, group, nextCatalog), then the location itself, which is a file:
+// URI or a path from the folder of the document that names it.
 class SchemaFiles {
 public:
     // `from` is a URI, a location as it is written, or a namespace.
@@ -32,7 +32,7 @@ private:
     void AddCatalog(std::string const& file, Diagnostics& diagnostics, unsigned depth);
     std::string const* FindMapped(std::string const& from) const;
 
-    std::map<std::string, std::string> m_mapped;   // of the user
+    std::map<std::string, std::string> m_mapped; // of the user
     std::map<std::string, std::string> m_catalog;
     std::vector<std::pair<std::string, std::string>> m_rewrites; // start of a URI, what replaces it
 };

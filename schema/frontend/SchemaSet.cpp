@@ -15,25 +15,20 @@ struct SpaceOf {
     Space space;
 };
 
-constexpr SpaceOf kSpaces[] = {{"simpleType", Space::kType},
-                               {"complexType", Space::kType},
-                               {"element", Space::kElement},
-                               {"attribute", Space::kAttribute},
-                               {"group", Space::kGroup},
-                               {"attributeGroup", Space::kAttributeGroup},
-                               {"notation", Space::kNotation},
-                               {"key", Space::kIdentity},
-                               {"unique", Space::kIdentity},
-                               {"keyref", Space::kIdentity}};
+constexpr SpaceOf kSpaces[] = {{"simpleType", Space::kType},   {"complexType", Space::kType},
+                               {"element", Space::kElement},   {"attribute", Space::kAttribute},
+                               {"group", Space::kGroup},       {"attributeGroup", Space::kAttributeGroup},
+                               {"notation", Space::kNotation}, {"key", Space::kIdentity},
+                               {"unique", Space::kIdentity},   {"keyref", Space::kIdentity}};
 
 // Elements that XML Schema 1.1 added.
-constexpr std::string_view kNewer[] = {"assert",      "assertion", "alternative",       "openContent",
-                                       "override",    "defaultOpenContent", "explicitTimezone"};
+constexpr std::string_view kNewer[] = {"assert",   "assertion",          "alternative",     "openContent",
+                                       "override", "defaultOpenContent", "explicitTimezone"};
 
 SpaceOf const* FindSpace(OutlineNode const& node) {
-    auto const* const found = std::find_if(std::begin(kSpaces), std::end(kSpaces), [&node](SpaceOf const& candidate) {
-        return node.name == candidate.element;
-    });
+    auto const* const found =
+        std::find_if(std::begin(kSpaces), std::end(kSpaces),
+                     [&node](SpaceOf const& candidate) { return node.name == candidate.element; });
     return node.ns != kSchemaNamespace || found == std::end(kSpaces) ? nullptr : found;
 }
 
@@ -71,9 +66,11 @@ bool SchemaSet::IsCurrent(Space space, Definition const& definition) const {
     return Find(space, {definition.document->targetNamespace, definition.node->Get("name")}) == &definition;
 }
 
-QName SchemaSet::Resolve(SchemaDocument const& document, OutlineNode const& node, std::string_view text) const {
+QName SchemaSet::Resolve(SchemaDocument const& document, OutlineNode const& node,
+                         std::string_view text) const {
     std::size_t const colon = text.find(':');
-    std::string_view const prefix = colon == std::string_view::npos ? std::string_view() : text.substr(0, colon);
+    std::string_view const prefix =
+        colon == std::string_view::npos ? std::string_view() : text.substr(0, colon);
     std::string_view const local = colon == std::string_view::npos ? text : text.substr(colon + 1);
     std::string const* const uri = node.scope->Find(prefix);
     std::string ns = uri == nullptr ? std::string() : *uri;
@@ -92,8 +89,8 @@ std::string const* SchemaSet::FindBytes(std::string const& file) const {
     return found == m_loaded.end() || found->second.root == nullptr ? nullptr : &found->second.bytes;
 }
 
-// Null if there is no such file. What is no schema document is an error if it is required, else a warning to the
-// caller.
+// Null if there is no such file. What is no schema document is an error if it is required, else a warning to
+// the caller.
 SchemaSet::Loaded const* SchemaSet::Load(std::string const& file, bool isRequired) {
     auto const known = m_loaded.find(file);
     if (known != m_loaded.end())
@@ -113,14 +110,16 @@ SchemaSet::Loaded const* SchemaSet::Load(std::string const& file, bool isRequire
     std::shared_ptr<OutlineNode const> root = ReadOutline(*bytes, file, isRequired ? m_diagnostics : quiet);
     if (root != nullptr && !root->IsSchema("schema")) {
         if (isRequired)
-            m_diagnostics.Error({file, root->line, root->column}, "no schema: the root element is [" + root->name + "]");
+            m_diagnostics.Error({file, root->line, root->column},
+                                "no schema: the root element is [" + root->name + "]");
         root = nullptr;
     }
     return &m_loaded.emplace(file, Loaded{std::move(*bytes), std::move(root)}).first->second;
 }
 
 void SchemaSet::AddRoot(std::string const& ns, std::string const& file) {
-    auto found = std::find_if(m_roots.begin(), m_roots.end(), [&ns](Root const& root) { return root.ns == ns; });
+    auto found =
+        std::find_if(m_roots.begin(), m_roots.end(), [&ns](Root const& root) { return root.ns == ns; });
     if (found == m_roots.end())
         found = m_roots.insert(m_roots.end(), Root{ns, {}});
     if (std::find(found->files.begin(), found->files.end(), file) == found->files.end())
@@ -138,7 +137,8 @@ SchemaDocument const* SchemaSet::AddDocument(std::string const& file, std::strin
     OutlineNode const& root = *loaded->root;
     std::string const own = root.Get("targetNamespace");
     if (own != ns && !(isIncluded && own.empty())) {
-        m_diagnostics.Error(from, "the schema [" + file + "] has the target namespace [" + own + "], not [" + ns + "]");
+        m_diagnostics.Error(from, "the schema [" + file + "] has the target namespace [" + own + "], not [" +
+                                      ns + "]");
         return nullptr;
     }
     auto document = std::make_unique<SchemaDocument>();
@@ -175,7 +175,8 @@ void SchemaSet::AddInclude(SchemaDocument const& document, OutlineNode const& no
         included = AddDocument(*file, document.targetNamespace, true, document.At(node));
     }
     if (included == nullptr && !m_diagnostics.HasErrors())
-        m_diagnostics.Warning(document.At(node), "there is no schema at [" + location + "]", "missing-schema");
+        m_diagnostics.Warning(document.At(node), "there is no schema at [" + location + "]",
+                              "missing-schema");
     if (!node.IsSchema("redefine"))
         return;
     for (auto const& child : node.children)
@@ -231,7 +232,8 @@ void SchemaSet::RefuseNewerConstructs(SchemaDocument const& document, OutlineNod
         if (node.ns != kSchemaNamespace)
             continue;
         if (std::find(std::begin(kNewer), std::end(kNewer), node.name) != std::end(kNewer))
-            m_diagnostics.Error(document.At(node), "[" + node.name + "] is of XML Schema 1.1, which is not supported");
+            m_diagnostics.Error(document.At(node),
+                                "[" + node.name + "] is of XML Schema 1.1, which is not supported");
         if (IsIdentity(node))
             Define(document, node, false);
         for (auto child = node.children.rbegin(); child != node.children.rend(); ++child)

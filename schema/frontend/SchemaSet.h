@@ -30,7 +30,15 @@ struct SchemaDocument {
     Position At(OutlineNode const& node) const { return {file, node.line, node.column}; }
 };
 
-enum class Space : std::uint8_t { kType, kElement, kAttribute, kGroup, kAttributeGroup, kNotation, kIdentity };
+enum class Space : std::uint8_t {
+    kType,
+    kElement,
+    kAttribute,
+    kGroup,
+    kAttributeGroup,
+    kNotation,
+    kIdentity
+};
 
 // A definition or declaration with a name.
 struct Definition {
@@ -105,7 +113,8 @@ private:
     SchemaFiles const& m_files;
     Diagnostics& m_diagnostics;
     std::map<std::string, Loaded> m_loaded;
-    std::map<std::pair<std::string, std::string>, std::unique_ptr<SchemaDocument>> m_documents; // by file, namespace
+    std::map<std::pair<std::string, std::string>, std::unique_ptr<SchemaDocument>>
+        m_documents; // by file, namespace
     std::map<std::pair<std::string, std::string>, std::string> m_locations;
     std::map<std::pair<Space, QName>, Definition const*> m_current;
     std::vector<std::unique_ptr<Definition>> m_definitions;

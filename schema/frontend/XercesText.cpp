@@ -34,7 +34,8 @@ std::string ToUtf8(XMLCh const* text, std::size_t length) {
 }
 
 XercesText::XercesText(std::string const& utf8)
-    : m_text(xercesc::TranscodeFromStr(reinterpret_cast<XMLByte const*>(utf8.data()), utf8.size(), "UTF-8").adopt()) {}
+    : m_text(xercesc::TranscodeFromStr(reinterpret_cast<XMLByte const*>(utf8.data()), utf8.size(), "UTF-8")
+                 .adopt()) {}
 
 XercesText::~XercesText() {
     xercesc::XMLString::release(&m_text);
@@ -42,7 +43,8 @@ XercesText::~XercesText() {
 
 void XercesErrors::error(xercesc::SAXParseException const& failure) {
     std::string file = ToUtf8(failure.getSystemId());
-    m_diagnostics.Error({file.empty() ? m_file : std::move(file), static_cast<unsigned>(failure.getLineNumber()),
+    m_diagnostics.Error({file.empty() ? m_file : std::move(file),
+                         static_cast<unsigned>(failure.getLineNumber()),
                          static_cast<unsigned>(failure.getColumnNumber())},
                         ToUtf8(failure.getMessage()));
 }

@@ -31,7 +31,8 @@ private:
 class XercesErrors : public xercesc::ErrorHandler {
 public:
     // `file` stands in place of the system's identifier where that is empty. Both are borrowed.
-    XercesErrors(Diagnostics& diagnostics, std::string file) : m_diagnostics(diagnostics), m_file(std::move(file)) {}
+    XercesErrors(Diagnostics& diagnostics, std::string file)
+        : m_diagnostics(diagnostics), m_file(std::move(file)) {}
 
     void warning(xercesc::SAXParseException const&) override {}
     void error(xercesc::SAXParseException const& failure) override;

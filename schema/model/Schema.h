@@ -25,8 +25,9 @@ struct GroupSource {
     std::string ns;
 };
 
-// The rows of a grammar with what the schema tools need beyond them: vectors of the same length as the rows. Owns the
-// texts. Rows stand in the order in which they were resolved; GlobalsInOrder gives that of the source.
+// The rows of a grammar with what the schema tools need beyond them: vectors of the same length as the rows.
+// Owns the texts. Rows stand in the order in which they were resolved; GlobalsInOrder gives that of the
+// source.
 class Schema {
 public:
     Schema() = default;
@@ -58,8 +59,8 @@ public:
     grammar::Range globalAttributes;
     std::vector<char const*> notations;
 
-    std::string targetNamespace;                 // of the first schema
-    std::vector<std::uint32_t> globalElements;   // in the order of the source
+    std::string targetNamespace;               // of the first schema
+    std::vector<std::uint32_t> globalElements; // in the order of the source
     std::vector<grammar::TypeId> globalTypes;
 
 private:

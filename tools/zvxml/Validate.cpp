@@ -32,7 +32,8 @@ std::vector<Option<ValidateOptions>> const& OptionTable() {
     static std::vector<Option<Options>> const table = {
         {"--schema", "FILE", "an XML Schema 1.0; may be given several times",
          [](Options& o, Text const& v) { o.schema.files.push_back(v); }},
-        {"--location", "FROM=FILE", "\nwhere the schema FROM lies: a URI, a location as a schema\nnames it, or a namespace",
+        {"--location", "FROM=FILE",
+         "\nwhere the schema FROM lies: a URI, a location as a schema\nnames it, or a namespace",
          [](Options& o, Text const& v) { o.schema.AddLocation(v); }},
         {"--catalog", "FILE", "an OASIS XML catalog that says where schemas lie",
          [](Options& o, Text const& v) { o.schema.catalogs.push_back(v); }},

@@ -2,7 +2,8 @@
 
 namespace ZvXmlLib16::grammar {
 
-ContentSearch::ContentSearch(Grammar const& grammar, SymbolCache& symbols, CXmlElement* first) : m_grammar(grammar) {
+ContentSearch::ContentSearch(Grammar const& grammar, SymbolCache& symbols, CXmlElement* first)
+    : m_grammar(grammar) {
     for (CXmlElement* child = first; child != nullptr; child = child->GetNextSiblingElement()) {
         m_children.push_back(child);
         m_names.push_back(symbols.NameOf(*child));
@@ -132,8 +133,8 @@ bool ContentSearch::DeriveOnce(std::uint32_t particle, std::size_t start, std::s
     return isDone;
 }
 
-bool ContentSearch::DeriveSequence(std::uint32_t child, std::uint32_t last, std::size_t start, std::size_t end,
-                                   std::set<std::pair<std::size_t, std::size_t>>& failed) {
+bool ContentSearch::DeriveSequence(std::uint32_t child, std::uint32_t last, std::size_t start,
+                                   std::size_t end, std::set<std::pair<std::size_t, std::size_t>>& failed) {
     if (child == last)
         return start == end;
     if (failed.count({child, start}) != 0 || !CountWork())

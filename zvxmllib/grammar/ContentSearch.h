@@ -12,7 +12,8 @@
 
 namespace ZvXmlLib16::grammar {
 
-// Finds a way of the children through a particle by where its parts can end. Gives up beyond a bound on the work.
+// Finds a way of the children through a particle by where its parts can end. Gives up beyond a bound on the
+// work.
 class ContentSearch {
 public:
     // All are borrowed. The children are those from `first` on.

@@ -153,7 +153,8 @@ void ContentWalk::AddExpected(std::uint32_t particle, std::vector<std::string>& 
     }
     for (std::uint32_t child = row.first; child < row.first + row.count; ++child) {
         AddExpected(child, names, depth + 1);
-        if (row.kind == ParticleKind::kSequence && !m_grammar.IsEmptiable(m_grammar.GetRows().particles[child]))
+        if (row.kind == ParticleKind::kSequence &&
+            !m_grammar.IsEmptiable(m_grammar.GetRows().particles[child]))
             return;
     }
 }

@@ -47,16 +47,16 @@ struct ContentFault {
     std::string message;
 };
 
-// Content models are deterministic (Part 1, 3.8.6), so one step of foresight finds the way, in time proportional to
-// the children.
+// Content models are deterministic (Part 1, 3.8.6), so one step of foresight finds the way, in time
+// proportional to the children.
 class ContentWalk {
 public:
     // All are borrowed.
     ContentWalk(Grammar const& grammar, SymbolCache& symbols, IContentReceiver& receiver) noexcept
         : m_grammar(grammar), m_symbols(symbols), m_receiver(receiver) {}
 
-    // Places all children from `first` on. False, with the fault, if they do not fit; those ahead of the fault have
-    // been placed.
+    // Places all children from `first` on. False, with the fault, if they do not fit; those ahead of the
+    // fault have been placed.
     bool Walk(std::uint32_t particle, CXmlElement* first, ContentFault& fault);
 
 private:
@@ -64,7 +64,9 @@ private:
     bool TakeOnce(std::uint32_t particle);
     bool TakeAll(ParticleRow const& group);
     void Advance();
-    bool CanBegin(ParticleRow const& row) const noexcept { return m_current != nullptr && m_grammar.Begins(row, m_name); }
+    bool CanBegin(ParticleRow const& row) const noexcept {
+        return m_current != nullptr && m_grammar.Begins(row, m_name);
+    }
     bool Miss(std::uint32_t particle);
     void AddExpected(std::uint32_t particle, std::vector<std::string>& names, unsigned depth) const;
 

@@ -9,12 +9,51 @@ namespace ZvXmlLib16::grammar {
 
 namespace {
 
-constexpr char const* kBuiltInNames[] = {
-    "anySimpleType", "string", "normalizedString", "token", "language", "NMTOKEN", "NMTOKENS", "Name", "NCName", "ID",
-    "IDREF", "IDREFS", "ENTITY", "ENTITIES", "QName", "NOTATION", "anyURI", "boolean", "decimal", "integer",
-    "nonPositiveInteger", "negativeInteger", "nonNegativeInteger", "positiveInteger", "long", "int", "short", "byte",
-    "unsignedLong", "unsignedInt", "unsignedShort", "unsignedByte", "float", "double", "duration", "dateTime", "date",
-    "time", "gYearMonth", "gYear", "gMonthDay", "gMonth", "gDay", "hexBinary", "base64Binary"};
+constexpr char const* kBuiltInNames[] = {"anySimpleType",
+                                         "string",
+                                         "normalizedString",
+                                         "token",
+                                         "language",
+                                         "NMTOKEN",
+                                         "NMTOKENS",
+                                         "Name",
+                                         "NCName",
+                                         "ID",
+                                         "IDREF",
+                                         "IDREFS",
+                                         "ENTITY",
+                                         "ENTITIES",
+                                         "QName",
+                                         "NOTATION",
+                                         "anyURI",
+                                         "boolean",
+                                         "decimal",
+                                         "integer",
+                                         "nonPositiveInteger",
+                                         "negativeInteger",
+                                         "nonNegativeInteger",
+                                         "positiveInteger",
+                                         "long",
+                                         "int",
+                                         "short",
+                                         "byte",
+                                         "unsignedLong",
+                                         "unsignedInt",
+                                         "unsignedShort",
+                                         "unsignedByte",
+                                         "float",
+                                         "double",
+                                         "duration",
+                                         "dateTime",
+                                         "date",
+                                         "time",
+                                         "gYearMonth",
+                                         "gYear",
+                                         "gMonthDay",
+                                         "gMonth",
+                                         "gDay",
+                                         "hexBinary",
+                                         "base64Binary"};
 static_assert(std::size(kBuiltInNames) == kBuiltInCount);
 
 constexpr std::string_view kSchemaNamespace = "http://www.w3.org/2001/XMLSchema";
@@ -70,7 +109,8 @@ void Grammar::AddNames() {
     }
     for (std::uint32_t i = 0; i < m_rows.globalAttributes.count; ++i) {
         std::uint32_t const attribute = m_rows.globalAttributes.first + i;
-        m_attributes.emplace(Name{m_rows.attributes[attribute].name, m_rows.attributes[attribute].ns}, attribute);
+        m_attributes.emplace(Name{m_rows.attributes[attribute].name, m_rows.attributes[attribute].ns},
+                             attribute);
     }
     m_types.emplace(Name{"anyType", kSchemaNamespace}, kAnyType);
     for (std::uint32_t i = 0; i < kBuiltInCount; ++i)
@@ -91,8 +131,8 @@ void Grammar::AddSubstitutions() {
     m_members.resize(m_rows.elements.count);
     for (std::uint32_t member = 0; member < m_rows.elements.count; ++member) {
         std::uint32_t steps = 0;
-        for (std::uint32_t head = m_rows.elements[member].head; head != kNone && steps < m_rows.elements.count;
-             head = m_rows.elements[head].head, ++steps) {
+        for (std::uint32_t head = m_rows.elements[member].head;
+             head != kNone && steps < m_rows.elements.count; head = m_rows.elements[head].head, ++steps) {
             if (CanSubstitute(member, head))
                 m_members[head].emplace_back(m_symbolOf[member], member);
         }
@@ -166,9 +206,10 @@ std::string Grammar::NameOfType(TypeId type) const {
 bool Grammar::IsDerivedFrom(TypeId type, TypeId base, std::uint8_t blocked) const noexcept {
     while (type != base) {
         if (!IsComplex(type)) {
-            bool const isFromSimple = base == kAnyType || (!IsComplex(base) && m_simpleTypes.IsDerivedFrom(
-                                                                                  static_cast<std::uint32_t>(type),
-                                                                                  static_cast<std::uint32_t>(base)));
+            bool const isFromSimple =
+                base == kAnyType ||
+                (!IsComplex(base) && m_simpleTypes.IsDerivedFrom(static_cast<std::uint32_t>(type),
+                                                                 static_cast<std::uint32_t>(base)));
             return isFromSimple && (blocked & kRestriction) == 0;
         }
         if (type == kAnyType)
@@ -187,18 +228,21 @@ std::uint32_t Grammar::Accept(std::uint32_t declared, Symbol symbol) const noexc
     auto const& members = m_members[declared];
     if (members.empty() || symbol == kNone)
         return kNone;
-    auto const found = std::lower_bound(members.begin(), members.end(), std::make_pair(symbol, std::uint32_t{0}));
+    auto const found =
+        std::lower_bound(members.begin(), members.end(), std::make_pair(symbol, std::uint32_t{0}));
     return found != members.end() && found->first == symbol ? found->second : kNone;
 }
 
 bool Grammar::Allows(WildcardRow const& wildcard, std::string_view ns) const noexcept {
     char const* const* const first = m_rows.texts.rows + wildcard.namespaces.first;
-    bool const isListed = std::find(first, first + wildcard.namespaces.count, ns) != first + wildcard.namespaces.count;
+    bool const isListed =
+        std::find(first, first + wildcard.namespaces.count, ns) != first + wildcard.namespaces.count;
     return isListed != wildcard.isNegated;
 }
 
 bool Grammar::IsEmptiable(ParticleRow const& particle) const noexcept {
-    return particle.minOccurs == 0 || (IsGroup(particle.kind) && m_begins[m_beginOf[IndexOf(particle)]].isEmptiable);
+    return particle.minOccurs == 0 ||
+           (IsGroup(particle.kind) && m_begins[m_beginOf[IndexOf(particle)]].isEmptiable);
 }
 
 std::uint32_t Grammar::ChildFor(ParticleRow const& group, ElementName const& name) const noexcept {
@@ -238,9 +282,10 @@ void Grammar::AddBeginOf(std::uint32_t first, std::uint32_t count, ParticleKind 
     // Of equal symbols the first child stays.
     std::stable_sort(begin.elements.begin(), begin.elements.end(),
                      [](auto const& left, auto const& right) { return left.first < right.first; });
-    begin.elements.erase(std::unique(begin.elements.begin(), begin.elements.end(),
-                                     [](auto const& left, auto const& right) { return left.first == right.first; }),
-                         begin.elements.end());
+    begin.elements.erase(
+        std::unique(begin.elements.begin(), begin.elements.end(),
+                    [](auto const& left, auto const& right) { return left.first == right.first; }),
+        begin.elements.end());
     m_begins.push_back(std::move(begin));
 }
 
@@ -262,8 +307,8 @@ void Grammar::AddBegin(Begin& begin, std::uint32_t child, std::uint32_t as) {
     }
 }
 
-// Foresight prefers to stay in a part. So it needs the fewest occurrences of the group, and is wrong only where the group
-// needs several, or where it leaves too little for the last occurrence of the part.
+// Foresight prefers to stay in a part. So it needs the fewest occurrences of the group, and is wrong only
+// where the group needs several, or where it leaves too little for the last occurrence of the part.
 void Grammar::FindAmbiguous() {
     m_isAmbiguous.assign(m_rows.particles.count, false);
     std::vector<bool> isVariable(m_rows.particles.count, false); // it, or a part of it
@@ -275,7 +320,8 @@ void Grammar::FindAmbiguous() {
         if (!IsGroup(row.kind))
             continue;
         for (std::uint32_t child = row.first; child < row.first + row.count; ++child) {
-            bool const canMiss = row.minOccurs > 1 ? isVariable[child] : row.maxOccurs > 1 && isVariableFromTwo[child];
+            bool const canMiss =
+                row.minOccurs > 1 ? isVariable[child] : row.maxOccurs > 1 && isVariableFromTwo[child];
             m_isAmbiguous[i] = m_isAmbiguous[i] || m_isAmbiguous[child] || canMiss;
             isVariable[i] = isVariable[i] || isVariable[child];
             isVariableFromTwo[i] = isVariableFromTwo[i] || isVariableFromTwo[child];

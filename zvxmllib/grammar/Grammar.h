@@ -47,7 +47,8 @@ public:
     // {namespace}name or the built-in name, for messages; "anonymous type" without one.
     std::string NameOfType(TypeId type) const;
 
-    // Whether `type` is `base` or derived from it, without the derivations in `blocked` (Part 1, 3.4.6, 3.14.6).
+    // Whether `type` is `base` or derived from it, without the derivations in `blocked` (Part
+    // 1, 3.4.6, 3.14.6).
     bool IsDerivedFrom(TypeId type, TypeId base, std::uint8_t blocked) const noexcept;
 
     // The declaration for an element where the particle has the declaration `declared`: that, a member of its
@@ -55,14 +56,14 @@ public:
     std::uint32_t Accept(std::uint32_t declared, Symbol symbol) const noexcept;
     bool Allows(WildcardRow const& wildcard, std::string_view ns) const noexcept;
 
-    // Of a group's particle: whether it can be empty, and the child that takes an element at its begin; kNone for
-    // none.
+    // Of a group's particle: whether it can be empty, and the child that takes an element at its begin; kNone
+    // for none.
     bool IsEmptiable(ParticleRow const& particle) const noexcept;
     std::uint32_t ChildFor(ParticleRow const& group, ElementName const& name) const noexcept;
     // Whether an element can begin this particle.
     bool Begins(ParticleRow const& particle, ElementName const& name) const noexcept;
-    // Whether one step of foresight may take the wrong way through the particle: in a repeated group a part may come
-    // several times, and either can count an element.
+    // Whether one step of foresight may take the wrong way through the particle: in a repeated group a part
+    // may come several times, and either can count an element.
     bool IsAmbiguous(std::uint32_t particle) const noexcept { return m_isAmbiguous[particle]; }
 
 private:
@@ -99,8 +100,8 @@ private:
     NameMap m_symbols;
     NameMap m_attributes;
     std::unordered_map<Name, TypeId, HashName> m_types;
-    std::vector<Symbol> m_symbolOf;            // by element
-    std::vector<std::uint32_t> m_globalOf;     // by symbol: the global element
+    std::vector<Symbol> m_symbolOf;                                       // by element
+    std::vector<std::uint32_t> m_globalOf;                                // by symbol: the global element
     std::vector<std::vector<std::pair<Symbol, std::uint32_t>>> m_members; // by element: sorted
     std::vector<Begin> m_begins;
     std::vector<std::uint32_t> m_beginOf; // by particle, of groups

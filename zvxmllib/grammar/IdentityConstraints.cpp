@@ -1,14 +1,300 @@
 #include "zvxmllib/grammar/IdentityConstraints.h"
+
+#include "zvxmllib/grammar/IdentityPath.h"
+
+#include <algorithm>
+#include <map>
+#include <unordered_map>
+#include <utility>
+
 namespace ZvXmlLib16::grammar {
-struct IdentityPaths::Paths {};
-struct IdentityWalk::State {};
-IdentityPaths::IdentityPaths(GrammarRows const& r): m_rows(r) { (void)m_rows; }
-IdentityPaths::~IdentityPaths() = default;
-IdentityWalk::IdentityWalk(IdentityPaths const&) {}
-IdentityWalk::~IdentityWalk() = default;
-bool IdentityWalk::IsActive() const noexcept { return false; }
-bool IdentityWalk::WantsValue() const noexcept { return false; }
-void IdentityWalk::EnterElement(std::string_view, std::string_view, Range) {}
-void IdentityWalk::AddAttribute(std::string_view, std::string_view, SimpleValue const&) {}
-void IdentityWalk::LeaveElement(SimpleValue const*, bool, std::vector<std::string>&) {}
+
+struct IdentityPaths::Paths {
+    std::vector<IdentityPath> selector;
+    std::vector<std::vector<IdentityPath>> fields;
+    bool isReferred = false; // by a keyref
+};
+
+IdentityPaths::IdentityPaths(GrammarRows const& rows) : m_rows(rows) {
+    for (IdentityRow const& row : rows.identities) {
+        Paths paths{ParseIdentityPath(row.selector), {}, false};
+        for (std::uint32_t i = 0; i < row.fields.count; ++i)
+            paths.fields.push_back(ParseIdentityPath(rows.texts[row.fields.first + i]));
+        m_paths.push_back(std::move(paths));
+    }
+    for (IdentityRow const& row : rows.identities) {
+        if (row.kind == IdentityKind::kKeyRef && row.refer < m_paths.size())
+            m_paths[row.refer].isReferred = true;
+    }
 }
+
+IdentityPaths::~IdentityPaths() = default;
+
+namespace {
+
+struct ElementNames {
+    std::string_view name;
+    std::string_view ns;
+};
+
+// The keys of one constraint below one element; true for a key that stands in several places, and counts in
+// none.
+using KeyTable = std::unordered_map<std::string, bool>;
+
+struct FieldValue {
+    std::string key;
+    bool isSet = false;
+    bool isNillable = false;
+};
+
+std::string JoinKeys(std::vector<FieldValue> const& fields) {
+    std::string joined;
+    for (FieldValue const& field : fields)
+        joined += std::to_string(field.key.size()) + ':' + field.key;
+    return joined;
+}
+
+// As a message shows them.
+std::string ShowKeys(std::vector<FieldValue> const& fields) {
+    std::string text;
+    for (FieldValue const& field : fields)
+        text += (text.empty() ? "" : ", ") + field.key.substr(field.key.find('\0') + 1);
+    return "[" + text + "]";
+}
+
+} // namespace
+
+struct IdentityWalk::State {
+    // A constraint in force: below the element at this depth.
+    struct Scope {
+        std::uint32_t identity;
+        std::size_t depth;
+        KeyTable keys;
+        std::vector<std::pair<std::string, std::string>> references; // key and text
+    };
+    // An element that a selector has found.
+    struct Target {
+        std::size_t scope; // index
+        std::size_t depth;
+        std::vector<FieldValue> fields;
+    };
+    struct FieldOf {
+        std::size_t target; // index
+        std::size_t field;
+    };
+    struct AttributeField {
+        FieldOf place;
+        NameTest const* name;
+    };
+    struct Frame {
+        std::vector<FieldOf> fields; // that this element is
+        std::map<std::uint32_t, KeyTable> tables;
+    };
+
+    explicit State(IdentityPaths const& identityPaths) : paths(identityPaths) {}
+
+    // Whether the innermost element is at the path from the element at `depth`.
+    bool IsAt(IdentityPath const& path, std::size_t depth) const noexcept {
+        std::size_t const levels = names.size() - depth;
+        if (path.isDeep ? levels < path.steps.size() : levels != path.steps.size())
+            return false;
+        std::size_t const first = names.size() - path.steps.size();
+        for (std::size_t i = 0; i < path.steps.size(); ++i) {
+            if (!path.steps[i].Matches(names[first + i].name, names[first + i].ns))
+                return false;
+        }
+        return true;
+    }
+    std::string NameOf(Scope const& scope) const {
+        IdentityRow const& row = paths.m_rows.identities[scope.identity];
+        char const* const kind = row.kind == IdentityKind::kKey      ? "key ["
+                                 : row.kind == IdentityKind::kKeyRef ? "keyref ["
+                                                                     : "unique ["; // as it is declared
+        return std::string("The ") + kind + row.name + "]";
+    }
+    void Select();
+    void FindFields();
+    void Set(FieldOf const& place, SimpleValue const* value, bool isNillable);
+    void EndTarget(std::vector<std::string>& faults);
+    void EndScopes(std::vector<std::string>& faults);
+    void HandUp();
+
+    IdentityPaths const& paths;
+    std::vector<ElementNames> names; // of the open elements
+    std::vector<Frame> frames;       // those of the open elements, from the first scope on
+    std::vector<Scope> scopes;
+    std::vector<Target> targets;
+    std::vector<AttributeField> attributeFields;
+    std::vector<std::string> pendingFaults;
+};
+
+void IdentityWalk::State::Select() {
+    for (std::size_t i = 0; i < scopes.size(); ++i) {
+        auto const& selector = paths.m_paths[scopes[i].identity].selector;
+        bool const isSelected = std::any_of(selector.begin(), selector.end(), [&](IdentityPath const& path) {
+            return IsAt(path, scopes[i].depth);
+        });
+        if (isSelected)
+            targets.push_back(
+                {i, names.size(), std::vector<FieldValue>(paths.m_paths[scopes[i].identity].fields.size())});
+    }
+}
+
+void IdentityWalk::State::FindFields() {
+    attributeFields.clear();
+    for (std::size_t target = 0; target < targets.size(); ++target) {
+        auto const& fields = paths.m_paths[scopes[targets[target].scope].identity].fields;
+        for (std::size_t field = 0; field < fields.size(); ++field) {
+            bool isElement = false;
+            for (IdentityPath const& path : fields[field]) {
+                if (!IsAt(path, targets[target].depth))
+                    continue;
+                if (path.hasAttribute)
+                    attributeFields.push_back({{target, field}, &path.attribute});
+                else if (!std::exchange(isElement, true))
+                    frames.back().fields.push_back({target, field});
+            }
+        }
+    }
+}
+
+void IdentityWalk::State::Set(FieldOf const& place, SimpleValue const* value, bool isNillable) {
+    Target& target = targets[place.target];
+    FieldValue& field = target.fields[place.field];
+    if (field.isSet) {
+        pendingFaults.push_back(NameOf(scopes[target.scope]) + " has a field that selects several nodes.");
+        return;
+    }
+    field.isNillable = isNillable;
+    if (value == nullptr)
+        return;
+    field.isSet = true;
+    field.key = value->key;
+}
+
+void IdentityWalk::State::EndTarget(std::vector<std::string>& faults) {
+    Target const target = std::move(targets.back());
+    targets.pop_back();
+    Scope& scope = scopes[target.scope];
+    IdentityKind const kind = paths.m_rows.identities[scope.identity].kind;
+    bool const isKey = kind == IdentityKind::kKey;
+    for (FieldValue const& field : target.fields) {
+        if (!field.isSet) {
+            if (isKey)
+                faults.push_back(NameOf(scope) + " lacks a field.");
+            return;
+        }
+        if (isKey && field.isNillable)
+            faults.push_back(NameOf(scope) + " has a field that is nillable.");
+    }
+    std::string key = JoinKeys(target.fields);
+    if (kind == IdentityKind::kKeyRef)
+        scope.references.emplace_back(std::move(key), ShowKeys(target.fields));
+    else if (!scope.keys.emplace(std::move(key), false).second)
+        faults.push_back(NameOf(scope) + " is not unique: " + ShowKeys(target.fields) + " stands twice.");
+}
+
+// Those of the innermost element, which ends. Its keys are known by now, so its references can be looked up.
+void IdentityWalk::State::EndScopes(std::vector<std::string>& faults) {
+    Frame& frame = frames.back();
+    std::size_t first = scopes.size();
+    while (first != 0 && scopes[first - 1].depth == names.size())
+        --first;
+    for (std::size_t i = first; i < scopes.size(); ++i) {
+        if (!paths.m_paths[scopes[i].identity].isReferred)
+            continue;
+        // Its own keys stand above those from below.
+        KeyTable& table = frame.tables[scopes[i].identity];
+        for (auto& [key, isConflict] : scopes[i].keys)
+            table[key] = isConflict;
+    }
+    for (std::size_t i = first; i < scopes.size(); ++i) {
+        if (scopes[i].references.empty())
+            continue;
+        KeyTable const& table = frame.tables[paths.m_rows.identities[scopes[i].identity].refer];
+        for (auto const& [key, text] : scopes[i].references) {
+            auto const found = table.find(key);
+            if (found == table.end() || found->second)
+                faults.push_back(NameOf(scopes[i]) + " has no key " + text + " to refer to.");
+        }
+    }
+    scopes.resize(first);
+}
+
+// The tables of the innermost element become part of its parent's.
+void IdentityWalk::State::HandUp() {
+    Frame ended = std::move(frames.back());
+    frames.pop_back();
+    if (frames.empty())
+        return;
+    for (auto& [identity, table] : ended.tables) {
+        KeyTable& outer = frames.back().tables[identity];
+        if (outer.size() < table.size())
+            outer.swap(table);
+        for (auto& [key, isConflict] : table) {
+            auto const [place, isNew] = outer.try_emplace(key, isConflict);
+            if (!isNew)
+                place->second = true;
+        }
+    }
+}
+
+IdentityWalk::IdentityWalk(IdentityPaths const& paths) : m_state(std::make_unique<State>(paths)) {}
+
+IdentityWalk::~IdentityWalk() = default;
+
+bool IdentityWalk::IsActive() const noexcept {
+    return !m_state->scopes.empty();
+}
+
+bool IdentityWalk::WantsValue() const noexcept {
+    return !m_state->frames.empty() && !m_state->frames.back().fields.empty();
+}
+
+void IdentityWalk::EnterElement(std::string_view name, std::string_view ns, Range identities) {
+    State& state = *m_state;
+    state.names.push_back({name, ns});
+    if (state.frames.empty() && identities.count == 0)
+        return;
+    state.frames.emplace_back();
+    for (std::uint32_t i = 0; i < identities.count; ++i)
+        state.scopes.push_back({identities.first + i, state.names.size(), {}, {}});
+    state.Select();
+    state.FindFields();
+}
+
+void IdentityWalk::AddAttribute(std::string_view name, std::string_view ns, SimpleValue const& value) {
+    // Several alternatives of a field may select the same attribute.
+    State::AttributeField const* last = nullptr;
+    for (State::AttributeField const& field : m_state->attributeFields) {
+        bool const isSame = last != nullptr && last->place.target == field.place.target &&
+                            last->place.field == field.place.field;
+        if (isSame || !field.name->Matches(name, ns))
+            continue;
+        m_state->Set(field.place, &value, false);
+        last = &field;
+    }
+}
+
+void IdentityWalk::LeaveElement(SimpleValue const* value, bool hasSimpleType, bool isNillable,
+                                std::vector<std::string>& faults) {
+    State& state = *m_state;
+    if (!state.frames.empty()) {
+        for (State::FieldOf const& field : state.frames.back().fields) {
+            state.Set(field, value, isNillable);
+            if (!hasSimpleType)
+                faults.push_back(state.NameOf(state.scopes[state.targets[field.target].scope]) +
+                                 " has a field that selects an element without a simple type.");
+        }
+        while (!state.targets.empty() && state.targets.back().depth == state.names.size())
+            state.EndTarget(faults);
+        state.EndScopes(faults);
+        state.HandUp();
+        faults.insert(faults.end(), state.pendingFaults.begin(), state.pendingFaults.end());
+        state.pendingFaults.clear();
+        state.attributeFields.clear();
+    }
+    state.names.pop_back();
+}
+
+} // namespace ZvXmlLib16::grammar

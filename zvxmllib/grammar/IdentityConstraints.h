@@ -46,9 +46,10 @@ public:
     void AddAttribute(std::string_view name, std::string_view ns, SimpleValue const& value);
     // Whether the value of the open element is asked for.
     bool WantsValue() const noexcept;
-    // `value` is null for an element without simple content, or one whose value is not known; a nilled
-    // element has none. `faults` gets a message for each constraint that turns out not to hold.
-    void LeaveElement(SimpleValue const* value, bool isNillable, std::vector<std::string>& faults);
+    // `value` is null for a nilled element, and where there is none. A field may select no element that has
+    // no simple type. `faults` gets a message for each constraint that turns out not to hold.
+    void LeaveElement(SimpleValue const* value, bool hasSimpleType, bool isNillable,
+                      std::vector<std::string>& faults);
 
 private:
     struct State;

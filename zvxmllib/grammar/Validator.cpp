@@ -77,7 +77,8 @@ public:
     }
     void OnWildcard(CXmlElement& child, std::uint32_t particle) override {
         GrammarRows const& rows = m_validator.m_grammar.GetRows();
-        m_validator.ValidateElement(child, kNone, rows.wildcards[rows.particles[particle].first].processContents);
+        m_validator.ValidateElement(child, kNone,
+                                    rows.wildcards[rows.particles[particle].first].processContents);
     }
     void OnGroupBegin(std::uint32_t) override {}
     void OnGroupEnd(std::uint32_t) override {}
@@ -169,7 +170,8 @@ bool Validator::FindType(CXmlElement& element, Target& target) {
 // xsi:type.
 bool Validator::FindNamedType(CXmlElement& element, std::string_view text, Target& target) {
     std::size_t const colon = text.find(':');
-    std::string_view const prefix = colon == std::string_view::npos ? std::string_view() : text.substr(0, colon);
+    std::string_view const prefix =
+        colon == std::string_view::npos ? std::string_view() : text.substr(0, colon);
     std::string_view const local = colon == std::string_view::npos ? text : text.substr(colon + 1);
     std::string ns;
     TypeId type = kAnyType;
@@ -181,8 +183,8 @@ bool Validator::FindNamedType(CXmlElement& element, std::string_view text, Targe
         ElementRow const& row = m_grammar.GetRows().elements[target.declaration];
         std::uint8_t blocked = row.block;
         if (IsComplex(row.type) && row.type != kAnyType)
-            blocked = static_cast<std::uint8_t>(blocked |
-                                                m_grammar.GetRows().complexTypes[ComplexTypeRowOf(row.type)].block);
+            blocked = static_cast<std::uint8_t>(
+                blocked | m_grammar.GetRows().complexTypes[ComplexTypeRowOf(row.type)].block);
         if (!m_grammar.IsDerivedFrom(type, row.type, blocked)) {
             Fail(element, "The type " + Quote(text) + " cannot stand for the type " +
                               Quote(m_grammar.NameOfType(row.type)) + ".");
@@ -236,12 +238,14 @@ void Validator::ValidateAttributes(CXmlElement& element, TypeId type) {
         wildcard = rows.complexTypes[ComplexTypeRowOf(type)].attributeWildcard;
     }
     std::vector<bool> isSeen(uses.count, false);
+    m_idAttributes = 0;
     for (std::size_t i = 0; i < element.GetAttributeCount(); ++i) {
         CXmlAttribute& attribute = *element.GetAttributeAt(i);
         if (IsInstanceAttribute(attribute))
             continue;
         if (isAny) {
-            std::uint32_t const global = m_grammar.FindAttribute(attribute.GetLocalName(), attribute.GetNamespaceURI());
+            std::uint32_t const global =
+                m_grammar.FindAttribute(attribute.GetLocalName(), attribute.GetNamespaceURI());
             if (global != kNone)
                 ValidateAttributeValue(element, attribute, rows.attributes[global]);
         } else {
@@ -251,8 +255,8 @@ void Validator::ValidateAttributes(CXmlElement& element, TypeId type) {
     AddDefaultAttributes(element, uses, isSeen);
 }
 
-void Validator::ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute, Range uses, std::uint32_t wildcard,
-                                  std::vector<bool>& isSeen) {
+void Validator::ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute, Range uses,
+                                  std::uint32_t wildcard, std::vector<bool>& isSeen) {
     GrammarRows const& rows = m_grammar.GetRows();
     std::string const& name = attribute.GetLocalName();
     std::string const& ns = attribute.GetNamespaceURI();
@@ -275,7 +279,8 @@ void Validator::ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute
         Fail(attribute, "There is no declaration of the attribute " + Quote(name) + ".");
 }
 
-void Validator::ValidateAttributeValue(CXmlElement& element, CXmlAttribute& attribute, AttributeRow const& row) {
+void Validator::ValidateAttributeValue(CXmlElement& element, CXmlAttribute& attribute,
+                                       AttributeRow const& row) {
     SimpleTypes const& types = m_grammar.GetSimpleTypes();
     bool const isFixed = row.constraint == ValueConstraint::kFixed;
     bool const needsValue = isFixed || types.HasIds(row.type) || m_identities.IsActive();
@@ -287,8 +292,12 @@ void Validator::ValidateAttributeValue(CXmlElement& element, CXmlAttribute& attr
         return Fail(attribute, fault);
     if (!needsValue)
         return;
+    if (types.GetBuiltIn(row.type) == BuiltIn::kID && ++m_idAttributes > 1)
+        Fail(attribute,
+             "The element " + Quote(element.GetLocalName()) + " has several attributes of type ID.");
     if (isFixed && !IsEqual(element, row.type, m_value, row.value))
-        Fail(attribute, "The attribute " + Quote(row.name) + " has the fixed value " + Quote(row.value) + ".");
+        Fail(attribute,
+             "The attribute " + Quote(row.name) + " has the fixed value " + Quote(row.value) + ".");
     NoteIds(element, m_value);
     if (m_identities.IsActive())
         m_identities.AddAttribute(row.name, row.ns, m_value);
@@ -304,7 +313,8 @@ void Validator::AddDefaultAttributes(CXmlElement& element, Range uses, std::vect
             Fail(element, "The attribute " + Quote(row.name) + " is missing.");
         else if (row.constraint != ValueConstraint::kNoValue && m_identities.IsActive()) {
             m_value = {};
-            if (m_grammar.GetSimpleTypes().FindFault(row.type, row.value, nullptr, &m_value, m_message) == nullptr)
+            if (m_grammar.GetSimpleTypes().FindFault(row.type, row.value, nullptr, &m_value, m_message) ==
+                nullptr)
                 m_identities.AddAttribute(row.name, row.ns, m_value);
         }
     }
@@ -333,19 +343,26 @@ void Validator::CheckReferences() {
     }
 }
 
-void Validator::LeaveElement(CXmlElement& element, Target const& target, SimpleValue const* value) {
+void Validator::LeaveElement(CXmlElement& element, Target const& target, SimpleValue const* value,
+                             bool hasSimpleType) {
     std::vector<std::string> faults;
     bool const isNillable =
         target.declaration != kNone && m_grammar.GetRows().elements[target.declaration].isNillable;
-    m_identities.LeaveElement(value, isNillable, faults);
+    m_identities.LeaveElement(value, hasSimpleType, isNillable, faults);
     for (std::string& fault : faults)
         Fail(element, std::move(fault));
+}
+
+bool Validator::HasSimpleType(TypeId type) const noexcept {
+    return !IsComplex(type) ||
+           (type != kAnyType &&
+            m_grammar.GetRows().complexTypes[ComplexTypeRowOf(type)].content == Content::kSimple);
 }
 
 void Validator::ValidateNilContent(CXmlElement& element, Target const& target) {
     if (element.GetFirstElement() != nullptr || !element.GetNodeText().IsEmpty())
         Fail(element, "The element " + Quote(element.GetLocalName()) + " is nil, but has content.");
-    LeaveElement(element, target, nullptr);
+    LeaveElement(element, target, nullptr, HasSimpleType(target.type));
 }
 
 void Validator::ValidateSimpleContent(CXmlElement& element, Target const& target, std::uint32_t type) {
@@ -379,10 +396,12 @@ void Validator::ValidateSimpleContent(CXmlElement& element, Target const& target
     LeaveElement(element, target, needsValue ? &value : nullptr);
 }
 
-void Validator::ValidateComplexContent(CXmlElement& element, Target const& target, ComplexTypeRow const* type) {
+void Validator::ValidateComplexContent(CXmlElement& element, Target const& target,
+                                       ComplexTypeRow const* type) {
     if (type == nullptr) {
         // anyType: whatever has a declaration is tested by it.
-        for (CXmlElement* child = element.GetFirstElement(); child != nullptr; child = child->GetNextSiblingElement())
+        for (CXmlElement* child = element.GetFirstElement(); child != nullptr;
+             child = child->GetNextSiblingElement())
             ValidateElement(*child, kNone, ProcessContents::kLax);
     } else {
         if (type->content == Content::kElementOnly && !IsBlank(TextOf(element)))
@@ -400,7 +419,7 @@ void Validator::ValidateComplexContent(CXmlElement& element, Target const& targe
         if (row.constraint == ValueConstraint::kFixed)
             CheckFixedText(element, row, TextOf(element));
     }
-    LeaveElement(element, target, nullptr);
+    LeaveElement(element, target, nullptr, false);
 }
 
 // Of mixed content.

@@ -26,9 +26,9 @@ public:
     Validator& operator=(Validator const&) = delete;
     ~Validator();
 
-    // The root must be a global element, or name its type by xsi:type. Throws CZvValidationException at the first
-    // violation. With a failure limit in the context goes on and throws the first one at the end; the context has the
-    // list. `isLax` passes over a root that is neither.
+    // The root must be a global element, or name its type by xsi:type. Throws CZvValidationException at the
+    // first violation. With a failure limit in the context goes on and throws the first one at the end; the
+    // context has the list. `isLax` passes over a root that is neither.
     void ValidateDocument(CXmlElement& root, bool isLax = false);
 
 private:
@@ -58,7 +58,10 @@ private:
     bool IsEqual(CXmlElement& element, std::uint32_t type, SimpleValue const& value, char const* fixed);
     void NoteIds(CXmlElement& element, SimpleValue const& value);
     void CheckReferences();
-    void LeaveElement(CXmlElement& element, Target const& target, SimpleValue const* value);
+    // `hasSimpleType` is true, too, where that is not known for a failure.
+    void LeaveElement(CXmlElement& element, Target const& target, SimpleValue const* value,
+                      bool hasSimpleType = true);
+    bool HasSimpleType(TypeId type) const noexcept;
     std::string_view TextOf(CXmlElement const& element);
     template <class Node>
     void Fail(Node const& node, std::string message);
@@ -69,10 +72,11 @@ private:
     IdentityWalk m_identities;
     std::unordered_map<std::string, CXmlElement const*> m_ids;
     std::vector<std::pair<std::string, CXmlElement*>> m_idReferences;
-    std::string m_room;       // texts that are in pieces
-    std::string m_message;    // of simple types
+    std::string m_room;    // texts that are in pieces
+    std::string m_message; // of simple types
     SimpleValue m_value;
     unsigned m_depth = 0;
+    unsigned m_idAttributes = 0; // of the current element
 };
 
 } // namespace ZvXmlLib16::grammar
