@@ -1,5 +1,6 @@
 // Fast Infoset in: each document by the usual rules and by the strict ones.
 #include "tests/fastinfoset/Octets.h"
+#include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/fastinfoset/FastInfosetContext.h"
@@ -60,6 +61,20 @@ TEST(StrictFastInfosetReading, TakesNamesAndCharactersOfXmlAlone) {
         {"00 3C 00 'a' 9C 24 01 F0", "0 {}a\nT \\x01;\n", "Invalid character [U+0001]."},
         // Carriage returns are text.
         {"00 3C 00 'a' 92 00 'x' 0D 'y' FF", "0 {}a\nT xy\n", "0 {}a\nT x\\ry\n"},
+    });
+}
+
+TEST(StrictFastInfosetReading, TakesNoCharactersThatLocalTextLacks) {
+    LocalEncoding const local(28591);
+    std::string const refused = "The character [U+20AC] can not be expressed in the local encoding.";
+    ExpectRows({
+        {"00 3C 00 'a' 91 C3 A9 FF", "0 {}a\nT \xE9\n", "same"},
+        {"00 3C 00 'a' 92 00 E2 82 AC FF", "0 {}a\nT ?\n", refused},
+        {"00 3C 00 'a' 95 20 AC FF", "0 {}a\nT ?\n", refused},
+        {"00 7C 00 'a' 78 00 'k' 42 E2 82 AC FF", "0 {}a\nA {}k=?\n", refused},
+        {"00 3D 02 E2 82 AC 00 'a' FF", "0 {?}a\n", refused},
+        {"00 3C 02 E4 B8 80 FF", "0 {}?\n",
+         "The character [U+4E00] can not be expressed in the local encoding."},
     });
 }
 

@@ -1,5 +1,7 @@
 // The reading of XML text by the usual rules and by the strict ones.
 #include "tests/strict/Twice.h"
+#include "tests/support/LocalEncoding.h"
+#include "zvxmllib/collections/Element.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/driver/ClassFactoryBase.h"
@@ -40,6 +42,54 @@ TEST(StrictXmlReading, LosesNoText) {
         EXPECT_EQ(TextOf(row.xml, CSerializationContext()), row.usual) << row.xml;
         EXPECT_EQ(TextOf(row.xml, Strict()), row.strict) << row.xml;
     }
+}
+
+// Of one character each: of XML and of JSON; in the second line where there is one.
+TEST(StrictXmlReading, RefusesWhatLocalTextCannotHold) {
+    std::string const refused = "The character [U+20AC] can not be expressed in the local encoding at line ";
+    std::string const euro = "\xE2\x82\xAC";
+    std::string const umlaut = "\xC3\xA4";
+    struct Row {
+        unsigned codePage;
+        bool isAsciiOnly;
+        std::string text;
+        std::string usual;
+        std::string strict; // empty for the usual
+    };
+    for (Row const& row : {
+             Row{65001, false, euro, euro, ""},
+             Row{28591, false, umlaut, "\xE4", ""},
+             Row{28591, false, "a?" + umlaut + euro, "a?\xE4?", refused},
+             Row{1252, false, euro, "\x80", ""},
+             Row{1252, false, "?\xF0\x9F\x98\x80", "??",
+                 "The character [U+1F600] can not be expressed in the local encoding at line "},
+             Row{65001, true, euro, euro, refused},
+         }) {
+        LocalEncoding const local(row.codePage, row.isAsciiOnly);
+        std::string const xml = "<?xml version='1.0' encoding='UTF-8'?><r>\n" + row.text + "</r>";
+        EXPECT_EQ(TextOf(xml.c_str(), CSerializationContext()), '\n' + row.usual) << row.text;
+        EXPECT_EQ(TextOf(xml.c_str(), Strict()), row.strict.empty() ? '\n' + row.usual : row.strict + '2')
+            << row.text;
+        std::string const json = "{\"r\":\"" + row.text + "\"}";
+        CSmartPtr<CElement> const element(new CElement(""));
+        std::string outcome;
+        try {
+            element->FromJsonStream(CBinaryData(json.c_str()), Strict());
+            outcome = element->GetText();
+        } catch (CZvException const& failure) {
+            outcome = failure.GetMessage();
+        }
+        EXPECT_EQ(outcome, row.strict.empty() ? row.usual : row.strict + '1') << row.text;
+    }
+    LocalEncoding const local(28591);
+    std::string const letter = "\xE4\xB8\x80";
+    for (std::string const& xml :
+         {"<" + letter + "/>", "<r " + letter + "='1'/>", "<r xmlns:" + letter + "='urn:x'/>"})
+        EXPECT_EQ(TextOf(xml.c_str(), Strict()),
+                  "The character [U+4E00] can not be expressed in the local encoding at line 1")
+            << xml;
+    for (std::string const& xml : {"<r a='" + euro + "'/>", "<r xmlns='" + euro + "'/>"})
+        EXPECT_EQ(TextOf(xml.c_str(), Strict()), refused + '1') << xml;
 }
 
 class Factory : public CClassfactoryBase {

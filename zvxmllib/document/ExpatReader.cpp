@@ -176,7 +176,7 @@ void CExpatReader::Init() {
 }
 
 // Texts keep their carriage returns, which only a reference can give them, prefixes their scopes, and no
-// entity is passed over in silence.
+// entity is passed over in silence, nor a character that local text does not have.
 void CExpatReader::InitStrict() {
     m_tree->NoteTextAheadOfChildren();
     m_scopes = &m_tree->KeepScopes();
@@ -259,6 +259,9 @@ CXmlElement const* CExpatReader::StartElement(char const* name, char const** att
 }
 
 void CExpatReader::StartScope(char const* name, char const** attributes) {
+    RequireLocal(name);
+    for (char const* const* text = attributes; *text != nullptr; ++text)
+        RequireLocal(*text);
     m_scopes->AddElement(StartElement(name, attributes));
 }
 
@@ -314,6 +317,7 @@ void CExpatReader::DeclareNamespace(char const* prefix, char const* uri) {
 void CExpatReader::DeclareInScope(char const* prefix, char const* uri) {
     DeclareNamespace(prefix, uri);
     auto const keep = [this](char const* utf8) {
+        RequireLocal(utf8);
         return m_tree->GetNames().Keep(utf8 == nullptr ? std::string() : Utf8ToLocal(utf8));
     };
     m_scopes->Declare(keep(prefix), keep(uri));
@@ -324,7 +328,14 @@ void CExpatReader::Text(char const* text, std::size_t length) {
 }
 
 void CExpatReader::ExactText(char const* text, std::size_t length) {
+    if (char32_t const character = FindCharacterNotLocal({text, length}))
+        FailCharacterNotLocal(character, GetPosition());
     m_tree->AppendText(ToLocal(text, length));
+}
+
+void CExpatReader::RequireLocal(char const* utf8) const {
+    if (char32_t const character = FindCharacterNotLocal(utf8 == nullptr ? "" : utf8))
+        FailCharacterNotLocal(character, GetPosition());
 }
 
 void CExpatReader::RefuseEntity(std::string_view name) const {

@@ -61,6 +61,7 @@ private:
     void Text(char const* text, std::size_t length);
     // In place of Text, where nothing may be lost.
     void ExactText(char const* text, std::size_t length);
+    void RequireLocal(char const* utf8) const;
     [[noreturn]] void RefuseEntity(std::string_view name) const;
     void Mark(std::string_view mark);
 

@@ -49,6 +49,14 @@ void FailNullElement() {
     throw CZvInvalidParamException("The element to read from may not be NULL");
 }
 
+void FailCharacterNotLocal(char32_t character, NodePosition const& position) {
+    CZvException failure(
+        FormatString("The character [U+%04X] can not be expressed in the local encoding at line %llu",
+                     static_cast<unsigned>(character), static_cast<unsigned long long>(position.line)));
+    failure.SetPosition(position.line, position.column);
+    throw failure;
+}
+
 void FailUnreadEntity(std::string const& name, std::uint64_t line) {
     throw CZvException(FormatString("The entity [%s] has not been read at line %llu", name.c_str(),
                                     static_cast<unsigned long long>(line)));

@@ -18,5 +18,6 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailNullElement();
 
 [[noreturn]] void FailUnreadEntity(std::string const& name, std::uint64_t line);
+[[noreturn]] void FailCharacterNotLocal(char32_t character, NodePosition const& position);
 
 } // namespace ZvXmlLib16

@@ -118,6 +118,12 @@ void FailReadCharacter(char32_t character) {
                                     static_cast<unsigned>(character)));
 }
 
+void FailReadCharacterNotLocal(char32_t character) {
+    throw CZvException(FormatString(
+        "Failed to parse FastInfoset. The character [U+%04X] can not be expressed in the local encoding.",
+        static_cast<unsigned>(character)));
+}
+
 void FailReadUtf8() {
     throw CZvException("Failed to parse FastInfoset. Invalid UTF-8.");
 }

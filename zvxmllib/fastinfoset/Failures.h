@@ -38,6 +38,7 @@ namespace ZvXmlLib16 {
 // Reading, where a document must stand for one of XML.
 [[noreturn]] void FailReadName(std::string const& name);
 [[noreturn]] void FailReadCharacter(char32_t character);
+[[noreturn]] void FailReadCharacterNotLocal(char32_t character);
 [[noreturn]] void FailReadUtf8();
 [[noreturn]] void FailReadUtf16();
 [[noreturn]] void FailReadTwin(std::string const& attribute);

@@ -12,6 +12,15 @@
 
 namespace ZvXmlLib16 {
 
+namespace {
+
+void RequireLocal(std::string_view utf8) {
+    if (char32_t const character = FindCharacterNotLocal(utf8))
+        FailReadCharacterNotLocal(character);
+}
+
+} // namespace
+
 InfosetChecks::InfosetChecks(NameTable& names)
     : m_noText(names.Keep("")), m_xml(names.Keep("xml")), m_xmlNamespace(names.Keep(kXmlNamespace)),
       m_xmlns(names.Keep("xmlns")), m_xmlnsNamespace(names.Keep(kXmlnsNamespace)) {
@@ -21,6 +30,7 @@ InfosetChecks::InfosetChecks(NameTable& names)
 void InfosetChecks::RequireName(std::string_view utf8) {
     if (!IsXmlNCName(utf8))
         FailReadName(Utf8ToLocal(utf8.data(), utf8.size()));
+    RequireLocal(utf8);
 }
 
 void InfosetChecks::RequireText(std::string_view utf8) {
@@ -29,6 +39,7 @@ void InfosetChecks::RequireText(std::string_view utf8) {
         FailReadUtf8();
     if (fault.kind == XmlTextFault::kCharacter)
         FailReadCharacter(fault.character);
+    RequireLocal(utf8);
 }
 
 void InfosetChecks::RequireText(std::u16string_view units) {

@@ -24,7 +24,7 @@ public:
     InfosetChecks(InfosetChecks const&) = delete;
     InfosetChecks& operator=(InfosetChecks const&) = delete;
 
-    // UTF-8.
+    // UTF-8. Local text must have the characters, too.
     static void RequireName(std::string_view utf8);
     static void RequireText(std::string_view utf8);
     // Pairs of surrogates as well.

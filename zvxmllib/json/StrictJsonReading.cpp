@@ -1,6 +1,7 @@
 #include "zvxmllib/json/StrictJsonReading.h"
 
 #include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/document/Failures.h"
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/json/Failures.h"
 #include "zvxmllib/json/JsonContext.h"
@@ -8,6 +9,7 @@
 #include "zvxmllib/json/JsonTextReader.h"
 #include "zvxmllib/json/JsonValue.h"
 #include "zvxmllib/values/binary/BinaryData.h"
+#include "zvxmllib/values/binary/Encoder.h"
 #include "zvxmllib/writers/Failures.h"
 #include "zvxmllib/writers/XmlNames.h"
 #include "zvxmllib/writers/XmlNamespaces.h"
@@ -58,11 +60,13 @@ public:
         if (!object.names.insert(name).second)
             FailNameTwice(name, m_reader.Place());
         RequireName(name);
+        RequireLocal(name);
         object.value->members.push_back({name, JsonValue()});
     }
     void OnString(std::string const& value) override {
         bool const isMember = !m_open.empty() && m_open.back().value->kind == JsonValue::kObject;
         RequireText(value, isMember ? m_open.back().value->members.back().name : std::string());
+        RequireLocal(value);
         Add({JsonValue::kString, value, {}});
     }
     void OnNumber(std::string const& text) override { Add({JsonValue::kBare, text, {}}); }
@@ -83,6 +87,10 @@ private:
         std::unordered_set<std::string> names;
     };
 
+    void RequireLocal(std::string const& utf8) const {
+        if (char32_t const character = FindCharacterNotLocal(utf8))
+            FailCharacterNotLocal(character, m_reader.GetPosition());
+    }
     bool IsPlainMember(std::string const& name) const {
         return m_marksAttributes && (name[0] == kAttributeMark || name == kTextName);
     }

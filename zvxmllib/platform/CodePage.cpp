@@ -1,6 +1,7 @@
 // Numbered code pages to and from UTF-16: ASCII and Latin-1 by our own code, the others by iconv.
 #include "zvxmllib/platform/CodePage.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <new>
@@ -273,6 +274,20 @@ std::string Utf16ToCodePage(std::uint32_t codePage, std::u16string_view text) {
             return 2 * CharacterUnits(text.substr(text.size() - left / 2));
         });
     return result;
+}
+
+// Where as many question marks come out as go in, all is there.
+std::size_t FindNotInCodePage(std::uint32_t codePage, std::u16string_view text) {
+    std::string const all = Utf16ToCodePage(codePage, text);
+    if (std::count(all.begin(), all.end(), '?') == std::count(text.begin(), text.end(), u'?'))
+        return text.size();
+    for (std::size_t at = 0; at < text.size();) {
+        std::u16string_view const character = text.substr(at, CharacterUnits(text.substr(at)));
+        if (character[0] > 127 && Utf16ToCodePage(codePage, character) == "?")
+            return at;
+        at += character.size();
+    }
+    return text.size();
 }
 
 } // namespace ZvXmlLib16::platform

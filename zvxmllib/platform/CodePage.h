@@ -25,4 +25,7 @@ std::u16string CodePageToUtf16(std::uint32_t codePage, std::string_view text);
 // Characters that the page lacks, and unpaired surrogates, each become '?'.
 std::string Utf16ToCodePage(std::uint32_t codePage, std::u16string_view text);
 
+// Where the first of these characters stands; the length of the text if there is none.
+std::size_t FindNotInCodePage(std::uint32_t codePage, std::u16string_view text);
+
 } // namespace ZvXmlLib16::platform

@@ -135,6 +135,22 @@ std::string Utf8ToLocal(char const* utf8) {
     return Utf8ToLocal(utf8, utf8 != nullptr ? std::strlen(utf8) : 0);
 }
 
+char32_t FindCharacterNotLocal(std::string_view utf8) {
+    if (IsAscii(utf8) || (IsLocalPageUtf8() && !IsASCIIOnly()))
+        return 0;
+    std::u16string const units = ConvertUtf8ToUtf16(utf8);
+    std::size_t const at =
+        IsASCIIOnly() ? static_cast<std::size_t>(std::find_if(units.begin(), units.end(),
+                                                              [](char16_t unit) { return unit > 127; }) -
+                                                 units.begin())
+                      : platform::FindNotInCodePage(LocalPage(), units);
+    if (at >= units.size())
+        return 0;
+    bool const isPair = units[at] >= 0xD800 && units[at] < 0xDC00 && at + 1 != units.size();
+    return isPair ? 0x10000 + ((units[at] - char32_t{0xD800}) << 10U) + (units[at + 1] - char32_t{0xDC00})
+                  : units[at];
+}
+
 CBinaryData LocalToUtf8(char const* text) {
     std::string_view const local(text != nullptr ? text : "");
     if (IsASCIIOnly() || (IsLocalPageUtf8() ? IsValidUtf8(local) : IsAscii(local)))

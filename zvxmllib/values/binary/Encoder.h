@@ -36,6 +36,10 @@ ZV_API std::string Utf8ToLocal(char const* utf8, std::size_t length, char16_t* w
 ZV_API std::string Utf8ToLocal(char const* utf8, std::size_t length);
 ZV_API std::string Utf8ToLocal(char const* utf8);
 
+// The first character of UTF-8, which is well-formed, that local text cannot hold; 0 if it holds them all.
+// With ASCII-only that is the first above 127.
+char32_t FindCharacterNotLocal(std::string_view utf8);
+
 // Respects the ASCII-only switch.
 ZV_API CBinaryData LocalToUtf8(char const* text);
 // UTF-16 little-endian without mark and terminator. Ignores the ASCII-only switch.
