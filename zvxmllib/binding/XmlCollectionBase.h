@@ -62,7 +62,7 @@ protected:
     void FireOnCollectionRemove(int index);
     void FireOnCollectionRemoveComplete(int index);
 
-    SharedText m_namespace;
+    detail::SharedText m_namespace;
 
 private:
     std::vector<IEventSink*> m_listeners;

@@ -19,9 +19,9 @@ std::string_view TextOf(char const* text) noexcept {
 } // namespace
 
 CAttribute::CAttribute(char const* name, char const* value, char const* namespaceURI)
-    : CAttribute(SharedText(TextOf(name)), TextOf(value), SharedText(TextOf(namespaceURI))) {}
+    : CAttribute(detail::SharedText(TextOf(name)), TextOf(value), detail::SharedText(TextOf(namespaceURI))) {}
 
-CAttribute::CAttribute(SharedText name, std::string_view value, SharedText ns)
+CAttribute::CAttribute(detail::SharedText name, std::string_view value, detail::SharedText ns)
     : CInstanceMonitor(s_registration), m_name(std::move(name)), m_namespace(std::move(ns)), m_value(value) {}
 
 CAttribute::~CAttribute() = default;

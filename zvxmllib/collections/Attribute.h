@@ -45,10 +45,10 @@ protected:
 private:
     friend class CAttributeCol;
     friend class CElement;
-    CAttribute(SharedText name, std::string_view value, SharedText ns);
+    CAttribute(detail::SharedText name, std::string_view value, detail::SharedText ns);
 
-    SharedText m_name;
-    SharedText m_namespace;
+    detail::SharedText m_name;
+    detail::SharedText m_namespace;
     std::string m_value;
 };
 

@@ -9,7 +9,7 @@
 namespace ZvXmlLib16 {
 
 // The additional root attributes of a context. Copies share the collection.
-struct RootAttributes {
+struct detail::RootAttributes {
     CSmartPtr<CAttributeCol> attributes{new CAttributeCol("", kAnyNamespace, "")};
 };
 

@@ -63,7 +63,8 @@ CElement::CElement(CXmlObjectBase* object, char const* defaultNamespace) : CInst
     CopyXmlElement(document.GetDocumentElement());
 }
 
-CElement::CElement(NamespaceIsTested, SharedText name, SharedText ns, char const* allowed, char const* target)
+CElement::CElement(NamespaceIsTested, detail::SharedText name, detail::SharedText ns, char const* allowed,
+                   char const* target)
     : CInstanceMonitor(s_registration), m_name(std::move(name)), m_namespace(std::move(ns)) {
     SetRestrictions(allowed, target);
     PromiseCollections();
@@ -172,7 +173,7 @@ CSmartPtr<CAttributeCol> CElement::GetAttributes() const {
 CSmartPtr<CElementCol> CElement::GetChildElements() const {
     if (m_elements == nullptr) {
         m_elements = new CElementCol("", kAnyNamespace, TargetNamespace(), 0, -1);
-        if (SharedText ns = CollectionNamespace(); !ns.empty())
+        if (detail::SharedText ns = CollectionNamespace(); !ns.empty())
             m_elements->m_itemNamespace = std::move(ns);
         CountMany(*std::exchange(m_elementsPromised, nullptr), -1, 0);
     }
@@ -214,7 +215,7 @@ void CElement::SetNamespace(char const* ns) {
     ChangeNamespace(TextOf(ns));
 }
 
-void CElement::ChangeNamespace(SharedText ns) {
+void CElement::ChangeNamespace(detail::SharedText ns) {
     if (ns == m_namespace.Get())
         return;
     if (m_namespace.empty()) {

@@ -46,8 +46,8 @@ public:
     // A prefix, or the default namespace, that names in texts and values of this element and its content
     // need. An empty URI takes the default namespace away.
     struct Declaration {
-        SharedText prefix; // empty for the default namespace
-        SharedText namespaceURI;
+        detail::SharedText prefix; // empty for the default namespace
+        detail::SharedText namespaceURI;
     };
     // Reading in a strict context keeps the declarations made on the element, and those above it that stand
     // before a colon in its text and attributes or that xsi:type needs. Writing in a strict context declares
@@ -100,19 +100,20 @@ protected:
 private:
     friend class CElementCol;
     struct NamespaceIsTested {};
-    CElement(NamespaceIsTested, SharedText name, SharedText ns, char const* allowed, char const* target);
+    CElement(NamespaceIsTested, detail::SharedText name, detail::SharedText ns, char const* allowed,
+             char const* target);
 
     void SetRestrictions(char const* allowed, char const* target);
     void PromiseCollections();
     void AdoptCollections(CSmartPtr<CAttributeCol> attributes, CSmartPtr<CElementCol> elements);
     void CopyContent(CElement const& other);
     void ClearCollections();
-    void ChangeNamespace(SharedText ns);
+    void ChangeNamespace(detail::SharedText ns);
     void KeepDeclarations(CXmlElement const& element);
     void WriteDeclarations(CXmlWriter& writer) const;
     void WriteFragment(CXmlTextWriter& writer, CSerializationContext const& ctx, bool optionalChoice) const;
-    SharedText CollectionNamespace() const noexcept {
-        return m_collectionsHaveNoNamespace ? SharedText() : m_namespace;
+    detail::SharedText CollectionNamespace() const noexcept {
+        return m_collectionsHaveNoNamespace ? detail::SharedText() : m_namespace;
     }
 
     // What few elements have: a restriction, a target namespace, the default namespace of a fragment,
@@ -127,8 +128,8 @@ private:
     char const* AllowedNamespaces() const noexcept;
     char const* TargetNamespace() const noexcept;
 
-    SharedText m_name;
-    SharedText m_namespace;
+    detail::SharedText m_name;
+    detail::SharedText m_namespace;
     std::string m_text;
     std::unique_ptr<Rules> m_rules; // null for the defaults
 
@@ -206,7 +207,7 @@ private:
         int maxOccurs; // -1 for unbounded
     };
 
-    SharedText m_itemNamespace;
+    detail::SharedText m_itemNamespace;
     std::string m_targetNamespace;
     std::unique_ptr<Limits const> m_limits; // null for any element, in any number
 };

@@ -35,9 +35,9 @@ void FindPrefixes(std::string_view text, Found found) {
 // The declarations of an element, and those above it that its texts need.
 class NeededDeclarations {
 public:
-    NeededDeclarations(PrefixScopes const& scopes, CXmlElement const& element)
+    NeededDeclarations(detail::PrefixScopes const& scopes, CXmlElement const& element)
         : m_scopes(scopes), m_element(element), m_needed(scopes.GetDeclared(element)) {
-        for (PrefixDeclaration const& declaration : m_needed)
+        for (detail::PrefixDeclaration const& declaration : m_needed)
             m_prefixes.insert(*declaration.prefix);
     }
     void AddText(std::string_view text) {
@@ -46,15 +46,15 @@ public:
     void AddPrefix(std::string_view prefix) {
         if (!m_prefixes.insert(prefix).second)
             return;
-        if (PrefixDeclaration const* const declaration = m_scopes.Find(m_element, prefix))
+        if (detail::PrefixDeclaration const* const declaration = m_scopes.Find(m_element, prefix))
             m_needed.push_back(*declaration);
     }
-    std::vector<PrefixDeclaration> const& Get() const noexcept { return m_needed; }
+    std::vector<detail::PrefixDeclaration> const& Get() const noexcept { return m_needed; }
 
 private:
-    PrefixScopes const& m_scopes;
+    detail::PrefixScopes const& m_scopes;
     CXmlElement const& m_element;
-    std::vector<PrefixDeclaration> m_needed;
+    std::vector<detail::PrefixDeclaration> m_needed;
     std::unordered_set<std::string_view> m_prefixes; // looked up already
 };
 
@@ -82,7 +82,7 @@ void CElement::DeclarePrefix(char const* prefix, char const* namespaceURI) {
 void CElement::KeepDeclarations(CXmlElement const& element) {
     if (m_rules != nullptr)
         m_rules->declarations.clear();
-    PrefixScopes const* const scopes = element.GetScopes();
+    detail::PrefixScopes const* const scopes = element.GetScopes();
     if (scopes == nullptr)
         return;
     NeededDeclarations needed(*scopes, element);
@@ -95,9 +95,9 @@ void CElement::KeepDeclarations(CXmlElement const& element) {
             attribute.GetNamespaceURI() == kSchemaInstanceNamespace)
             needed.AddPrefix({});
     }
-    for (PrefixDeclaration const& declaration : needed.Get())
+    for (detail::PrefixDeclaration const& declaration : needed.Get())
         OwnRules().declarations.push_back(
-            {SharedText::Of(*declaration.prefix), SharedText::Of(*declaration.uri)});
+            {detail::SharedText::Of(*declaration.prefix), detail::SharedText::Of(*declaration.uri)});
 }
 
 // The default namespace of the content is that of the element, unless the element is in none.

@@ -26,7 +26,7 @@ CXmlTypeCollection::CXmlTypeCollection(ItemType type, char const* elementName, c
       m_restrictions(pattern, minLength, maxLength, minInclusive, maxInclusive, minExclusive, maxExclusive,
                      length, totalDigits, fractionDigits),
       m_itemType(type), m_formatOverride(formatOverride == nullptr ? "" : formatOverride),
-      m_whitespaceRule(rule), m_needsCheck(NeedsCheck(type, m_restrictions)) {}
+      m_whitespaceRule(rule), m_needsCheck(detail::NeedsCheck(type, m_restrictions)) {}
 
 CXmlTypeCollection::~CXmlTypeCollection() = default;
 
@@ -85,7 +85,7 @@ void CXmlTypeCollection::CheckRead(ZvVariant const& value, std::string_view text
     if (!m_restrictions.HasFacets())
         return;
     try {
-        FacetCheck const check{GetElementName().c_str(), m_restrictions, FacetRules::kXmlSchema};
+        FacetCheck const check{GetElementName().c_str(), m_restrictions, detail::FacetRules::kXmlSchema};
         check.Check(value, m_itemType);
         check.CheckText(text);
     } catch (CZvException const& failure) {
@@ -97,7 +97,7 @@ std::string const& CXmlTypeCollection::CheckWritten(ZvVariant const& value, std:
     std::string const& text =
         detail::ToStrictText(GetElementName().c_str(), value, m_itemType, m_formatOverride.c_str(), buffer);
     if (m_restrictions.HasFacets()) {
-        FacetCheck const check{GetElementName().c_str(), m_restrictions, FacetRules::kXmlSchema};
+        FacetCheck const check{GetElementName().c_str(), m_restrictions, detail::FacetRules::kXmlSchema};
         check.Check(value, m_itemType);
         check.CheckText(text);
     }

@@ -4,7 +4,7 @@
 #include <atomic>
 #include <memory>
 
-namespace ZvXmlLib16 {
+namespace ZvXmlLib16::detail {
 
 // Owns a Part, made when it is first asked for. A copy has an equal part of its own. Only callers of Get need
 // the definition of Part, so the owner of an OnDemandPart need not know the formats whose options it carries.
@@ -58,4 +58,4 @@ Part& OnDemandPart<Part>::Get() const {
     return *made.release()->part;
 }
 
-} // namespace ZvXmlLib16
+} // namespace ZvXmlLib16::detail

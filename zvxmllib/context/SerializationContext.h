@@ -15,9 +15,11 @@
 #include <string>
 #include <vector>
 
-namespace ZvXmlLib16 {
-
+namespace ZvXmlLib16::detail {
 struct RootAttributes;
+} // namespace ZvXmlLib16::detail
+
+namespace ZvXmlLib16 {
 
 // Plain configuration, passed by const reference to the entry points and reusable. Belongs to one thread
 // at a time; the default context may be read by several threads as long as none changes it.
@@ -137,11 +139,11 @@ public:
 private:
     friend class IgnoredNamespaces; // for reading JSON
 
-    OnDemandPart<CJsonContext> m_json;
-    OnDemandPart<CFastInfosetContext> m_fastInfoset;
+    detail::OnDemandPart<CJsonContext> m_json;
+    detail::OnDemandPart<CFastInfosetContext> m_fastInfoset;
     std::string m_defaultNamespaceUri;
     CNamespaceAliasMap m_namespaceAliases;
-    OnDemandPart<RootAttributes> m_rootAttributes; // a copied context shares the collection
+    detail::OnDemandPart<detail::RootAttributes> m_rootAttributes; // a copied context shares the collection
     std::list<std::string> m_processingInstructions;
     std::string m_inLineSchema;
     std::string m_indentChars{"\t"};
@@ -152,7 +154,7 @@ private:
     bool m_ignoreMissingMandatoryElements = false;
     bool m_ignoreUnknownElements = false;
     bool m_ignoreUnknownAttributes = false;
-    mutable SharedFlag m_ignoreNamespaces = false; // reading JSON changes it during the call
+    mutable detail::SharedFlag m_ignoreNamespaces = false; // reading JSON changes it during the call
     bool m_noOptionalAttributeDefaultOutput = false;
     bool m_writeDefaultElementValues = false;
     bool m_stripCDATA = true;

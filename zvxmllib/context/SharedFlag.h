@@ -3,7 +3,7 @@
 
 #include <atomic>
 
-namespace ZvXmlLib16 {
+namespace ZvXmlLib16::detail {
 
 // Reads and writes are atomic and order nothing else. A copy takes the value of the moment.
 class SharedFlag {
@@ -21,4 +21,4 @@ private:
     std::atomic<bool> m_value;
 };
 
-} // namespace ZvXmlLib16
+} // namespace ZvXmlLib16::detail

@@ -32,7 +32,8 @@ constexpr std::string_view kCdataEnd = "]]>";
 // A start tag, attribute by attribute.
 class StartTagScan {
 public:
-    StartTagScan(std::string_view tag, NodePosition const& position) noexcept : m_rest(tag), m_at(position) {
+    StartTagScan(std::string_view tag, detail::NodePosition const& position) noexcept
+        : m_rest(tag), m_at(position) {
         PassUpTo(" \t\r\n/>");
     }
 
@@ -55,7 +56,7 @@ public:
         return name;
     }
     // Of the attribute found last.
-    NodePosition const& GetPosition() const noexcept { return m_found; }
+    detail::NodePosition const& GetPosition() const noexcept { return m_found; }
 
 private:
     void PassUpTo(char const* stops) noexcept { Pass(std::min(m_rest.find_first_of(stops), m_rest.size())); }
@@ -72,8 +73,8 @@ private:
     }
 
     std::string_view m_rest;
-    NodePosition m_at;
-    NodePosition m_found;
+    detail::NodePosition m_at;
+    detail::NodePosition m_found;
     bool m_isBehindName = false;
 };
 
@@ -227,7 +228,7 @@ void CExpatReader::ParseSlice(char const* data, std::size_t length, bool final) 
         std::rethrow_exception(std::exchange(m_failure, nullptr));
     }
     XML_Error const code = XML_GetErrorCode(m_parser.get());
-    NodePosition const position = GetPosition();
+    detail::NodePosition const position = GetPosition();
     m_parser.reset();
     if (code == XML_ERROR_NO_MEMORY)
         throw std::bad_alloc();
@@ -242,12 +243,12 @@ std::string_view CExpatReader::ToLocal(char const* utf8, std::size_t length) {
 }
 
 CXmlElement const* CExpatReader::StartElement(char const* name, char const** attributes) {
-    NameTable& names = m_tree->GetNames();
+    detail::NameTable& names = m_tree->GetNames();
     CXmlElement const* const element = m_tree->AddElement(names.FindElementName(name, m_splitsNames));
     int const specified = XML_GetSpecifiedAttributeCount(m_parser.get());
     char const* const* const defaults = attributes + specified;
     for (; *attributes != nullptr; attributes += 2) {
-        XmlName const* const attribute = names.Find(attributes[0], m_splitsNames);
+        detail::XmlName const* const attribute = names.Find(attributes[0], m_splitsNames);
         if (attributes >= defaults && !m_tree->IsStreaming())
             m_tree->AddKeptAttribute(attribute, KeepDefault(attributes[1]));
         else
@@ -266,7 +267,7 @@ void CExpatReader::StartScope(char const* name, char const** attributes) {
 }
 
 // The parser counts columns from 0.
-NodePosition CExpatReader::GetPosition() const {
+detail::NodePosition CExpatReader::GetPosition() const {
     return {XML_GetCurrentLineNumber(m_parser.get()), XML_GetCurrentColumnNumber(m_parser.get()) + 1};
 }
 

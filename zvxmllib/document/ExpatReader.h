@@ -15,10 +15,12 @@
 
 struct XML_ParserStruct;
 
-namespace ZvXmlLib16 {
-
+namespace ZvXmlLib16::detail {
 class PrefixScopes;
 class XmlTree;
+} // namespace ZvXmlLib16::detail
+
+namespace ZvXmlLib16 {
 
 // Parses one document. Grammar, well-formedness, entities, attribute and line end normalisation and input
 // encodings (UTF-8, UTF-16, ISO-8859-1, US-ASCII) are expat's. Comments, processing instructions, the prolog
@@ -51,7 +53,7 @@ private:
 
     CXmlElement const* StartElement(char const* name, char const** attributes);
     std::string_view KeepDefault(char const* value);
-    NodePosition GetPosition() const override;
+    detail::NodePosition GetPosition() const override;
     void LocateAttributes(CXmlElement const& element, std::size_t specified) const;
     void EndElement();
     void DeclareNamespace(char const* prefix, char const* uri);
@@ -66,8 +68,8 @@ private:
     void Mark(std::string_view mark);
 
     CXmlDocument& m_doc;
-    XmlTree* m_tree = nullptr;
-    PrefixScopes* m_scopes = nullptr; // the tree's, null where nothing is strict
+    detail::XmlTree* m_tree = nullptr;
+    detail::PrefixScopes* m_scopes = nullptr; // the tree's, null where nothing is strict
     std::unique_ptr<XML_ParserStruct, ParserDeleter> m_parser;
     std::exception_ptr m_failure; // the first that a handler met
     std::string m_local;

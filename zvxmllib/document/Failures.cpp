@@ -38,7 +38,7 @@ void FailEmptyStream() {
     throw CZvException("XML Stream is empty!");
 }
 
-void FailParse(char const* message, NodePosition const& position) {
+void FailParse(char const* message, detail::NodePosition const& position) {
     CZvException failure(
         FormatString("%s at line %llu", message, static_cast<unsigned long long>(position.line)));
     failure.SetPosition(position.line, position.column);
@@ -49,7 +49,7 @@ void FailNullElement() {
     throw CZvInvalidParamException("The element to read from may not be NULL");
 }
 
-void FailCharacterNotLocal(char32_t character, NodePosition const& position) {
+void FailCharacterNotLocal(char32_t character, detail::NodePosition const& position) {
     CZvException failure(
         FormatString("The character [U+%04X] can not be expressed in the local encoding at line %llu",
                      static_cast<unsigned>(character), static_cast<unsigned long long>(position.line)));

@@ -14,10 +14,10 @@ namespace ZvXmlLib16 {
 [[noreturn]] void FailNoElement();
 [[noreturn]] void FailEmptyText();
 [[noreturn]] void FailEmptyStream();
-[[noreturn]] void FailParse(char const* message, NodePosition const& position);
+[[noreturn]] void FailParse(char const* message, detail::NodePosition const& position);
 [[noreturn]] void FailNullElement();
 
 [[noreturn]] void FailUnreadEntity(std::string const& name, std::uint64_t line);
-[[noreturn]] void FailCharacterNotLocal(char32_t character, NodePosition const& position);
+[[noreturn]] void FailCharacterNotLocal(char32_t character, detail::NodePosition const& position);
 
 } // namespace ZvXmlLib16

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <utility>
 
-namespace ZvXmlLib16 {
+namespace ZvXmlLib16::detail {
 
 namespace {
 constexpr std::size_t kFirstBuckets = 64;
@@ -131,4 +131,4 @@ void NameTable::Grow() {
     m_buckets = std::move(buckets);
 }
 
-} // namespace ZvXmlLib16
+} // namespace ZvXmlLib16::detail

@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace ZvXmlLib16 {
+namespace ZvXmlLib16::detail {
 
 class XmlTree;
 
@@ -68,4 +68,4 @@ private:
     XmlName* m_lastElementName = nullptr;
 };
 
-} // namespace ZvXmlLib16
+} // namespace ZvXmlLib16::detail

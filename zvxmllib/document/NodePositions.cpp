@@ -19,19 +19,19 @@ void NodePositions::AddAttribute(CXmlElement const* element) {
 }
 
 void NodePositions::SetAttribute(CXmlElement const* element, std::size_t index,
-                                 NodePosition const& position) {
+                                 detail::NodePosition const& position) {
     m_nodes[element].attributes[index] = position;
 }
 
-NodePosition NodePositions::Find(CXmlElement const& element) const {
+detail::NodePosition NodePositions::Find(CXmlElement const& element) const {
     auto const found = m_nodes.find(&element);
-    return found == m_nodes.end() ? NodePosition() : found->second.position;
+    return found == m_nodes.end() ? detail::NodePosition() : found->second.position;
 }
 
-NodePosition NodePositions::Find(CXmlElement const& element, std::size_t attribute) const {
+detail::NodePosition NodePositions::Find(CXmlElement const& element, std::size_t attribute) const {
     auto const found = m_nodes.find(&element);
     return found == m_nodes.end() || attribute >= found->second.attributes.size()
-               ? NodePosition()
+               ? detail::NodePosition()
                : found->second.attributes[attribute];
 }
 

@@ -11,16 +11,20 @@
 
 namespace ZvXmlLib16 {
 
+namespace detail {
+
 // As CZvException tells it: 0 for none.
 struct NodePosition {
     std::uint64_t line = 0;
     std::uint64_t column = 0;
 };
 
+} // namespace detail
+
 // What a reader derives from that knows where it is.
 class IPositionSource {
 public:
-    virtual NodePosition GetPosition() const = 0;
+    virtual detail::NodePosition GetPosition() const = 0;
 
 protected:
     ~IPositionSource() = default;
@@ -35,15 +39,15 @@ public:
     void AddElement(CXmlElement const* element);
     void AddAttribute(CXmlElement const* element);
     // In place of the source's, for the attribute of this index.
-    void SetAttribute(CXmlElement const* element, std::size_t index, NodePosition const& position);
+    void SetAttribute(CXmlElement const* element, std::size_t index, detail::NodePosition const& position);
 
-    NodePosition Find(CXmlElement const& element) const;
-    NodePosition Find(CXmlElement const& element, std::size_t attribute) const;
+    detail::NodePosition Find(CXmlElement const& element) const;
+    detail::NodePosition Find(CXmlElement const& element, std::size_t attribute) const;
 
 private:
     struct Node {
-        NodePosition position;
-        std::vector<NodePosition> attributes;
+        detail::NodePosition position;
+        std::vector<detail::NodePosition> attributes;
     };
 
     IPositionSource const* m_source;

@@ -2,7 +2,7 @@
 
 #include "zvxmllib/document/XmlTree.h"
 
-namespace ZvXmlLib16 {
+namespace ZvXmlLib16::detail {
 
 namespace {
 std::string const kNoText;
@@ -28,4 +28,4 @@ std::string const& NodeText::AsString(XmlTree& tree, CXmlElement const& element)
     return tree.KeepAsString(const_cast<NodeText&>(*this), element);
 }
 
-} // namespace ZvXmlLib16
+} // namespace ZvXmlLib16::detail

@@ -8,8 +8,11 @@
 #include <string_view>
 
 namespace ZvXmlLib16 {
-
 class CXmlElement;
+}
+
+namespace ZvXmlLib16::detail {
+
 class XmlTree;
 
 // Text of an element or an attribute in one of three forms: one run of bytes in the tree's storage, a chain
@@ -62,4 +65,4 @@ private:
     Form m_form = Form::kRun;
 };
 
-} // namespace ZvXmlLib16
+} // namespace ZvXmlLib16::detail

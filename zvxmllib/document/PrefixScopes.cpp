@@ -2,7 +2,7 @@
 
 #include "zvxmllib/document/XmlElement.h"
 
-namespace ZvXmlLib16 {
+namespace ZvXmlLib16::detail {
 
 void PrefixScopes::AddElement(CXmlElement const* element) {
     ++m_elements;
@@ -48,4 +48,4 @@ PrefixDeclaration const* PrefixScopes::Find(CXmlElement const& element, std::str
     return known.answer;
 }
 
-} // namespace ZvXmlLib16
+} // namespace ZvXmlLib16::detail

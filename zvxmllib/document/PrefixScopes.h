@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace ZvXmlLib16 {
+namespace ZvXmlLib16::detail {
 
 // Strings are borrowed; they and the elements are the tree's. An empty URI takes a default namespace away.
 struct PrefixDeclaration {
@@ -46,4 +46,4 @@ private:
     std::uint64_t m_elements = 0; // so many have been added
 };
 
-} // namespace ZvXmlLib16
+} // namespace ZvXmlLib16::detail

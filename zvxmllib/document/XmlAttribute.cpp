@@ -26,12 +26,12 @@ std::string const& CXmlAttribute::GetLocalName() const noexcept {
     return *m_name->localName;
 }
 
-SharedText CXmlAttribute::ShareLocalName() const noexcept {
-    return SharedText::Of(*m_name->localName);
+detail::SharedText CXmlAttribute::ShareLocalName() const noexcept {
+    return detail::SharedText::Of(*m_name->localName);
 }
 
-SharedText CXmlAttribute::ShareNamespaceURI() const noexcept {
-    return SharedText::Of(*m_name->namespaceUri);
+detail::SharedText CXmlAttribute::ShareNamespaceURI() const noexcept {
+    return detail::SharedText::Of(*m_name->namespaceUri);
 }
 
 std::string const& CXmlAttribute::GetNamespaceURI() const noexcept {

@@ -10,11 +10,13 @@
 #include <string>
 #include <string_view>
 
-namespace ZvXmlLib16 {
-
+namespace ZvXmlLib16::detail {
 class XmlTree;
 struct NodePosition;
 struct XmlName;
+} // namespace ZvXmlLib16::detail
+
+namespace ZvXmlLib16 {
 
 // Made, kept and ended by its document; read-only for everybody but the readers. Strings are in the local
 // encoding, references to them are valid as long as the document's content. Values are as the parser
@@ -26,8 +28,8 @@ public:
 
     std::string const& GetLocalName() const noexcept;
     // The same as texts that outlive the document, shared by all nodes that have them.
-    SharedText ShareLocalName() const noexcept;
-    SharedText ShareNamespaceURI() const noexcept;
+    detail::SharedText ShareLocalName() const noexcept;
+    detail::SharedText ShareNamespaceURI() const noexcept;
     std::string const& GetValue() const;
     // Empty for no namespace, and for an attribute without a prefix.
     std::string const& GetNamespaceURI() const noexcept;
@@ -50,16 +52,16 @@ protected:
     ~CXmlAttribute() override;
 
 private:
-    friend class XmlTree;
+    friend class detail::XmlTree;
 
-    NodePosition GetPosition() const noexcept;
+    detail::NodePosition GetPosition() const noexcept;
 
-    CXmlAttribute(ClassType* record, CXmlElement const* element, XmlName const* name) noexcept
+    CXmlAttribute(ClassType* record, CXmlElement const* element, detail::XmlName const* name) noexcept
         : CInstanceMonitor(record, CountedByOwner()), m_element(element), m_name(name) {}
 
     CXmlElement const* m_element;
-    XmlName const* m_name;
-    NodeText m_value; // one run or a string
+    detail::XmlName const* m_name;
+    detail::NodeText m_value; // one run or a string
 };
 
 } // namespace ZvXmlLib16

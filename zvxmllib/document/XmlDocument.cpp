@@ -130,7 +130,7 @@ void CXmlDocument::ParseText(unsigned char const* data, std::size_t length) {
 }
 
 void CXmlDocument::MakeTree() {
-    m_tree = std::make_unique<XmlTree>(*this, m_pfnElementCallback != nullptr);
+    m_tree = std::make_unique<detail::XmlTree>(*this, m_pfnElementCallback != nullptr);
 }
 
 // The element arrives complete, as the last child of its parent; the callback decides whether to remove it.

@@ -11,10 +11,12 @@
 #include <memory>
 #include <string>
 
-namespace ZvXmlLib16 {
-
+namespace ZvXmlLib16::detail {
 class ChunkedFile;
 class XmlTree;
+} // namespace ZvXmlLib16::detail
+
+namespace ZvXmlLib16 {
 
 // Takes a file, a text or bytes, and owns the tree made of it. May be loaded any number of times; each load
 // drops the previous tree. Every load throws CZvException for input that cannot be read or parsed; the
@@ -84,7 +86,7 @@ private:
     // The whole file.
     static std::unique_ptr<unsigned char[]> ReadFile(char const* fileName, std::size_t& length);
     void LoadOverlapped(char const* fileName);
-    void ParseOverlapped(ChunkedFile& file);
+    void ParseOverlapped(detail::ChunkedFile& file);
     void Parse(unsigned char const* data, std::size_t length);
     // False, with nothing done, for input in another form. Defined by the format.
     bool ParseFastInfoset(unsigned char const* data, std::size_t length);
@@ -92,7 +94,7 @@ private:
     void MakeTree();
     void EndElement();
 
-    std::unique_ptr<XmlTree> m_tree;
+    std::unique_ptr<detail::XmlTree> m_tree;
     // Prefix to URI, without scopes: the last declaration of a prefix stays. Prefixes may share a string.
     std::map<std::string, std::shared_ptr<std::string const>, std::less<>> m_namespaces;
     SchemaType m_schemaType;

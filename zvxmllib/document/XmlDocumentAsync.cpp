@@ -16,6 +16,8 @@ constexpr std::size_t kChunkSize = 0x20000;
 
 } // namespace
 
+namespace detail {
+
 // A file and two buffers: the chunk that has been read, and the room that the next one is being read into.
 class ChunkedFile {
 public:
@@ -54,8 +56,10 @@ private:
     platform::OverlappedFile m_file; // goes first, and with it the read in flight
 };
 
+} // namespace detail
+
 void CXmlDocument::LoadOverlapped(char const* fileName) {
-    ChunkedFile file(fileName);
+    detail::ChunkedFile file(fileName);
     try {
         ParseOverlapped(file);
     } catch (...) {
@@ -64,7 +68,7 @@ void CXmlDocument::LoadOverlapped(char const* fileName) {
     }
 }
 
-void CXmlDocument::ParseOverlapped(ChunkedFile& file) {
+void CXmlDocument::ParseOverlapped(detail::ChunkedFile& file) {
     MakeTree();
     CExpatReader reader(*this);
     reader.Init();

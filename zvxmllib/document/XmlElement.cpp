@@ -21,18 +21,18 @@ bool CXmlElement::HasTextAheadOfChild() const noexcept {
     return m_name->tree->HasTextAheadOfChild(*this);
 }
 
-PrefixScopes const* CXmlElement::GetScopes() const noexcept {
+detail::PrefixScopes const* CXmlElement::GetScopes() const noexcept {
     return m_name->tree->GetScopes();
 }
 
 std::string CXmlElement::LookupNamespaceFromAlias(char const* alias) const {
-    PrefixScopes const* const scopes = GetScopes();
+    detail::PrefixScopes const* const scopes = GetScopes();
     if (scopes == nullptr)
         return GetDocument()->LookupNamespaceFromAlias(alias);
     std::string_view const prefix = alias == nullptr ? "" : alias;
     if (prefix == "xml")
         return kNamespaceOfXml;
-    PrefixDeclaration const* const declaration = scopes->Find(*this, prefix);
+    detail::PrefixDeclaration const* const declaration = scopes->Find(*this, prefix);
     return declaration == nullptr ? std::string() : *declaration->uri;
 }
 
@@ -40,12 +40,12 @@ std::string const& CXmlElement::GetLocalName() const noexcept {
     return *m_name->localName;
 }
 
-SharedText CXmlElement::ShareLocalName() const noexcept {
-    return SharedText::Of(*m_name->localName);
+detail::SharedText CXmlElement::ShareLocalName() const noexcept {
+    return detail::SharedText::Of(*m_name->localName);
 }
 
-SharedText CXmlElement::ShareNamespaceURI() const noexcept {
-    return SharedText::Of(*m_name->namespaceUri);
+detail::SharedText CXmlElement::ShareNamespaceURI() const noexcept {
+    return detail::SharedText::Of(*m_name->namespaceUri);
 }
 
 std::string const& CXmlElement::GetNamespaceURI() const noexcept {

@@ -12,11 +12,13 @@
 #include <string_view>
 #include <vector>
 
-namespace ZvXmlLib16 {
-
+namespace ZvXmlLib16::detail {
 class PrefixScopes;
 class XmlTree;
 struct XmlName;
+} // namespace ZvXmlLib16::detail
+
+namespace ZvXmlLib16 {
 
 // A local name, a namespace URI, one text, attributes and child elements. Made, kept and ended by its
 // document; read-only for everybody but the readers. Pointers and references to its parts are valid as long
@@ -38,8 +40,8 @@ public:
     std::string const& GetText() const;
     std::string const& GetLocalName() const noexcept;
     // The same as texts that outlive the document, shared by all nodes that have them.
-    SharedText ShareLocalName() const noexcept;
-    SharedText ShareNamespaceURI() const noexcept;
+    detail::SharedText ShareLocalName() const noexcept;
+    detail::SharedText ShareNamespaceURI() const noexcept;
     // Empty for no namespace.
     std::string const& GetNamespaceURI() const noexcept;
 
@@ -61,7 +63,7 @@ public:
     // CXmlDocument does.
     std::string LookupNamespaceFromAlias(char const* alias) const;
     // Of the whole document, null where it knows none.
-    PrefixScopes const* GetScopes() const noexcept;
+    detail::PrefixScopes const* GetScopes() const noexcept;
     // Where its start tag stands, as CZvException tells it. 0 unless the context of the document keeps
     // positions.
     std::uint64_t GetLine() const noexcept;
@@ -73,13 +75,13 @@ public:
     }
     CXmlAttribute* GetAttributeAt(std::size_t index) const noexcept;
     // The text if it is kept in one piece; otherwise empty, and GetText gives it.
-    NodeText const& GetNodeText() const noexcept { return m_text; }
+    detail::NodeText const& GetNodeText() const noexcept { return m_text; }
 
 protected:
     ~CXmlElement() override;
 
 private:
-    friend class XmlTree;
+    friend class detail::XmlTree;
     friend class HiddenChildren;
 
     // The attributes follow it in storage.
@@ -88,18 +90,18 @@ private:
         std::vector<CXmlAttribute*>* faces; // the result of GetAttributes, null until it is asked for
     };
 
-    CXmlElement(ClassType* record, CXmlElement const* parent, XmlName const* name) noexcept
+    CXmlElement(ClassType* record, CXmlElement const* parent, detail::XmlName const* name) noexcept
         : CInstanceMonitor(record, CountedByOwner()), m_name(name), m_parent(parent) {}
 
     std::string GetQName() const;
     std::string GetNameWithPredicate() const;
 
-    XmlName const* m_name;
+    detail::XmlName const* m_name;
     CXmlElement const* m_parent;
     CXmlElement* m_nextSibling = nullptr;
     CXmlElement* m_firstChild = nullptr;
     AttributeBlock* m_attributes = nullptr; // null for none
-    NodeText m_text;
+    detail::NodeText m_text;
 };
 
 } // namespace ZvXmlLib16

@@ -105,7 +105,7 @@ std::uint64_t CXmlElement::GetColumn() const noexcept {
     return positions == nullptr ? 0 : positions->Find(*this).column;
 }
 
-NodePosition CXmlAttribute::GetPosition() const noexcept {
+detail::NodePosition CXmlAttribute::GetPosition() const noexcept {
     NodePositions const* const positions = m_name->tree->GetPositions();
     if (positions == nullptr)
         return {};

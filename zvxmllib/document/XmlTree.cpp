@@ -8,7 +8,7 @@
 #include <limits>
 #include <new>
 
-namespace ZvXmlLib16 {
+namespace ZvXmlLib16::detail {
 
 namespace {
 
@@ -292,4 +292,4 @@ std::vector<CXmlAttribute*> const& XmlTree::KeepAttributeFaces(CXmlElement const
     return *block.faces;
 }
 
-} // namespace ZvXmlLib16
+} // namespace ZvXmlLib16::detail

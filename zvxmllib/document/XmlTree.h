@@ -17,7 +17,7 @@
 #include <unordered_set>
 #include <vector>
 
-namespace ZvXmlLib16 {
+namespace ZvXmlLib16::detail {
 
 // The readers see a document as a stack machine: add an element, its attributes and its text, end it.
 //
@@ -176,4 +176,4 @@ private:
     std::int32_t m_endedAttributes = 0;
 };
 
-} // namespace ZvXmlLib16
+} // namespace ZvXmlLib16::detail

@@ -34,7 +34,7 @@ CAttributeInfoPrimitive::CAttributeInfoPrimitive(char const* name, char const* n
                                                  char const* defaultValue)
     : CAttributeInfo(name, ns, propertyIndex, optional, defaultValue), m_restrictions(restrictions),
       m_type(type), m_formatOverride(TextOrEmpty(formatOverride)), m_rule(rule),
-      m_needsCheck(ZvXmlLib16::NeedsCheck(type, restrictions)) {}
+      m_needsCheck(ZvXmlLib16::detail::NeedsCheck(type, restrictions)) {}
 
 CAttributeInfoPrimitive::~CAttributeInfoPrimitive() = default;
 
@@ -42,7 +42,7 @@ void CAttributeInfoPrimitive::CheckRestriction(ZvVariant const& value) const {
     ZvXmlLib16::CheckPrimitiveVariant(m_name.c_str(), value, m_type, m_restrictions);
 }
 
-StrictValue CAttributeInfoPrimitive::AsStrictValue() const noexcept {
+detail::StrictValue CAttributeInfoPrimitive::AsStrictValue() const noexcept {
     return {m_name, m_type, m_rule, m_restrictions};
 }
 

@@ -8,7 +8,9 @@
 
 namespace ZvXmlLib16Data {
 
+namespace detail {
 struct StrictValue;
+}
 
 // A typed attribute. Its value is tested against the facets on writing. Matches by exact name and namespace.
 class ZV_API CAttributeInfoPrimitive : public CAttributeInfo {
@@ -29,7 +31,7 @@ public:
     void CheckRestriction(ZvVariant const& value) const;
 
 private:
-    StrictValue AsStrictValue() const noexcept;
+    detail::StrictValue AsStrictValue() const noexcept;
     std::string const& ToText(CSerializationContext const& ctx, ZvVariant const& value,
                               std::string& buffer) const;
 

@@ -40,8 +40,8 @@ CElementInfo::CElementInfo(char const* name, char const* ns, std::int32_t proper
     : m_name(TextOrEmpty(name)), m_namespace(TextOrEmpty(ns)), m_propertyIndex(propertyIndex),
       m_restrictions(restrictions), m_itemType(type), m_formatOverride(TextOrEmpty(formatOverride)),
       m_whitespaceRule(rule), m_defaultValue(TextOrEmpty(defaultValue)), m_nillable(nillable),
-      m_hasRestrictions(true), m_needsCheck(ZvXmlLib16::NeedsCheck(type, restrictions)), m_isWildcard(false) {
-}
+      m_hasRestrictions(true), m_needsCheck(ZvXmlLib16::detail::NeedsCheck(type, restrictions)),
+      m_isWildcard(false) {}
 
 CElementInfo::~CElementInfo() = default;
 

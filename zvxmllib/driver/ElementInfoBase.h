@@ -29,7 +29,9 @@ using ZvXmlLib16::XmlElementType_Element;
 using ZvXmlLib16::XmlElementType_Pseudo;
 using ZvXmlLib16::ZvVariant;
 
+namespace detail {
 struct StrictValue;
+}
 
 // One child element of a generated class. Immutable, shared by all instances and threads. The order of the
 // virtual operations is a contract.
@@ -186,7 +188,7 @@ private:
     friend class ZvXmlLib16::CXmlGeneratedClass; // the driver
 
     bool ReadNilAttribute(Ctx const& ctx, CXmlElement& element) const;
-    StrictValue AsStrictValue() const noexcept;
+    detail::StrictValue AsStrictValue() const noexcept;
     template <class Parse>
     void ReadValue(Ctx const& ctx, Object* object, CXmlElement** current, ItemType type, Parse parse) const;
     template <class Parse>

@@ -55,7 +55,7 @@ void CElementInfo::ReadValueOf(Ctx const& ctx, Object* object, CXmlElement& elem
         value.SetNil(type);
     } else {
         std::string room;
-        ZvXmlLib16::NodeText const& text = element.GetNodeText();
+        ZvXmlLib16::detail::NodeText const& text = element.GetNodeText();
         parse(value, text.IsEmpty() ? std::string_view(m_defaultValue) : text.Read(room));
     }
     InvokePropertySet(object, value, element);

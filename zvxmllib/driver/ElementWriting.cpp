@@ -63,7 +63,7 @@ bool CElementInfo::ElementToXmlEnum(Ctx const& ctx, Object const* object, CXmlWr
         });
 }
 
-StrictValue CElementInfo::AsStrictValue() const noexcept {
+detail::StrictValue CElementInfo::AsStrictValue() const noexcept {
     return {m_name, m_itemType, m_whitespaceRule, m_restrictions};
 }
 

@@ -17,7 +17,7 @@ using ZvXmlLib16::CXmlElement;
 using ZvXmlLib16::ZvVariant;
 
 template <class Place>
-void StrictValue::ReadAt(ZvVariant& value, std::string_view text, Place const& place) const {
+void detail::StrictValue::ReadAt(ZvVariant& value, std::string_view text, Place const& place) const {
     bool const keepsBlanks = type == ZvXmlLib16::ItemType_string || type == ZvXmlLib16::ItemType_char;
     ZvXmlLib16::detail::RuledText const ruled(keepsBlanks ? rule : CWhitespaceUtils::WhitespaceRule_Collapse,
                                               text);
@@ -29,29 +29,30 @@ void StrictValue::ReadAt(ZvVariant& value, std::string_view text, Place const& p
     }
 }
 
-void StrictValue::Read(ZvVariant& value, std::string_view text, CXmlElement const& place) const {
+void detail::StrictValue::Read(ZvVariant& value, std::string_view text, CXmlElement const& place) const {
     ReadAt(value, text, place);
 }
 
-void StrictValue::Read(ZvVariant& value, std::string_view text, CXmlAttribute const& place) const {
+void detail::StrictValue::Read(ZvVariant& value, std::string_view text, CXmlAttribute const& place) const {
     ReadAt(value, text, place);
 }
 
-std::string const& StrictValue::ToText(ZvVariant const& value, std::string const& format,
-                                       std::string& buffer) const {
+std::string const& detail::StrictValue::ToText(ZvVariant const& value, std::string const& format,
+                                               std::string& buffer) const {
     return ZvXmlLib16::detail::ToStrictText(name.c_str(), value, type, format.c_str(), buffer);
 }
 
-void StrictValue::Check(ZvVariant const& value, std::string_view text) const {
+void detail::StrictValue::Check(ZvVariant const& value, std::string_view text) const {
     if (!restrictions.HasFacets())
         return;
-    ZvXmlLib16::FacetCheck const check{name.c_str(), restrictions, ZvXmlLib16::FacetRules::kXmlSchema};
+    ZvXmlLib16::FacetCheck const check{name.c_str(), restrictions,
+                                       ZvXmlLib16::detail::FacetRules::kXmlSchema};
     if (type != ZvXmlLib16::ItemType_char) // it has no facets but the pattern
         check.Check(value, type);
     check.CheckText(text);
 }
 
-StrictValue ContentOf(CParentElementInfo const& info, ZvXmlLib16::ItemType type) noexcept {
+detail::StrictValue ContentOf(CParentElementInfo const& info, ZvXmlLib16::ItemType type) noexcept {
     static ZvXmlLib16::CPrimitiveRestrictions const s_none;
     return {info.GetElementName(), type, CWhitespaceUtils::WhitespaceRule_None, s_none};
 }

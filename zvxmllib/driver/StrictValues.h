@@ -13,6 +13,8 @@ namespace ZvXmlLib16Data {
 
 class CParentElementInfo;
 
+namespace detail {
+
 // What the table says about a value.
 struct StrictValue {
     std::string const& name;
@@ -38,7 +40,9 @@ private:
     void ReadAt(ZvXmlLib16::ZvVariant& value, std::string_view text, Place const& place) const;
 };
 
+} // namespace detail
+
 // The text of a class with simple content, which has no facets in its table.
-StrictValue ContentOf(CParentElementInfo const& info, ZvXmlLib16::ItemType type) noexcept;
+detail::StrictValue ContentOf(CParentElementInfo const& info, ZvXmlLib16::ItemType type) noexcept;
 
 } // namespace ZvXmlLib16Data

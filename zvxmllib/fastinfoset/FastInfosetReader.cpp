@@ -61,13 +61,13 @@ std::string_view View(unsigned char const* data, std::size_t length) noexcept {
 // Instances are counted when the load ends, however it ends.
 class CountsSettler {
 public:
-    explicit CountsSettler(XmlTree& tree) noexcept : m_tree(tree) {}
+    explicit CountsSettler(detail::XmlTree& tree) noexcept : m_tree(tree) {}
     CountsSettler(CountsSettler const&) = delete;
     CountsSettler& operator=(CountsSettler const&) = delete;
     ~CountsSettler() { m_tree.SettleCounts(); }
 
 private:
-    XmlTree& m_tree;
+    detail::XmlTree& m_tree;
 };
 
 } // namespace
@@ -92,7 +92,7 @@ bool CFastInfosetReader::Parse(unsigned char const* data, std::size_t length) {
     m_isTraced = IsDebugTraceEnabled();
     m_textLeft = std::max(kLeastTextFromIndices, kTextFromIndicesPerOctet * length);
 
-    m_doc.m_tree = std::make_unique<XmlTree>(m_doc, false);
+    m_doc.m_tree = std::make_unique<detail::XmlTree>(m_doc, false);
     m_tree = m_doc.m_tree.get();
     m_noText = m_tree->GetNames().Keep({});
     CountsSettler const settler(*m_tree);
@@ -127,7 +127,7 @@ void CFastInfosetReader::ParseDocument() {
     ParseDocumentChildren();
 }
 
-NodePosition CFastInfosetReader::GetPosition() const {
+detail::NodePosition CFastInfosetReader::GetPosition() const {
     return {0, m_itemOctet};
 }
 
@@ -228,7 +228,7 @@ bool CFastInfosetReader::StartElement(std::uint8_t octet) {
     if ((octet & 0x3C) == 0x38)
         octet = ParseNamespaceAttributes();
     QNames& names = m_vocabulary->elementNames;
-    XmlName const* const name =
+    detail::XmlName const* const name =
         (octet & 0x3C) == 0x3C ? ParseQName(octet, names) : QNameAt<mode>(names, m_in.ReadInteger3(octet));
     if (m_isTraced)
         Trace(m_tree->HasOpenElement() ? "New Elm" : "New Root Elm", *name);
@@ -256,7 +256,7 @@ void CFastInfosetReader::EndElement() {
         DebugTrace("End Elm: %s::%s\n", element->GetNamespaceURI().c_str(), element->GetLocalName().c_str());
 }
 
-void CFastInfosetReader::Trace(char const* what, XmlName const& name) const {
+void CFastInfosetReader::Trace(char const* what, detail::XmlName const& name) const {
     DebugTrace("%s: %s::%s\n", what, name.namespaceUri->c_str(), name.localName->c_str());
 }
 
@@ -275,7 +275,7 @@ void CFastInfosetReader::ParseAttribute(std::uint8_t octet) {
     if constexpr (mode != Mode::kUsual)
         m_itemOctet = GetOctet();
     QNames& names = m_vocabulary->attributeNames;
-    XmlName const* const name =
+    detail::XmlName const* const name =
         (octet & 0x78) == 0x78 ? ParseQName(octet, names) : QNameAt<mode>(names, m_in.ReadInteger2(octet));
     if constexpr (mode == Mode::kChecked)
         m_checks->AddAttribute(name);
@@ -308,7 +308,7 @@ void CFastInfosetReader::DeclareInScope(std::string const* prefix, std::string c
     m_scopes->Declare(prefix, uri);
 }
 
-XmlName const* CFastInfosetReader::ParseQName(std::uint8_t octet, QNames& table) {
+detail::XmlName const* CFastInfosetReader::ParseQName(std::uint8_t octet, QNames& table) {
     bool const hasPrefix = (octet & 0x02) != 0;
     bool const hasNamespace = (octet & 0x01) != 0;
     if (hasPrefix && !hasNamespace)
@@ -328,7 +328,7 @@ XmlName const* CFastInfosetReader::ParseQName(std::uint8_t octet, QNames& table)
 }
 
 template <CFastInfosetReader::Mode mode>
-XmlName const* CFastInfosetReader::QNameAt(QNames& table, std::uint32_t index) {
+detail::XmlName const* CFastInfosetReader::QNameAt(QNames& table, std::uint32_t index) {
     if (index > table.entries.size())
         FailIndexBeyondTable(index, table.content);
     ReadVocabulary::QName& entry = table.entries[index - 1];
@@ -343,7 +343,7 @@ void CFastInfosetReader::RequireDeclared(ReadVocabulary::QName const& entry) {
     m_checks->RequireDeclared(SharedText(m_vocabulary->prefixNames, entry.prefix), entry.name->namespaceUri);
 }
 
-XmlName const* CFastInfosetReader::Resolve(ReadVocabulary::QName const& entry) {
+detail::XmlName const* CFastInfosetReader::Resolve(ReadVocabulary::QName const& entry) {
     return m_tree->GetNames().FindByParts(SharedText(m_vocabulary->namespaceNames, entry.namespaceName),
                                           SharedText(m_vocabulary->localNames, entry.localName));
 }

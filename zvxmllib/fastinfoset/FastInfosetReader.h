@@ -14,12 +14,15 @@
 #include <string>
 #include <string_view>
 
-namespace ZvXmlLib16 {
-
-class InfosetChecks;
+namespace ZvXmlLib16::detail {
 class PrefixScopes;
 class XmlTree;
 struct XmlName;
+} // namespace ZvXmlLib16::detail
+
+namespace ZvXmlLib16 {
+
+class InfosetChecks;
 
 // Reads one document, of this library or of another producer. What the tree has no place for (comments,
 // processing instructions, the document type, the whole header) is skipped; texts and names lie in the tree's
@@ -54,7 +57,7 @@ private:
         std::string_view octets;
     };
 
-    NodePosition GetPosition() const override;
+    detail::NodePosition GetPosition() const override;
     // The number of the octet read last.
     std::uint64_t GetOctet() const noexcept { return m_length - m_in.GetLeft(); }
 
@@ -98,15 +101,15 @@ private:
     template <Mode mode>
     void ParseAttribute(std::uint8_t octet);
     template <Mode mode>
-    XmlName const* QNameAt(QNames& table, std::uint32_t index);
+    detail::XmlName const* QNameAt(QNames& table, std::uint32_t index);
     void ParseCharacterChunk(std::uint8_t octet);
     std::uint8_t ParseNamespaceAttributes();
     void DeclareInScope(std::string const* prefix, std::string const* uri);
     void RequireDeclared(ReadVocabulary::QName const& entry);
     std::string const* SharedText(NameParts& table, std::uint32_t index);
-    XmlName const* ParseQName(std::uint8_t octet, QNames& table);
-    XmlName const* Resolve(ReadVocabulary::QName const& entry);
-    void Trace(char const* what, XmlName const& name) const;
+    detail::XmlName const* ParseQName(std::uint8_t octet, QNames& table);
+    detail::XmlName const* Resolve(ReadVocabulary::QName const& entry);
+    void Trace(char const* what, detail::XmlName const& name) const;
 
     // FastInfosetStrings.cpp
     std::uint32_t ReadIdentifyingString(NameParts& table);
@@ -127,16 +130,16 @@ private:
 
     CFastInfosetContext const& m_context;
     CXmlDocument& m_doc;
-    XmlTree* m_tree = nullptr;     // the document's, once there is one
-    std::size_t m_length = 0;      // of the input
-    std::uint64_t m_itemOctet = 0; // where the element or attribute begins
-    OctetInput m_in;               // a copy of the input, in the storage of the tree
+    detail::XmlTree* m_tree = nullptr; // the document's, once there is one
+    std::size_t m_length = 0;          // of the input
+    std::uint64_t m_itemOctet = 0;     // where the element or attribute begins
+    OctetInput m_in;                   // a copy of the input, in the storage of the tree
     std::unique_ptr<ReadVocabulary> m_vocabulary;
-    std::unique_ptr<InfosetChecks> m_checks; // null where the document is taken as it is
-    PrefixScopes* m_scopes = nullptr;        // the tree's, likewise
-    std::string const* m_noText = nullptr;   // what the tree keeps of the empty text
-    std::uint64_t m_textLeft = 0;            // octets that indices may still stand for
-    std::string m_text;                      // for what has to be put together
+    std::unique_ptr<InfosetChecks> m_checks;  // null where the document is taken as it is
+    detail::PrefixScopes* m_scopes = nullptr; // the tree's, likewise
+    std::string const* m_noText = nullptr;    // what the tree keeps of the empty text
+    std::uint64_t m_textLeft = 0;             // octets that indices may still stand for
+    std::string m_text;                       // for what has to be put together
     std::u16string m_units;
     std::array<char16_t, 512> m_work{}; // spares the conversion of short texts an allocation
     bool m_isAsciiOnly = false;         // decided once for the document, as are the next two

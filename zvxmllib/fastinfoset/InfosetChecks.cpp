@@ -21,7 +21,7 @@ void RequireLocal(std::string_view utf8) {
 
 } // namespace
 
-InfosetChecks::InfosetChecks(NameTable& names)
+InfosetChecks::InfosetChecks(detail::NameTable& names)
     : m_noText(names.Keep("")), m_xml(names.Keep("xml")), m_xmlNamespace(names.Keep(kXmlNamespace)),
       m_xmlns(names.Keep("xmlns")), m_xmlnsNamespace(names.Keep(kXmlnsNamespace)) {
     m_inForce[m_xml] = {m_xmlNamespace, 0};
@@ -81,7 +81,7 @@ void InfosetChecks::RequireDeclared(std::string const* prefix, std::string const
         FailUndeclaredPrefix(*prefix);
 }
 
-void InfosetChecks::AddAttribute(XmlName const* name) {
+void InfosetChecks::AddAttribute(detail::XmlName const* name) {
     if (name->localName == m_xmlns && name->namespaceUri == m_noText)
         FailReadName(*m_xmlns);
     m_attributes.push_back(name);

@@ -8,10 +8,12 @@
 #include <unordered_map>
 #include <vector>
 
-namespace ZvXmlLib16 {
-
+namespace ZvXmlLib16::detail {
 class NameTable;
 struct XmlName;
+} // namespace ZvXmlLib16::detail
+
+namespace ZvXmlLib16 {
 
 // Names and characters of XML 1.0, and the rules of Namespaces in XML for one document, element by element:
 // Open, its declarations, its name, its attributes, Close. Literals are looked at where they stand; what
@@ -20,7 +22,7 @@ struct XmlName;
 class InfosetChecks {
 public:
     // Borrows the table, which outlives this.
-    explicit InfosetChecks(NameTable& names);
+    explicit InfosetChecks(detail::NameTable& names);
     InfosetChecks(InfosetChecks const&) = delete;
     InfosetChecks& operator=(InfosetChecks const&) = delete;
 
@@ -36,7 +38,7 @@ public:
     void Declare(std::string const* prefix, std::string const* uri);
     // Of the name of an element or attribute.
     void RequireDeclared(std::string const* prefix, std::string const* uri) const;
-    void AddAttribute(XmlName const* name);
+    void AddAttribute(detail::XmlName const* name);
     // No attribute stands twice.
     void EndAttributes();
 
@@ -57,8 +59,8 @@ private:
     std::string const* const m_xmlnsNamespace;
     std::unordered_map<std::string const*, Binding> m_inForce; // by prefix
     std::vector<Hidden> m_hidden;                              // what declarations hide, innermost last
-    std::vector<std::size_t> m_open;          // for each open element, what was hidden before
-    std::vector<XmlName const*> m_attributes; // of the element that is being started
+    std::vector<std::size_t> m_open;                  // for each open element, what was hidden before
+    std::vector<detail::XmlName const*> m_attributes; // of the element that is being started
 };
 
 } // namespace ZvXmlLib16

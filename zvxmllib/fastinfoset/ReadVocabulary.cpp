@@ -12,7 +12,8 @@ namespace {
 
 // The template may change or end before the tree does.
 template <class Entry>
-void Copy(CFIVocabulary::CFIStringTable const& source, XmlTree& tree, ReadVocabulary::Table<Entry>& target) {
+void Copy(CFIVocabulary::CFIStringTable const& source, detail::XmlTree& tree,
+          ReadVocabulary::Table<Entry>& target) {
     target.entries.clear();
     target.entries.reserve(source.m_table.size());
     for (std::string const& text : source)
@@ -39,7 +40,7 @@ ReadVocabulary::ReadVocabulary() {
     namespaceNames.entries.push_back({kXmlNamespace});
 }
 
-ReadVocabulary::ReadVocabulary(CFastInfosetContext const& context, XmlTree& tree) : ReadVocabulary() {
+ReadVocabulary::ReadVocabulary(CFastInfosetContext const& context, detail::XmlTree& tree) : ReadVocabulary() {
     if (!context.GetUseGeneratedVocabulary())
         return;
     CFIVocabulary const& vocabulary = *context.GetVocabulary();

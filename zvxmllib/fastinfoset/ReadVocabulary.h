@@ -7,11 +7,14 @@
 #include <string_view>
 #include <vector>
 
+namespace ZvXmlLib16::detail {
+class XmlTree;
+struct XmlName;
+} // namespace ZvXmlLib16::detail
+
 namespace ZvXmlLib16 {
 
 class CFastInfosetContext;
-class XmlTree;
-struct XmlName;
 
 // The part of a text that an element keeps: up to the first zero, without carriage returns.
 std::string ElementText(std::string_view text);
@@ -23,7 +26,7 @@ struct ReadVocabulary {
         std::uint32_t prefix;
         std::uint32_t namespaceName;
         std::uint32_t localName;
-        XmlName const* name; // null until it is used
+        detail::XmlName const* name; // null until it is used
     };
     template <class Entry>
     struct Table {
@@ -42,7 +45,7 @@ struct ReadVocabulary {
     // What X.891 gives every document.
     ReadVocabulary();
     // The same, or, where the context says so, the vocabulary in the context.
-    ReadVocabulary(CFastInfosetContext const& context, XmlTree& tree);
+    ReadVocabulary(CFastInfosetContext const& context, detail::XmlTree& tree);
 
     NameParts prefixNames{{}, "prefixes"};
     NameParts namespaceNames{{}, "namespace names"};

@@ -8,7 +8,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace ZvXmlLib16 {
+namespace ZvXmlLib16::detail {
 
 // A counted, immutable string, one pointer in size; null for the empty text. Copies share the string, also
 // between threads; one SharedText belongs to one thread. References to the string are valid until the last
@@ -68,4 +68,4 @@ private:
     Counted* m_text = nullptr;
 };
 
-} // namespace ZvXmlLib16
+} // namespace ZvXmlLib16::detail

@@ -28,7 +28,7 @@ public:
     ~IgnoredNamespaces() { m_field = m_before; }
 
 private:
-    SharedFlag& m_field;
+    detail::SharedFlag& m_field;
     bool const m_before;
 };
 

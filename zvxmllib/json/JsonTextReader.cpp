@@ -93,7 +93,7 @@ void CJsonTextReader::Convert(std::string_view json, CSerializationContext const
 }
 
 void CJsonTextReader::Convert(std::string_view json, CSerializationContext const& ctx, CXmlWriter& writer,
-                              XmlTree* tree) {
+                              detail::XmlTree* tree) {
     CJsonContext const& options = ctx.GetJsonContext();
     CJsonTextReader reader(json);
     reader.SetHandler(std::make_unique<CJsonReaderToXmlHandler>(writer, options.GetSupportRoundtrip(),
@@ -422,7 +422,7 @@ void CJsonTextReader::TakeDigits() {
     } while (ReadByte() && IsDigit(m_current));
 }
 
-NodePosition CJsonTextReader::GetPosition() const {
+detail::NodePosition CJsonTextReader::GetPosition() const {
     return {static_cast<std::uint64_t>(m_valueLine), static_cast<std::uint64_t>(m_valueColumn)};
 }
 

@@ -12,9 +12,11 @@
 #include <string>
 #include <string_view>
 
-namespace ZvXmlLib16 {
-
+namespace ZvXmlLib16::detail {
 class XmlTree;
+} // namespace ZvXmlLib16::detail
+
+namespace ZvXmlLib16 {
 
 struct JsonPlace;
 
@@ -55,10 +57,10 @@ public:
     static void Convert(std::string_view json, CSerializationContext const& ctx, CXmlWriter& writer);
     // The same; `tree`, which the writer fills, remembers the places of the values if the context wants that.
     static void Convert(std::string_view json, CSerializationContext const& ctx, CXmlWriter& writer,
-                        XmlTree* tree);
+                        detail::XmlTree* tree);
 
     // Of the value that is read: where it begins.
-    NodePosition GetPosition() const override;
+    detail::NodePosition GetPosition() const override;
 
 private:
     // The next byte that is not a line feed becomes the current character. False at the end of the text.

@@ -212,7 +212,7 @@ void CJsonTreeWriter::Declare(std::string const& attributeName, std::string cons
 }
 
 void CJsonTreeWriter::AddAttribute(std::string const& name, std::string const& value) {
-    XmlName const* const known = NameOf(m_attributeNames, name, true);
+    detail::XmlName const* const known = NameOf(m_attributeNames, name, true);
     if (m_attributes.size() == kMostAttributes ||
         std::find(m_attributes.begin(), m_attributes.end(), known) != m_attributes.end())
         throw NotPlain();
@@ -221,8 +221,8 @@ void CJsonTreeWriter::AddAttribute(std::string const& name, std::string const& v
 }
 
 // An attribute without a prefix is in no namespace.
-XmlName const* CJsonTreeWriter::NameOf(Names& names, std::string const& text, bool isAttribute) {
-    if (XmlName const* const known = names.Find(text))
+detail::XmlName const* CJsonTreeWriter::NameOf(Names& names, std::string const& text, bool isAttribute) {
+    if (detail::XmlName const* const known = names.Find(text))
         return known;
     if (isAttribute && IsDeclaration(text))
         throw NotPlain();
@@ -239,7 +239,7 @@ XmlName const* CJsonTreeWriter::NameOf(Names& names, std::string const& text, bo
     if (found == m_prefixes.end())
         throw NotPlain();
     bool const hasNamespace = !isAttribute || colon != std::string::npos;
-    NameTable& table = m_tree->GetNames();
+    detail::NameTable& table = m_tree->GetNames();
     std::string_view const uri = hasNamespace ? std::string_view(found->second) : std::string_view();
     return names.Add(text, table.FindByParts(table.Keep(uri), table.Keep(local)));
 }
@@ -254,14 +254,14 @@ void CJsonTreeWriter::AppendBreak(bool isDue, std::size_t depth) {
         m_tree->AppendTextExcludingCR(text);
 }
 
-XmlName const* CJsonTreeWriter::Names::Follow(Entry& entry) noexcept {
+detail::XmlName const* CJsonTreeWriter::Names::Follow(Entry& entry) noexcept {
     if (m_last != nullptr)
         m_last->likelyNext = &entry;
     m_last = &entry;
     return entry.name;
 }
 
-XmlName const* CJsonTreeWriter::Names::Find(std::string const& text) {
+detail::XmlName const* CJsonTreeWriter::Names::Find(std::string const& text) {
     if (m_last != nullptr && m_last->likelyNext != nullptr && m_last->likelyNext->text == text) {
         m_last = m_last->likelyNext;
         return m_last->name;
@@ -270,7 +270,7 @@ XmlName const* CJsonTreeWriter::Names::Find(std::string const& text) {
     return found == m_byText.end() ? nullptr : Follow(*found->second);
 }
 
-XmlName const* CJsonTreeWriter::Names::Add(std::string const& text, XmlName const* name) {
+detail::XmlName const* CJsonTreeWriter::Names::Add(std::string const& text, detail::XmlName const* name) {
     Entry& entry = m_entries.emplace_back(Entry{text, name, nullptr});
     m_byText.emplace(entry.text, &entry);
     return Follow(entry);

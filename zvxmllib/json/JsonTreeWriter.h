@@ -13,9 +13,11 @@
 #include <utility>
 #include <vector>
 
-namespace ZvXmlLib16 {
-
+namespace ZvXmlLib16::detail {
 struct XmlName;
+} // namespace ZvXmlLib16::detail
+
+namespace ZvXmlLib16 {
 
 // Takes the calls from which CXmlTextWriter would make formatted XML text, and builds exactly the tree that
 // the parser would make of that text, white space included. It leaves what needs the parser's judgement to
@@ -45,15 +47,15 @@ private:
     public:
         struct Entry {
             std::string text;
-            XmlName const* name;
+            detail::XmlName const* name;
             Entry* likelyNext; // the one that followed last time, null at first
         };
         // Null for an unknown name.
-        XmlName const* Find(std::string const& text);
-        XmlName const* Add(std::string const& text, XmlName const* name);
+        detail::XmlName const* Find(std::string const& text);
+        detail::XmlName const* Add(std::string const& text, detail::XmlName const* name);
 
     private:
-        XmlName const* Follow(Entry& entry) noexcept;
+        detail::XmlName const* Follow(Entry& entry) noexcept;
 
         std::deque<Entry> m_entries;
         std::map<std::string_view, Entry*> m_byText;
@@ -70,12 +72,12 @@ private:
     void FinishRootStart();
     void Declare(std::string const& attributeName, std::string const& uri);
     void AddAttribute(std::string const& name, std::string const& value);
-    XmlName const* NameOf(Names& names, std::string const& text, bool isAttribute);
+    detail::XmlName const* NameOf(Names& names, std::string const& text, bool isAttribute);
     // Adds a due line end and the indent of this depth to the text of the current element.
     void AppendBreak(bool isDue, std::size_t depth);
 
     CXmlDocument& m_doc;
-    XmlTree* m_tree;
+    detail::XmlTree* m_tree;
     std::vector<OpenElement> m_open;
     bool m_hasRoot = false;
     bool m_isRootDue = false; // its name and attributes wait for its declarations
@@ -84,9 +86,9 @@ private:
     std::map<std::string, std::string, std::less<>> m_prefixes; // to URIs, the default namespace under ""
     Names m_elementNames;
     Names m_attributeNames;
-    std::vector<XmlName const*> m_attributes; // of the current start tag
-    bool m_isBreakDue = false;                // a child of the current element has ended
-    std::string m_breaks{"\n"};               // a line end and indents
+    std::vector<detail::XmlName const*> m_attributes; // of the current start tag
+    bool m_isBreakDue = false;                        // a child of the current element has ended
+    std::string m_breaks{"\n"};                       // a line end and indents
 };
 
 } // namespace ZvXmlLib16

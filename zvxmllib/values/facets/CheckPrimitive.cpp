@@ -32,7 +32,7 @@ void CheckByOwnRules(char const* name, Value const& value, ItemType type,
                      CPrimitiveRestrictions const& facets, Set set) {
     FacetCheck const check{name, facets, facets.GetRules()};
     check.Check(value, type);
-    if (check.rules == FacetRules::kLetter || facets.pattern.empty())
+    if (check.rules == detail::FacetRules::kLetter || facets.pattern.empty())
         return;
     ZvVariant variant;
     set(variant);
@@ -103,7 +103,7 @@ void CheckPrimitiveVariant(char const* name, ZvVariant const& value, ItemType ty
     CheckByOwnRules(name, value, type, restrictions, [&](ZvVariant& variant) { variant = value; });
 }
 
-bool NeedsCheck(ItemType type, CPrimitiveRestrictions const& restrictions) noexcept {
+bool detail::NeedsCheck(ItemType type, CPrimitiveRestrictions const& restrictions) noexcept {
     // What has no facets at all is refused, with or without them.
     bool const isRefused = type < ItemType_hexBinary || type > ItemType_integer || type == ItemType_char;
     return isRefused || restrictions.HasFacets();

@@ -12,8 +12,11 @@
 
 namespace ZvXmlLib16 {
 
-class CPrimitiveRestrictions;
+namespace detail {
 enum class FacetRules : std::uint8_t;
+}
+
+class CPrimitiveRestrictions;
 
 // CheckPrimitive throws CZvException for the first facet that the value violates. `name`, of the element or
 // attribute, is in the message; null counts as empty. A bound that is not a value of the type throws what its
@@ -96,6 +99,9 @@ ZV_API void CheckPrimitiveVariant(char const* name, ZvVariant const& value, Item
 // are translated by plain replacement, even within character classes; the rest of the pattern goes to the
 // regular expression library unchanged. A limited number of compiled patterns is cached. Thread-safe.
 ZV_API bool MatchesPattern(std::string const& pattern, std::string_view value);
+
+namespace detail {
+
 // The same by other rules. FacetRules::kXmlSchema takes the expressions of XML Schema Part 2, appendix F, and
 // no others.
 ZV_API bool MatchesPattern(std::string const& pattern, std::string_view value, FacetRules rules);
@@ -103,5 +109,7 @@ ZV_API bool MatchesPattern(std::string const& pattern, std::string_view value, F
 // False if CheckPrimitiveVariant passes every value of the type, so that callers with many values can skip
 // it.
 ZV_API bool NeedsCheck(ItemType type, CPrimitiveRestrictions const& restrictions) noexcept;
+
+} // namespace detail
 
 } // namespace ZvXmlLib16

@@ -27,7 +27,7 @@ using FromText = Value (*)(std::string const&, CWhitespaceUtils::WhitespaceRule)
 
 // Whether a value is within a bound. A number that cannot be compared (NaN) is within none.
 template <class Value>
-bool Keeps(std::size_t bound, Value const& value, Value const& limit, FacetRules) {
+bool Keeps(std::size_t bound, Value const& value, Value const& limit, detail::FacetRules) {
     switch (bound) {
     case detail::kMinInclusive:
         return value >= limit;
@@ -41,9 +41,9 @@ bool Keeps(std::size_t bound, Value const& value, Value const& limit, FacetRules
 }
 
 // In a partial order, a pair without an order satisfies every bound, or by XML Schema none.
-bool KeepsInPartialOrder(std::size_t bound, CDateTime::DTCompareResult order, FacetRules rules) {
+bool KeepsInPartialOrder(std::size_t bound, CDateTime::DTCompareResult order, detail::FacetRules rules) {
     if (order == CDateTime::DTCompareIndeterminate)
-        return rules == FacetRules::kLetter;
+        return rules == detail::FacetRules::kLetter;
     switch (bound) {
     case detail::kMinInclusive:
         return order != CDateTime::DTCompareLess;
@@ -55,10 +55,11 @@ bool KeepsInPartialOrder(std::size_t bound, CDateTime::DTCompareResult order, Fa
         return order == CDateTime::DTCompareLess;
     }
 }
-bool Keeps(std::size_t bound, CDateTime const& value, CDateTime const& limit, FacetRules rules) {
+bool Keeps(std::size_t bound, CDateTime const& value, CDateTime const& limit, detail::FacetRules rules) {
     return KeepsInPartialOrder(bound, value.CompareTo(limit), rules);
 }
-bool Keeps(std::size_t bound, CDateTimeSpan const& value, CDateTimeSpan const& limit, FacetRules rules) {
+bool Keeps(std::size_t bound, CDateTimeSpan const& value, CDateTimeSpan const& limit,
+           detail::FacetRules rules) {
     return KeepsInPartialOrder(bound, value.CompareTo(limit), rules);
 }
 
@@ -116,8 +117,8 @@ bool IsLengthValid(std::size_t length, CPrimitiveRestrictions const& facets) {
 }
 
 // Of a string, in characters where XML Schema counts.
-std::size_t LengthOf(std::string const& text, FacetRules rules) {
-    if (rules == FacetRules::kLetter || IsAscii(text))
+std::size_t LengthOf(std::string const& text, detail::FacetRules rules) {
+    if (rules == detail::FacetRules::kLetter || IsAscii(text))
         return text.size();
     auto const countCharacters = [](std::string_view utf8) {
         auto const isFirstOctet = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
@@ -136,7 +137,7 @@ bool HasTotalDigits(Value value, FacetCheck const& check) {
         return true;
     std::string buffer; // in place: no text is longer than 20
     std::size_t const length = detail::PrintInteger(value, buffer).size();
-    bool const leavesSignOut = check.rules == FacetRules::kXmlSchema && buffer.front() == '-';
+    bool const leavesSignOut = check.rules == detail::FacetRules::kXmlSchema && buffer.front() == '-';
     return HasAtMost(check.facets.totalDigits, length - (leavesSignOut ? 1 : 0));
 }
 
@@ -269,7 +270,7 @@ void FacetCheck::Check(double value, ItemType) const {
 void FacetCheck::Check(std::string const& value, ItemType) const {
     if (!IsLengthValid(LengthOf(value, rules), facets))
         FailFacetOfText(name, value);
-    if (rules == FacetRules::kLetter)
+    if (rules == detail::FacetRules::kLetter)
         CheckPattern(*this, value);
 }
 
@@ -293,7 +294,7 @@ void FacetCheck::Check(CDecimal const& value, ItemType) const {
 
 // The number -0 lies below 0, but not by XML Schema, which knows none.
 void FacetCheck::Check(CBigInteger const& value, ItemType) const {
-    bool const isStrict = rules == FacetRules::kXmlSchema;
+    bool const isStrict = rules == detail::FacetRules::kXmlSchema;
     CBigInteger const zero(0);
     CBigInteger const& number = isStrict && value == zero ? zero : value;
     std::size_t const digits = number.GetTextLength() - (isStrict && number < zero ? 1 : 0);
@@ -303,7 +304,7 @@ void FacetCheck::Check(CBigInteger const& value, ItemType) const {
 }
 
 void FacetCheck::CheckText(std::string_view text) const {
-    CheckPattern({name, facets, FacetRules::kXmlSchema}, text);
+    CheckPattern({name, facets, detail::FacetRules::kXmlSchema}, text);
 }
 
 namespace {

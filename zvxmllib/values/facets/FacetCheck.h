@@ -16,7 +16,7 @@ namespace ZvXmlLib16 {
 struct FacetCheck {
     char const* name;
     CPrimitiveRestrictions const& facets;
-    FacetRules rules;
+    detail::FacetRules rules;
 
     void Check(CBinaryData const& value, ItemType type) const;
     void Check(char value, ItemType type) const;

@@ -109,17 +109,17 @@ private:
 };
 
 // Never destroyed: threads may check values when the process ends.
-PatternCache& SharedCache(FacetRules rules) {
+PatternCache& SharedCache(detail::FacetRules rules) {
     static PatternCache& cache = *new PatternCache(Translate);
     static PatternCache& strictCache = *new PatternCache(TranslateStrictly);
-    return rules == FacetRules::kXmlSchema ? strictCache : cache;
+    return rules == detail::FacetRules::kXmlSchema ? strictCache : cache;
 }
 
 // What is kept beside facets. Only text that is UTF-8 as it stands, so that the pattern stays the same as
 // long as that is so.
 class PreparedPattern final : public detail::PreparedFacets {
 public:
-    PreparedPattern(std::string const& pattern, FacetRules rules)
+    PreparedPattern(std::string const& pattern, detail::FacetRules rules)
         : PreparedFacets(ItemType_string), m_pattern(pattern), m_isAscii(IsAscii(pattern)),
           m_regex(SharedCache(rules).Find(pattern.c_str())) {}
 
@@ -151,9 +151,9 @@ bool MatchesRegex(detail::CompiledRegex const& regex, std::string_view value) {
 }
 
 // Null if there is none for this pattern, and none can be kept.
-PreparedPattern const* FindPrepared(CPrimitiveRestrictions const& facets, FacetRules rules) {
+PreparedPattern const* FindPrepared(CPrimitiveRestrictions const& facets, detail::FacetRules rules) {
     detail::PreparedSlot const& slot =
-        rules == FacetRules::kXmlSchema ? facets.GetSchemaPatternSlot() : facets.GetPreparedSlot();
+        rules == detail::FacetRules::kXmlSchema ? facets.GetSchemaPatternSlot() : facets.GetPreparedSlot();
     detail::PreparedFacets const* prepared = slot.Get();
     if (prepared == nullptr && IsUtf8AsItStands(facets.pattern))
         prepared = slot.Put(std::make_unique<PreparedPattern>(facets.pattern, rules));
@@ -166,14 +166,14 @@ PreparedPattern const* FindPrepared(CPrimitiveRestrictions const& facets, FacetR
 } // namespace
 
 bool MatchesPattern(std::string const& pattern, std::string_view value) {
-    return MatchesPattern(pattern, value, FacetRules::kLetter);
+    return MatchesPattern(pattern, value, detail::FacetRules::kLetter);
 }
 
-bool MatchesPattern(std::string const& pattern, std::string_view value, FacetRules rules) {
+bool detail::MatchesPattern(std::string const& pattern, std::string_view value, FacetRules rules) {
     return MatchesRegex(*SharedCache(rules).Find(pattern), value);
 }
 
-bool MatchesPattern(CPrimitiveRestrictions const& facets, std::string_view value, FacetRules rules) {
+bool MatchesPattern(CPrimitiveRestrictions const& facets, std::string_view value, detail::FacetRules rules) {
     if (PreparedPattern const* const prepared = FindPrepared(facets, rules))
         return MatchesRegex(prepared->GetRegex(), value);
     CBinaryData const utf8 = LocalToUtf8(facets.pattern.c_str());

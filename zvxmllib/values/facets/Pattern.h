@@ -11,6 +11,6 @@ namespace ZvXmlLib16 {
 // MatchesPattern for the pattern of facets, which is local text. The compiled form is kept beside them, so
 // that later values need no lock.
 bool MatchesPattern(CPrimitiveRestrictions const& facets, std::string_view value,
-                    FacetRules rules = FacetRules::kLetter);
+                    detail::FacetRules rules = detail::FacetRules::kLetter);
 
 } // namespace ZvXmlLib16

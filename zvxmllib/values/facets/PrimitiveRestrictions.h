@@ -44,12 +44,12 @@ private:
     mutable std::atomic<PreparedFacets*> m_facets{nullptr};
 };
 
-} // namespace detail
-
 // By which rules values are tested: the usual ones, which the comments of the facets tell, or those of XML
 // Schema Part 2 to the letter. By these, lengths of strings are in characters, a sign is no digit, a pair of
 // values without an order keeps no bound, and the pattern is one of appendix F and holds for every type.
 enum class FacetRules : std::uint8_t { kLetter, kXmlSchema };
+
+} // namespace detail
 
 // The constraining facets of XML Schema Part 2, 4.3. Generated code fills one for each restricted property;
 // the metadata keeps a copy. An empty string and -1 mean that the facet is not set. Bounds are in the lexical
@@ -88,7 +88,9 @@ public:
     // adds to a collection, and those that it tests itself. False.
     bool GetStrict() const noexcept { return m_isStrict; }
     void SetStrict(bool strict) noexcept { m_isStrict = strict; }
-    FacetRules GetRules() const noexcept { return m_isStrict ? FacetRules::kXmlSchema : FacetRules::kLetter; }
+    detail::FacetRules GetRules() const noexcept {
+        return m_isStrict ? detail::FacetRules::kXmlSchema : detail::FacetRules::kLetter;
+    }
 
     // For the check of values: the prepared facets, and the pattern of FacetRules::kXmlSchema.
     detail::PreparedSlot const& GetPreparedSlot() const noexcept { return m_preparedSlot; }
