@@ -42,6 +42,7 @@ void Resolver::ResolveAll() {
     // Completing a type adds others behind it.
     for (std::uint32_t type = 0; type < m_complexTypes.size(); ++type)
         Complete(type);
+    ResolveConstraints();
     AddGlobalAttributes();
     LinkKeyReferences();
     if (!m_set.GetRoots().empty())
@@ -69,14 +70,24 @@ Definition const* Resolver::FindDefinition(Place const& place, Space space, std:
     return found;
 }
 
-// Qualified names as {namespace}name, everything else as it stands.
+// Qualified names as {namespace}name, everything else as it stands. What may be one for a member of a union
+// is {namespace}prefix:name, since it may be something else for another member.
 std::string Resolver::ValueOf(Place const& place, TypeId type, std::string const& text) const {
-    if (IsComplex(type) || !IsQName(static_cast<std::uint32_t>(type)))
+    if (IsComplex(type))
+        return text;
+    bool const isQName = IsQName(static_cast<std::uint32_t>(type));
+    if (!isQName && !HasQNameMember(static_cast<std::uint32_t>(type)))
+        return text;
+    bool const isList = VarietyOf(static_cast<std::uint32_t>(type)) == Variety::kList;
+    if (!isQName && !isList && text.find_first_of(" \t\n\r") != std::string::npos)
         return text;
     std::istringstream words(text);
     std::string values;
-    for (std::string word; words >> word;)
-        values += (values.empty() ? "" : " ") + m_set.Resolve(*place.document, *place.node, word).Clark();
+    for (std::string word; words >> word;) {
+        QName const name = m_set.Resolve(*place.document, *place.node, word);
+        values += values.empty() ? "" : " ";
+        values += isQName ? name.Clark() : name.ns.empty() ? word : "{" + name.ns + "}" + word;
+    }
     return values;
 }
 

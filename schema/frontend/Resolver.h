@@ -81,6 +81,7 @@ private:
     grammar::Range AddFacets(Place const& restriction, std::uint32_t base);
     grammar::Variety VarietyOf(std::uint32_t type) const;
     bool IsQName(std::uint32_t type) const;
+    bool HasQNameMember(std::uint32_t type) const;
 
     // ResolverContent.cpp
     grammar::TypeId AddComplexType(Place const& place, std::string const& name);
@@ -118,6 +119,7 @@ private:
     // ResolverElements.cpp
     std::uint32_t ElementAt(Place const& place, bool isGlobal);
     grammar::TypeId ElementType(Place const& place);
+    void ResolveConstraints();
     grammar::Range AddIdentities(Place const& place);
     std::string PathOf(Place const& place, std::string const& xpath);
     void LinkKeyReferences();

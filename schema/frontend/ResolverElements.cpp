@@ -43,6 +43,19 @@ std::uint32_t Resolver::ElementAt(Place const& at, bool isGlobal) {
     return index;
 }
 
+// Of elements with simple content, whose type is known only now.
+void Resolver::ResolveConstraints() {
+    for (auto const& [key, index] : m_elements) {
+        ElementRow& row = m_schema.elements[index];
+        if (row.constraint == ValueConstraint::kNoValue || !IsComplex(row.type) || row.type == kAnyType)
+            continue;
+        ComplexTypeRow const& type = m_schema.complexTypes[ComplexTypeRowOf(row.type)];
+        if (type.content == Content::kSimple)
+            SetConstraint({key.first, key.second, nullptr}, static_cast<TypeId>(type.simpleType),
+                          row.constraint, row.value);
+    }
+}
+
 TypeId Resolver::ElementType(Place const& place) {
     OutlineNode const& node = *place.node;
     for (char const* inner : {"simpleType", "complexType"}) {

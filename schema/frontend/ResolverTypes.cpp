@@ -144,4 +144,18 @@ bool Resolver::IsQName(std::uint32_t type) const {
     return static_cast<BuiltIn>(type) == BuiltIn::kQName || static_cast<BuiltIn>(type) == BuiltIn::kNOTATION;
 }
 
+// Whether it is a union with a member of such a type, or a list of those.
+bool Resolver::HasQNameMember(std::uint32_t type) const {
+    while (type >= kBuiltInCount) {
+        SimpleTypeRow const& row = m_schema.simpleTypes[type - kBuiltInCount];
+        for (std::uint32_t i = 0; i < row.members.count; ++i) {
+            std::uint32_t const member = m_schema.indexes[row.members.first + i];
+            if (IsQName(member) || HasQNameMember(member))
+                return true;
+        }
+        type = row.item != kNone ? row.item : row.base;
+    }
+    return false;
+}
+
 } // namespace ZvXmlLib16::schema

@@ -292,6 +292,20 @@ TEST(SimpleTypes, TakeListsAndUnionsApart) {
     EXPECT_TRUE(types.HasIds(list) && !types.HasIds(small) && types.HasIds(Id(BuiltIn::kIDREFS)));
 }
 
+TEST(SimpleTypes, FindTheNamesThatAUnionEnumerates) {
+    Grammar grammar;
+    std::uint32_t const names =
+        grammar.Union({Id(BuiltIn::kInt), Id(BuiltIn::kQName), Id(BuiltIn::kString)},
+                      {"enumeration={urn:p}x:a", "enumeration={urn:d}7", "enumeration=b c"});
+    SimpleTypes const& types = grammar.Make();
+    Scope const scope;
+    std::string room;
+    for (char const* const text : {"p:a", " q:a ", "07", "b c"})
+        EXPECT_EQ(types.FindFault(names, text, &scope, nullptr, room), nullptr) << text;
+    for (char const* const text : {"a", "x:a", "{urn:p}x:a", "b", "8"})
+        EXPECT_NE(types.FindFault(names, text, &scope, nullptr, room), nullptr) << text;
+}
+
 TEST(SimpleTypes, CompareValues) {
     Grammar grammar;
     std::uint32_t const numbers = grammar.List(Id(BuiltIn::kDecimal));

@@ -94,7 +94,8 @@ enum class Facet : std::uint8_t {
     kMinLength,
     kMaxLength,
     kPattern,     // those of one step are alternatives
-    kEnumeration, // likewise. QName and NOTATION: {namespace}name
+    kEnumeration, // likewise. QName and NOTATION: {namespace}name; of a union with them,
+                  // {namespace}prefix:name
     kMinInclusive,
     kMaxInclusive,
     kMinExclusive,
@@ -141,7 +142,7 @@ struct ElementRow {
     bool isNillable;
     bool isAbstract;
     ValueConstraint constraint;
-    char const* value;  // of the constraint. QName and NOTATION: {namespace}name
+    char const* value;  // of the constraint. As in kEnumeration
     std::uint8_t block; // a sum of Derivation
     std::uint32_t head; // index of the head of the substitution group, kNone for none
     Range identities;

@@ -266,6 +266,7 @@ SimpleType const* SimpleTypeTest::AcceptList(SimpleType const& type, std::string
 SimpleType const* SimpleTypeTest::AcceptUnion(SimpleType const& type, std::string_view text,
                                               TestOutput const& output) const {
     SimpleType const* const member = FindMember(type, text, output);
+    text = WithoutNamespace(type, text);
     if (member == nullptr) {
         if (output.message != nullptr)
             TellMembers(*output.message, text, type.name);
@@ -282,11 +283,19 @@ SimpleType const* SimpleTypeTest::FindMember(SimpleType const& type, std::string
                                              TestOutput const& output) const {
     TestOutput silent = output;
     silent.message = nullptr;
+    std::string_view const plain = WithoutNamespace(type, text);
     for (SimpleType const* const member : type.members->tried) {
-        if (SimpleType const* const accepted = Accept(*member, text, silent))
+        if (SimpleType const* const accepted = Accept(*member, member->hasQNames ? text : plain, silent))
             return accepted;
     }
     return nullptr;
+}
+
+std::string_view SimpleTypeTest::WithoutNamespace(SimpleType const& type,
+                                                  std::string_view text) const noexcept {
+    bool const mayHaveOne = m_scope == nullptr && type.hasQNames && !text.empty() && text[0] == '{';
+    std::size_t const end = mayHaveOne ? text.rfind('}') : std::string_view::npos;
+    return end == std::string_view::npos ? text : text.substr(end + 1);
 }
 
 bool SimpleTypeTest::ReadItems(SimpleType const& type, std::string_view text, TestOutput const& output,
@@ -346,30 +355,28 @@ bool SimpleTypeTest::ReadForm(SimpleType const& type, std::string_view text, Ato
 
 bool SimpleTypeTest::ReadQName(SimpleType const& type, std::string_view text,
                                TestOutput const& output) const {
+    std::string_view const name = WithoutNamespace(type, text);
     std::string_view prefix;
     std::string_view local;
+    if (!SplitQName(name, prefix, local))
+        return RefuseForm(type, text, output);
     std::string expanded;
     bool isKnown = true; // whether the namespace is
-    if (m_scope == nullptr && !text.empty() && text[0] == '{') {
-        std::size_t const end = text.rfind('}');
-        if (end == std::string_view::npos || !IsNCName(text.substr(end + 1)))
-            return RefuseForm(type, text, output);
-        expanded = text;
+    if (name.size() != text.size()) {
+        expanded = text.substr(0, text.size() - name.size());
     } else {
-        if (!SplitQName(text, prefix, local))
-            return RefuseForm(type, text, output);
         std::string ns;
-        isKnown = m_scope != nullptr && m_scope->FindNamespace(prefix, ns);
-        if (m_scope != nullptr && !isKnown && !prefix.empty()) {
+        bool const isFound = m_scope != nullptr && m_scope->FindNamespace(prefix, ns);
+        if (m_scope != nullptr && !isFound && !prefix.empty()) {
             if (output.message != nullptr)
                 TellPrefix(*output.message, text, prefix);
             return false;
         }
-        isKnown = isKnown || m_scope != nullptr; // no default namespace
-        bool const needsName = type.primitive == BuiltIn::kNOTATION || output.key != nullptr;
-        if (needsName && isKnown)
-            expanded.append(1, '{').append(ns).append(1, '}').append(local);
+        isKnown = isFound || prefix.empty(); // there may be no default namespace
+        if (type.primitive == BuiltIn::kNOTATION || output.key != nullptr)
+            expanded.append(1, '{').append(ns).append(1, '}');
     }
+    expanded.append(local);
     if (type.primitive == BuiltIn::kNOTATION && isKnown &&
         !std::binary_search(m_notations.begin(), m_notations.end(), expanded)) {
         if (output.message != nullptr)

@@ -41,6 +41,9 @@ private:
                                   TestOutput const& output) const;
     SimpleType const* FindMember(SimpleType const& type, std::string_view text,
                                  TestOutput const& output) const;
+    // A value of a schema, for which there is no scope, may be {namespace}prefix:name; members of other types
+    // see prefix:name.
+    std::string_view WithoutNamespace(SimpleType const& type, std::string_view text) const noexcept;
     // Appends the keys of the items.
     bool ReadItems(SimpleType const& type, std::string_view text, TestOutput const& output,
                    std::size_t& count) const;

@@ -43,8 +43,8 @@ public:
 
     // Tests a text as it stands in a document: applies the white space rule of the type, then tests the
     // lexical form and all facets. Throws CZvInvalidValueException. `scope` may be null where no prefix can
-    // be looked up: then any is taken, and {namespace}name too. Fills `value` unless it is null. Whether an
-    // ENTITY is declared is not tested.
+    // be looked up: then any is taken, and what rows write for a QName too. Fills `value` unless it is null.
+    // Whether an ENTITY is declared is not tested.
     void Check(std::uint32_t type, std::string_view text, INamespaceScope const* scope,
                SimpleValue* value) const;
     // Without the exception: the message, or null for a text that fits. `room` keeps it.
