@@ -2,16 +2,8 @@
 
 namespace ZvXmlLib16::grammar {
 
-ContentSearch::ContentSearch(Grammar const& grammar, SymbolCache& symbols, CXmlElement* first)
-    : m_grammar(grammar) {
-    for (CXmlElement* child = first; child != nullptr; child = child->GetNextSiblingElement()) {
-        m_children.push_back(child);
-        m_names.push_back(symbols.NameOf(*child));
-    }
-}
-
 bool ContentSearch::Find(std::uint32_t particle) {
-    std::size_t const end = m_children.size();
+    std::size_t const end = m_count;
     bool const isFound = EndsOf(particle, 0).count(end) != 0 && Derive(particle, 0, end);
     return isFound && m_work <= kMostWork;
 }
@@ -24,9 +16,9 @@ void ContentSearch::Report(IContentReceiver& receiver) const {
         else if (step.what == What::kEnd)
             receiver.OnGroupEnd(step.particle);
         else if (row.kind == ParticleKind::kWildcard)
-            receiver.OnWildcard(*m_children[step.child], step.particle);
+            receiver.OnWildcard(step.child, step.particle);
         else
-            receiver.OnElement(*m_children[step.child], step.particle,
+            receiver.OnElement(step.child, step.particle,
                                m_grammar.Accept(row.first, m_names[step.child].symbol));
     }
 }
@@ -40,7 +32,7 @@ ContentSearch::Ends const& ContentSearch::EndsOf(std::uint32_t particle, std::si
     std::uint32_t const least = LeastOf(row);
     Ends ends;
     Ends current{start};
-    for (std::size_t count = 0; !current.empty() && count <= m_children.size() + least; ++count) {
+    for (std::size_t count = 0; !current.empty() && count <= m_count + least; ++count) {
         if (count >= least)
             ends.insert(current.begin(), current.end());
         if (count >= row.maxOccurs)
@@ -66,7 +58,7 @@ ContentSearch::Ends const& ContentSearch::OnceEndsOf(std::uint32_t particle, std
     ParticleRow const& row = RowOf(particle);
     Ends ends;
     if (row.kind == ParticleKind::kElement || row.kind == ParticleKind::kWildcard) {
-        if (start < m_names.size() && m_grammar.Begins(row, m_names[start]))
+        if (start < m_count && m_grammar.Begins(row, m_names[start]))
             ends.insert(start + 1);
     } else if (row.kind == ParticleKind::kSequence) {
         ends.insert(start);

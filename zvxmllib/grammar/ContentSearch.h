@@ -16,8 +16,9 @@ namespace ZvXmlLib16::grammar {
 // work.
 class ContentSearch {
 public:
-    // All are borrowed. The children are those from `first` on.
-    ContentSearch(Grammar const& grammar, SymbolCache& symbols, CXmlElement* first);
+    // Both are borrowed.
+    ContentSearch(Grammar const& grammar, ElementName const* names, std::size_t count) noexcept
+        : m_grammar(grammar), m_names(names), m_count(count) {}
 
     // Whether there is a way that takes all children.
     bool Find(std::uint32_t particle);
@@ -51,8 +52,8 @@ private:
     static constexpr std::size_t kMostWork = 300000;
 
     Grammar const& m_grammar;
-    std::vector<CXmlElement*> m_children;
-    std::vector<ElementName> m_names;
+    ElementName const* m_names;
+    std::size_t m_count;
     std::map<Key, Ends> m_ends;
     std::map<Key, Ends> m_onceEnds;
     std::vector<Step> m_steps;

@@ -17,50 +17,32 @@ std::string Quote(std::string_view name) {
 
 } // namespace
 
-ElementName SymbolCache::NameOf(CXmlElement const& element) {
-    std::string const& name = element.GetLocalName();
-    std::string const& ns = element.GetNamespaceURI();
-    Entry& entry = m_entries[(reinterpret_cast<std::uintptr_t>(&name) >> 4) % kEntries];
-    if (entry.name != &name || entry.ns != &ns)
-        entry = {&name, &ns, m_grammar.FindSymbol(name, ns)};
-    return {entry.symbol, ns};
-}
-
-bool ContentWalk::Walk(std::uint32_t particle, CXmlElement* first, ContentFault& fault) {
+bool ContentWalk::Walk(std::uint32_t particle, ElementName const* names, std::size_t count, ContentFault& fault) {
+    m_names = names;
+    m_count = count;
+    m_current = 0;
+    m_message.clear();
+    m_skipped.clear();
     if (particle != kNone && m_grammar.IsAmbiguous(particle)) {
-        ContentSearch search(m_grammar, m_symbols, first);
+        ContentSearch search(m_grammar, names, count);
         if (search.Find(particle)) {
             search.Report(m_receiver);
             return true;
         }
     }
-    m_message.clear();
-    m_skipped.clear();
-    m_current = first;
-    if (m_current != nullptr)
-        m_name = m_symbols.NameOf(*m_current);
     bool const fits = particle == kNone || Take(particle);
-    if (fits && m_current == nullptr)
+    if (fits && IsAtEnd())
         return true;
+    if (fits)
+        Miss(kNone);
     fault.child = m_current;
     fault.message = m_message;
-    if (fits) {
-        std::vector<std::string> names;
-        for (std::uint32_t const skipped : m_skipped)
-            AddExpected(skipped, names, 0);
-        fault.message = "The element " + Quote(m_current->GetLocalName()) + " is not expected here";
-        for (std::size_t i = 0; i < names.size(); ++i)
-            fault.message += (i == 0 ? "; expected is " : " or ") + names[i];
-        fault.message += ".";
-    }
     return false;
 }
 
 void ContentWalk::Advance() {
     m_skipped.clear();
-    m_current = m_current->GetNextSiblingElement();
-    if (m_current != nullptr)
-        m_name = m_symbols.NameOf(*m_current);
+    ++m_current;
 }
 
 // As many occurrences as there are. False with m_message if there are not enough.
@@ -68,13 +50,13 @@ bool ContentWalk::Take(std::uint32_t particle) {
     ParticleRow const& row = m_grammar.GetRows().particles[particle];
     std::uint32_t count = 0;
     while (count < row.maxOccurs && CanBegin(row)) {
-        CXmlElement* const before = m_current;
+        std::size_t const before = m_current;
         if (row.kind == ParticleKind::kElement) {
-            std::uint32_t const declaration = m_grammar.Accept(row.first, m_name.symbol);
-            m_receiver.OnElement(*m_current, particle, declaration);
+            std::uint32_t const declaration = m_grammar.Accept(row.first, Name().symbol);
+            m_receiver.OnElement(m_current, particle, declaration);
             Advance();
         } else if (row.kind == ParticleKind::kWildcard) {
-            m_receiver.OnWildcard(*m_current, particle);
+            m_receiver.OnWildcard(m_current, particle);
             Advance();
         } else {
             m_receiver.OnGroupBegin(particle);
@@ -97,7 +79,7 @@ bool ContentWalk::TakeOnce(std::uint32_t particle) {
     if (row.kind == ParticleKind::kAll)
         return TakeAll(row);
     if (row.kind == ParticleKind::kChoice) {
-        std::uint32_t const child = m_grammar.ChildFor(row, m_name);
+        std::uint32_t const child = IsAtEnd() ? kNone : m_grammar.ChildFor(row, Name());
         return child == kNone || Take(child);
     }
     for (std::uint32_t child = row.first; child < row.first + row.count; ++child) {
@@ -109,8 +91,8 @@ bool ContentWalk::TakeOnce(std::uint32_t particle) {
 
 bool ContentWalk::TakeAll(ParticleRow const& group) {
     std::vector<bool> isTaken(group.count, false);
-    while (m_current != nullptr) {
-        std::uint32_t const child = m_grammar.ChildFor(group, m_name);
+    while (!IsAtEnd()) {
+        std::uint32_t const child = m_grammar.ChildFor(group, Name());
         if (child == kNone || isTaken[child - group.first])
             break;
         isTaken[child - group.first] = true;
@@ -124,14 +106,15 @@ bool ContentWalk::TakeAll(ParticleRow const& group) {
     return true;
 }
 
+// The message for the current child, or the end, where the particle is due or, for kNone, nothing is.
 bool ContentWalk::Miss(std::uint32_t particle) {
     std::vector<std::string> names;
     for (std::uint32_t const skipped : m_skipped)
         AddExpected(skipped, names, 0);
-    AddExpected(particle, names, 0);
-    m_message = "An element is missing";
-    if (m_current != nullptr)
-        m_message = "The element " + Quote(m_current->GetLocalName()) + " is not expected here";
+    if (particle != kNone)
+        AddExpected(particle, names, 0);
+    m_message = IsAtEnd() ? std::string("An element is missing")
+                          : "The element " + Quote(Name().name) + " is not expected here";
     for (std::size_t i = 0; i < names.size(); ++i)
         m_message += (i == 0 ? "; expected is " : " or ") + names[i];
     m_message += ".";

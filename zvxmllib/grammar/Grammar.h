@@ -20,6 +20,7 @@ using Symbol = std::uint32_t;
 // An element of a document, as content models look at it.
 struct ElementName {
     Symbol symbol;
+    std::string_view name;
     std::string_view ns;
 };
 

@@ -70,31 +70,34 @@ private:
 // Validates the children as the walk places them.
 class Validator::ChildContent : public IContentReceiver {
 public:
-    explicit ChildContent(Validator& validator) noexcept : m_validator(validator) {}
+    ChildContent(Validator& validator, Children const& children) noexcept
+        : m_validator(validator), m_children(children) {}
 
-    void OnElement(CXmlElement& child, std::uint32_t, std::uint32_t declaration) override {
-        m_validator.ValidateElement(child, declaration, ProcessContents::kStrict);
+    void OnElement(std::size_t child, std::uint32_t particle, std::uint32_t declaration) override {
+        m_validator.ValidateElement(*m_children.elements[child], declaration, ProcessContents::kStrict,
+                                    m_validator.m_grammar.GetRows().particles[particle].first);
     }
-    void OnWildcard(CXmlElement& child, std::uint32_t particle) override {
+    void OnWildcard(std::size_t child, std::uint32_t particle) override {
         GrammarRows const& rows = m_validator.m_grammar.GetRows();
-        m_validator.ValidateElement(child, kNone,
-                                    rows.wildcards[rows.particles[particle].first].processContents);
+        ProcessContents const process = rows.wildcards[rows.particles[particle].first].processContents;
+        m_validator.ValidateElement(*m_children.elements[child], kNone, process, kNone);
     }
     void OnGroupBegin(std::uint32_t) override {}
     void OnGroupEnd(std::uint32_t) override {}
 
 private:
     Validator& m_validator;
+    Children const& m_children;
 };
 
-Validator::Validator(Grammar const& grammar, CSerializationContext const& ctx)
-    : m_grammar(grammar), m_ctx(ctx), m_symbols(grammar), m_identities(grammar.GetIdentityPaths()) {}
+Validator::Validator(Grammar const& grammar, CSerializationContext const& ctx, IAssessmentReceiver* receiver)
+    : m_grammar(grammar), m_ctx(ctx), m_receiver(receiver), m_symbols(grammar), m_identities(grammar.GetIdentityPaths()) {}
 
 Validator::~Validator() = default;
 
 void Validator::ValidateDocument(CXmlElement& root, bool isLax) {
     m_ctx.GetFailureNotes().Begin();
-    ValidateElement(root, kNone, isLax ? ProcessContents::kLax : ProcessContents::kStrict);
+    ValidateElement(root, kNone, isLax ? ProcessContents::kLax : ProcessContents::kStrict, kNone);
     CheckReferences();
     m_ctx.GetFailureNotes().ThrowFirst();
 }
@@ -113,23 +116,32 @@ std::string_view Validator::TextOf(CXmlElement const& element) {
     return element.GetNodeText().Read(m_room);
 }
 
-void Validator::ValidateElement(CXmlElement& element, std::uint32_t declaration, ProcessContents process) {
-    if (process == ProcessContents::kSkip)
+void Validator::ValidateElement(CXmlElement& element, std::uint32_t declaration, ProcessContents process,
+                                std::uint32_t particleDeclaration) {
+    if (process == ProcessContents::kSkip) {
+        if (m_receiver != nullptr)
+            m_receiver->OnSkipped(element);
         return;
+    }
     if (m_depth == kMostDepth)
         throw CZvValidationException("Elements nest deeper than " + std::to_string(kMostDepth) + " levels.",
                                      element.GetXPath());
     if (declaration == kNone)
         declaration = m_grammar.FindElement(m_symbols.NameOf(element).symbol);
-    Target target{declaration, kAnyType, process, false};
+    Target target{declaration, kAnyType, process, false, particleDeclaration};
     ++m_depth;
     Range const identities =
         declaration == kNone ? Range{} : m_grammar.GetRows().elements[declaration].identities;
     m_identities.EnterElement(element.GetLocalName(), element.GetNamespaceURI(), identities);
-    if (FindType(element, target))
+    bool const hasType = FindType(element, target);
+    if (m_receiver != nullptr)
+        m_receiver->OnElement(element, {declaration, target.type, target.isNil, particleDeclaration});
+    if (hasType)
         ValidateContent(element, target);
     else
         LeaveElement(element, target, nullptr);
+    if (m_receiver != nullptr)
+        m_receiver->OnElementEnd();
     --m_depth;
 }
 
@@ -248,6 +260,8 @@ void Validator::ValidateAttributes(CXmlElement& element, TypeId type) {
                 m_grammar.FindAttribute(attribute.GetLocalName(), attribute.GetNamespaceURI());
             if (global != kNone)
                 ValidateAttributeValue(element, attribute, rows.attributes[global]);
+            else
+                ReceiveUndeclared(attribute);
         } else {
             ValidateAttribute(element, attribute, uses, wildcard, isSeen);
         }
@@ -271,17 +285,26 @@ void Validator::ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute
         return Fail(attribute, "The attribute " + Quote(name) + " is not allowed here.");
     ProcessContents const process = rows.wildcards[wildcard].processContents;
     if (process == ProcessContents::kSkip)
-        return;
+        return ReceiveUndeclared(attribute);
     std::uint32_t const global = m_grammar.FindAttribute(name, ns);
     if (global != kNone)
         ValidateAttributeValue(element, attribute, rows.attributes[global]);
     else if (process == ProcessContents::kStrict)
         Fail(attribute, "There is no declaration of the attribute " + Quote(name) + ".");
+    else
+        ReceiveUndeclared(attribute);
+}
+
+void Validator::ReceiveUndeclared(CXmlAttribute& attribute) {
+    if (m_receiver != nullptr)
+        m_receiver->OnAttribute(attribute, nullptr);
 }
 
 void Validator::ValidateAttributeValue(CXmlElement& element, CXmlAttribute& attribute,
                                        AttributeRow const& row) {
     SimpleTypes const& types = m_grammar.GetSimpleTypes();
+    if (m_receiver != nullptr)
+        m_receiver->OnAttribute(attribute, &row);
     bool const isFixed = row.constraint == ValueConstraint::kFixed;
     bool const needsValue = isFixed || types.HasIds(row.type) || m_identities.IsActive();
     Scope const scope(element);
@@ -311,7 +334,11 @@ void Validator::AddDefaultAttributes(CXmlElement& element, Range uses, std::vect
             continue;
         if (row.isRequired)
             Fail(element, "The attribute " + Quote(row.name) + " is missing.");
-        else if (row.constraint != ValueConstraint::kNoValue && m_identities.IsActive()) {
+        if (row.constraint == ValueConstraint::kNoValue)
+            continue;
+        if (m_receiver != nullptr)
+            m_receiver->OnDefaultAttribute(row);
+        if (m_identities.IsActive()) {
             m_value = {};
             if (m_grammar.GetSimpleTypes().FindFault(row.type, row.value, nullptr, &m_value, m_message) ==
                 nullptr)
@@ -381,6 +408,8 @@ void Validator::ValidateSimpleContent(CXmlElement& element, Target const& target
         text = row->value;
     bool const isFixed = isConstrained && row->constraint == ValueConstraint::kFixed && !isDefault;
     bool const needsValue = isFixed || types.HasIds(type) || m_identities.WantsValue();
+    if (m_receiver != nullptr)
+        m_receiver->OnValue(text, type);
     Scope const scope(element);
     SimpleValue value;
     char const* const fault =
@@ -396,30 +425,46 @@ void Validator::ValidateSimpleContent(CXmlElement& element, Target const& target
     LeaveElement(element, target, needsValue ? &value : nullptr);
 }
 
-void Validator::ValidateComplexContent(CXmlElement& element, Target const& target,
-                                       ComplexTypeRow const* type) {
+void Validator::ValidateComplexContent(CXmlElement& element, Target const& target, ComplexTypeRow const* type) {
+    Content const kind = type == nullptr ? Content::kMixed : type->content;
+    if (kind == Content::kElementOnly && !IsBlank(TextOf(element)))
+        Fail(element, "The element " + Quote(element.GetLocalName()) + " may hold no text.");
+    if (kind == Content::kEmpty && !element.GetNodeText().IsEmpty())
+        Fail(element, "The element " + Quote(element.GetLocalName()) + " is to be empty.");
     if (type == nullptr) {
         // anyType: whatever has a declaration is tested by it.
         for (CXmlElement* child = element.GetFirstElement(); child != nullptr;
              child = child->GetNextSiblingElement())
-            ValidateElement(*child, kNone, ProcessContents::kLax);
+            ValidateElement(*child, kNone, ProcessContents::kLax, kNone);
     } else {
-        if (type->content == Content::kElementOnly && !IsBlank(TextOf(element)))
-            Fail(element, "The element " + Quote(element.GetLocalName()) + " may hold no text.");
-        if (type->content == Content::kEmpty && !element.GetNodeText().IsEmpty())
-            Fail(element, "The element " + Quote(element.GetLocalName()) + " is to be empty.");
-        ChildContent content(*this);
-        ContentWalk walk(m_grammar, m_symbols, content);
-        ContentFault fault;
-        if (!walk.Walk(type->particle, element.GetFirstElement(), fault))
-            Fail(fault.child != nullptr ? *fault.child : element, std::move(fault.message));
+        ValidateChildren(element, type->particle);
     }
+    if (kind == Content::kMixed && m_receiver != nullptr)
+        m_receiver->OnText(TextOf(element));
     if (target.declaration != kNone) {
         ElementRow const& row = m_grammar.GetRows().elements[target.declaration];
         if (row.constraint == ValueConstraint::kFixed)
             CheckFixedText(element, row, TextOf(element));
     }
     LeaveElement(element, target, nullptr, false);
+}
+
+void Validator::ValidateChildren(CXmlElement& element, std::uint32_t particle) {
+    while (m_children.size() < m_depth)
+        m_children.emplace_back();
+    Children& children = m_children[m_depth - 1];
+    children.elements.clear();
+    children.names.clear();
+    for (CXmlElement* child = element.GetFirstElement(); child != nullptr; child = child->GetNextSiblingElement()) {
+        children.elements.push_back(child);
+        children.names.push_back(m_symbols.NameOf(*child));
+    }
+    ChildContent content(*this, children);
+    ContentWalk walk(m_grammar, content);
+    ContentFault fault;
+    if (!walk.Walk(particle, children.names.data(), children.names.size(), fault))
+        Fail(fault.child < children.elements.size() ? *children.elements[fault.child] : element,
+             std::move(fault.message));
 }
 
 // Of mixed content.

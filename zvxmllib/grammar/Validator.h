@@ -6,8 +6,10 @@
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/grammar/ContentWalk.h"
 #include "zvxmllib/grammar/Grammar.h"
+#include "zvxmllib/grammar/SymbolCache.h"
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -17,11 +19,40 @@
 
 namespace ZvXmlLib16::grammar {
 
+// What an element turned out to be.
+struct Assessment {
+    std::uint32_t declaration = kNone; // kNone for none
+    TypeId type = kAnyType;
+    bool isNil = false;
+    // Where it stands in the content model: the declaration of the particle that took it, kNone for a wildcard.
+    std::uint32_t particleDeclaration = kNone;
+};
+
+// Told of a document as it is validated, in document order.
+class IAssessmentReceiver {
+public:
+    virtual void OnElement(CXmlElement& element, Assessment const& assessment) = 0;
+    // `row` is null for an attribute without a declaration.
+    virtual void OnAttribute(CXmlAttribute& attribute, AttributeRow const* row) = 0;
+    // An attribute that is there by its default or fixed value.
+    virtual void OnDefaultAttribute(AttributeRow const& row) = 0;
+    // Simple content, with the default in place of nothing.
+    virtual void OnValue(std::string_view text, std::uint32_t type) = 0;
+    // The text of mixed content.
+    virtual void OnText(std::string_view text) = 0;
+    virtual void OnElementEnd() = 0;
+    // In place of all these: an element that is passed over with its content.
+    virtual void OnSkipped(CXmlElement& element) = 0;
+
+protected:
+    ~IAssessmentReceiver() = default;
+};
+
 // For one document. The document is to be loaded in a strict context: others lose what is tested here.
 class Validator {
 public:
-    // Both are borrowed.
-    Validator(Grammar const& grammar, CSerializationContext const& ctx);
+    // All are borrowed. `receiver` may be null.
+    Validator(Grammar const& grammar, CSerializationContext const& ctx, IAssessmentReceiver* receiver = nullptr);
     Validator(Validator const&) = delete;
     Validator& operator=(Validator const&) = delete;
     ~Validator();
@@ -33,15 +64,21 @@ public:
 
 private:
     class ChildContent;
+    struct Children {
+        std::vector<CXmlElement*> elements;
+        std::vector<ElementName> names;
+    };
     class Scope;
     struct Target {
         std::uint32_t declaration; // kNone for none
         TypeId type;
         ProcessContents process; // of what has no declaration
         bool isNil;
+        std::uint32_t particleDeclaration;
     };
 
-    void ValidateElement(CXmlElement& element, std::uint32_t declaration, ProcessContents process);
+    void ValidateElement(CXmlElement& element, std::uint32_t declaration, ProcessContents process,
+                         std::uint32_t particleDeclaration);
     bool FindType(CXmlElement& element, Target& target);
     bool FindNamedType(CXmlElement& element, std::string_view text, Target& target);
     bool ReadNil(CXmlElement& element, Target& target, std::string_view text);
@@ -53,6 +90,8 @@ private:
     void AddDefaultAttributes(CXmlElement& element, Range uses, std::vector<bool> const& isSeen);
     void ValidateSimpleContent(CXmlElement& element, Target const& target, std::uint32_t type);
     void ValidateComplexContent(CXmlElement& element, Target const& target, ComplexTypeRow const* type);
+    void ValidateChildren(CXmlElement& element, std::uint32_t particle);
+    void ReceiveUndeclared(CXmlAttribute& attribute);
     void ValidateNilContent(CXmlElement& element, Target const& target);
     void CheckFixedText(CXmlElement& element, ElementRow const& row, std::string_view text);
     bool IsEqual(CXmlElement& element, std::uint32_t type, SimpleValue const& value, char const* fixed);
@@ -68,7 +107,9 @@ private:
 
     Grammar const& m_grammar;
     CSerializationContext const& m_ctx;
+    IAssessmentReceiver* const m_receiver;
     SymbolCache m_symbols;
+    std::deque<Children> m_children; // by depth
     IdentityWalk m_identities;
     std::unordered_map<std::string, CXmlElement const*> m_ids;
     std::vector<std::pair<std::string, CXmlElement*>> m_idReferences;
