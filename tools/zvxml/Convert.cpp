@@ -7,6 +7,10 @@
 #include "OutputFormats.h"
 #include "Prefixes.h"
 #include "Progress.h"
+#ifdef ZVXML_HAS_SCHEMAS
+#include "SchemaOptions.h"
+#include "TypedConversion.h"
+#endif
 
 #include <cerrno>
 #include <charconv>
@@ -31,6 +35,9 @@ struct ConvertOptions {
     std::string jsonRoot;
     bool hasJsonComments = true;
     std::optional<std::uint32_t> addLength;
+#ifdef ZVXML_HAS_SCHEMAS
+    SchemaOptions schema;
+#endif
 };
 
 std::string ParseIndent(std::string const& value) {
@@ -120,6 +127,16 @@ std::vector<Option<Options>> const& OptionTable() {
          "in Fast Infoset, write texts and attribute values of\nfewer than N bytes once and then as numbers "
          "(6)",
          [](Options& o, Text const& v) { o.addLength = ParseAddLength(v); }},
+#ifdef ZVXML_HAS_SCHEMAS
+        {"--schema", "FILE",
+         "an XML Schema that the document has to be valid by; it gives\nJSON its numbers, booleans and "
+         "arrays",
+         [](Options& o, Text const& v) { o.schema.files.push_back(v); }},
+        {"--location", "FROM=FILE", "\nwhere the schema FROM lies, as for validate",
+         [](Options& o, Text const& v) { o.schema.AddLocation(v); }},
+        {"--catalog", "FILE", "an OASIS XML catalog, as for validate",
+         [](Options& o, Text const& v) { o.schema.catalogs.push_back(v); }},
+#endif
     };
     return table;
 }
@@ -132,12 +149,12 @@ void WriteBytes(CBinaryData const& bytes, std::FILE* stream, std::string const& 
         throw FileError(name, std::strerror(errno));
 }
 
-void WriteToStandardOutput(OutputFormat const& format, CDocumentObject& object, WriteOptions const& options,
+void WriteToStandardOutput(OutputFormat const& format, CXmlObjectBase& object, WriteOptions const& options,
                            CSerializationContext const& ctx) {
     WriteBytes(ToFileBytes(format, object, options, ctx), stdout, "standard output");
 }
 
-void WriteToFile(std::string const& file, OutputFormat const& format, CDocumentObject& object,
+void WriteToFile(std::string const& file, OutputFormat const& format, CXmlObjectBase& object,
                  WriteOptions const& options, CSerializationContext const& ctx) {
     if (options.compression != CompressionType_ZLib) {
         format.toFile(file.c_str(), object, options, ctx);
@@ -161,7 +178,7 @@ void SettleByFileName(ConvertOptions& options, std::string const& file) {
     options.write.compression = options.compression.value_or(form.compression);
 }
 
-void Write(std::string const& file, CDocumentObject& object, ConvertOptions const& options,
+void Write(std::string const& file, CXmlObjectBase& object, ConvertOptions const& options,
            CSerializationContext const& ctx) {
     OutputFormat const& format = *options.format;
     WriteOptions const& write = options.write;
@@ -174,6 +191,49 @@ void Write(std::string const& file, CDocumentObject& object, ConvertOptions cons
         throw FileError(file == kStandardStream ? "standard output" : file, e.GetFullMessage());
     }
 }
+
+void ConvertUntyped(std::vector<std::string> const& operands, ConvertOptions const& options,
+                    CSerializationContext& ctx, Progress& progress) {
+    CSmartPtr<CDocumentObject> const object = new CDocumentObject;
+    InputDocument input = ReadDocument(operands[0], ctx, progress);
+    try {
+        progress.StartStep("taking them over");
+        object->ReadRootOf(*input.document, ctx);
+        if (input.isFromJson)
+            object->DropFormatting();
+        UsePrefixesOf(*input.document, ctx);
+        options.format->requireWritable(ctx);
+    } catch (CZvException const& e) {
+        throw FileError(InputName(operands[0]), e.GetFullMessage());
+    }
+    input.document.reset(); // its memory is needed for writing
+    if (options.write.isPretty)
+        object->DropWhiteSpaceBetweenElements();
+
+    progress.StartStep("writing");
+    Write(operands[1], *object, options, ctx);
+}
+
+#ifdef ZVXML_HAS_SCHEMAS
+void ConvertTyped(std::vector<std::string> const& operands, ConvertOptions const& options,
+                  CSerializationContext& ctx, Progress& progress) {
+    ctx.SetStrict(true);
+    TypedConversion const conversion(options.schema);
+    InputDocument input = ReadDocument(operands[0], ctx, progress);
+    CSmartPtr<CXmlObjectBase> object;
+    try {
+        progress.StartStep("validating");
+        object = conversion.Read(*input.document->GetDocumentElement(), input.isFromJson, ctx);
+        UsePrefixesOf(*input.document, ctx);
+        options.format->requireWritable(ctx);
+    } catch (CZvException const& e) {
+        throw FileError(InputName(operands[0]), e.GetFullMessage());
+    }
+    input.document.reset();
+    progress.StartStep("writing");
+    Write(operands[1], *object, options, ctx);
+}
+#endif
 
 } // namespace
 
@@ -203,24 +263,13 @@ int Convert(std::vector<std::string> const& arguments, Progress& progress) {
         ctx.GetFIContext().SetAttributeMaxAddLength(*options.addLength);
         ctx.GetFIContext().SetElementMaxAddLength(*options.addLength);
     }
-    CSmartPtr<CDocumentObject> const object = new CDocumentObject;
-    InputDocument input = ReadDocument(operands[0], ctx, progress);
-    try {
-        progress.StartStep("taking them over");
-        object->ReadRootOf(*input.document, ctx);
-        if (input.isFromJson)
-            object->DropFormatting();
-        UsePrefixesOf(*input.document, ctx);
-        options.format->requireWritable(ctx);
-    } catch (CZvException const& e) {
-        throw FileError(InputName(operands[0]), e.GetFullMessage());
+#ifdef ZVXML_HAS_SCHEMAS
+    if (!options.schema.files.empty()) {
+        ConvertTyped(operands, options, ctx, progress);
+        return kExitSuccess;
     }
-    input.document.reset(); // its memory is needed for writing
-    if (options.write.isPretty)
-        object->DropWhiteSpaceBetweenElements();
-
-    progress.StartStep("writing");
-    Write(operands[1], *object, options, ctx);
+#endif
+    ConvertUntyped(operands, options, ctx, progress);
     return kExitSuccess;
 }
 

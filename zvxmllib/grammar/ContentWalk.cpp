@@ -17,7 +17,8 @@ std::string Quote(std::string_view name) {
 
 } // namespace
 
-bool ContentWalk::Walk(std::uint32_t particle, ElementName const* names, std::size_t count, ContentFault& fault) {
+bool ContentWalk::Walk(std::uint32_t particle, ElementName const* names, std::size_t count,
+                       ContentFault& fault) {
     m_names = names;
     m_count = count;
     m_current = 0;

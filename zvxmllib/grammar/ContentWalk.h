@@ -23,6 +23,15 @@ protected:
     ~IContentReceiver() = default;
 };
 
+// For a walk that only asks whether the content fits.
+class NoContentReceiver : public IContentReceiver {
+public:
+    void OnElement(std::size_t, std::uint32_t, std::uint32_t) override {}
+    void OnWildcard(std::size_t, std::uint32_t) override {}
+    void OnGroupBegin(std::uint32_t) override {}
+    void OnGroupEnd(std::uint32_t) override {}
+};
+
 // Where the way ends before the content does, or without what must follow.
 struct ContentFault {
     std::size_t child = 0; // the one that fits nowhere; their count where something is missing at the end
@@ -37,8 +46,8 @@ public:
     ContentWalk(Grammar const& grammar, IContentReceiver& receiver) noexcept
         : m_grammar(grammar), m_receiver(receiver) {}
 
-    // Places all children, of which `names` is borrowed. False, with the fault, if they do not fit; those ahead of it
-    // have been placed.
+    // Places all children, of which `names` is borrowed. False, with the fault, if they do not fit; those
+    // ahead of it have been placed.
     bool Walk(std::uint32_t particle, ElementName const* names, std::size_t count, ContentFault& fault);
 
 private:
@@ -47,7 +56,9 @@ private:
     bool TakeAll(ParticleRow const& group);
     void Advance();
     bool IsAtEnd() const noexcept { return m_current == m_count; }
-    bool CanBegin(ParticleRow const& row) const noexcept { return !IsAtEnd() && m_grammar.Begins(row, Name()); }
+    bool CanBegin(ParticleRow const& row) const noexcept {
+        return !IsAtEnd() && m_grammar.Begins(row, Name());
+    }
     ElementName const& Name() const noexcept { return m_names[m_current]; }
     bool Miss(std::uint32_t particle);
     void AddExpected(std::uint32_t particle, std::vector<std::string>& names, unsigned depth) const;

@@ -233,6 +233,24 @@ std::uint32_t Grammar::Accept(std::uint32_t declared, Symbol symbol) const noexc
     return found != members.end() && found->first == symbol ? found->second : kNone;
 }
 
+std::uint32_t Grammar::AcceptLocalName(std::uint32_t declared, std::string_view name) const noexcept {
+    if (m_rows.elements[declared].name == name)
+        return declared;
+    for (auto const& [symbol, member] : m_members[declared]) {
+        if (m_rows.elements[member].name == name)
+            return member;
+    }
+    return kNone;
+}
+
+std::uint32_t Grammar::FindElementByLocalName(std::string_view name) const noexcept {
+    for (std::uint32_t i = 0; i < m_rows.elements.count; ++i) {
+        if (m_rows.elements[i].isGlobal && m_rows.elements[i].name == name)
+            return i;
+    }
+    return kNone;
+}
+
 bool Grammar::Allows(WildcardRow const& wildcard, std::string_view ns) const noexcept {
     char const* const* const first = m_rows.texts.rows + wildcard.namespaces.first;
     bool const isListed =

@@ -42,6 +42,9 @@ public:
     // Global components; kNone if there is none. A type is false if there is none.
     std::uint32_t FindElement(std::string_view name, std::string_view ns) const noexcept;
     std::uint32_t FindElement(Symbol symbol) const noexcept;
+    Symbol SymbolOf(std::uint32_t element) const noexcept { return m_symbolOf[element]; }
+    // The first one with this local name.
+    std::uint32_t FindElementByLocalName(std::string_view name) const noexcept;
     std::uint32_t FindAttribute(std::string_view name, std::string_view ns) const noexcept;
     bool FindType(std::string_view name, std::string_view ns, TypeId& type) const noexcept;
 
@@ -55,6 +58,7 @@ public:
     // The declaration for an element where the particle has the declaration `declared`: that, a member of its
     // substitution group, or kNone.
     std::uint32_t Accept(std::uint32_t declared, Symbol symbol) const noexcept;
+    std::uint32_t AcceptLocalName(std::uint32_t declared, std::string_view name) const noexcept;
     bool Allows(WildcardRow const& wildcard, std::string_view ns) const noexcept;
 
     // Of a group's particle: whether it can be empty, and the child that takes an element at its begin; kNone

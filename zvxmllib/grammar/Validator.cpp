@@ -59,7 +59,7 @@ public:
             ns = "http://www.w3.org/XML/1998/namespace";
             return true;
         }
-        ns = m_element.GetDocument()->LookupNamespaceFromAlias(std::string(prefix).c_str());
+        ns = m_element.LookupNamespaceFromAlias(std::string(prefix).c_str());
         return prefix.empty() || !ns.empty();
     }
 
@@ -91,7 +91,8 @@ private:
 };
 
 Validator::Validator(Grammar const& grammar, CSerializationContext const& ctx, IAssessmentReceiver* receiver)
-    : m_grammar(grammar), m_ctx(ctx), m_receiver(receiver), m_symbols(grammar), m_identities(grammar.GetIdentityPaths()) {}
+    : m_grammar(grammar), m_ctx(ctx), m_receiver(receiver), m_symbols(grammar),
+      m_identities(grammar.GetIdentityPaths()) {}
 
 Validator::~Validator() = default;
 
@@ -128,6 +129,8 @@ void Validator::ValidateElement(CXmlElement& element, std::uint32_t declaration,
                                      element.GetXPath());
     if (declaration == kNone)
         declaration = m_grammar.FindElement(m_symbols.NameOf(element).symbol);
+    if (declaration == kNone && m_ignoresNamespaces && element.GetNamespaceURI().empty())
+        declaration = m_grammar.FindElementByLocalName(element.GetLocalName());
     Target target{declaration, kAnyType, process, false, particleDeclaration};
     ++m_depth;
     Range const identities =
@@ -276,7 +279,7 @@ void Validator::ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute
     std::string const& ns = attribute.GetNamespaceURI();
     for (std::uint32_t i = 0; i < uses.count; ++i) {
         AttributeRow const& row = rows.attributes[uses.first + i];
-        if (name != row.name || ns != row.ns)
+        if (name != row.name || (ns != row.ns && !(m_ignoresNamespaces && ns.empty())))
             continue;
         isSeen[i] = true;
         return ValidateAttributeValue(element, attribute, row);
@@ -425,7 +428,8 @@ void Validator::ValidateSimpleContent(CXmlElement& element, Target const& target
     LeaveElement(element, target, needsValue ? &value : nullptr);
 }
 
-void Validator::ValidateComplexContent(CXmlElement& element, Target const& target, ComplexTypeRow const* type) {
+void Validator::ValidateComplexContent(CXmlElement& element, Target const& target,
+                                       ComplexTypeRow const* type) {
     Content const kind = type == nullptr ? Content::kMixed : type->content;
     if (kind == Content::kElementOnly && !IsBlank(TextOf(element)))
         Fail(element, "The element " + Quote(element.GetLocalName()) + " may hold no text.");
@@ -437,7 +441,7 @@ void Validator::ValidateComplexContent(CXmlElement& element, Target const& targe
              child = child->GetNextSiblingElement())
             ValidateElement(*child, kNone, ProcessContents::kLax, kNone);
     } else {
-        ValidateChildren(element, type->particle);
+        ValidateChildren(element, target.type, type->particle);
     }
     if (kind == Content::kMixed && m_receiver != nullptr)
         m_receiver->OnText(TextOf(element));
@@ -449,22 +453,68 @@ void Validator::ValidateComplexContent(CXmlElement& element, Target const& targe
     LeaveElement(element, target, nullptr, false);
 }
 
-void Validator::ValidateChildren(CXmlElement& element, std::uint32_t particle) {
+void Validator::ValidateChildren(CXmlElement& element, TypeId type, std::uint32_t particle) {
     while (m_children.size() < m_depth)
         m_children.emplace_back();
     Children& children = m_children[m_depth - 1];
     children.elements.clear();
     children.names.clear();
-    for (CXmlElement* child = element.GetFirstElement(); child != nullptr; child = child->GetNextSiblingElement()) {
+    for (CXmlElement* child = element.GetFirstElement(); child != nullptr;
+         child = child->GetNextSiblingElement()) {
         children.elements.push_back(child);
         children.names.push_back(m_symbols.NameOf(*child));
     }
+    if (m_ignoresNamespaces)
+        AddNamespaces(children, type);
+    if (m_orders != nullptr)
+        SortUnlessFit(children, type, particle);
     ChildContent content(*this, children);
     ContentWalk walk(m_grammar, content);
     ContentFault fault;
     if (!walk.Walk(particle, children.names.data(), children.names.size(), fault))
         Fail(fault.child < children.elements.size() ? *children.elements[fault.child] : element,
              std::move(fault.message));
+}
+
+// To names that the content can only have with a namespace.
+void Validator::AddNamespaces(Children& children, TypeId type) const {
+    for (ElementName& name : children.names) {
+        if (!name.ns.empty())
+            continue;
+        for (ContentEntry const& entry : m_orders->Of(type)) {
+            std::uint32_t const element =
+                entry.declaration == kNone ? kNone : m_grammar.AcceptLocalName(entry.declaration, name.name);
+            if (element == kNone)
+                continue;
+            name.symbol = m_grammar.SymbolOf(element);
+            name.ns = m_grammar.GetRows().elements[element].ns;
+            break;
+        }
+    }
+}
+
+void Validator::SortUnlessFit(Children& children, TypeId type, std::uint32_t particle) const {
+    NoContentReceiver receiver;
+    ContentFault fault;
+    if (ContentWalk(m_grammar, receiver).Walk(particle, children.names.data(), children.names.size(), fault))
+        return;
+    std::vector<ContentEntry> const& entries = m_orders->Of(type);
+    std::vector<std::pair<std::size_t, std::size_t>> ranks; // rank, index
+    for (std::size_t i = 0; i < children.names.size(); ++i) {
+        Symbol const symbol = children.names[i].symbol;
+        auto const entry = std::find_if(entries.begin(), entries.end(), [&](ContentEntry const& candidate) {
+            return candidate.symbol == kNone ? symbol == kNone
+                                             : m_grammar.Accept(candidate.declaration, symbol) != kNone;
+        });
+        ranks.emplace_back(static_cast<std::size_t>(entry - entries.begin()), i);
+    }
+    std::sort(ranks.begin(), ranks.end());
+    Children sorted;
+    for (auto const& [rank, index] : ranks) {
+        sorted.elements.push_back(children.elements[index]);
+        sorted.names.push_back(children.names[index]);
+    }
+    children = std::move(sorted);
 }
 
 // Of mixed content.

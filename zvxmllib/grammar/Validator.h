@@ -4,6 +4,7 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/grammar/ContentOrder.h"
 #include "zvxmllib/grammar/ContentWalk.h"
 #include "zvxmllib/grammar/Grammar.h"
 #include "zvxmllib/grammar/SymbolCache.h"
@@ -24,7 +25,8 @@ struct Assessment {
     std::uint32_t declaration = kNone; // kNone for none
     TypeId type = kAnyType;
     bool isNil = false;
-    // Where it stands in the content model: the declaration of the particle that took it, kNone for a wildcard.
+    // Where it stands in the content model: the declaration of the particle that took it, kNone for a
+    // wildcard.
     std::uint32_t particleDeclaration = kNone;
 };
 
@@ -52,10 +54,19 @@ protected:
 class Validator {
 public:
     // All are borrowed. `receiver` may be null.
-    Validator(Grammar const& grammar, CSerializationContext const& ctx, IAssessmentReceiver* receiver = nullptr);
+    Validator(Grammar const& grammar, CSerializationContext const& ctx,
+              IAssessmentReceiver* receiver = nullptr);
     Validator(Validator const&) = delete;
     Validator& operator=(Validator const&) = delete;
     ~Validator();
+
+    // For formats in which order means nothing: children that do not fit in their order are taken in that of
+    // the schema. With `ignoresNamespaces` names without a namespace stand for those of the schema that have
+    // one, too. `orders` is borrowed.
+    void TakeAnyOrder(ContentOrders const& orders, bool ignoresNamespaces) noexcept {
+        m_orders = &orders;
+        m_ignoresNamespaces = ignoresNamespaces;
+    }
 
     // The root must be a global element, or name its type by xsi:type. Throws CZvValidationException at the
     // first violation. With a failure limit in the context goes on and throws the first one at the end; the
@@ -90,7 +101,9 @@ private:
     void AddDefaultAttributes(CXmlElement& element, Range uses, std::vector<bool> const& isSeen);
     void ValidateSimpleContent(CXmlElement& element, Target const& target, std::uint32_t type);
     void ValidateComplexContent(CXmlElement& element, Target const& target, ComplexTypeRow const* type);
-    void ValidateChildren(CXmlElement& element, std::uint32_t particle);
+    void ValidateChildren(CXmlElement& element, TypeId type, std::uint32_t particle);
+    void AddNamespaces(Children& children, TypeId type) const;
+    void SortUnlessFit(Children& children, TypeId type, std::uint32_t particle) const;
     void ReceiveUndeclared(CXmlAttribute& attribute);
     void ValidateNilContent(CXmlElement& element, Target const& target);
     void CheckFixedText(CXmlElement& element, ElementRow const& row, std::string_view text);
@@ -108,6 +121,8 @@ private:
     Grammar const& m_grammar;
     CSerializationContext const& m_ctx;
     IAssessmentReceiver* const m_receiver;
+    ContentOrders const* m_orders = nullptr; // null to keep the order
+    bool m_ignoresNamespaces = false;
     SymbolCache m_symbols;
     std::deque<Children> m_children; // by depth
     IdentityWalk m_identities;

@@ -1,0 +1,32 @@
+#include "zvxmllib/generated/BoundSchema.h"
+
+#include "zvxmllib/generated/ObjectBuilder.h"
+#include "zvxmllib/generated/TypedObject.h"
+
+#include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/foundation/Exceptions.h"
+
+namespace ZvXmlLib16::generated {
+
+BoundSchema::BoundSchema(grammar::GrammarRows const& rows, ObjectMaker maker)
+    : m_grammar(rows), m_orders(m_grammar), m_maker(maker) {}
+
+BoundSchema::~BoundSchema() = default;
+
+CSmartPtr<CTypedObject> BoundSchema::MakeObject(grammar::TypeId type, std::uint32_t declaration) const {
+    CTypedObject* const made = m_maker == nullptr ? nullptr : m_maker(type, declaration);
+    return made != nullptr ? made : new CTypedObject(*this, type, declaration);
+}
+
+CSmartPtr<CTypedObject> BoundSchema::Read(CXmlElement& root, CSerializationContext const& ctx,
+                                          std::uint32_t element, InputOrder order) const {
+    if (element != grammar::kNone &&
+        m_grammar.FindElement(root.GetLocalName(), root.GetNamespaceURI()) != element)
+        throw CZvValidationException("The root element is [" + root.GetLocalName() + "], not [" +
+                                         m_grammar.GetRows().elements[element].name + "].",
+                                     root.GetXPath());
+    ObjectBuilder builder(*this, ctx);
+    return builder.Build(root, nullptr, order);
+}
+
+} // namespace ZvXmlLib16::generated

@@ -1,0 +1,55 @@
+// A grammar with the classes of its types.
+#pragma once
+
+#include "zvxmllib/foundation/SmartPtr.h"
+#include "zvxmllib/grammar/ContentOrder.h"
+#include "zvxmllib/grammar/Grammar.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace ZvXmlLib16 {
+class CSerializationContext;
+class CXmlDocument;
+class CXmlElement;
+} // namespace ZvXmlLib16
+
+namespace ZvXmlLib16::generated {
+
+class CTypedObject;
+
+// Makes an object for an element of this type. `declaration` is kNone for none.
+using ObjectMaker = CTypedObject* (*)(grammar::TypeId type, std::uint32_t declaration);
+
+// What the order of child elements says, and their names: in JSON nothing, and often without their
+// namespaces.
+enum class InputOrder { kAsWritten, kAny, kAnyWithoutNamespaces };
+
+// Made once for a schema; any number of threads may then use it.
+class BoundSchema {
+public:
+    // `rows` are borrowed. `maker` null makes plain objects.
+    explicit BoundSchema(grammar::GrammarRows const& rows, ObjectMaker maker = nullptr);
+    BoundSchema(BoundSchema const&) = delete;
+    BoundSchema& operator=(BoundSchema const&) = delete;
+    ~BoundSchema();
+
+    grammar::Grammar const& GetGrammar() const noexcept { return m_grammar; }
+    grammar::ContentOrders const& GetContentOrders() const noexcept { return m_orders; }
+    CSmartPtr<CTypedObject> MakeObject(grammar::TypeId type, std::uint32_t declaration) const;
+
+    // The document's root as an object. Its name has to be that of a global element, or `element` if that is
+    // not kNone. Throws CZvValidationException for a document that is not valid by the schema. Contexts that
+    // are not strict read like strict ones.
+    CSmartPtr<CTypedObject> Read(CXmlElement& root, CSerializationContext const& ctx,
+                                 std::uint32_t element = grammar::kNone,
+                                 InputOrder order = InputOrder::kAsWritten) const;
+
+private:
+    grammar::Grammar const m_grammar;
+    grammar::ContentOrders const m_orders;
+    ObjectMaker const m_maker;
+};
+
+} // namespace ZvXmlLib16::generated

@@ -1,0 +1,84 @@
+#include "zvxmllib/generated/ItemTypes.h"
+
+#include <algorithm>
+
+namespace ZvXmlLib16::generated {
+
+using grammar::BuiltIn;
+
+namespace {
+
+constexpr ItemType kIntegers[] = {ItemType_i8,  ItemType_i4,  ItemType_i2,  ItemType_i1,
+                                  ItemType_ui8, ItemType_ui4, ItemType_ui2, ItemType_ui1};
+
+ItemType FromBuiltIn(BuiltIn type) {
+    if (type >= BuiltIn::kLong && type <= BuiltIn::kUnsignedByte)
+        return kIntegers[static_cast<int>(type) - static_cast<int>(BuiltIn::kLong)];
+    if (type >= BuiltIn::kInteger && type <= BuiltIn::kPositiveInteger)
+        return ItemType_integer;
+    switch (type) {
+    case BuiltIn::kBoolean:
+        return ItemType_boolean;
+    case BuiltIn::kDecimal:
+        return ItemType_decimal;
+    case BuiltIn::kFloat:
+        return ItemType_r4;
+    case BuiltIn::kDouble:
+        return ItemType_r8;
+    default:
+        return ItemType_string;
+    }
+}
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Digits of a decimal, with what JSON wants around the point and without what it forbids.
+std::string JsonNumber(std::string_view text) {
+    std::string number;
+    if (!text.empty() && (text[0] == '-' || text[0] == '+')) {
+        if (text[0] == '-')
+            number = "-";
+        text.remove_prefix(1);
+    }
+    while (text.size() > 1 && text[0] == '0' && IsDigit(text[1]))
+        text.remove_prefix(1);
+    if (!text.empty() && !IsDigit(text[0]))
+        number += '0';
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        bool const isBarePoint = text[i] == '.' && (i + 1 == text.size() || !IsDigit(text[i + 1]));
+        if (!isBarePoint)
+            number += text[i];
+    }
+    return number;
+}
+
+std::string_view Trim(std::string_view text) {
+    constexpr std::string_view kWhiteSpace = " \t\r\n";
+    std::size_t const first = text.find_first_not_of(kWhiteSpace);
+    return first == std::string_view::npos
+               ? std::string_view()
+               : text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
+}
+
+} // namespace
+
+ItemType ItemTypeOf(grammar::SimpleTypes const& types, std::uint32_t type, std::string_view text) {
+    ItemType const item = FromBuiltIn(types.GetBuiltIn(type));
+    bool const isReal = item == ItemType_r4 || item == ItemType_r8;
+    // INF and NaN are no numbers of JSON.
+    return isReal && text.find('N') != std::string_view::npos ? ItemType_string : item;
+}
+
+std::string WrittenForm(grammar::SimpleTypes const& types, std::uint32_t type, std::string const& text) {
+    ItemType const item = ItemTypeOf(types, type, text);
+    if (item == ItemType_string)
+        return text;
+    std::string_view const trimmed = Trim(text);
+    if (item == ItemType_boolean)
+        return trimmed == "1" || trimmed == "true" ? "true" : "false";
+    return JsonNumber(trimmed);
+}
+
+} // namespace ZvXmlLib16::generated

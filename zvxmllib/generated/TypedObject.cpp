@@ -1,0 +1,208 @@
+#include "zvxmllib/generated/TypedObject.h"
+
+#include "zvxmllib/generated/ItemTypes.h"
+#include "zvxmllib/generated/ObjectBuilder.h"
+
+#include "zvxmllib/collections/Attribute.h"
+#include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/writers/XmlWriter.h"
+
+#include <algorithm>
+
+namespace ZvXmlLib16::generated {
+
+using namespace grammar;
+
+CTypedObject::CTypedObject(BoundSchema const& schema, TypeId type, std::uint32_t declaration)
+    : m_schema(&schema), m_type(type), m_declaration(declaration) {
+    if (declaration == kNone)
+        return;
+    SetElementName(Rows().elements[declaration].name);
+    m_ns = Rows().elements[declaration].ns;
+}
+
+CTypedObject::~CTypedObject() = default;
+
+std::string CTypedObject::GetNamespace() {
+    return m_ns;
+}
+
+void CTypedObject::SetNil(bool isNil) {
+    if (isNil && (m_declaration == kNone || !Rows().elements[m_declaration].isNillable))
+        throw CZvInvalidStateException("The element [" + GetElementName() + "] is not nillable.");
+    m_isNil = isNil;
+}
+
+CXmlElement* CTypedObject::FromXml_Int(CXmlElement* element, CXmlElement*, CSerializationContext const& ctx,
+                                       bool) {
+    ObjectBuilder(*m_schema, ctx).Build(*element, this);
+    return nullptr;
+}
+
+// The id of the type of its value; kNone without simple content.
+std::uint32_t CTypedObject::SimpleTypeId() const noexcept {
+    if (!IsComplex(m_type))
+        return static_cast<std::uint32_t>(m_type);
+    if (m_type == kAnyType)
+        return kNone;
+    ComplexTypeRow const& row = Rows().complexTypes[ComplexTypeRowOf(m_type)];
+    return row.content == Content::kSimple ? row.simpleType : kNone;
+}
+
+void CTypedObject::TestValue(std::uint32_t type, std::string_view text, char const* name) const {
+    std::string room;
+    char const* const fault =
+        m_schema->GetGrammar().GetSimpleTypes().FindFault(type, text, nullptr, nullptr, room);
+    if (fault != nullptr)
+        throw CZvInvalidValueException("[" + std::string(name) + "] " + fault);
+}
+
+std::size_t CTypedObject::NextIndex(std::uint32_t declaration, std::size_t from) const noexcept {
+    Symbol const symbol = declaration == kNone ? kNone : m_schema->GetGrammar().SymbolOf(declaration);
+    while (from < m_nodes.size() && m_nodes[from].symbol != symbol)
+        ++from;
+    return from;
+}
+
+std::size_t CTypedObject::Count(std::uint32_t declaration) const noexcept {
+    std::size_t count = 0;
+    for (std::size_t i = NextIndex(declaration, 0); i < m_nodes.size(); i = NextIndex(declaration, i + 1))
+        ++count;
+    return count;
+}
+
+CTypedObject::Node const* CTypedObject::Find(std::uint32_t declaration) const noexcept {
+    std::size_t const index = NextIndex(declaration, 0);
+    return index < m_nodes.size() ? &m_nodes[index] : nullptr;
+}
+
+// Behind the last of that name, or else of those that the schema has ahead of it.
+std::size_t CTypedObject::PlaceFor(Symbol symbol) const {
+    std::vector<ContentEntry> const& order = m_schema->GetContentOrders().Of(m_type);
+    auto const rankOf = [&order](Symbol of) {
+        auto const found = std::find_if(order.begin(), order.end(),
+                                        [of](ContentEntry const& entry) { return entry.symbol == of; });
+        return found - order.begin();
+    };
+    auto const rank = rankOf(symbol);
+    std::size_t place = m_nodes.size();
+    while (place != 0 && m_nodes[place - 1].symbol != symbol && rankOf(m_nodes[place - 1].symbol) > rank)
+        --place;
+    return place;
+}
+
+void CTypedObject::Insert(std::uint32_t declaration, CSmartPtr<CXmlObjectBase> object, std::string text) {
+    Symbol const symbol = m_schema->GetGrammar().SymbolOf(declaration);
+    std::uint32_t actual = declaration;
+    if (object != nullptr)
+        actual = static_cast<CTypedObject&>(*object).GetDeclaration();
+    m_nodes.insert(m_nodes.begin() + static_cast<std::ptrdiff_t>(PlaceFor(symbol)),
+                   Node{symbol, actual, std::move(object), std::move(text)});
+}
+
+void CTypedObject::AddText(std::uint32_t declaration, std::string text) {
+    ElementRow const& row = Rows().elements[declaration];
+    if (IsComplex(row.type))
+        throw CZvInvalidParamException("The element [" + std::string(row.name) + "] is not a value.");
+    TestValue(static_cast<std::uint32_t>(row.type), text, row.name);
+    Insert(declaration, {}, std::move(text));
+}
+
+void CTypedObject::SetText(std::uint32_t declaration, std::string text) {
+    std::size_t const index = NextIndex(declaration, 0);
+    if (index == m_nodes.size())
+        return AddText(declaration, std::move(text));
+    ElementRow const& row = Rows().elements[declaration];
+    TestValue(static_cast<std::uint32_t>(row.type), text, row.name);
+    m_nodes[index].object = nullptr;
+    m_nodes[index].text = std::move(text);
+}
+
+// An object of a member of the substitution group keeps its name; another one takes that of the declaration.
+void CTypedObject::AddObject(std::uint32_t declaration, CTypedObject* object) {
+    ElementRow const& row = Rows().elements[declaration];
+    Grammar const& grammar = m_schema->GetGrammar();
+    if (object == nullptr)
+        throw CZvInvalidParamException("The element [" + std::string(row.name) + "] needs an object.");
+    std::uint32_t const own = object->m_declaration;
+    bool const isMember = own != kNone && grammar.Accept(declaration, grammar.SymbolOf(own)) == own;
+    if (!isMember && !grammar.IsDerivedFrom(object->m_type, row.type, row.block))
+        throw CZvInvalidParamException("The type [" + grammar.NameOfType(object->m_type) +
+                                       "] cannot stand for the element [" + row.name + "].");
+    if (!isMember) {
+        object->m_declaration = declaration;
+        object->SetElementName(row.name);
+        object->m_ns = row.ns;
+    }
+    Insert(declaration, CSmartPtr<CXmlObjectBase>(object), {});
+}
+
+void CTypedObject::SetObject(std::uint32_t declaration, CTypedObject* object) {
+    CSmartPtr<CTypedObject> const kept(object);
+    std::vector<Node> const before = m_nodes;
+    RemoveAll(declaration);
+    try {
+        AddObject(declaration, object);
+    } catch (CZvException const&) {
+        m_nodes = before;
+        throw;
+    }
+}
+
+void CTypedObject::RemoveAll(std::uint32_t declaration) {
+    Symbol const symbol = m_schema->GetGrammar().SymbolOf(declaration);
+    m_nodes.erase(std::remove_if(m_nodes.begin(), m_nodes.end(),
+                                 [symbol](Node const& node) { return node.symbol == symbol; }),
+                  m_nodes.end());
+}
+
+CTypedObject& CTypedObject::Obtain(std::uint32_t declaration) {
+    Node const* node = Find(declaration);
+    if (node == nullptr || node->object == nullptr) {
+        CSmartPtr<CTypedObject> const made =
+            m_schema->MakeObject(Rows().elements[declaration].type, declaration);
+        AddObject(declaration, made);
+        node = Find(declaration);
+    }
+    return static_cast<CTypedObject&>(*node->object);
+}
+
+std::string const* CTypedObject::FindAttribute(std::uint32_t attribute) const noexcept {
+    AttributeRow const& row = Rows().attributes[attribute];
+    for (Attribute const& candidate : m_attributes) {
+        // A derived type has rows of its own.
+        if (candidate.row != nullptr && std::string_view(candidate.row->name) == row.name &&
+            std::string_view(candidate.row->ns) == row.ns)
+            return &candidate.value;
+    }
+    return nullptr;
+}
+
+void CTypedObject::RemoveAttribute(std::uint32_t attribute) {
+    std::string const* const value = FindAttribute(attribute);
+    m_attributes.erase(
+        std::remove_if(m_attributes.begin(), m_attributes.end(),
+                       [value](Attribute const& candidate) { return &candidate.value == value; }),
+        m_attributes.end());
+}
+
+void CTypedObject::SetAttribute(std::uint32_t attribute, std::string text) {
+    AttributeRow const& row = Rows().attributes[attribute];
+    TestValue(row.type, text, row.name);
+    std::string const* const value = FindAttribute(attribute);
+    if (value != nullptr)
+        const_cast<std::string&>(*value) = std::move(text);
+    else
+        m_attributes.push_back({&row, {}, {}, std::move(text)});
+}
+
+void CTypedObject::SetContentText(std::string text) {
+    std::uint32_t const type = SimpleTypeId();
+    if (type != kNone)
+        TestValue(type, text, GetElementName().c_str());
+    m_text = std::move(text);
+}
+
+} // namespace ZvXmlLib16::generated

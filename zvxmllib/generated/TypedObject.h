@@ -1,0 +1,127 @@
+// CTypedObject, an element that a schema describes: the base of generated classes, and an object by itself.
+#pragma once
+
+#include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/foundation/SmartPtr.h"
+#include "zvxmllib/generated/BoundSchema.h"
+#include "zvxmllib/grammar/GrammarRows.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace ZvXmlLib16::generated {
+
+// Holds the attributes and the content of an element in document order, values as texts. It writes itself in
+// all formats. A setter tests the value by its type; in a strict context writing tests the rest of the
+// schema's rules first, but for those of the whole document (ID, key). What a setter adds is put where the
+// schema wants it.
+//
+// Held by CSmartPtr; belongs to one thread at a time. Texts are in the local encoding.
+class CTypedObject : public CXmlObjectBase {
+public:
+    // One child element: a value, or an object (CTypedObject, or CElement for what no schema describes).
+    struct Node {
+        grammar::Symbol symbol;    // the name in the content model; kNone for what a wildcard took
+        std::uint32_t declaration; // index of the element, kNone for none
+        CSmartPtr<CXmlObjectBase> object;
+        std::string text; // of a value
+    };
+    struct Attribute {
+        grammar::AttributeRow const* row; // null for one that the schema does not declare
+        std::string name;                 // of such a one
+        std::string ns;
+        std::string value;
+    };
+
+    // An empty element of this type. `declaration` is the index of its element, kNone for none.
+    CTypedObject(BoundSchema const& schema, grammar::TypeId type, std::uint32_t declaration);
+
+    using CXmlObjectBase::GetBase;
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetNamespace() override;
+
+    grammar::TypeId GetTypeId() const noexcept { return m_type; }
+    std::uint32_t GetDeclaration() const noexcept { return m_declaration; }
+    std::string GetName() const { return GetElementName(); }
+    bool IsNil() const noexcept { return m_isNil; }
+    // Throws CZvInvalidStateException for an element that is not nillable. A nil element is written without
+    // content.
+    void SetNil(bool isNil);
+
+    std::vector<Node> const& GetNodes() const noexcept { return m_nodes; }
+    std::vector<Attribute> const& GetAllAttributes() const noexcept { return m_attributes; }
+    // Of simple content; of mixed content all text.
+    std::string const& GetContentText() const noexcept { return m_text; }
+
+    // Throws CZvInvalidStateException, with the path, for content that is not as the schema wants it.
+    void CheckContent() const;
+
+protected:
+    ~CTypedObject() override;
+
+    std::string GetTargetNamespace() override { return GetNamespace(); }
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
+                   bool optionalChoice) const override;
+    void AttributesToXml_Int(CXmlWriter* writer, CSerializationContext const& ctx) const override;
+    // Replaces what it holds. Throws CZvValidationException for an element that is not valid by the schema.
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* current, CSerializationContext const& ctx,
+                             bool optionalChoice) override;
+
+    // For generated classes. Child elements are named by the index of a declaration of theirs in the content
+    // model.
+    std::size_t Count(std::uint32_t declaration) const noexcept;
+    // Null, or end, if there is none.
+    Node const* Find(std::uint32_t declaration) const noexcept;
+    std::size_t NextIndex(std::uint32_t declaration, std::size_t from) const noexcept;
+    // In place of all of that name; an added one goes behind them. Throw CZvInvalidValueException for a value
+    // that the type does not allow, CZvInvalidParamException for an object of another type, or null.
+    void SetText(std::uint32_t declaration, std::string text);
+    void AddText(std::uint32_t declaration, std::string text);
+    void SetObject(std::uint32_t declaration, CTypedObject* object);
+    void AddObject(std::uint32_t declaration, CTypedObject* object);
+    // Throws CZvInvalidParamException for an object that may not stand there.
+    void RemoveAll(std::uint32_t declaration);
+    // The object of that name; made if there is none.
+    CTypedObject& Obtain(std::uint32_t declaration);
+    // Null if it is not there and has no default.
+    std::string const* FindAttribute(std::uint32_t attribute) const noexcept;
+    void SetAttribute(std::uint32_t attribute, std::string text);
+    void RemoveAttribute(std::uint32_t attribute);
+    // Of simple content.
+    void SetContentText(std::string text);
+
+    template <class Value>
+    friend class ValueList;
+    template <class Object>
+    friend class ObjectList;
+
+private:
+    friend class ObjectBuilder;
+
+    grammar::GrammarRows const& Rows() const noexcept { return m_schema->GetGrammar().GetRows(); }
+    std::uint32_t SimpleTypeId() const noexcept;
+    void TestValue(std::uint32_t type, std::string_view text, char const* name) const;
+    std::size_t PlaceFor(grammar::Symbol symbol) const;
+    void Insert(std::uint32_t declaration, CSmartPtr<CXmlObjectBase> object, std::string text);
+    void WriteNodes(CXmlWriter& writer, CSerializationContext const& ctx) const;
+    void WriteNode(CXmlWriter& writer, Node const& node, CSerializationContext const& ctx) const;
+    void CheckContent(std::string const& path, unsigned depth) const;
+    void CheckAttributes(std::string const& path) const;
+
+    BoundSchema const* m_schema;
+    grammar::TypeId m_type;
+    std::uint32_t m_declaration;
+    bool m_isNil = false;
+    std::string m_ns; // of the element
+    std::vector<Attribute> m_attributes;
+    std::vector<Node> m_nodes;
+    std::string m_text;
+    std::vector<std::pair<std::string, std::string>> m_prefixes; // that names in its values need
+};
+
+} // namespace ZvXmlLib16::generated

@@ -1,0 +1,68 @@
+#include "zvxmllib/grammar/ContentOrder.h"
+
+#include <unordered_map>
+
+namespace ZvXmlLib16::grammar {
+
+std::vector<ContentEntry> const& ContentOrders::Of(TypeId type) const {
+    std::lock_guard<std::recursive_mutex> const lock(m_lock);
+    auto const known = m_types.find(type);
+    if (known != m_types.end())
+        return known->second;
+    Entries entries;
+    if (type == kAnyType)
+        entries.push_back({kNone, kNone, true, true});
+    else if (IsComplex(type)) {
+        std::uint32_t const particle = m_grammar.GetRows().complexTypes[ComplexTypeRowOf(type)].particle;
+        if (particle != kNone)
+            entries = OfParticle(particle);
+    }
+    return m_types.emplace(type, std::move(entries)).first->second;
+}
+
+ContentOrders::Entries ContentOrders::OfParticle(std::uint32_t particle) const {
+    ParticleRow const& row = m_grammar.GetRows().particles[particle];
+    Entries entries;
+    if (row.kind == ParticleKind::kElement)
+        entries.push_back({m_grammar.SymbolOf(row.first), row.first, false, false});
+    else if (row.kind == ParticleKind::kWildcard)
+        entries.push_back({kNone, kNone, false, false});
+    else
+        entries = OfGroup(row);
+    for (ContentEntry& entry : entries) {
+        entry.isRepeatable = entry.isRepeatable || row.maxOccurs > 1;
+        entry.isOptional = entry.isOptional || row.minOccurs == 0;
+    }
+    return entries;
+}
+
+// One occurrence of the group.
+ContentOrders::Entries const& ContentOrders::OfGroup(ParticleRow const& group) const {
+    Key const key{group.first, group.count, group.kind};
+    auto const known = m_groups.find(key);
+    if (known != m_groups.end())
+        return known->second;
+    bool const isChoice = group.kind == ParticleKind::kChoice;
+    Entries entries;
+    std::unordered_map<Symbol, std::size_t> places;
+    std::vector<std::uint32_t> branches; // of an entry: how many branches of the choice have it for certain
+    for (std::uint32_t child = group.first; child < group.first + group.count; ++child) {
+        for (ContentEntry const& part : OfParticle(child)) {
+            auto const [place, isNew] = places.try_emplace(part.symbol, entries.size());
+            if (isNew) {
+                entries.push_back(part);
+                branches.push_back(part.isOptional ? 0 : 1);
+                continue;
+            }
+            ContentEntry& entry = entries[place->second];
+            entry.isRepeatable = entry.isRepeatable || part.isRepeatable || !isChoice;
+            entry.isOptional = entry.isOptional && part.isOptional;
+            branches[place->second] += part.isOptional ? 0 : 1;
+        }
+    }
+    for (std::size_t i = 0; isChoice && i < entries.size(); ++i)
+        entries[i].isOptional = branches[i] < group.count;
+    return m_groups.emplace(key, std::move(entries)).first->second;
+}
+
+} // namespace ZvXmlLib16::grammar

@@ -1,0 +1,45 @@
+// The child elements of a complex type: which there can be, in what order, and how many.
+#pragma once
+
+#include "zvxmllib/grammar/Grammar.h"
+
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <tuple>
+#include <vector>
+
+namespace ZvXmlLib16::grammar {
+
+// The elements of one name.
+struct ContentEntry {
+    Symbol symbol = kNone;             // kNone for what wildcards take
+    std::uint32_t declaration = kNone; // of the first particle
+    bool isRepeatable = false;         // there can be several
+    bool isOptional = false;           // there can be none
+};
+
+// Made for one grammar; any number of threads may ask at once.
+class ContentOrders {
+public:
+    // `grammar` is borrowed.
+    explicit ContentOrders(Grammar const& grammar) : m_grammar(grammar) {}
+
+    // In the order of the schema. Empty for simple types; anyType has wildcards. Valid as long as this
+    // object.
+    std::vector<ContentEntry> const& Of(TypeId type) const;
+
+private:
+    using Entries = std::vector<ContentEntry>;
+    using Key = std::tuple<std::uint32_t, std::uint32_t, ParticleKind>;
+
+    Entries OfParticle(std::uint32_t particle) const;
+    Entries const& OfGroup(ParticleRow const& group) const;
+
+    Grammar const& m_grammar;
+    mutable std::recursive_mutex m_lock;
+    mutable std::map<TypeId, Entries> m_types;
+    mutable std::map<Key, Entries> m_groups;
+};
+
+} // namespace ZvXmlLib16::grammar
