@@ -115,6 +115,19 @@ std::string TypesOf(std::string const& xml, CSerializationContext const& ctx) {
     return types;
 }
 
+TEST(StrictXmlReading, TakesUrisWithTheSeparatorOfTheUsualReader) {
+    char const* const xml = "<q:r xmlns:q='urn:a|b' xmlns='|' q:k='1'><c/><d:c xmlns:d='urn:a'/></q:r>";
+    EXPECT_EQ(TextOf(xml, CSerializationContext()), "syntax error at line 1");
+    CSerializationContext const ctx = Strict();
+    CXmlDocument document(ctx);
+    document.LoadXml(xml);
+    CXmlElement const& root = *document.GetDocumentElement();
+    EXPECT_EQ(root.GetLocalName() + ' ' + root.GetNamespaceURI(), "r urn:a|b");
+    EXPECT_EQ(root.GetAttribute("k", "urn:a|b"), "1");
+    EXPECT_EQ(root.GetFirstElement()->GetNamespaceURI(), "|");
+    EXPECT_EQ(root.GetFirstElement()->GetNextSiblingElement()->GetNamespaceURI(), "urn:a");
+}
+
 TEST(StrictXmlReading, LooksUpPrefixesInTheScopeOfTheElement) {
     struct Row {
         char const* xml;

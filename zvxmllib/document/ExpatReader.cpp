@@ -19,7 +19,6 @@ namespace {
 
 CInstanceMonitor::Registration s_registration("CExpatReader");
 
-constexpr XML_Char kNamespaceSeparator = '|';
 // The parser copies what it is given, so it gets the input in slices that stay in the cache. A token that
 // goes on beyond its slice is looked at from its beginning with each further one, so the slices double until
 // it ends.
@@ -160,15 +159,16 @@ void CExpatReader::Init() {
     m_tree = m_doc.m_tree.get();
     m_isLocalUtf8 = IsLocalTextUtf8();
     m_splitsNames = m_doc.m_schemaType != SchemaType_NoNamespaces;
-    m_parser.reset(m_splitsNames ? XML_ParserCreateNS(nullptr, kNamespaceSeparator)
-                                 : XML_ParserCreate(nullptr));
+    bool const isStrict = m_doc.m_pContext->GetStrict();
+    XML_Char const separator = isStrict ? kStrictNamespaceSeparator : kNamespaceSeparator;
+    m_parser.reset(m_splitsNames ? XML_ParserCreateNS(nullptr, separator) : XML_ParserCreate(nullptr));
     if (m_parser == nullptr)
         throw std::bad_alloc();
     XML_SetUserData(m_parser.get(), this);
     XML_SetElementHandler(m_parser.get(), Handlers::StartElement, Handlers::EndElement);
     XML_SetNamespaceDeclHandler(m_parser.get(), Handlers::StartNamespace, Handlers::EndNamespace);
     XML_SetCharacterDataHandler(m_parser.get(), Handlers::Text);
-    if (m_doc.m_pContext->GetStrict())
+    if (isStrict)
         InitStrict();
     if (m_doc.m_pContext->GetKeepPositions())
         m_tree->KeepPositions(*this);

@@ -9,7 +9,17 @@ namespace ZvXmlLib16::detail {
 
 namespace {
 constexpr std::size_t kFirstBuckets = 64;
-constexpr char kNamespaceSeparator = '|';
+
+// A name has one kind of separator: the bar can stand in a URI before the other one.
+constexpr bool IsSeparator(char c) noexcept {
+    return c == kNamespaceSeparator || c == kStrictNamespaceSeparator;
+}
+
+std::size_t FindSeparator(std::string_view parserName) noexcept {
+    std::size_t const strict = parserName.find(kStrictNamespaceSeparator);
+    return strict != std::string_view::npos ? strict : parserName.find(kNamespaceSeparator);
+}
+
 } // namespace
 
 NameTable::NameTable(XmlTree& tree) : m_tree(tree), m_buckets(kFirstBuckets) {}
@@ -18,7 +28,7 @@ bool XmlName::IsCalled(char const* parserName) const noexcept {
     std::size_t const uriLength = parserUri->size();
     if (uriLength != 0) {
         if (std::strncmp(parserName, parserUri->c_str(), uriLength) != 0 ||
-            parserName[uriLength] != kNamespaceSeparator)
+            !IsSeparator(parserName[uriLength]))
             return false;
         parserName += uriLength + 1;
     }
@@ -84,8 +94,7 @@ XmlName* NameTable::Add(std::string_view parserName, std::uint64_t hash, bool sp
     // Converts first, then splits the local text.
     std::string const text = Utf8ToLocal(parserName.data(), parserName.size());
     auto const split = [splitNamespace](std::string_view name) {
-        std::size_t const separator =
-            splitNamespace ? name.find(kNamespaceSeparator) : std::string_view::npos;
+        std::size_t const separator = splitNamespace ? FindSeparator(name) : std::string_view::npos;
         return separator == std::string_view::npos
                    ? std::pair(std::string_view(), name)
                    : std::pair(name.substr(0, separator), name.substr(separator + 1));

@@ -15,14 +15,19 @@ namespace ZvXmlLib16::detail {
 
 class XmlTree;
 
+// What the XML parser puts between URI and local name. No document can have the second one, so that URIs with
+// a bar are read; it is that of strict contexts.
+inline constexpr char kNamespaceSeparator = '|';
+inline constexpr char kStrictNamespaceSeparator = '\x01';
+
 // The name of elements and attributes, in the local encoding. Lives as long as the content of its tree.
 struct XmlName {
     XmlTree* tree;
     std::string const* localName; // of a SharedText, as the next three: names have their parts in common
     std::string const* namespaceUri;
 
-    // The XML parser's form, in UTF-8: the URI, '|' and the local name, or the local name alone. The same
-    // strings as above where local text is UTF-8, and in trees that no parser fills.
+    // The XML parser's form, in UTF-8: the URI, a separator and the local name, or the local name alone. The
+    // same strings as above where local text is UTF-8, and in trees that no parser fills.
     std::string const* parserUri;
     std::string const* parserLocalName;
     std::uint64_t hash;
@@ -38,7 +43,7 @@ class NameTable {
 public:
     explicit NameTable(XmlTree& tree);
 
-    // With `splitNamespace` the local text of the name is split at its first '|'.
+    // With `splitNamespace` the local text of the name is split at its separator.
     XmlName* Find(char const* parserName, bool splitNamespace);
 
     // The name of an element, with the previous one in the document as a hint, since documents repeat
