@@ -160,7 +160,7 @@ void CExpatReader::Init() {
     m_isLocalUtf8 = IsLocalTextUtf8();
     m_splitsNames = m_doc.m_schemaType != SchemaType_NoNamespaces;
     bool const isStrict = m_doc.m_pContext->GetStrict();
-    XML_Char const separator = isStrict ? kStrictNamespaceSeparator : kNamespaceSeparator;
+    XML_Char const separator = isStrict ? detail::kStrictNamespaceSeparator : detail::kNamespaceSeparator;
     m_parser.reset(m_splitsNames ? XML_ParserCreateNS(nullptr, separator) : XML_ParserCreate(nullptr));
     if (m_parser == nullptr)
         throw std::bad_alloc();

@@ -12,6 +12,7 @@
 
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace ZvXmlLib16 {
 
@@ -21,6 +22,25 @@ CInstanceMonitor::Registration s_registration("CXmlDocument");
 
 std::unique_ptr<unsigned char[]> NewBuffer(std::size_t length) {
     return std::unique_ptr<unsigned char[]>(new unsigned char[length]);
+}
+
+std::unique_ptr<unsigned char[]> ReadToEnd(platform::File& file, char const* fileName, std::size_t& length) {
+    std::size_t room = 64 * 1024;
+    std::unique_ptr<unsigned char[]> data = NewBuffer(room);
+    for (length = 0;;) {
+        std::size_t count = 0;
+        if (!file.Read(data.get() + length, room - length, count))
+            FailRead(fileName, file.Error());
+        length += count;
+        if (length < room)
+            return data;
+        if (length > std::numeric_limits<std::uint32_t>::max() / 2)
+            FailSize(fileName, platform::File::TooLargeError());
+        room *= 2;
+        std::unique_ptr<unsigned char[]> larger = NewBuffer(room);
+        std::memcpy(larger.get(), data.get(), length);
+        data = std::move(larger);
+    }
 }
 
 } // namespace
@@ -45,7 +65,8 @@ void CXmlDocument::Cleanup() {
     m_namespaces.clear();
 }
 
-std::unique_ptr<unsigned char[]> CXmlDocument::ReadFile(char const* fileName, std::size_t& length) {
+std::unique_ptr<unsigned char[]> CXmlDocument::ReadFile(char const* fileName, std::size_t& length,
+                                                        bool toEnd) {
     platform::File file;
     if (!file.OpenForReading(fileName))
         FailOpen(fileName, file.Error());
@@ -54,6 +75,8 @@ std::unique_ptr<unsigned char[]> CXmlDocument::ReadFile(char const* fileName, st
         FailSize(fileName, file.Error());
     if (size > std::numeric_limits<std::uint32_t>::max())
         FailSize(fileName, platform::File::TooLargeError());
+    if (toEnd && size == 0)
+        return ReadToEnd(file, fileName, length);
     length = static_cast<std::size_t>(size);
     std::unique_ptr<unsigned char[]> data = NewBuffer(length);
     std::size_t count = 0;
@@ -69,7 +92,7 @@ void CXmlDocument::Load(char const* fileName) {
     if (IsAsyncFromXmlFile())
         return LoadOverlapped(fileName);
     std::size_t length = 0;
-    std::unique_ptr<unsigned char[]> const data = ReadFile(fileName, length);
+    std::unique_ptr<unsigned char[]> const data = ReadFile(fileName, length, m_pContext->GetStrict());
     Parse(data.get(), length);
 }
 

@@ -40,7 +40,8 @@ public:
     ~CXmlDocument() override;
 
     // XML text or Fast Infoset (X.891), optionally in gzip or zlib form; recognised by its content. Files of
-    // 4 GiB and more are refused. With AsyncFromXmlFile on, plain XML text of any size.
+    // 4 GiB and more are refused. With AsyncFromXmlFile on, plain XML text of any size; in
+    // a strict context the other forms as well, which are read whole then.
     void Load(char const* fileName);
     // XML text: its declaration, or else UTF-8, says what its bytes mean. Throws for an empty text.
     void LoadXml(char const* text);
@@ -83,10 +84,13 @@ private:
     friend class CJsonTreeWriter;
     friend class JsonInput;
 
-    // The whole file.
-    static std::unique_ptr<unsigned char[]> ReadFile(char const* fileName, std::size_t& length);
+    // The whole file. With `toEnd`, also one that has no size, such as a pipe, which is empty otherwise.
+    static std::unique_ptr<unsigned char[]> ReadFile(char const* fileName, std::size_t& length, bool toEnd);
     void LoadOverlapped(char const* fileName);
     void ParseOverlapped(detail::ChunkedFile& file);
+    static bool IsNoText(unsigned char const* data, std::size_t length) noexcept;
+    // Defined by the format.
+    static bool IsFastInfoset(unsigned char const* data, std::size_t length) noexcept;
     void Parse(unsigned char const* data, std::size_t length);
     // False, with nothing done, for input in another form. Defined by the format.
     bool ParseFastInfoset(unsigned char const* data, std::size_t length);

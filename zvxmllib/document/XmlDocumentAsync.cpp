@@ -1,10 +1,13 @@
 // Loading by chunks: one is parsed while the next is being read.
+#include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/ExpatReader.h"
 #include "zvxmllib/document/Failures.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlTree.h"
 #include "zvxmllib/platform/OverlappedFile.h"
+#include "zvxmllib/streams/ZvZip.h"
 
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -40,6 +43,20 @@ public:
             FailReadChunk(m_file.Error());
     }
 
+    // The whole file, from the first chunk on, which is still there.
+    std::vector<unsigned char> TakeAll(char const* fileName) {
+        std::vector<unsigned char> all;
+        for (;;) {
+            all.insert(all.end(), m_chunk.begin(), m_chunk.begin() + static_cast<std::ptrdiff_t>(m_length));
+            if (all.size() > std::numeric_limits<std::uint32_t>::max())
+                FailSize(fileName, platform::File::TooLargeError());
+            if (IsLast())
+                return all;
+            StartReading();
+            Next();
+        }
+    }
+
 private:
     bool Fetch() {
         if (!m_file.Wait(m_length))
@@ -58,10 +75,20 @@ private:
 
 } // namespace detail
 
+// Of the beginning of a file: whether it is in one of the other forms.
+bool CXmlDocument::IsNoText(unsigned char const* data, std::size_t length) noexcept {
+    return CZvZip::IsCompressed(data, static_cast<std::uint32_t>(length)) || IsFastInfoset(data, length);
+}
+
 void CXmlDocument::LoadOverlapped(char const* fileName) {
     detail::ChunkedFile file(fileName);
     try {
-        ParseOverlapped(file);
+        if (m_pContext->GetStrict() && IsNoText(file.GetChunk(), file.GetLength())) {
+            std::vector<unsigned char> const whole = file.TakeAll(fileName);
+            Parse(whole.data(), whole.size());
+        } else {
+            ParseOverlapped(file);
+        }
     } catch (...) {
         Cleanup();
         throw;

@@ -5,6 +5,10 @@
 
 namespace ZvXmlLib16 {
 
+bool CXmlDocument::IsFastInfoset(unsigned char const* data, std::size_t length) noexcept {
+    return CFastInfosetReader::IsFastInfoset(data, length);
+}
+
 bool CXmlDocument::ParseFastInfoset(unsigned char const* data, std::size_t length) {
     // The context makes its Fast Infoset options at first use: not for XML text.
     if (!CFastInfosetReader::IsFastInfoset(data, length))

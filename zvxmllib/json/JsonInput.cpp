@@ -51,7 +51,7 @@ bool IsLocalAsItIs(std::string_view utf8) {
 JsonInput JsonInput::OfFile(char const* fileName, bool strict) {
     JsonInput input;
     std::size_t length = 0;
-    input.m_file = CXmlDocument::ReadFile(fileName == nullptr ? "" : fileName, length);
+    input.m_file = CXmlDocument::ReadFile(fileName == nullptr ? "" : fileName, length, strict);
     input.TakeUtf8(input.m_file.get(), length, strict);
     return input;
 }

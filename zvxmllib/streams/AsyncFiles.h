@@ -11,7 +11,8 @@ ZV_API void AsyncToXmlFile(bool async) noexcept;
 
 // With true, loading a file parses one chunk of it while the next is being read, so that a document of any
 // size can go through the callback of CXmlDocument in little memory. Such a file must be XML text: compressed
-// ones and Fast Infoset are not recognised, and after a failure the document is empty. False at first.
+// ones and Fast Infoset are recognised in strict contexts alone, where they are read whole, and after a
+// failure the document is empty. False at first.
 ZV_API void AsyncFromXmlFile(bool async) noexcept;
 
 // Both take effect when an operation starts, and may be set by any thread.

@@ -178,6 +178,10 @@ void CZvZip::Compress(CBinaryData& data, CompressionType type, bool strict) {
     data = CBinaryData(bytes, length, true);
 }
 
+bool CZvZip::IsCompressed(unsigned char const* data, std::uint32_t length) noexcept {
+    return HasHeader(data, length);
+}
+
 void CZvZip::Decompress(unsigned char*& data, std::uint32_t& length) {
     CBinaryData result;
     if (!TryDecompress(data, length, result))

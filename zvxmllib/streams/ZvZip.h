@@ -24,6 +24,9 @@ public:
     // The same; empty data stays empty, and after a failure the data is empty.
     static void Compress(CBinaryData& data, CompressionType type, bool strict = false);
 
+    // Whether the bytes begin as such a stream does. XML text never does.
+    static bool IsCompressed(unsigned char const* data, std::uint32_t length) noexcept;
+
     // Replaces one complete gzip (RFC 1952) or zlib (RFC 1950) stream by its content; anything after it is
     // ignored. Other data is left unchanged. Throws CZvException for content beyond the limit of the process.
     static void Decompress(unsigned char*& data, std::uint32_t& length);
