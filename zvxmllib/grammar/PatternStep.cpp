@@ -18,8 +18,9 @@ bool MayBeTooLarge(std::string const& expression) noexcept {
     if (expression.size() > kLongExpression)
         return true;
     for (std::size_t at = 0; (at = expression.find('{', at)) != std::string::npos; ++at) {
+        bool const isCharacter = at >= 2 && expression[at - 2] == '\\'; // by its number
         std::size_t const end = expression.find_first_not_of("0123456789,", at + 1);
-        if (end - at > kLongQuantity)
+        if (!isCharacter && end - at > kLongQuantity)
             return true;
     }
     return false;

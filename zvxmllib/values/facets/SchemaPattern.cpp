@@ -87,6 +87,19 @@ CharacterSet NameCharacters() {
     return set;
 }
 
+// Made once, since they are long.
+std::string const& NameItems(bool isStart, bool isComplement) {
+    auto const make = [](bool isOfStart, bool isOfComplement) {
+        std::string items;
+        AppendSet(isOfStart ? CharacterSet(std::begin(kNameStart), std::end(kNameStart)) : NameCharacters(),
+                  isOfComplement, items);
+        return items;
+    };
+    static std::string const items[] = {make(false, false), make(false, true), make(true, false),
+                                        make(true, true)};
+    return items[(isStart ? 2 : 0) + (isComplement ? 1 : 0)];
+}
+
 // The items of \s, \i, \c, \d, \w and their complements. False for another letter.
 bool AppendMultiCharacterEscape(char letter, std::string& items) {
     bool const isComplement = letter >= 'A' && letter <= 'Z';
@@ -97,11 +110,11 @@ bool AppendMultiCharacterEscape(char letter, std::string& items) {
         return true;
     case 'i':
     case 'I':
-        AppendSet(CharacterSet(std::begin(kNameStart), std::end(kNameStart)), isComplement, items);
+        items += NameItems(true, isComplement);
         return true;
     case 'c':
     case 'C':
-        AppendSet(NameCharacters(), isComplement, items);
+        items += NameItems(false, isComplement);
         return true;
     case 'd':
         items += R"(\p{Nd})";
