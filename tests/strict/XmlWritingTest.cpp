@@ -1,5 +1,6 @@
 // XML text by the usual rules and by the strict ones.
 #include "tests/strict/Twice.h"
+#include "tests/support/LocalEncoding.h"
 #include "tests/support/TemporaryFile.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/streams/AsyncFiles.h"
@@ -150,6 +151,63 @@ TEST(StrictXml, RefusesCallsThatMakeNoDocument) {
                  "<a><!--x & y--></a>"},
          })
         EXPECT_EQ(Written(row.calls), row.outcome);
+}
+
+TEST(StrictXml, NamesTheEncodingOfLocalText) {
+    struct Row {
+        unsigned codePage;
+        char const* text;
+        char const* name;
+    };
+    for (Row const& row : {
+             Row{65001, "\xC3\xA4", ""},
+             Row{28591, "\xE4", " encoding=\"ISO-8859-1\""},
+             Row{1252, "\x80", " encoding=\"windows-1252\""},
+             Row{850, "\x84", " encoding=\"IBM850\""},
+             Row{20866, "\xC1", " encoding=\"KOI8-R\""},
+         }) {
+        LocalEncoding const local(row.codePage);
+        CSmartPtr<CElement> const element = Named("a", row.text);
+        std::string const rest = "?>\n<a>" + std::string(row.text) + "</a>";
+        EXPECT_EQ(element->ToXml(true, false, EOLType_LF, CSerializationContext()),
+                  "<?xml version=\"1.0\"" + rest);
+        std::string const xml = element->ToXml(true, false, EOLType_LF, Strict());
+        EXPECT_EQ(xml, "<?xml version=\"1.0\"" + (row.name + rest));
+        CSmartPtr<CElement> const again(new CElement(""));
+        static_cast<CXmlObjectBase&>(*again).FromXml(xml.c_str(), Strict());
+        EXPECT_EQ(again->GetText(), row.text);
+    }
+    LocalEncoding const local(1252);
+    CSmartPtr<CElement> const element(new CElement(""));
+    EXPECT_THROW(static_cast<CXmlObjectBase&>(*element).FromXml(
+                     "<?xml version='1.0' encoding='windows-1251'?><a/>", Strict()),
+                 CZvException);
+}
+
+TEST(StrictXml, AddsNothingToMixedContent) {
+    CSmartPtr<CElement> const element(new CElement("r"));
+    CSmartPtr<CElement> const mixed = element->GetChildElements()->Add("p", "");
+    mixed->SetText("Press.");
+    mixed->GetChildElements()->Add("b", "")->GetChildElements()->Add("i", "");
+    element->GetChildElements()->Add("q", "");
+    auto const written = [&](CXmlObjectBase& object, CSerializationContext const& ctx) {
+        return object.ToXml(false, true, EOLType_LF, ctx);
+    };
+    EXPECT_EQ(written(*element, CSerializationContext()),
+              "<r>\n\t<p>\n\t\t<b>\n\t\t\t<i/>\n\t\t</b>\nPress.\t</p>\n\t<q/>\n</r>\n");
+    EXPECT_EQ(written(*element, Strict()), "<r>\n\t<p><b><i/></b>Press.</p>\n\t<q/>\n</r>\n");
+    Model model;
+    model.elements = {Prim<CElementInfoSeqPrimOpt>("n", 0)};
+    model.contentIndex = 1;
+    model.contentType = ItemType_string;
+    model.Finish();
+    CSmartPtr<Probe> const text(new Probe(model));
+    text->FromXml("<order><n>1</n>two</order>", Strict());
+    EXPECT_EQ(written(*text, Strict()), "<order><n>1</n>two</order>\n");
+    OrderOf other({Prim<CElementInfoSeqPrimOpt>("n", 0)});
+    CSmartPtr<Probe> const plain(new Probe(other));
+    plain->FromXml("<order><n>1</n></order>", Strict());
+    EXPECT_EQ(written(*plain, Strict()), "<order>\n\t<n>1</n>\n</order>\n");
 }
 
 TEST(StrictXml, LeavesTheOldFileWhereWritingFails) {

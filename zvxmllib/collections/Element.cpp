@@ -347,6 +347,8 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSerializatio
     writer->WriteElementStart(m_name, m_namespace);
     if (m_attributes != nullptr)
         m_attributes->ToXml_Int(writer, false, ns, ctx, false);
+    if (!m_text.empty() && HasChildElements())
+        writer->BeginMixedContent();
     if (m_elements != nullptr)
         m_elements->ToXml_Int(writer, false, ns, ctx, optionalChoice);
     writer->WriteElementValue(m_text, ItemType_string, false);

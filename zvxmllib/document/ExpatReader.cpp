@@ -4,6 +4,7 @@
 #include "zvxmllib/document/Failures.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlTree.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 #include "zvxmllib/values/binary/Encoder.h"
 
 #include <expat.h>
@@ -138,6 +139,29 @@ struct CExpatReader::Handlers {
         Run(XML_GetUserData(parser), [=](CExpatReader& reader) { reader.RefuseEntity(name); });
         return XML_STATUS_ERROR;
     }
+    // The names of encodings are compared without case.
+    static int XMLCALL UnknownEncoding(void*, XML_Char const* name, XML_Encoding* encoding) {
+        auto const upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
+        std::string const local = GetLocalEncodingName();
+        std::string_view const asked = name;
+        if (local.empty() || !std::equal(asked.begin(), asked.end(), local.begin(), local.end(),
+                                         [&](char a, char b) { return upper(a) == upper(b); }))
+            return XML_STATUS_ERROR;
+        for (int byte = 0; byte < 256; ++byte)
+            encoding->map[byte] = byte < 128 ? byte : CharacterOf(static_cast<char>(byte));
+        encoding->data = nullptr;
+        encoding->convert = nullptr;
+        encoding->release = nullptr;
+        return XML_STATUS_OK;
+    }
+    // Of local text; -1 for none.
+    static int CharacterOf(char byte) {
+        char const text[] = {byte, '\0'};
+        CBinaryData const units = LocalToUtf16(text);
+        constexpr int kMalformed = 0xFFFD;
+        int const unit = units.GetLength() == 2 ? units.GetData()[0] | units.GetData()[1] << 8 : kMalformed;
+        return unit == kMalformed ? -1 : unit;
+    }
     static void XMLCALL StartCdata(void* userData) {
         Run(userData, [](CExpatReader& reader) { reader.Mark(kCdataStart); });
     }
@@ -177,13 +201,15 @@ void CExpatReader::Init() {
 }
 
 // Texts keep their carriage returns, which only a reference can give them, prefixes their scopes, and no
-// entity is passed over in silence, nor a character that local text does not have.
+// entity is passed over in silence, nor a character that local text does not have. Of other encodings that of
+// local text is read, if it is one of single octets: what writes local text names it.
 void CExpatReader::InitStrict() {
     m_tree->NoteTextAheadOfChildren();
     m_scopes = &m_tree->KeepScopes();
     XML_SetElementHandler(m_parser.get(), Handlers::StartScope, Handlers::EndElement);
     XML_SetNamespaceDeclHandler(m_parser.get(), Handlers::DeclareInScope, Handlers::EndNamespace);
     XML_SetCharacterDataHandler(m_parser.get(), Handlers::ExactText);
+    XML_SetUnknownEncodingHandler(m_parser.get(), Handlers::UnknownEncoding, nullptr);
     XML_SetSkippedEntityHandler(m_parser.get(), Handlers::SkippedEntity);
     XML_SetExternalEntityRefHandler(m_parser.get(), Handlers::ExternalEntity);
 }

@@ -67,6 +67,10 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* 
 void CXmlGeneratedClass::WriteContent(CXmlWriter& writer, CSerializationContext const& ctx,
                                       bool optionalChoice, CParentElementInfo const& info) const {
     CElementInfo** const elements = Mutable().GetClassElementInfo();
+    bool const hasText =
+        info.GetPrimitiveValuePropertyIndex() != -1 && info.GetPrimitiveDataType() != ItemType_invalid;
+    if (hasText && *elements != nullptr)
+        writer.BeginMixedContent();
     switch (info.GetElementGroupType()) {
     case XmlElementGroupType_Sequence:
         ProcessElementSeqToXml(ctx, elements, &writer);
@@ -80,7 +84,7 @@ void CXmlGeneratedClass::WriteContent(CXmlWriter& writer, CSerializationContext 
     default:
         FailUnknownXmlGroupType();
     }
-    if (info.GetPrimitiveValuePropertyIndex() != -1 && info.GetPrimitiveDataType() != ItemType_invalid)
+    if (hasText)
         WriteSimpleContent(writer, ctx, info);
 }
 

@@ -236,6 +236,19 @@ std::uint32_t ResolveCodePage(std::uint32_t codePage) noexcept {
     return ofLocale;
 }
 
+// iconv's names are IANA's, but for the pages of personal computers.
+std::string GetCodePageName(std::uint32_t codePage) {
+    constexpr std::uint32_t kFirstOfWindows = 874;
+    constexpr std::uint32_t kShiftJis = 932;
+    PageName const* const page = FindPage(codePage);
+    std::string const name = page == nullptr ? "UTF-8" : page->name;
+    if (name.compare(0, 2, "CP") != 0)
+        return name;
+    if (codePage == kShiftJis)
+        return "Windows-31J";
+    return (codePage < kFirstOfWindows ? "IBM" : "windows-") + name.substr(2);
+}
+
 std::u16string CodePageToUtf16(std::uint32_t codePage, std::string_view text) {
     if (codePage == kAsciiCodePage || codePage == kLatin1CodePage)
         return SingleByteToUtf16(text, codePage == kAsciiCodePage ? 0x7F : 0xFF);

@@ -17,6 +17,9 @@ inline constexpr std::uint32_t kUtf8CodePage = 65001;
 // bytes 0 to 127 of all pages are ASCII, so pure ASCII needs no conversion.
 std::uint32_t ResolveCodePage(std::uint32_t codePage) noexcept;
 
+// The name of a resolved page at IANA, where it has one.
+std::string GetCodePageName(std::uint32_t codePage);
+
 // The conversions take a resolved page, but not UTF-8, which the library converts itself.
 
 // Malformed input becomes U+FFFD, one for each character.

@@ -50,6 +50,8 @@ void CXmlWriter::CloseOpenArray() {}
 
 void CXmlWriter::DeclareOnNextElement(std::string const&, std::string const&) {}
 
+void CXmlWriter::BeginMixedContent() {}
+
 void CXmlWriter::SetCollectionState(int state) {
     if (m_pContext == nullptr)
         return;

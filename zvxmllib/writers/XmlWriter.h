@@ -72,6 +72,10 @@ public:
     // Declares an alias, or for an empty one the default namespace, on the element that is started next: for
     // names in its texts. Writers that keep no such names, the usual ones, do nothing.
     virtual void DeclareOnNextElement(std::string const& alias, std::string const& ns);
+    // Call it behind the attributes of an element that has text beside its children: the white space in it
+    // means something, and formatting adds none. Usual writers, and formats where it means nothing, do
+    // nothing.
+    virtual void BeginMixedContent();
 
     // Room for a value on its way from a property to the output, reused so that its strings keep their
     // memory. Writing another element overwrites it.

@@ -1,5 +1,7 @@
 #include "zvxmllib/xml/ExactXmlWriter.h"
 
+#include "zvxmllib/values/binary/Encoder.h"
+
 namespace ZvXmlLib16 {
 
 namespace {
@@ -77,6 +79,23 @@ void CExactXmlWriter::WriteElementEnd() {
     std::int32_t const depth = m_pContext == nullptr ? 0 : m_pContext->m_depth;
     CXmlTextWriter::WriteElementEnd();
     m_inForce.EndElement(depth);
+    if (depth == m_mixedDepth) {
+        m_mixedDepth = kNone;
+        m_formatted = true;
+        AppendEndOfLine();
+    }
+}
+
+void CExactXmlWriter::BeginMixedContent() {
+    if (!m_formatted)
+        return;
+    m_mixedDepth = m_pContext->m_depth;
+    m_formatted = false;
+}
+
+std::string CExactXmlWriter::GetEncodingName() const {
+    return m_sink->GetEncoding() == XmlEncoding_None ? GetLocalEncodingName()
+                                                     : CXmlTextWriter::GetEncodingName();
 }
 
 void CExactXmlWriter::AppendDeclaration(std::string_view alias, std::string const& ns) {

@@ -4,6 +4,7 @@
 #include "zvxmllib/writers/PrefixesInForce.h"
 #include "zvxmllib/xml/XmlTextWriter.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -11,7 +12,8 @@ namespace ZvXmlLib16 {
 
 // As its base, but a reader finds again what was written: texts are always escaped, carriage returns
 // included, URIs of declarations too; an element in no namespace takes the default namespace away; comments
-// and instructions stand behind the start tag. Names and characters are looked at by StrictWriter.
+// and instructions stand behind the start tag; nothing is added to mixed content; the declaration names the
+// encoding of local text. Names and characters are looked at by StrictWriter.
 class CExactXmlWriter : public CXmlTextWriter {
 public:
     // `sink` is borrowed and outlives the writer. With `keepsSections`, a text that begins with a CDATA
@@ -23,6 +25,7 @@ public:
     void SetDefaultNamespace(std::string const& ns) override;
     void AddNamespaceAlias(std::string const& alias, std::string const& ns) override;
     void DeclareOnNextElement(std::string const& alias, std::string const& ns) override;
+    void BeginMixedContent() override;
     void WriteComment(std::string const& text) override;
     void WriteProcessingInstruction(std::string const& text) override;
     void WriteElementStart(std::string const& name, std::string const& ns) override;
@@ -31,6 +34,7 @@ public:
 protected:
     void AppendDeclaration(std::string_view alias, std::string const& ns) override;
     void AppendText(std::string const& text) override;
+    std::string GetEncodingName() const override;
 
 private:
     void CloseOpenStartTag();
@@ -38,6 +42,8 @@ private:
     bool const m_keepsSections;
     PrefixesInForce m_inForce;
     KeptDeclarations m_kept;
+    static constexpr std::int32_t kNone = -1;
+    std::int32_t m_mixedDepth = kNone; // of the outermost open element in which formatting adds nothing
 };
 
 } // namespace ZvXmlLib16

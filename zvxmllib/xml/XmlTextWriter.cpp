@@ -64,13 +64,17 @@ CXmlTextWriter::~CXmlTextWriter() = default;
 
 void CXmlTextWriter::WriteDeclaration() {
     m_sink->Append("<?xml version=\"1.0\"");
-    if (m_sink->GetEncoding() == XmlEncoding_UTF8)
-        m_sink->Append(" encoding=\"UTF-8\"");
-    else if (m_sink->GetEncoding() == XmlEncoding_UTF16)
-        m_sink->Append(" encoding=\"UTF-16\"");
+    std::string const encoding = GetEncodingName();
+    if (!encoding.empty())
+        m_sink->Append(" encoding=\"" + encoding + '"');
     m_sink->Append("?>");
     AppendEndOfLine();
     FlushIfLarge();
+}
+
+std::string CXmlTextWriter::GetEncodingName() const {
+    XmlEncoding const encoding = m_sink->GetEncoding();
+    return encoding == XmlEncoding_UTF8 ? "UTF-8" : encoding == XmlEncoding_UTF16 ? "UTF-16" : "";
 }
 
 void CXmlTextWriter::WriteDirective(std::string const& text) {

@@ -56,6 +56,8 @@ protected:
     void AppendDeclaration(std::string_view alias, std::string const& ns) override;
     // The text of an element, as it is to be read again. What begins as a CDATA section is markup already.
     virtual void AppendText(std::string const& text);
+    // What the declaration says; empty for nothing.
+    virtual std::string GetEncodingName() const;
     void AppendEscapedText(std::string const& text) { AppendEscaped(text, m_escapes.text, m_eol); }
     void AppendEscapedAttribute(std::string const& text);
     void CloseStartTag();

@@ -135,6 +135,10 @@ std::string Utf8ToLocal(char const* utf8) {
     return Utf8ToLocal(utf8, utf8 != nullptr ? std::strlen(utf8) : 0);
 }
 
+std::string GetLocalEncodingName() {
+    return IsLocalTextUtf8() ? std::string() : platform::GetCodePageName(LocalPage());
+}
+
 char32_t FindCharacterNotLocal(std::string_view utf8) {
     if (IsAscii(utf8) || (IsLocalPageUtf8() && !IsASCIIOnly()))
         return 0;

@@ -36,6 +36,9 @@ ZV_API std::string Utf8ToLocal(char const* utf8, std::size_t length, char16_t* w
 ZV_API std::string Utf8ToLocal(char const* utf8, std::size_t length);
 ZV_API std::string Utf8ToLocal(char const* utf8);
 
+// As an XML declaration names the encoding of local text (XML, 4.3.3). Empty for UTF-8.
+std::string GetLocalEncodingName();
+
 // The first character of UTF-8, which is well-formed, that local text cannot hold; 0 if it holds them all.
 // With ASCII-only that is the first above 127.
 char32_t FindCharacterNotLocal(std::string_view utf8);
