@@ -127,7 +127,7 @@ TEST(SimpleTypes, TellLexicalForms) {
         {BuiltIn::kPositiveInteger, {}, {"+1"}, {"0", "-1"}},
         {BuiltIn::kLong, {}, {"-9223372036854775808"}, {"9223372036854775808", "-9223372036854775809"}},
         {BuiltIn::kByte, {}, {"-128", "+0127"}, {"128", "-129"}},
-        {BuiltIn::kUnsignedLong, {}, {"18446744073709551615", "0"}, {"18446744073709551616", "-1", "+1"}},
+        {BuiltIn::kUnsignedLong, {}, {"18446744073709551615", "-0", "+1"}, {"18446744073709551616", "-1"}},
         {BuiltIn::kUnsignedByte, {}, {"255"}, {"256"}},
         {BuiltIn::kFloat,
          {},

@@ -23,10 +23,6 @@ constexpr char KeySign(BuiltIn primitive) noexcept {
         '!' + static_cast<int>(primitive == BuiltIn::kAnySimpleType ? BuiltIn::kString : primitive));
 }
 
-constexpr bool IsUnsigned(BuiltIn type) noexcept {
-    return type >= BuiltIn::kUnsignedLong && type <= BuiltIn::kUnsignedByte;
-}
-
 bool RefuseForm(SimpleType const& type, std::string_view text, TestOutput const& output) {
     if (output.message != nullptr)
         TellForm(*output.message, text, type.builtIn);
@@ -64,13 +60,11 @@ bool ReadBase64(std::string_view text, AtomicForm& form, std::string* key) {
     return true;
 }
 
-// All types with an order. An integer is a decimal without a point, an unsigned one has no sign either.
+// All types with an order. An integer is a decimal without a point.
 bool ReadOrderedForm(SimpleType const& type, std::string_view text, AtomicForm& form, std::string* key) {
-    if (type.primitive == BuiltIn::kDecimal && type.builtIn != BuiltIn::kDecimal) {
-        std::string_view const never = IsUnsigned(type.builtIn) ? ".+-" : ".";
-        if (text.find_first_of(never) != std::string_view::npos)
-            return false;
-    }
+    if (type.primitive == BuiltIn::kDecimal && type.builtIn != BuiltIn::kDecimal &&
+        text.find('.') != std::string_view::npos)
+        return false;
     if (!form.needsValue && key == nullptr)
         return IsOrderedForm(type.primitive, text);
     if (!ReadOrdered(type.primitive, text, form.value))
