@@ -255,6 +255,9 @@ TEST(SimpleTypes, TakeListsAndUnionsApart) {
     std::uint32_t const small = grammar.Restrict(BuiltIn::kInteger, {"maxInclusive=9"});
     std::uint32_t const word = grammar.Restrict(BuiltIn::kToken, {"pattern=[a-z]+"});
     std::uint32_t const either = grammar.Union({small, word, Id(BuiltIn::kIDREF)});
+    // A union takes over the members of a union, and not its facets.
+    std::uint32_t const few = grammar.Union({either}, {"enumeration=1"});
+    std::uint32_t const many = grammar.Union({few, Id(BuiltIn::kFloat)});
     std::uint32_t const outer =
         grammar.Union({either, Id(BuiltIn::kFloat)}, {"enumeration=5", "enumeration=x", "enumeration=1.5"});
     std::uint32_t const list = grammar.List(either, {"maxLength=3", "enumeration=1 a", "enumeration=B"});
@@ -269,11 +272,11 @@ TEST(SimpleTypes, TakeListsAndUnionsApart) {
     };
     for (Row const& row :
          {Row{either, " 7 ", small}, Row{either, "70", kNone}, Row{either, "abc", word},
-          Row{either, "Abc", Id(BuiltIn::kIDREF)}, Row{outer, "05", small}, Row{outer, "x", word},
-          Row{outer, "1.50", Id(BuiltIn::kFloat)}, Row{outer, "5.0", kNone}, Row{outer, "y", kNone},
-          Row{list, "01  a", list}, Row{list, "1 b", kNone}, Row{list, "B", list}, Row{list, "1a", kNone},
-          Row{bars, "a b", Id(BuiltIn::kString)}, Row{bars, " a b", kNone}, Row{bars, " c ", kNone},
-          Row{bars, "c", kNone}}) {
+          Row{either, "Abc", Id(BuiltIn::kIDREF)}, Row{few, "2", kNone}, Row{many, "2", small},
+          Row{outer, "05", small}, Row{outer, "x", word}, Row{outer, "1.50", Id(BuiltIn::kFloat)},
+          Row{outer, "5.0", kNone}, Row{outer, "y", kNone}, Row{list, "01  a", list}, Row{list, "1 b", kNone},
+          Row{list, "B", list}, Row{list, "1a", kNone}, Row{bars, "a b", Id(BuiltIn::kString)},
+          Row{bars, " a b", kNone}, Row{bars, " c ", kNone}, Row{bars, "c", kNone}}) {
         SimpleValue value;
         std::string room;
         bool const isValid = types.FindFault(row.type, row.text, nullptr, &value, room) == nullptr;

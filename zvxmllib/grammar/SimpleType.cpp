@@ -12,8 +12,6 @@ namespace ZvXmlLib16::grammar {
 
 namespace {
 
-constexpr int kMostDepth = 100; // of unions in unions
-
 struct BuiltInRow {
     BuiltIn base;
     char const* least = nullptr; // minInclusive, maxInclusive
@@ -89,7 +87,7 @@ void TakeOver(SimpleType const& base, SimpleType& type) {
     type.whiteSpace = base.whiteSpace;
     type.hasIds = base.hasIds;
     type.hasQNames = base.hasQNames;
-    type.depth = base.depth;
+    type.hasList = base.hasList;
     type.item = base.item;
     type.members = base.members;
     type.hasLengths = base.hasLengths;
@@ -108,7 +106,7 @@ void BecomeList(SimpleType const& item, SimpleType& type) {
     type.item = &item;
     type.hasIds = item.hasIds;
     type.hasQNames = item.hasQNames;
-    type.depth = item.depth + 1;
+    type.hasList = true;
 }
 
 bool SetBound(Facet facet, char const* text, bool isBuiltIn, SimpleType& type) {
@@ -214,43 +212,50 @@ public:
         TakeOver(base, type);
         bool const isNew = base.base == nullptr;
         if (isNew && row.variety == Variety::kList)
-            BecomeList(find(row.item), type);
+            BecomeList(ItemOf(row, find(row.item)), type);
         else if (isNew && row.variety == Variety::kUnion)
             BecomeUnion(row, find, type);
-        if (type.depth > kMostDepth)
-            FailTypeRow(row.name);
         ReadFacets(row, type);
     }
 
 private:
+    // A list has no lists in it.
+    static SimpleType const& ItemOf(SimpleTypeRow const& row, SimpleType const& item) {
+        if (item.hasList)
+            FailTypeRow(row.name);
+        return item;
+    }
+
+    // By XML Schema Part 1, 3.14.2, a union has the members of a union that is its member, without the facets
+    // of that union.
     template <class Find>
     void BecomeUnion(SimpleTypeRow const& row, Find const& find, SimpleType& type) {
         type.ownMembers = std::make_unique<UnionMembers>();
         UnionMembers& members = *type.ownMembers;
-        auto const addOnce = [](std::vector<SimpleType const*>& list, SimpleType const& member) {
-            if (std::find(list.begin(), list.end(), &member) == list.end())
-                list.push_back(&member);
-        };
+        m_lastNested.resize(m_types.size());
         for (std::uint32_t i = 0; i < row.members.count; ++i) {
             SimpleType const& member = find(m_rows.indexes[row.members.first + i]);
             type.hasIds = type.hasIds || member.hasIds;
             type.hasQNames = type.hasQNames || member.hasQNames;
-            type.depth = std::max(type.depth, member.depth + 1);
-            addOnce(members.nested, member);
+            type.hasList = type.hasList || member.hasList;
+            AddMember(member, type, members);
             if (member.members != nullptr) {
                 for (SimpleType const* const inner : member.members->nested)
-                    addOnce(members.nested, *inner);
-            }
-            // What a type refuses, it refuses a second time.
-            if (member.members == nullptr || member.patterns != nullptr || member.enumeration != nullptr) {
-                addOnce(members.tried, member);
-            } else {
-                for (SimpleType const* const inner : member.members->tried)
-                    addOnce(members.tried, *inner);
+                    AddMember(*inner, type, members);
             }
         }
         type.variety = Variety::kUnion;
         type.members = &members;
+    }
+
+    // Once: what a type refuses, it refuses a second time.
+    void AddMember(SimpleType const& member, SimpleType const& type, UnionMembers& members) {
+        if (m_lastNested[member.id] == type.id)
+            return;
+        m_lastNested[member.id] = type.id;
+        members.nested.push_back(&member);
+        if (member.members == nullptr)
+            members.tried.push_back(&member);
     }
 
     void ReadFacets(SimpleTypeRow const& row, SimpleType& type) {
@@ -290,6 +295,7 @@ private:
     GrammarRows const& m_rows;
     std::vector<std::string_view> const& m_notations;
     SimpleTypeList& m_types;
+    std::vector<std::uint32_t> m_lastNested; // by the id of a type: the last union that it was found in
 };
 
 } // namespace

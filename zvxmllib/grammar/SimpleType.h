@@ -31,7 +31,7 @@ struct Bound {
 using Enumeration = std::vector<std::string>;
 
 struct UnionMembers {
-    std::vector<struct SimpleType const*> tried;  // in this order; unions without facets are taken apart
+    std::vector<struct SimpleType const*> tried;  // in this order; none is a union
     std::vector<struct SimpleType const*> nested; // all, also members of members
 };
 
@@ -50,7 +50,7 @@ struct SimpleType {
     WhiteSpace whiteSpace = WhiteSpace::kPreserve;
     bool hasIds = false;
     bool hasQNames = false;
-    int depth = 0; // of unions within it
+    bool hasList = false; // is one, or a union with one
 
     SimpleType const* item = nullptr;      // of a list
     UnionMembers const* members = nullptr; // of a union

@@ -124,7 +124,7 @@ void FailTypeRow(char const* type) {
     End(type, message);
     message.pop_back();
     throw CZvInvalidParamException(message +
-                                   " refers to what is not a simple type before it, or nests too deep.");
+                                   " is made of what is not a simple type before it, or is a list of lists.");
 }
 
 void TellForm(std::string& message, std::string_view value, BuiltIn type) {
