@@ -52,30 +52,44 @@ TEST(Positions, TellWhereReadingFailed) {
 
 TEST(Positions, OfJsonAreThoseOfTheValues) {
     Model model;
-    model.elements = {Prim<CElementInfoSeqPrimOpt>("a", 0), new CElementInfoSeqPrimCol("c", "", 1)};
+    model.elements = {new CElementInfoSeqPrimOpt("s", "", 2, false, ItemType_string, nullptr,
+                                                 CWhitespaceUtils::WhitespaceRule_None,
+                                                 CPrimitiveRestrictions(), nullptr),
+                      Prim<CElementInfoSeqPrimOpt>("a", 0), new CElementInfoSeqPrimCol("c", "", 1)};
     model.attributes = {Attribute("k", 3, true)};
     model.init = [](Probe& probe) { probe.properties[1].SetXmlCollection(NewCol<Ci4Col>({"c"})); };
     model.Finish();
     struct Row {
         char const* json;
-        char const* where;
+        char const* usual;
+        char const* strict;
     };
     for (Row const& row : {
-             Row{"{\"order\": {\n  \"a\": \"x\"}}", "2:8"},
-             Row{"{\"order\": {\"c\": [1,\n 2, \"x\"]}}", "2:5"},
-             Row{"{\"order\": {\"a\": 1,\n \"a\": \"x\"", "2:9"},    // no JSON
-             Row{"{\"order\": {\"Ã¤\": 1,\n \"a\": \"x\"}}", "0:0"}, // by way of XML text
+             Row{"{\"order\": {\n  \"a\": \"x\"}}", "2:8", "2:8"},
+             Row{"{\"order\": {\"c\": [1,\n 2, \"x\"]}}", "2:5", "2:5"},
+             Row{"{\"order\": {\"a\": 1,\n \"c\": \"x\"", "2:9", "2:9"}, // no JSON
+             // By way of XML text. The column counts octets.
+             Row{"{\"order\": {\"\xC3\xA4\": 1,\n \"a\": \"x\"}}", "0:0", "1:11"},
+             Row{"{\"order\": {\"s\": \"\xC3\xA4\xE2\x82\xAC\", \"c\": [1,\"x\"]}}", "1:34", "1:34"},
+             Row{"{\"order\": {\"a\": 1,\n\"@k\": 7, \"@m\":\n2}}", "0:0", "3:1"},
+             Row{"{\"order\":\n {\"a\": null}}", "2:8", "2:8"},
+             Row{"{\"order\": {\"a\": 1,\n\"a\": 1}}", "1:17", "2:4"}, // the name
+             Row{"{\"order\": {},\n \"order2\": {}}", "0:0", "2:12"},
+             Row{"{\"order\": {\"p:q\":\n1}}", "0:0", "2:1"}, // no prefix
          }) {
-        CSerializationContext ctx;
-        ctx.SetKeepPositions(true);
-        CSmartPtr<Probe> const probe(new Probe(model));
-        try {
-            probe->FromJson(row.json, ctx);
-            ADD_FAILURE() << row.json;
-        } catch (CZvException const& failure) {
-            EXPECT_EQ(std::to_string(failure.GetLine()) + ':' + std::to_string(failure.GetColumn()),
-                      row.where)
-                << row.json;
+        for (bool const strict : {false, true}) {
+            CSerializationContext ctx;
+            ctx.SetKeepPositions(true);
+            ctx.SetStrict(strict);
+            CSmartPtr<Probe> const probe(new Probe(model));
+            try {
+                probe->FromJson(row.json, ctx);
+                ADD_FAILURE() << row.json << " strict " << strict;
+            } catch (CZvException const& failure) {
+                EXPECT_EQ(std::to_string(failure.GetLine()) + ':' + std::to_string(failure.GetColumn()),
+                          strict ? row.strict : row.usual)
+                    << row.json << " strict " << strict;
+            }
         }
     }
 }

@@ -16,11 +16,6 @@ bool FailureNotes::Note(CReadFailure failure, std::exception_ptr const& thrown) 
     return Takes();
 }
 
-void FailureNotes::ForgetPlaces() noexcept {
-    for (CReadFailure& failure : m_list)
-        failure.line = failure.column = 0;
-}
-
 void FailureNotes::ThrowFirst() const {
     if (m_first != nullptr)
         std::rethrow_exception(m_first);

@@ -35,8 +35,13 @@ public:
     bool Takes() const noexcept { return m_list.size() < m_limit; }
     // `thrown` is the exception that reading ends with if this is the first. True if reading may go on.
     bool Note(CReadFailure failure, std::exception_ptr const& thrown);
-    // For what was read by way of another text: the places are those of that text, which nobody sees.
-    void ForgetPlaces() noexcept;
+    // For what was read by way of another text: the places are those of that text, which nobody sees. Calls
+    // `move(line, column)` to change them.
+    template <class Move>
+    void MovePlaces(Move move) {
+        for (CReadFailure& failure : m_list)
+            move(failure.line, failure.column);
+    }
     // Throws the first, if there is one.
     void ThrowFirst() const;
 

@@ -10,6 +10,7 @@
 #include "zvxmllib/json/JsonInput.h"
 #include "zvxmllib/json/JsonTextReader.h"
 #include "zvxmllib/json/JsonTreeWriter.h"
+#include "zvxmllib/json/StrictJsonReading.h"
 #include "zvxmllib/values/binary/Encoder.h"
 
 namespace ZvXmlLib16 {
@@ -42,16 +43,27 @@ std::string TextOf(CBinaryData const& xml) {
 constexpr std::size_t kShownXml = 200;
 
 void FromStrictJson(CXmlObjectBase& object, std::string_view json, CSerializationContext const& ctx) {
-    CBinaryData const xml = CJsonTextReader::ConvertToXml(json, ctx);
+    detail::JsonPlaces places;
+    CBinaryData const xml = ConvertStrictJson(json, ctx, places);
     CSerializationContext own(ctx);
     if (ctx.GetJsonContext().GetSupportRoundtrip() != JsonRoundTrip_Full)
         own.SetIgnoreNamespaces(true);
-    own.SetKeepPositions(false); // they would be those of the XML, which the caller does not have
+    // What fails has its place in the XML, which the caller does not have.
+    auto const moveToJson = [&places](std::uint64_t& line, std::uint64_t& column) {
+        detail::NodePosition const place = places.Find(column);
+        line = place.line;
+        column = place.column;
+    };
     try {
         object.FromXmlStream(xml, own);
         ctx.TakeFailures(own);
-    } catch (CZvException const& cause) {
+    } catch (CZvException& cause) {
+        own.GetFailureNotes().MovePlaces(moveToJson);
         ctx.TakeFailures(own);
+        std::uint64_t line = cause.GetLine();
+        std::uint64_t column = cause.GetColumn();
+        moveToJson(line, column);
+        cause.SetPosition(line, column);
         FailReadingConvertedXml(TextOf(xml).substr(0, kShownXml), cause);
     }
 }
@@ -114,7 +126,8 @@ void CXmlObjectBase::FromJson_Int(std::string_view json, CSerializationContext c
     } catch (CZvException& cause) {
         cause.SetPosition(0, 0); // in the XML, which the caller does not have
         if (ctx.GetFailureLimit() != 0)
-            ctx.GetFailureNotes().ForgetPlaces();
+            ctx.GetFailureNotes().MovePlaces(
+                [](std::uint64_t& line, std::uint64_t& column) { line = column = 0; });
         FailReadingConvertedXml(TextOf(xml), cause);
     }
 }

@@ -1,6 +1,7 @@
 // JsonValue, a JSON value in memory. Header only.
 #pragma once
 
+#include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/foundation/Enumerations.h"
 
 #include <string>
@@ -19,6 +20,7 @@ struct JsonValue {
     Kind kind = kNull;
     std::string text;                // of a string; of a bare value: a number, true or false
     std::vector<JsonMember> members; // of an object; of an array, without names
+    detail::NodePosition position{}; // of what was read: where it begins
 };
 
 struct JsonMember {

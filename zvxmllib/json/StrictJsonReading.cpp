@@ -2,6 +2,7 @@
 
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/Failures.h"
+#include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/json/Failures.h"
 #include "zvxmllib/json/JsonContext.h"
@@ -26,6 +27,11 @@ namespace {
 
 constexpr std::string_view kTextName = "#text";
 constexpr char kAttributeMark = '@';
+constexpr std::string_view kNilPrefix = "nil";
+
+void SetPlace(CZvException& failure, JsonPlace const& place) noexcept {
+    failure.SetPosition(static_cast<std::uint64_t>(place.line), static_cast<std::uint64_t>(place.position));
+}
 
 void RequireText(std::string const& utf8, std::string const& owner) {
     XmlTextFault const fault = FindXmlTextFault(utf8);
@@ -61,6 +67,7 @@ public:
             FailNameTwice(name, m_reader.Place());
         RequireName(name);
         RequireLocal(name);
+        NotePrefix(name);
         object.value->members.push_back({name, JsonValue()});
     }
     void OnString(std::string const& value) override {
@@ -81,6 +88,9 @@ public:
     }
     void EndArray() override { m_open.pop_back(); }
 
+    // One for xsi:nil.
+    std::string GetFreePrefix() const { return std::string(kNilPrefix).append(m_taken, '_'); }
+
 private:
     struct Level {
         JsonValue* value; // at the end of its parent, so it stays where it is
@@ -90,6 +100,14 @@ private:
     void RequireLocal(std::string const& utf8) const {
         if (char32_t const character = FindCharacterNotLocal(utf8))
             FailCharacterNotLocal(character, m_reader.GetPosition());
+    }
+    void NotePrefix(std::string_view name) {
+        for (std::size_t at = name.find(kNilPrefix); at != std::string_view::npos;
+             at = name.find(kNilPrefix, at + 1)) {
+            std::size_t const behind = at + kNilPrefix.size();
+            std::size_t const end = std::min(name.find_first_not_of('_', behind), name.size());
+            m_taken = std::max(m_taken, end - behind + 1);
+        }
     }
     bool IsPlainMember(std::string const& name) const {
         return m_marksAttributes && (name[0] == kAttributeMark || name == kTextName);
@@ -107,6 +125,7 @@ private:
     }
     void Start(JsonValue::Kind kind) { m_open.push_back({&Add({kind, {}, {}}), {}}); }
     JsonValue& Add(JsonValue value) {
+        value.position = m_reader.GetPosition();
         if (m_open.empty())
             return m_value = std::move(value);
         JsonValue& parent = *m_open.back().value;
@@ -124,13 +143,15 @@ private:
     bool const m_namesHaveColons;
     JsonValue& m_value;
     std::vector<Level> m_open;
+    std::size_t m_taken = 0; // more underscores than any name has behind the prefix
 };
 
 // Prints the element that a member stands for.
 class XmlPrinter {
 public:
-    XmlPrinter(bool marksAttributes, std::string nilPrefix)
-        : m_marksAttributes(marksAttributes), m_nilPrefix(std::move(nilPrefix)) {}
+    // `places` is borrowed.
+    XmlPrinter(bool marksAttributes, std::string nilPrefix, detail::JsonPlaces& places)
+        : m_marksAttributes(marksAttributes), m_nilPrefix(std::move(nilPrefix)), m_places(places) {}
 
     // Each item of an array is an element.
     void Print(std::string const& name, JsonValue const& value) {
@@ -148,6 +169,7 @@ private:
         return m_marksAttributes && member.name[0] == kAttributeMark;
     }
     void PrintElement(std::string const& name, JsonValue const& value) {
+        m_places.Add(m_text.size(), value.position);
         m_text += '<';
         m_text += name;
         JsonValue const* text = &value;
@@ -155,14 +177,14 @@ private:
             text = nullptr;
             for (JsonMember const& member : value.members) {
                 if (IsAttribute(member) && member.value.kind != JsonValue::kNull)
-                    PrintAttribute(member.name.substr(1), member.value.text);
+                    PrintAttribute(member.name.substr(1), member.value.text, member.value.position);
                 else if (m_marksAttributes && member.name == kTextName)
                     text = &member.value;
             }
         }
         if (text != nullptr && text->kind == JsonValue::kNull) {
-            PrintAttribute("xmlns:" + m_nilPrefix, kSchemaInstanceNamespace);
-            PrintAttribute(m_nilPrefix + ":nil", "true");
+            PrintAttribute("xmlns:" + m_nilPrefix, kSchemaInstanceNamespace, text->position);
+            PrintAttribute(m_nilPrefix + ":nil", "true", text->position);
         }
         m_text += '>';
         if (value.kind == JsonValue::kObject) {
@@ -177,8 +199,9 @@ private:
         m_text += name;
         m_text += '>';
     }
-    void PrintAttribute(std::string const& name, std::string_view value) {
+    void PrintAttribute(std::string const& name, std::string_view value, detail::NodePosition const& place) {
         m_text += ' ';
+        m_places.Add(m_text.size(), place);
         m_text += name;
         m_text += "=\"";
         Escape(value);
@@ -216,8 +239,18 @@ private:
 
     bool const m_marksAttributes;
     std::string const m_nilPrefix;
+    detail::JsonPlaces& m_places;
     std::string m_text{"<?xml version=\"1.0\" encoding=\"UTF-8\"?>"};
 };
+
+[[noreturn]] void FailSecondRoot(JsonValue const& second) {
+    try {
+        FailSeveralRoots();
+    } catch (CZvException& failure) {
+        failure.SetPosition(second.position.line, second.position.column);
+        throw;
+    }
+}
 
 // The one element of the document.
 JsonMember TakeRoot(JsonValue value, std::string rootName, bool marksAttributes) {
@@ -228,7 +261,7 @@ JsonMember TakeRoot(JsonValue value, std::string rootName, bool marksAttributes)
         if (root.value.kind != JsonValue::kObject || root.value.members.empty())
             FailNoJsonRoot();
         if (root.value.members.size() != 1)
-            FailSeveralRoots();
+            FailSecondRoot(root.value.members[1].value);
         JsonMember only = std::move(root.value.members.front());
         if (marksAttributes && (only.name[0] == kAttributeMark || only.name == kTextName))
             FailNoJsonRoot();
@@ -238,7 +271,7 @@ JsonMember TakeRoot(JsonValue value, std::string rootName, bool marksAttributes)
         if (root.value.members.empty())
             FailNoJsonRoot();
         if (root.value.members.size() != 1)
-            FailSeveralRoots();
+            FailSecondRoot(root.value.members[1].value);
         JsonValue item = std::move(root.value.members.front().value);
         root.value = std::move(item);
     }
@@ -265,32 +298,52 @@ void RequireUtf8(std::string_view text) {
     FailInvalidUtf8(PlaceOf(text, valid));
 }
 
+struct Parsed {
+    JsonValue value;
+    std::string nilPrefix; // which no name has
+};
+
+// A failure that has no place of its own has that where the reader stands.
+Parsed ParseJson(std::string_view utf8, CSerializationContext const& ctx) {
+    Parsed parsed;
+    CJsonTextReader reader(utf8, JsonSyntax::kStrict);
+    auto builder =
+        std::make_unique<ValueBuilder>(reader, ctx.GetJsonContext().GetSupportRoundtrip(),
+                                       ctx.GetSchemaType() == SchemaType_NoNamespaces, parsed.value);
+    ValueBuilder const& built = *builder;
+    reader.SetHandler(std::move(builder));
+    try {
+        if (!reader.Parse())
+            FailNoJsonRoot();
+    } catch (CZvException& failure) {
+        if (!failure.HasPosition())
+            SetPlace(failure, reader.Place());
+        throw;
+    }
+    parsed.nilPrefix = built.GetFreePrefix();
+    return parsed;
+}
+
 } // namespace
 
 CBinaryData ConvertStrictJson(std::string_view utf8, CSerializationContext const& ctx) {
+    detail::JsonPlaces places;
+    return ConvertStrictJson(utf8, ctx, places);
+}
+
+CBinaryData ConvertStrictJson(std::string_view utf8, CSerializationContext const& ctx,
+                              detail::JsonPlaces& places) {
     RequireUtf8(utf8);
     CJsonContext const& options = ctx.GetJsonContext();
     bool const marksAttributes = options.GetSupportRoundtrip() != JsonRoundTrip_None;
-    JsonValue value;
-    bool hasValue = false;
-    {
-        CJsonTextReader reader(utf8, JsonSyntax::kStrict);
-        reader.SetHandler(std::make_unique<ValueBuilder>(
-            reader, options.GetSupportRoundtrip(), ctx.GetSchemaType() == SchemaType_NoNamespaces, value));
-        hasValue = reader.Parse();
-    }
-    if (!hasValue)
-        FailNoJsonRoot();
-    JsonMember const root = TakeRoot(std::move(value), options.GetRootElementName(), marksAttributes);
+    Parsed parsed = ParseJson(utf8, ctx);
+    JsonMember const root = TakeRoot(std::move(parsed.value), options.GetRootElementName(), marksAttributes);
     if (root.name.empty() || (!options.GetRootElementName().empty() && !IsXmlName(root.name)))
         FailElementName(root.name);
-    std::string nilPrefix = "nil";
-    while (utf8.find(nilPrefix + ':') != std::string_view::npos ||
-           utf8.find("xmlns:" + nilPrefix) != std::string_view::npos)
-        nilPrefix += '_';
-    XmlPrinter printer(marksAttributes, nilPrefix);
+    XmlPrinter printer(marksAttributes, std::move(parsed.nilPrefix), places);
     printer.Print(root.name, root.value);
     std::string const& xml = printer.GetText();
+    places.CountColumns(xml);
     CBinaryData data;
     data.Append(reinterpret_cast<unsigned char const*>(xml.data()), static_cast<std::uint32_t>(xml.size()));
     return data;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/json/JsonPlaces.h"
 
 #include <string_view>
 
@@ -11,5 +12,8 @@ namespace ZvXmlLib16 {
 // no say. The whole text is one value; names stand once in their object; attributes and texts may stand
 // anywhere in it; null is nil. Throws CZvException and its kin.
 CBinaryData ConvertStrictJson(std::string_view utf8, CSerializationContext const& ctx);
+// The same, and where its nodes come from.
+CBinaryData ConvertStrictJson(std::string_view utf8, CSerializationContext const& ctx,
+                              detail::JsonPlaces& places);
 
 } // namespace ZvXmlLib16
