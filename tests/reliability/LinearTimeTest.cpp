@@ -1,6 +1,8 @@
 // Inputs that are made to be slow: four times the length takes about four times the time, not sixteen.
 #include "tests/driver/Reading.h"
 #include "tests/support/TemporaryFile.h"
+#include "zvxmllib/collections/Element.h"
+#include "zvxmllib/collections/ItemMaker.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/streams/AsyncFiles.h"
 
@@ -16,6 +18,13 @@
 using namespace entries;
 
 namespace {
+
+std::string Repeated(std::size_t count, char const* text) {
+    std::string all;
+    for (std::size_t i = 0; i < count; ++i)
+        all += text;
+    return all;
+}
 
 double Seconds(std::function<void()> const& action) {
     double best = 1e9;
@@ -88,16 +97,99 @@ TEST(LinearTime, OfUnknownElementsUnderNestedGroups) {
         group.Finish();
     }
     OrderOf model({new CElementInfoSeqClsOpt("g", "", 0, XmlElementType_Pseudo, makeGroup, 0)});
-    CSerializationContext const ctx = Ignoring(&CSerializationContext::SetIgnoreUnknownElements);
+    CSerializationContext ctx = Ignoring(&CSerializationContext::SetIgnoreUnknownElements);
+    for (bool const strict : {false, true}) {
+        ctx.SetStrict(strict);
+        ExpectLinear(
+            strict ? "unknown elements under groups, strict" : "unknown elements under three groups", 20000,
+            [](std::size_t count) { return "<order>" + Repeated(count, "<z/>") + "</order>"; },
+            [&](std::string const& xml) { EXPECT_EQ(Outcome(model, xml.c_str(), ctx), "<order/>"); });
+    }
+    // Between known ones, in groups that repeat.
+    Model item;
+    item.type = XmlElementType_Pseudo;
+    item.elements = {Prim<CElementInfoSeqPrimMnd>("p", 0), Prim<CElementInfoSeqPrimMnd>("q", 1)};
+    item.Finish();
+    class Telling : public ProbeCol, public IItemMaker {
+    public:
+        explicit Telling(Model& items) : ProbeCol(items, 0, -1), m_items(items) {}
+        CSmartPtr<CXmlObjectBase> MakeItem() const override { return new Probe(m_items); }
+
+    private:
+        Model& m_items;
+    };
+    OrderOf many({new CElementInfoSeqClsCol("group", "", 0, XmlElementType_Pseudo)},
+                 [&](Probe& probe) { probe.properties[0].SetXmlCollection(new Telling(item)); });
     ExpectLinear(
-        "unknown elements under three groups", 20000,
+        "unknown elements in groups, strict", 4000,
         [](std::size_t count) {
-            std::string xml = "<order>";
-            for (std::size_t i = 0; i < count; ++i)
-                xml += "<z/>";
-            return xml + "</order>";
+            return "<order>" + Repeated(count, "<z/><p>1</p><z/><q>2</q>") + "</order>";
         },
-        [&](std::string const& xml) { EXPECT_EQ(Outcome(model, xml.c_str(), ctx), "<order/>"); });
+        [&](std::string const& xml) { EXPECT_NE(Outcome(many, xml.c_str(), ctx), "<order/>"); });
+}
+
+// Reads an untyped element and writes it, by the letter.
+void Copy(std::string const& xml) {
+    CSerializationContext ctx;
+    ctx.SetStrict(true);
+    CSmartPtr<CElement> const element(new CElement(""));
+    static_cast<CXmlObjectBase&>(*element).FromXml(xml.c_str(), ctx);
+    EXPECT_GE(element->ToXml(false, false, EOLType_LF, ctx).size(), xml.size());
+}
+
+TEST(LinearTime, OfPrefixesInScope) {
+    auto const declarations = [](std::size_t count, char const* uri) {
+        std::string xml;
+        for (std::size_t i = 0; i < count; ++i)
+            xml += " xmlns:p" + std::to_string(i) + "='" + uri + std::to_string(i) + "'";
+        return xml;
+    };
+    constexpr std::size_t kAll = 1 << 20;
+    auto const names = [](std::size_t count, std::size_t different) {
+        std::string xml;
+        for (std::size_t i = 0; i < count; ++i)
+            xml += "<a>p" + std::to_string(i % different) + ":x</a>";
+        return xml;
+    };
+    ExpectLinear(
+        "prefixes of one element", 4000,
+        [&](std::size_t count) {
+            return "<r" + declarations(count, "u") + ">" + names(count, kAll) + "</r>";
+        },
+        Copy);
+    ExpectLinear(
+        "prefixes declared again", 2000,
+        [&](std::size_t count) {
+            return "<r" + declarations(count, "u") + "><r" + declarations(count, "v") + ">" +
+                   names(count, kAll) + "</r></r>";
+        },
+        Copy);
+    ExpectLinear(
+        "prefixes of a deep element", 4000,
+        [&](std::size_t count) {
+            std::string const deep = Repeated(400, "<d>") + names(count, 16) + Repeated(400, "</d>");
+            return "<r" + declarations(16, "u") + ">" + deep + "</r>";
+        },
+        Copy);
+}
+
+TEST(LinearTime, OfStrictJson) {
+    CSerializationContext ctx;
+    ctx.SetStrict(true);
+    auto const read = [&](std::string const& json) {
+        CSmartPtr<CElement> const element(new CElement(""));
+        element->FromJson(json.c_str(), ctx);
+    };
+    auto const object = [](std::function<std::string(std::size_t)> const& member) {
+        return [=](std::size_t count) {
+            std::string json = "{\"r\":{";
+            for (std::size_t i = 0; i < count; ++i)
+                json += member(i);
+            return json + "\"z\":null}}";
+        };
+    };
+    ExpectLinear("members of an object", 20000,
+                 object([](std::size_t i) { return "\"a" + std::to_string(i) + "\":1,"; }), read);
 }
 
 } // namespace
