@@ -3,6 +3,8 @@
 #include "Errors.h"
 
 #include "schema/frontend/SchemaReader.h"
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/grammar/Grammar.h"
 
 #include <cstdio>
 
@@ -13,6 +15,17 @@ namespace zvxml {
 namespace {
 
 constexpr std::size_t kMostErrors = 20; // that are told; the first ones explain the others
+
+// What is beyond the means of the validator, such as a pattern that the library of regular expressions
+// refuses.
+void TestGrammar(Schema const& schema) {
+    try {
+        ZvXmlLib16::grammar::Grammar const grammar(schema.GetRows());
+    } catch (ZvXmlLib16::CZvException const& e) {
+        std::fprintf(stderr, "zvxml: %s\n", e.GetMessage().c_str());
+        throw SchemaError("the schema cannot be used");
+    }
+}
 
 } // namespace
 
@@ -41,6 +54,7 @@ std::unique_ptr<Schema> SchemaOptions::Read() const {
         std::fprintf(stderr, "zvxml: %zu more errors\n", errors - kMostErrors);
     if (schema == nullptr)
         throw SchemaError("the schema cannot be used");
+    TestGrammar(*schema);
     return schema;
 }
 

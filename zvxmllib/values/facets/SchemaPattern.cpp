@@ -18,7 +18,10 @@ namespace {
 constexpr std::uint32_t kLastCodePoint = 0x10FFFF;
 constexpr std::uint32_t kFirstSurrogate = 0xD800;
 constexpr std::uint32_t kLastSurrogate = 0xDFFF;
-constexpr int kMostNesting = 200; // the libraries take 250 levels of parentheses
+constexpr std::uint32_t kMostQuantity = 65535;
+constexpr std::uint32_t kMostRepeats = 16 * kMostQuantity;
+constexpr std::size_t kMostExpression = std::size_t{1} << 20; // that repeats may lead to, in bytes
+constexpr int kMostNesting = 200;                             // the libraries take 250 levels of parentheses
 
 // XML 1.0, 2.3: NameStartChar, and what NameChar has beyond it.
 constexpr CharacterRange kNameStart[] = {
@@ -192,8 +195,9 @@ private:
     void RegularExpression() {
         for (;;) {
             while (!IsAtEnd() && Peek() != '|' && Peek() != ')') {
+                std::size_t const begin = m_out.size();
                 Atom();
-                Quantifier();
+                Quantifier(begin);
             }
             if (!Take('|'))
                 return;
@@ -238,7 +242,8 @@ private:
         m_out += ']';
     }
 
-    void Quantifier() {
+    // Of the atom that begins at `atom` in what is written.
+    void Quantifier(std::size_t atom) {
         for (char const sign : {'?', '*', '+'}) {
             if (Take(sign)) {
                 m_out += sign;
@@ -247,32 +252,57 @@ private:
         }
         if (!Take('{'))
             return;
-        std::string const least = Number();
-        m_out += '{' + least;
+        Quantity quantity;
+        quantity.least = quantity.most = Number();
         if (Take(',')) {
-            m_out += ',';
-            if (Peek() != '}') {
-                std::string const most = Number();
-                if (most.size() < least.size() || (most.size() == least.size() && most < least))
-                    throw Fault{"quantity out of order"};
-                m_out += most;
-            }
+            quantity.hasMost = Peek() != '}';
+            if (quantity.hasMost)
+                quantity.most = Number();
         }
+        if (quantity.most < quantity.least)
+            throw Fault{"quantity out of order"};
         if (!Take('}'))
             throw Fault{"missing '}'"};
-        m_out += '}';
+        Repeat(m_out.substr(atom), quantity);
     }
 
-    // Without zeros in front, so that texts compare as numbers do.
-    std::string Number() {
-        std::size_t const begin = m_at;
-        while (Peek() >= '0' && Peek() <= '9')
-            ++m_at;
-        if (m_at == begin)
+    struct Quantity {
+        std::uint32_t least = 0;
+        std::uint32_t most = 0;
+        bool hasMost = true;
+    };
+
+    // The libraries take quantities of 16 bits: what is more is written as several of them.
+    void Repeat(std::string const& atom, Quantity rest) {
+        for (bool isFirst = true;; isFirst = false) {
+            std::uint32_t const least = std::min(rest.least, kMostQuantity);
+            std::uint32_t const most = std::min(rest.most, kMostQuantity);
+            bool const isLast = rest.least == least && (rest.most == most || !rest.hasMost);
+            if (m_out.size() + atom.size() > kMostExpression)
+                throw Fault{"pattern too large"};
+            if (!isFirst)
+                m_out += atom;
+            m_out += '{' + std::to_string(least) + ',';
+            if (rest.hasMost || !isLast)
+                m_out += std::to_string(most);
+            m_out += '}';
+            if (isLast)
+                return;
+            rest.least -= least;
+            rest.most -= most;
+        }
+    }
+
+    std::uint32_t Number() {
+        if (Peek() < '0' || Peek() > '9')
             throw Fault{"missing quantity"};
-        std::string_view digits = m_text.substr(begin, m_at - begin);
-        digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size() - 1));
-        return std::string(digits);
+        std::uint32_t number = 0;
+        for (; Peek() >= '0' && Peek() <= '9'; ++m_at) {
+            number = number * 10 + static_cast<std::uint32_t>(Peek() - '0');
+            if (number > kMostRepeats)
+                throw Fault{"quantity too large"};
+        }
+        return number;
     }
 
     // An escape as the items of a class. True, with the character, if it stands for a single one, which is
@@ -338,9 +368,10 @@ private:
         return result;
     }
 
-    // posCharGroup: one item at least, up to the end of the class or to what is subtracted.
+    // posCharGroup: one item at least, up to the end of the class or to what is subtracted. A '-' behind a
+    // range or a set stands for itself, as schema processors take it; the grammar has it at both ends only.
     void ClassItems(std::string& items) {
-        for (bool isFirst = true;; isFirst = false) {
+        for (bool isFirst = true, isBehindDash = false;; isFirst = false) {
             if (IsAtEnd())
                 throw Fault{"missing ']'"};
             char const c = Peek();
@@ -350,13 +381,14 @@ private:
             if (c == ']' || c == '[' || isSubtraction)
                 throw Fault{"unexpected character in a class"};
             if (c == '-') {
-                if (!isFirst && !IsLastDash())
+                if (isBehindDash && !IsLastDash())
                     throw Fault{"'-' within a class"};
                 ++m_at;
                 AppendCharacter('-', items);
             } else {
                 ClassItem(items);
             }
+            isBehindDash = c == '-';
         }
     }
 
