@@ -1,6 +1,7 @@
 #include "schema/frontend/SchemaCheck.h"
 
 #include "schema/frontend/OccursNumbers.h"
+#include "schema/frontend/PatternTexts.h"
 #include "schema/frontend/XercesText.h"
 
 #include <xercesc/framework/MemBufInputSource.hpp>
@@ -129,7 +130,7 @@ private:
     xercesc::InputSource* NewDocument(std::string const& file) {
         std::string const* const bytes = m_set.FindBytes(file);
         return bytes == nullptr ? NewSource(SchemaText({}, {}), NewEmptyId())
-                                : NewSource(m_numbers.Shorten(*bytes), file);
+                                : NewSource(m_numbers.Shorten(HidePatterns(*bytes)), file);
     }
 
     xercesc::InputSource* NewSource(std::string text, std::string const& id) {
