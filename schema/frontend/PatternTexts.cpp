@@ -141,7 +141,8 @@ std::string HidePatterns(std::string document) {
         if (length < kAll.size() || !Decode(std::string_view(document).substr(value.begin, length), pattern))
             continue;
         if (!IsTooLong(pattern) &&
-            (!detail::TranslateSchemaPattern(pattern).error.empty() || !IsRefused(pattern)))
+            (!detail::TranslateSchemaPattern(pattern, detail::PatternGrammar::kTolerant).error.empty() ||
+             !IsRefused(pattern)))
             continue;
         for (std::size_t i = 0; i < length; ++i) {
             char& c = document[value.begin + i];

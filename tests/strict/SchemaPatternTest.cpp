@@ -112,7 +112,7 @@ TEST(SchemaPattern, RefusesWhatIsNoExpression) {
                     testing::StartsWith(std::string("Invalid Regular Expression: ") + pattern + " Error: '"))
             << pattern;
     EXPECT_THROW(Matches(std::string(100'000, '('), "a"), CZvException);
-    EXPECT_THROW(Matches("a{70000}", "a"), CZvException); // beyond what the library counts
+    EXPECT_THROW(Matches("a{9999999}", "a"), CZvException); // beyond what the library counts
 }
 
 // Ways without number: what goes back gives up, and the other way answers.

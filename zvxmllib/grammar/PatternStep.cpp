@@ -31,7 +31,8 @@ bool MayBeTooLarge(std::string const& expression) noexcept {
 PatternStep::PatternStep(std::vector<char const*> const& patterns, PatternStep const* base) : m_base(base) {
     constexpr std::string_view kEnd = "\\z"; // of each translated pattern
     for (char const* const pattern : patterns) {
-        detail::SchemaPattern const translated = detail::TranslateSchemaPattern(pattern);
+        detail::SchemaPattern const translated =
+            detail::TranslateSchemaPattern(pattern, detail::PatternGrammar::kTolerant);
         if (!translated.error.empty())
             FailPattern(pattern, translated.error);
         if (!m_expression.empty()) {

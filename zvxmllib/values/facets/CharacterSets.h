@@ -15,6 +15,9 @@ struct CharacterRange {
 // In order, apart from each other.
 using CharacterSet = std::vector<CharacterRange>;
 
+// No text has it. The blocks of surrogates have nothing else.
+constexpr std::uint32_t kNoCharacter = 0xFFFF;
+
 // A block of Unicode, by its name without blanks: "BasicLatin". Empty for a name that no block has.
 CharacterSet BlockOf(std::string_view name);
 

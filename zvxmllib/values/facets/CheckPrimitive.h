@@ -103,7 +103,7 @@ ZV_API bool MatchesPattern(std::string const& pattern, std::string_view value);
 namespace detail {
 
 // The same by other rules. FacetRules::kXmlSchema takes the expressions of XML Schema Part 2, appendix F, and
-// no others; but a '-' behind a range of a class stands for itself.
+// no others.
 ZV_API bool MatchesPattern(std::string const& pattern, std::string_view value, FacetRules rules);
 
 // False if CheckPrimitiveVariant passes every value of the type, so that callers with many values can skip

@@ -143,7 +143,8 @@ public:
         char const* what;
     };
 
-    explicit Translator(std::string_view pattern) : m_text(pattern) {}
+    Translator(std::string_view pattern, PatternGrammar grammar)
+        : m_text(pattern), m_isTolerant(grammar == PatternGrammar::kTolerant) {}
 
     std::string TranslateAll() {
         RegularExpression();
@@ -344,7 +345,7 @@ private:
             items.append(name) += '}';
         } else {
             CharacterSet const block = name.substr(0, 2) == "Is" ? BlockOf(name.substr(2)) : CharacterSet();
-            if (block.empty())
+            if (block.empty() || (block.front().first == kNoCharacter && !m_isTolerant))
                 throw Fault{"unknown property"};
             AppendSet(block, isComplement, items);
         }
@@ -368,8 +369,8 @@ private:
         return result;
     }
 
-    // posCharGroup: one item at least, up to the end of the class or to what is subtracted. A '-' behind a
-    // range or a set stands for itself, as schema processors take it; the grammar has it at both ends only.
+    // posCharGroup: one item at least, up to the end of the class or to what is subtracted. The
+    // grammar has a '-' at both ends only.
     void ClassItems(std::string& items) {
         for (bool isFirst = true, isBehindDash = false;; isFirst = false) {
             if (IsAtEnd())
@@ -381,7 +382,7 @@ private:
             if (c == ']' || c == '[' || isSubtraction)
                 throw Fault{"unexpected character in a class"};
             if (c == '-') {
-                if (isBehindDash && !IsLastDash())
+                if (!isFirst && !IsLastDash() && (isBehindDash || !m_isTolerant))
                     throw Fault{"'-' within a class"};
                 ++m_at;
                 AppendCharacter('-', items);
@@ -421,6 +422,7 @@ private:
     }
 
     std::string_view m_text;
+    bool m_isTolerant;
     std::size_t m_at = 0;
     std::string m_out;
     int m_depth = 0;
@@ -428,13 +430,13 @@ private:
 
 } // namespace
 
-SchemaPattern TranslateSchemaPattern(std::string_view pattern) {
+SchemaPattern TranslateSchemaPattern(std::string_view pattern, PatternGrammar grammar) {
     SchemaPattern result;
     if (!IsValidUtf8(pattern)) {
         result.error = "no UTF-8";
         return result;
     }
-    Translator translator(pattern);
+    Translator translator(pattern, grammar);
     try {
         result.expression = translator.TranslateAll();
     } catch (Translator::Fault const& fault) {

@@ -16,7 +16,12 @@ struct SchemaPattern {
     std::size_t position = 0; // of the fault, in bytes of the pattern
 };
 
+// To the letter, or with what schemas are seen to use besides: a '-' behind a range or a set of a class,
+// which stands for itself, and the blocks of surrogates, which hold no character.
+enum class PatternGrammar : unsigned char { kLetter, kTolerant };
+
 // `pattern` is UTF-8. Any number of threads may translate at once.
-ZV_API SchemaPattern TranslateSchemaPattern(std::string_view pattern);
+ZV_API SchemaPattern TranslateSchemaPattern(std::string_view pattern,
+                                            PatternGrammar grammar = PatternGrammar::kLetter);
 
 } // namespace ZvXmlLib16::detail

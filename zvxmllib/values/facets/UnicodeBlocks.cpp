@@ -14,8 +14,7 @@ struct Block {
     CharacterRange range;
 };
 
-// Stands for the surrogates, of which no text has one, nor this.
-constexpr CharacterRange kNoCharacter = {0xFFFF, 0xFFFF};
+constexpr CharacterRange kSurrogates = {kNoCharacter, kNoCharacter};
 
 // clang-format off
 constexpr Block kBlocks[] = {
@@ -80,7 +79,7 @@ constexpr Block kBlocks[] = {
     {"HangulJamoExtended-A", {0xA960, 0xA97F}}, {"HangulJamoExtended-B", {0xD7B0, 0xD7FF}},
     {"HangulSyllables", {0xAC00, 0xD7AF}}, {"HanifiRohingya", {0x10D00, 0x10D3F}},
     {"Hanunoo", {0x1720, 0x173F}}, {"Hatran", {0x108E0, 0x108FF}}, {"Hebrew", {0x590, 0x5FF}},
-    {"HighPrivateUseSurrogates", kNoCharacter}, {"HighSurrogates", kNoCharacter}, {"Hiragana", {0x3040, 0x309F}}, {"IPAExtensions", {0x250, 0x2AF}},
+    {"HighPrivateUseSurrogates", kSurrogates}, {"HighSurrogates", kSurrogates}, {"Hiragana", {0x3040, 0x309F}}, {"IPAExtensions", {0x250, 0x2AF}},
     {"IdeographicDescriptionCharacters", {0x2FF0, 0x2FFF}},
     {"IdeographicSymbolsandPunctuation", {0x16FE0, 0x16FFF}}, {"ImperialAramaic", {0x10840, 0x1085F}},
     {"IndicSiyaqNumbers", {0x1EC70, 0x1ECBF}}, {"InscriptionalPahlavi", {0x10B60, 0x10B7F}},
@@ -99,7 +98,7 @@ constexpr Block kBlocks[] = {
     {"LatinExtendedAdditional", {0x1E00, 0x1EFF}}, {"Lepcha", {0x1C00, 0x1C4F}},
     {"LetterlikeSymbols", {0x2100, 0x214F}}, {"Limbu", {0x1900, 0x194F}}, {"LinearA", {0x10600, 0x1077F}},
     {"LinearBIdeograms", {0x10080, 0x100FF}}, {"LinearBSyllabary", {0x10000, 0x1007F}},
-    {"Lisu", {0xA4D0, 0xA4FF}}, {"LisuSupplement", {0x11FB0, 0x11FBF}}, {"LowSurrogates", kNoCharacter}, {"Lycian", {0x10280, 0x1029F}},
+    {"Lisu", {0xA4D0, 0xA4FF}}, {"LisuSupplement", {0x11FB0, 0x11FBF}}, {"LowSurrogates", kSurrogates}, {"Lycian", {0x10280, 0x1029F}},
     {"Lydian", {0x10920, 0x1093F}}, {"Mahajani", {0x11150, 0x1117F}}, {"MahjongTiles", {0x1F000, 0x1F02F}},
     {"Makasar", {0x11EE0, 0x11EFF}}, {"Malayalam", {0xD00, 0xD7F}}, {"Mandaic", {0x840, 0x85F}},
     {"Manichaean", {0x10AC0, 0x10AFF}}, {"Marchen", {0x11C70, 0x11CBF}}, {"MasaramGondi", {0x11D00, 0x11D5F}},
