@@ -1,5 +1,6 @@
 // JSON by the usual rules and by the strict ones: row by row, then whole documents out and in again.
 #include "tests/strict/Twice.h"
+#include "tests/support/TypedCols.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/json/ExactJsonWriter.h"
 #include "zvxmllib/json/JsonContext.h"
@@ -178,6 +179,128 @@ TEST(StrictJson, WritesWhatOtherProgramsRead) {
     writer.WriteElementEnd();
     writer.Close();
     EXPECT_STREQ(sink.GetText(), R"({"r": {"@xmlns": "urn:d","n": {"@xmlns": ""}}})");
+}
+
+Model* s_choice = nullptr;
+
+// A model, a document, and what becomes of it; the strict JSON gives the document back.
+struct ClassRow {
+    std::vector<CElementInfo*> elements;
+    char const* content;
+    char const* usual;
+    char const* strict;
+    std::function<void(Probe&)> init = {};
+};
+
+TEST(StrictJson, WritesClassesSoThatTheyAreReadAgain) {
+    Model choice;
+    choice.type = XmlElementType_Pseudo;
+    choice.group = XmlElementGroupType_Choice;
+    choice.elements = {Prim<CElementInfoChoicePrimOpt>("k", 0), Prim<CElementInfoChoicePrimOpt>("m", 1)};
+    choice.Finish();
+    s_choice = &choice;
+    auto const number = [](char const* format) {
+        return new CElementInfoSeqPrimOpt("n", "", 0, false, ItemType_r8, format,
+                                          CWhitespaceUtils::WhitespaceRule_Collapse, CPrimitiveRestrictions(),
+                                          nullptr);
+    };
+    auto const values = [](Probe& probe) { probe.properties[0].SetXmlCollection(NewCol<Ci4Col>({"n"})); };
+    auto const groups = [](Probe& probe) {
+        probe.properties[0].SetXmlCollection(new ProbeCol(*s_choice, 0, -1));
+    };
+    auto const groupCol = [] { return new CElementInfoSeqClsCol("group", "", 0, XmlElementType_Pseudo); };
+    for (ClassRow& row : std::vector<ClassRow>{
+             {{number(nullptr)}, "<n>INF</n>", R"({"order": {"n": INF}})", R"({"order": {"n": "INF"}})"},
+             {{number(nullptr)}, "<n>-1.5</n>", R"({"order": {"n": -1.5}})", R"({"order": {"n": -1.5}})"},
+             {{number("%#.0f")}, "<n>3.</n>", R"({"order": {"n": 3.}})", R"({"order": {"n": "3."}})"},
+             {{new CElementInfoSeqPrimCol("n", "", 0)},
+              "<n>1</n>",
+              R"({"order": {"n": 1}})",
+              R"({"order": {"n": [1]}})",
+              values},
+             {{new CElementInfoSeqPrimCol("n", "", 0)},
+              "<n>1</n><n>2</n>",
+              R"({"order": {"n": 1,"n": 2}})",
+              R"({"order": {"n": [1,2]}})",
+              values},
+             {{new CElementInfoSeqPrimCol("n", "", 0)}, "", R"({"order": null})", R"({"order": {}})", values},
+             {{groupCol()},
+              "<k>1</k><m>2</m>",
+              R"({"order": {"k": 1,"m": 2}})",
+              R"({"order": {"k": 1,"m": 2}})",
+              groups},
+             {{groupCol()},
+              "<k>1</k><m>2</m><k>3</k>",
+              R"({"order": {"k": 1,"m": 2,"k": 3}})",
+              "JSON can not express the Element [k] in this place.",
+              groups},
+         }) {
+        Model model;
+        model.elements = row.elements;
+        model.init = row.init;
+        model.Finish();
+        CSmartPtr<Probe> const probe(new Probe(model));
+        std::string const xml = "<order>" + std::string(row.content) + "</order>";
+        probe->FromXml(xml.c_str(), Strict());
+        auto const written = [&](CSerializationContext const& ctx) {
+            try {
+                return probe->ToJson(false, EOLType_LF, ctx);
+            } catch (CZvException const& failure) {
+                std::string const message = failure.GetFullMessage();
+                return message.substr(message.rfind('\n') + 1);
+            }
+        };
+        EXPECT_EQ(written(CSerializationContext()), row.usual);
+        std::string const strict = written(Strict());
+        EXPECT_EQ(strict, row.strict);
+        if (strict[0] != '{')
+            continue;
+        EXPECT_TRUE(nlohmann::json::accept(strict)) << strict;
+        CSmartPtr<Probe> const again(new Probe(model));
+        again->FromJson(strict.c_str(), Strict());
+        EXPECT_EQ(Write(*again, Strict()), Write(*probe, Strict()));
+    }
+}
+
+TEST(StrictJson, KeepsNilBesideAttributes) {
+    Model model;
+    model.attributes = {Attribute("k", 0, true)};
+    model.elements = {Prim<CElementInfoSeqPrimOpt>("n", 1)};
+    model.Finish();
+    CSmartPtr<NillableProbe> const probe(new NillableProbe(model));
+    probe->FromJson(R"({"order": {"#text": null, "@k": 1}})", Strict());
+    EXPECT_TRUE(probe->GetIsNil());
+    EXPECT_EQ(probe->ToJson(false, EOLType_LF, CSerializationContext()), R"({"order": {"@k": 1}})");
+    EXPECT_EQ(probe->ToJson(false, EOLType_LF, Strict()), R"({"order": {"@k": 1,"#text": null}})");
+    // Where the entry is not nillable.
+    CSmartPtr<Probe> const plain(new Probe(model));
+    EXPECT_THAT([&] { plain->FromJson(R"({"order": {"n": null}})", Strict()); },
+                testing::Throws<CZvException>(testing::Property(
+                    &CZvException::GetFullMessage,
+                    testing::HasSubstr("Invalid use of 'nil' attribute in non-nillable element."))));
+}
+
+TEST(StrictJson, ShowsLittleOfTheDocumentInAFailure) {
+    OrderOf model({Prim<CElementInfoSeqPrimOpt>("n", 0)});
+    CSmartPtr<Probe> const probe(new Probe(model));
+    std::string const json = R"({"order": {"secret": ")" + std::string(1000, 's') + "\"}}";
+    for (bool const strict : {false, true}) {
+        CSerializationContext ctx;
+        ctx.SetStrict(strict);
+        std::string const message = MessageOf<CZvException>([&] { probe->FromJson(json.c_str(), ctx); });
+        EXPECT_EQ(message.size() < 500, strict) << message;
+    }
+}
+
+TEST(StrictJson, RefusesNamesThatMeetWithoutMarks) {
+    CSmartPtr<CElement> const element = ElementOf("<q a='1'><a>2</a></q>");
+    for (bool const strict : {false, true}) {
+        CSerializationContext ctx;
+        ctx.SetStrict(strict);
+        ctx.GetJsonContext().SetSupportRoundtrip(JsonRoundTrip_None);
+        EXPECT_EQ(JsonOf(*element, ctx), strict ? "JSON can not express the Element [a] in this place."
+                                                : R"({"q": {"a": "1","a": "2","": ""}})");
+    }
 }
 
 TEST(StrictJson, RefusesWhatWouldBeNoDocument) {

@@ -215,6 +215,19 @@ TEST(StrictValues, HoldInAttributesAndSimpleContent) {
                        });
 }
 
+TEST(StrictValues, OfSimpleContentMayStandBetweenBlanks) {
+    for (auto const& [type, text] :
+         {std::pair(ItemType_i4, "5"), std::pair(ItemType_boolean, "true"),
+          std::pair(ItemType_date, "2024-01-01"), std::pair(ItemType_r8, "-INF")}) {
+        Model model;
+        model.contentIndex = 0;
+        model.contentType = type;
+        model.Finish();
+        std::string const read = "<order>" + std::string(text) + "</order>";
+        EXPECT_EQ(Outcome(model, ("<order>\n " + std::string(text) + "\t</order>").c_str(), Strict()), read);
+    }
+}
+
 TEST(StrictValues, HoldInCollections) {
     struct Row {
         std::function<CXmlCollectionBase*()> make;

@@ -130,6 +130,19 @@ TEST(StrictXml, RefusesCallsThatMakeNoDocument) {
     for (Row const& row : {
              Row{aliased("1p", "urn:x"), "Invalid Namespace alias [1p]."},
              Row{aliased("xmlns", "urn:x"), "Invalid Namespace alias [xmlns]."},
+             Row{aliased("xml", "urn:x"), "Invalid Namespace alias [xml]."},
+             Row{[](CXmlTextWriter& writer) {
+                     writer.AddNamespaceAlias("p", "urn:x");
+                     writer.AddNamespaceAlias("p", "urn:y");
+                 },
+                 "The Namespace alias [p] stands for [urn:x] and for [urn:y]."},
+             Row{[](CXmlTextWriter& writer) {
+                     writer.WriteElementStart("a", "");
+                     writer.WriteAttribute("k", "http://www.w3.org/2000/xmlns/", "", ItemType_string);
+                 },
+                 "Invalid Namespace [http://www.w3.org/2000/xmlns/]."},
+             Row{[](CXmlTextWriter& writer) { writer.WriteProcessingInstruction("<?xml version='1.0'?>"); },
+                 "Invalid Processing Instruction [<?xml version='1.0'?>]."},
              Row{[](CXmlTextWriter& writer) { writer.WriteProcessingInstruction("<?a b?><evil/>"); },
                  "Invalid Processing Instruction [<?a b?><evil/>]."},
              Row{[](CXmlTextWriter& writer) { writer.WriteComment("x--y"); }, "Invalid Comment [x--y]."},
@@ -208,6 +221,64 @@ TEST(StrictXml, AddsNothingToMixedContent) {
     CSmartPtr<Probe> const plain(new Probe(other));
     plain->FromXml("<order><n>1</n></order>", Strict());
     EXPECT_EQ(written(*plain, Strict()), "<order>\n\t<n>1</n>\n</order>\n");
+}
+
+TEST(StrictXml, HasOneRootInEveryFormat) {
+    using Format = void (*)(CElementCol & roots, CSerializationContext const& ctx);
+    for (Format const format :
+         {Format([](CElementCol&r, auto const&ctx) { r.ToXml(false, false, EOLType_LF, ctx); }),
+          Format([](CElementCol&r, auto const&ctx) { r.ToJson(false, EOLType_LF, ctx); }),
+          Format([](CElementCol&r, auto const&ctx) {
+              r.ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None);
+          })}) {
+        CSmartPtr<CElementCol> const roots(new CElementCol("", "##any", "", 0, -1));
+        auto const message = [&] {
+            return MessageOf<CZvInvalidStateException>([&] { format(*roots, Strict()); });
+        };
+        EXPECT_EQ(message(), "The document has no root element.");
+        roots->Add("a", "");
+        EXPECT_EQ(message(), "nothing was thrown");
+        roots->Add("b", "");
+        EXPECT_EQ(message(), "The document has a root element, [b] is a second one.");
+    }
+}
+
+TEST(StrictXml, HasAdditionalRootAttributesOnce) {
+    Model model;
+    model.attributes = {Attribute("k", 0, true)};
+    model.Finish();
+    for (bool const strict : {false, true}) {
+        CSmartPtr<Probe> const probe(new Probe(model));
+        probe->properties[0].SetI4(1);
+        CSerializationContext ctx;
+        ctx.SetStrict(strict);
+        ctx.GetAdditionalRootAttributes()->Add("k", "2");
+        std::string outcome;
+        try {
+            outcome = Write(*probe, ctx);
+        } catch (CZvException const& failure) {
+            outcome = failure.GetFullMessage();
+        }
+        EXPECT_THAT(outcome, testing::HasSubstr(strict ? "The Attribute [k] is already written."
+                                                       : R"(<order k="2" k="1"/>)"));
+    }
+}
+
+// A name that would be markup, on its way from an untyped element into a class.
+TEST(StrictXml, MakesNoElementsOfATextOnTheWayIntoAClass) {
+    auto const text = [](char const* name, int index) {
+        return new CElementInfoSeqPrimOpt(name, "", index, false, ItemType_string, nullptr,
+                                          CWhitespaceUtils::WhitespaceRule_Preserve, CPrimitiveRestrictions(),
+                                          nullptr);
+    };
+    OrderOf model({text("name", 0), text("role", 1)});
+    CSmartPtr<CElement> const source(new CElement("order"));
+    std::string const trick = "<![CDATA[x]]></name><role>admin</role><name>";
+    source->GetChildElements()->Add("name", "")->SetText(trick.c_str());
+    CSmartPtr<Probe> const probe(new Probe(model));
+    probe->FromXmlElement(source, Strict());
+    EXPECT_EQ(probe->properties[0].GetString(), trick);
+    EXPECT_FALSE(probe->properties[1].IsValid());
 }
 
 TEST(StrictXml, LeavesTheOldFileWhereWritingFails) {

@@ -148,8 +148,9 @@ public:
     }
 
 protected:
+    bool HoldsGroups() const noexcept override { return m_elementType == ZvXmlLib16::XmlElementType_Pseudo; }
     bool IsNestedGroup(CElementInfo::Object const* object, CSmartPtr<CXmlObjectBase>& group) const override {
-        return m_elementType == ZvXmlLib16::XmlElementType_Pseudo && this->MakeItemOfGroup(object, group);
+        return HoldsGroups() && this->MakeItemOfGroup(object, group);
     }
 
 private:

@@ -79,6 +79,8 @@ public:
     // Whether the entry stands for a nested group, and in `group` an object whose tables say what that knows;
     // null where nobody can tell.
     virtual bool IsNestedGroup(Object const* object, CSmartPtr<CXmlObjectBase>& group) const;
+    // Whether this is a collection of nested groups.
+    virtual bool HoldsGroups() const noexcept { return false; }
     // Whether the property holds something that would be written.
     bool HasContent(Object const* object) const;
 

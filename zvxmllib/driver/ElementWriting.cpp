@@ -83,10 +83,13 @@ bool CElementInfo::ElementToXmlCol(Ctx const& ctx, Object const* object, CXmlWri
     CSmartPtr<CXmlCollectionBase> const collection = GetCollectionProperty(object);
     if (collection->GetCount() < 1)
         return false;
-    writer->SetCollectionState(ZvXmlLib16::CollectionState_Announced);
+    bool const isArray = !ctx.GetStrict() || !HoldsGroups(); // items of groups have names of their own
+    if (isArray)
+        writer->SetCollectionState(ZvXmlLib16::CollectionState_Announced);
     CXmlObjectBase const& items = *collection->GetBase();
     items.ToXml_Int(writer, false, m_namespace.c_str(), ctx, false);
-    writer->SetCollectionState(ZvXmlLib16::CollectionState_Ended);
+    if (isArray)
+        writer->SetCollectionState(ZvXmlLib16::CollectionState_Ended);
     return true;
 }
 
