@@ -86,11 +86,19 @@ void CFastInfosetWriter::WriteInlineSchema(std::string const&) {}
 
 // The first octet of an element says whether attributes follow, so its head is held back until that is known.
 void CFastInfosetWriter::WriteElementStart(std::string const& name, std::string const& ns) {
-    BeginElement(name, ns);
-    NameElement(name, ns);
+    BeginHere(name, ns);
+    NameHere(name, ns);
 }
 
 void CFastInfosetWriter::BeginElement(std::string const& name, std::string const& ns) {
+    BeginHere(name, ns);
+}
+
+void CFastInfosetWriter::NameElement(std::string const& name, std::string const& ns) {
+    NameHere(name, ns);
+}
+
+inline void CFastInfosetWriter::BeginHere(std::string const& name, std::string const& ns) {
     WritePendingElement(false);
     WritePendingTerminator();
     if (m_pContext != nullptr) {
@@ -103,7 +111,7 @@ void CFastInfosetWriter::BeginElement(std::string const& name, std::string const
     m_isPending = true;
 }
 
-void CFastInfosetWriter::NameElement(std::string const& name, std::string const& ns) {
+inline void CFastInfosetWriter::NameHere(std::string const& name, std::string const& ns) {
     bool const hasPrefix = !ns.empty() && !detail::Equals(ns, m_pContext->GetDefaultNamespace());
     IndexMap::QName const qname{name, ns, hasPrefix ? AliasOf(ns) : std::string_view()};
     m_pendingIndex = m_elementNames.Find(qname);

@@ -99,6 +99,10 @@ private:
         std::uint32_t last = 0;                // 0 for none
     };
 
+    // The same steps, in line where they are the usual ones.
+    inline void BeginHere(std::string const& name, std::string const& ns);
+    inline void NameHere(std::string const& name, std::string const& ns);
+
     void TraceStart(std::string const& name, std::string const& ns);
     void TraceEnd();
     void WritePendingElement(bool hasAttributes);
