@@ -14,6 +14,7 @@ cmake --build --preset release
 build/release/benchmarks/bench_zvxmllib "$@"
 build/release/benchmarks/bench_callback_memory
 build/release/benchmarks/bench_large_file
+build/release/benchmarks/bench_growth
 build/release/benchmarks/bench_ratios
 build/release/benchmarks/bench_typed_ratios
 build/release/benchmarks/bench_json_writing

@@ -45,6 +45,25 @@ TEST(Sequence, SkipsUnknownElementsWhenAllowed) {
         ctx);
 }
 
+// A group that cannot match, since "c" is missing, is begun at each child all the same, and fails at a bad
+// one.
+TEST(Sequence, ReadsTheBeginningOfAGroupBehindUnknownElements) {
+    static Model group;
+    group.type = XmlElementType_Pseudo;
+    group.elements = {Prim<CElementInfoSeqPrimOpt>("b", 0), Prim<CElementInfoSeqPrimMnd>("c", 1)};
+    group.Finish();
+    auto const make = [](int, char const*) {
+        return CSmartPtr<CXmlObjectBase>(static_cast<CXmlObjectBase*>(new Probe(group)));
+    };
+    OrderOf model({new CElementInfoSeqClsOpt("g", "", 0, XmlElementType_Pseudo, make, 0)});
+    ExpectOutcomes(
+        model,
+        {{"<order><x/><b>1</b></order>", "<order/>"},
+         {"<order><x/><b>red</b></order>",
+          "Failed to process the element.\nPath: /order\nThe value [red] can not be converted to a i4"}},
+        Ignoring(&CSerializationContext::SetIgnoreUnknownElements));
+}
+
 TEST(Sequence, LetsMandatoryElementsBeAbsentWhenAllowed) {
     SequenceOfThree model;
     CSerializationContext const ctx = Ignoring(&CSerializationContext::SetIgnoreMissingMandatoryElements);

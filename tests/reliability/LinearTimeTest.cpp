@@ -128,6 +128,43 @@ TEST(LinearTime, OfUnknownElementsUnderNestedGroups) {
         [&](std::string const& xml) { EXPECT_NE(Outcome(many, xml.c_str(), ctx), "<order/>"); });
 }
 
+// An optional group "a, (m)" in which "m" is missing, and groups whose "m" is behind each item of a
+// collection.
+TEST(LinearTime, OfGroupsOfWhichAPartIsFound) {
+    static Model ends, partial, behindItem;
+    for (Model* group : {&ends, &partial, &behindItem})
+        group->type = XmlElementType_Pseudo;
+    auto const mandatory = [] {
+        return new CElementInfoSeqClsMnd("g", "", 0, XmlElementType_Pseudo, nullptr, 0, true);
+    };
+    auto const optional = [](Model& group) {
+        static Model* s_group[2];
+        int const number = &group == &partial ? 0 : 1;
+        s_group[number] = &group;
+        return new CElementInfoSeqClsOpt(
+            "g", "", 0, XmlElementType_Pseudo,
+            [](int id, char const*) {
+                return CSmartPtr<CXmlObjectBase>(static_cast<CXmlObjectBase*>(new Probe(*s_group[id])));
+            },
+            number);
+    };
+    ends.elements = {Prim<CElementInfoSeqPrimOpt>("a", 1), Enum<CElementInfoSeqEnumMnd>("m", 2)};
+    partial.elements = {mandatory()};
+    partial.init = [](Probe& probe) { probe.properties[0].SetXmlObject(new Probe(ends)); };
+    behindItem.elements = {Prim<CElementInfoSeqPrimMnd>("a", 1), optional(partial)};
+    for (Model* group : {&ends, &partial, &behindItem})
+        group->Finish();
+    OrderOf one({optional(partial)});
+    OrderOf many({new CElementInfoSeqClsCol("g", "", 0, XmlElementType_Pseudo)},
+                 [](Probe& probe) { probe.properties[0].SetXmlCollection(new ProbeCol(behindItem, 0, -1)); });
+    CSerializationContext const ctx = Ignoring(&CSerializationContext::SetIgnoreUnknownElements);
+    auto const items = [](std::size_t count) { return "<order>" + Repeated(count, "<a>1</a>") + "</order>"; };
+    ExpectLinear("a group of which a part is found", 5000, items,
+                 [&](std::string const& xml) { EXPECT_EQ(Outcome(one, xml.c_str(), ctx), "<order/>"); });
+    ExpectLinear("an optional group behind each item", 5000, items,
+                 [&](std::string const& xml) { EXPECT_EQ(Outcome(many, xml.c_str(), ctx), xml); });
+}
+
 // Reads an untyped element and writes it, by the letter.
 void Copy(std::string const& xml) {
     CSerializationContext ctx;

@@ -34,12 +34,14 @@ PrimitiveEntry::PrimitiveEntry(char const* name, char const* ns, std::int32_t pr
                                CPrimitiveRestrictions const& restrictions, char const* defaultValue)
     : ValueEntry(name, ns, propertyIndex, nillable, type, formatOverride, rule, restrictions, defaultValue) {
     m_usesClassNamespace = false;
+    m_repeatsRefusals = true;
 }
 
 EnumEntry::EnumEntry(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
                      EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue)
     : ValueEntry(name, ns, propertyIndex, nillable, enumToString, stringToEnum, defaultValue) {
     m_usesClassNamespace = false;
+    m_repeatsRefusals = true;
 }
 
 // ObjectEntry
@@ -48,6 +50,7 @@ ObjectEntry::ObjectEntry(char const* name, char const* ns, std::int32_t property
                          XmlElementType elementType)
     : CElementInfo(name, ns, propertyIndex), m_elementType(elementType) {
     m_usesClassNamespace = false;
+    m_repeatsRefusals = true;
 }
 
 bool ObjectEntry::ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {

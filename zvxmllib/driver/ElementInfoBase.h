@@ -86,6 +86,8 @@ public:
 
     // Whether ElementFromXml looks at `ns`, which is empty where it does not.
     bool UsesClassNamespace() const noexcept { return m_usesClassNamespace; }
+    // Whether ElementFromXml in a group refuses a child that it has refused before, whatever was read since.
+    bool RepeatsRefusals() const noexcept { return m_repeatsRefusals; }
 
 protected:
     // Classes, untyped elements and collections.
@@ -184,6 +186,7 @@ protected:
     bool IsPrimitive() const noexcept { return m_hasRestrictions; }
 
     bool m_usesClassNamespace = true; // the library's own entries that need no namespace save the call
+    bool m_repeatsRefusals = false;
     EnumToString const m_enumToString = nullptr;
 
 private:

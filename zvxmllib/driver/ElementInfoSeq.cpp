@@ -69,18 +69,29 @@ bool CElementInfoSeqPrimMnd::ElementFromXml(Ctx const& ctx, Object* object, CXml
             ReadValue(ctx, object, current);
         return true;
     }
-    while (!IsThisElement(ctx, *current)) {
-        if (!ctx.SkipsUnexpectedElements())
-            return false;
-        if (*current == nullptr) {
-            if (ZvXmlLib16::UnknownScan* const scan = ZvXmlLib16::UnknownScan::Of(element))
-                scan->PassToEnd();
-            return false;
-        }
-        *current = (*current)->GetNextSiblingElement();
-    }
+    if (!IsThisElement(ctx, *current) &&
+        !(ctx.SkipsUnexpectedElements() && PassUnknown(ctx, *object, element, current)))
+        return false;
     ReadValue(ctx, object, current);
     return true;
+}
+
+// In a group this entry alone moves on by itself, and leaves the cursor at the end if it finds nothing.
+bool CElementInfoSeqPrimMnd::PassUnknown(Ctx const& ctx, Object const& object, CXmlElement const* element,
+                                         CXmlElement** current) const {
+    using ZvXmlLib16::UnknownScan;
+    CXmlElement const* const first = *current;
+    CXmlElement* last = nullptr;
+    UnknownScan* const scan = UnknownScan::Of(element);
+    while (*current != nullptr && !IsThisElement(ctx, *current)) {
+        last = scan != nullptr ? scan->PassRefused(*this, object, *current) : *current;
+        *current = last->GetNextSiblingElement();
+    }
+    if (scan != nullptr && last != nullptr)
+        scan->NoteRefused(*this, object, *first, *last);
+    if (scan != nullptr && *current == nullptr)
+        scan->PassToEnd();
+    return *current != nullptr;
 }
 
 bool CElementInfoSeqEnumMnd::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,

@@ -65,6 +65,10 @@ public:
 
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                         char const* ns, XmlElementType parentType) override;
+
+private:
+    bool PassUnknown(Ctx const& ctx, Object const& object, CXmlElement const* element,
+                     CXmlElement** current) const;
 };
 
 class ZV_API CElementInfoSeqPrimOpt : public detail::SequenceOption<detail::PrimitiveEntry> {

@@ -10,6 +10,7 @@
 #include "zvxmllib/driver/Failures.h"
 #include "zvxmllib/driver/NilText.h"
 #include "zvxmllib/driver/StrictValues.h"
+#include "zvxmllib/driver/UnknownScan.h"
 #include "zvxmllib/driver/XmlGeneratedClass.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
 
@@ -148,8 +149,12 @@ bool CElementInfo::ChoiceCollectionFromXml(Ctx const& ctx, Object* object, CXmlE
     if (next == *current)
         return false;
     if (parentType != XmlElementType_Element) {
-        if (!collection->IsValidCount(ctx))
-            return false; // the cursor stays
+        if (!collection->IsValidCount(ctx)) {
+            // The cursor stays, but not what the collection holds.
+            if (ZvXmlLib16::UnknownScan* const scan = ZvXmlLib16::UnknownScan::Of(element))
+                scan->CountTaking();
+            return false;
+        }
         *current = next;
         return true;
     }

@@ -1,6 +1,7 @@
 #include "zvxmllib/driver/UnknownScan.h"
 
 #include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/driver/ElementInfoBase.h"
 
 #include <utility>
 
@@ -24,38 +25,58 @@ UnknownScan* UnknownScan::Of(CXmlElement const* parent) noexcept {
     return t_innermost != nullptr && &t_innermost->m_parent == parent ? t_innermost : nullptr;
 }
 
-bool UnknownScan::IsExhausted(Entry const& entry, CXmlElement const* cursor, bool& answer) const {
-    if (m_notes == nullptr || cursor == nullptr)
-        return false;
-    auto const found = m_notes->exhausted.find(&entry);
-    if (found == m_notes->exhausted.end() || found->second.takings != m_takings ||
-        m_notes->numbers.at(cursor) < found->second.from)
-        return false;
-    answer = found->second.answer;
-    return true;
+UnknownScan::Walk::Walk(UnknownScan* scan) noexcept : m_scan(scan) {
+    if (scan != nullptr)
+        m_outerBegin = std::exchange(scan->m_begin, scan->m_takings);
 }
 
-UnknownScan::Offer UnknownScan::BeginOffer(CXmlElement const* cursor) noexcept {
-    m_reachedEnd = false;
-    return {cursor, m_takings};
+UnknownScan::Walk::~Walk() {
+    if (m_scan != nullptr)
+        m_scan->m_begin = m_outerBegin;
 }
 
-void UnknownScan::EndOffer(Offer const& offer, Entry const& entry, CXmlElement const* cursor, bool answer) {
+void UnknownScan::EndOffer(bool hasMoved) noexcept {
     bool const passedToEnd = std::exchange(m_passedToEnd, false);
-    if (cursor != offer.cursor) {
-        if (!passedToEnd)
-            ++m_takings;
-        return;
-    }
-    if (!m_reachedEnd || m_takings != offer.takings || cursor == nullptr)
-        return;
+    if (hasMoved && !passedToEnd)
+        CountTaking();
+}
+
+bool UnknownScan::Holds(Refusals const& refusals, Entry const& entry,
+                        CXmlGeneratedClass const& object) const noexcept {
+    if (entry.RepeatsRefusals())
+        return true;
+    if (refusals.isOfEmpty || IsObjectEmpty())
+        return refusals.isOfEmpty && IsObjectEmpty();
+    return refusals.takings == m_takings && refusals.object == &object;
+}
+
+CXmlElement* UnknownScan::PassRefused(Entry const& entry, CXmlGeneratedClass const& object,
+                                      CXmlElement* cursor) const {
+    if (m_notes == nullptr || cursor == nullptr)
+        return cursor;
+    auto const found = m_notes->refusals.find(&entry);
+    if (found == m_notes->refusals.end() || !Holds(found->second, entry, object))
+        return cursor;
+    Refusals const& refusals = found->second;
+    std::size_t const number = m_notes->numbers.at(cursor);
+    return number >= refusals.first && number < refusals.last ? refusals.lastChild : cursor;
+}
+
+void UnknownScan::NoteRefused(Entry const& entry, CXmlGeneratedClass const& object, CXmlElement const& first,
+                              CXmlElement& last) {
     if (m_notes == nullptr) {
         m_notes = std::make_unique<Notes>();
         for (CXmlElement const* child = m_parent.GetFirstElement(); child != nullptr;
              child = child->GetNextSiblingElement())
             m_notes->numbers.emplace(child, m_notes->numbers.size());
     }
-    m_notes->exhausted[&entry] = {m_notes->numbers.at(cursor), m_takings, answer};
+    std::size_t number = m_notes->numbers.at(&first);
+    auto const before = m_notes->refusals.find(&entry);
+    if (before != m_notes->refusals.end() && number > before->second.first &&
+        number <= before->second.last + 1 && Holds(before->second, entry, object))
+        number = before->second.first; // what was known goes on
+    m_notes->refusals[&entry] = {number,         m_notes->numbers.at(&last), &last, m_takings, &object,
+                                 IsObjectEmpty()};
 }
 
 } // namespace ZvXmlLib16

@@ -36,30 +36,42 @@ struct CXmlGeneratedClass::Reading {
     CXmlElement* const saved = current;
     bool const ignoresUnknown = ctx.SkipsUnexpectedElements();
     UnknownScan* const scan = ignoresUnknown ? UnknownScan::Of(element) : nullptr;
+    UnknownScan::Walk const walk{scan};
 
     bool Offer(CElementInfo& entry) {
         if (scan == nullptr)
             return OfferCursor(entry);
-        bool answer = false;
-        if (scan->IsExhausted(entry, current, answer))
-            return answer;
-        UnknownScan::Offer const offer = scan->BeginOffer(current);
-        answer = OfferCursor(entry);
-        scan->EndOffer(offer, entry, current, answer);
+        CXmlElement const* const offered = current;
+        bool const answer = OfferCursor(entry);
+        scan->EndOffer(current != offered);
         return answer;
+    }
+    // In a sequence: passes over the children that the entry refuses, where that is allowed. False if it
+    // refuses all.
+    bool OfferUntilTaken(CElementInfo& entry) {
+        UnknownScan* const notes = IsRealElement() ? nullptr : scan;
+        for (CXmlElement const* first = current;;) {
+            if (notes != nullptr)
+                current = notes->PassRefused(entry, object, current);
+            CXmlElement* const offered = current;
+            std::size_t const takings = notes != nullptr ? notes->GetTakings() : 0;
+            if (Offer(entry))
+                return true;
+            if (!ignoresUnknown || current == nullptr)
+                return false;
+            bool const isRepeated = current == offered && notes != nullptr &&
+                                    (entry.RepeatsRefusals() || notes->GetTakings() == takings);
+            current = current->GetNextSiblingElement();
+            if (isRepeated)
+                notes->NoteRefused(entry, object, *first, *offered);
+            else
+                first = current;
+        }
     }
     bool OfferCursor(CElementInfo& entry) {
         std::string const ns = entry.UsesClassNamespace() ? object.GetNamespace() : std::string();
         return entry.ElementFromXml(ctx, &object, element, &current, ns.c_str(), elementType);
     }
-    // The ends of a group: the next cursor.
-    CXmlElement* EndAt(CXmlElement* cursor, bool reachedEnd = false) const {
-        if (scan != nullptr)
-            scan->EndGroup(reachedEnd);
-        return cursor;
-    }
-    // Of a nested sequence that did not match.
-    CXmlElement* NoMatch() const { return EndAt(saved, current == nullptr); }
     bool IsRealElement() const { return elementType == XmlElementType_Element; }
     [[noreturn]] void FailUnread() const {
         FailUnreadElement(element->GetLocalName(), current->GetLocalName(), element->GetXPath());
@@ -179,15 +191,12 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(CSerializationContext 
     std::size_t resume = 0;
     for (;;) {
         for (std::size_t i = resume; reading.elements[i] != nullptr; ++i) {
-            while (!reading.Offer(*reading.elements[i])) {
-                if (!reading.ignoresUnknown || reading.current == nullptr)
-                    return reading.NoMatch();
-                reading.current = reading.current->GetNextSiblingElement();
-            }
+            if (!reading.OfferUntilTaken(*reading.elements[i]))
+                return reading.saved; // the group does not match
             resume = i;
         }
         if (!reading.IsRealElement() || reading.current == nullptr)
-            return reading.EndAt(reading.current);
+            return reading.current;
         if (!reading.ignoresUnknown)
             reading.FailUnread();
         // Continues at the last entry, so that a collection there gets the elements that follow.
@@ -218,7 +227,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(CSerializationConte
     }
     if (reading.IsRealElement() && reading.current != nullptr && !reading.ignoresUnknown)
         reading.FailUnread();
-    return reading.EndAt(reading.current);
+    return reading.current;
 }
 
 CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(CSerializationContext const& ctx,
@@ -238,11 +247,11 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(CSerializationContext 
     }
     for (std::size_t i = 0; i < entryCount; ++i) {
         if (!reading.elements[i]->Validate(ctx, this, found[i], reading.IsRealElement()))
-            return reading.EndAt(reading.saved);
+            return reading.saved;
     }
     if (reading.IsRealElement() && reading.current != nullptr && !reading.ignoresUnknown)
         reading.FailUnread();
-    return reading.EndAt(reading.current);
+    return reading.current;
 }
 
 } // namespace ZvXmlLib16
