@@ -8,12 +8,14 @@
 namespace ZvXmlLib16::schema {
 
 std::unique_ptr<Schema> ReadSchemas(std::vector<std::string> const& files, SchemaFiles const& locations,
-                                    Diagnostics& diagnostics) {
+                                    Diagnostics& diagnostics, std::vector<std::string>* inputs) {
     ParserLibrary const library;
     SchemaSet set(locations, diagnostics);
     for (std::string const& file : files)
         set.Add(file);
     set.Close();
+    if (inputs != nullptr)
+        *inputs = set.GetFiles();
     if (!diagnostics.HasErrors())
         CheckSchemaSet(set, diagnostics);
     if (diagnostics.HasErrors())

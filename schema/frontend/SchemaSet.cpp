@@ -89,6 +89,15 @@ std::string const* SchemaSet::FindBytes(std::string const& file) const {
     return found == m_loaded.end() || found->second.root == nullptr ? nullptr : &found->second.bytes;
 }
 
+std::vector<std::string> SchemaSet::GetFiles() const {
+    std::vector<std::string> files;
+    for (auto const& [file, loaded] : m_loaded) {
+        if (FindBuiltInSchema(file) == nullptr)
+            files.push_back(file);
+    }
+    return files;
+}
+
 // Null if there is no such file. What is no schema document is an error if it is required, else a warning to
 // the caller.
 SchemaSet::Loaded const* SchemaSet::Load(std::string const& file, bool isRequired) {

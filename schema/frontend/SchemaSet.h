@@ -86,6 +86,8 @@ public:
     std::vector<Root> const& GetRoots() const noexcept { return m_roots; }
     // The file that `location` in the document `base` means, by what was found on reading; null for none.
     std::string const* FindFile(std::string const& base, std::string const& location) const;
+    // Those that were read, but for what is built in.
+    std::vector<std::string> GetFiles() const;
     std::string const* FindBytes(std::string const& file) const;
     // Calls with the bytes of each document.
     template <class Call>

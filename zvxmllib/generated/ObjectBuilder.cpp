@@ -69,7 +69,10 @@ void ObjectBuilder::AddNode(Assessment const& assessment, CSmartPtr<CXmlObjectBa
 
 void ObjectBuilder::OnAttribute(CXmlAttribute& attribute, AttributeRow const* row) {
     CTypedObject& object = Outer();
-    std::string value(attribute.GetValueView());
+    std::string room;
+    SimpleTypes const& types = m_schema.GetGrammar().GetSimpleTypes();
+    std::string value(row == nullptr ? attribute.GetValueView()
+                                     : types.Normalize(row->type, attribute.GetValueView(), room));
     bool const hasNames = row == nullptr || m_schema.GetGrammar().GetSimpleTypes().HasQNames(row->type);
     if (hasNames)
         KeepPrefixes(value);
@@ -81,6 +84,8 @@ void ObjectBuilder::OnAttribute(CXmlAttribute& attribute, AttributeRow const* ro
 }
 
 void ObjectBuilder::OnValue(std::string_view text, std::uint32_t type) {
+    std::string room;
+    text = m_schema.GetGrammar().GetSimpleTypes().Normalize(type, text, room);
     Frame const& frame = m_frames.back();
     if (frame.object != nullptr) {
         frame.object->m_text = text;

@@ -3,7 +3,7 @@
 #include "zvxmllib/generated/ItemTypes.h"
 #include "zvxmllib/generated/ObjectBuilder.h"
 
-#include "zvxmllib/collections/Attribute.h"
+#include "zvxmllib/collections/Element.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/foundation/Exceptions.h"
@@ -97,12 +97,12 @@ void CTypedObject::Insert(std::uint32_t declaration, CSmartPtr<CXmlObjectBase> o
     Symbol const symbol = m_schema->GetGrammar().SymbolOf(declaration);
     std::uint32_t actual = declaration;
     if (object != nullptr)
-        actual = static_cast<CTypedObject&>(*object).GetDeclaration();
+        actual = static_cast<CTypedObject&>(*object).DeclarationId();
     m_nodes.insert(m_nodes.begin() + static_cast<std::ptrdiff_t>(PlaceFor(symbol)),
                    Node{symbol, actual, std::move(object), std::move(text)});
 }
 
-void CTypedObject::AddText(std::uint32_t declaration, std::string text) {
+void CTypedObject::AppendText(std::uint32_t declaration, std::string text) {
     ElementRow const& row = Rows().elements[declaration];
     if (IsComplex(row.type))
         throw CZvInvalidParamException("The element [" + std::string(row.name) + "] is not a value.");
@@ -110,10 +110,10 @@ void CTypedObject::AddText(std::uint32_t declaration, std::string text) {
     Insert(declaration, {}, std::move(text));
 }
 
-void CTypedObject::SetText(std::uint32_t declaration, std::string text) {
+void CTypedObject::PutText(std::uint32_t declaration, std::string text) {
     std::size_t const index = NextIndex(declaration, 0);
     if (index == m_nodes.size())
-        return AddText(declaration, std::move(text));
+        return AppendText(declaration, std::move(text));
     ElementRow const& row = Rows().elements[declaration];
     TestValue(static_cast<std::uint32_t>(row.type), text, row.name);
     m_nodes[index].object = nullptr;
@@ -121,7 +121,7 @@ void CTypedObject::SetText(std::uint32_t declaration, std::string text) {
 }
 
 // An object of a member of the substitution group keeps its name; another one takes that of the declaration.
-void CTypedObject::AddObject(std::uint32_t declaration, CTypedObject* object) {
+void CTypedObject::AppendObject(std::uint32_t declaration, CTypedObject* object) {
     ElementRow const& row = Rows().elements[declaration];
     Grammar const& grammar = m_schema->GetGrammar();
     if (object == nullptr)
@@ -139,19 +139,19 @@ void CTypedObject::AddObject(std::uint32_t declaration, CTypedObject* object) {
     Insert(declaration, CSmartPtr<CXmlObjectBase>(object), {});
 }
 
-void CTypedObject::SetObject(std::uint32_t declaration, CTypedObject* object) {
+void CTypedObject::PutObject(std::uint32_t declaration, CTypedObject* object) {
     CSmartPtr<CTypedObject> const kept(object);
     std::vector<Node> const before = m_nodes;
-    RemoveAll(declaration);
+    DropAll(declaration);
     try {
-        AddObject(declaration, object);
+        AppendObject(declaration, object);
     } catch (CZvException const&) {
         m_nodes = before;
         throw;
     }
 }
 
-void CTypedObject::RemoveAll(std::uint32_t declaration) {
+void CTypedObject::DropAll(std::uint32_t declaration) {
     Symbol const symbol = m_schema->GetGrammar().SymbolOf(declaration);
     m_nodes.erase(std::remove_if(m_nodes.begin(), m_nodes.end(),
                                  [symbol](Node const& node) { return node.symbol == symbol; }),
@@ -163,7 +163,7 @@ CTypedObject& CTypedObject::Obtain(std::uint32_t declaration) {
     if (node == nullptr || node->object == nullptr) {
         CSmartPtr<CTypedObject> const made =
             m_schema->MakeObject(Rows().elements[declaration].type, declaration);
-        AddObject(declaration, made);
+        AppendObject(declaration, made);
         node = Find(declaration);
     }
     return static_cast<CTypedObject&>(*node->object);
@@ -180,7 +180,7 @@ std::string const* CTypedObject::FindAttribute(std::uint32_t attribute) const no
     return nullptr;
 }
 
-void CTypedObject::RemoveAttribute(std::uint32_t attribute) {
+void CTypedObject::DropAttribute(std::uint32_t attribute) {
     std::string const* const value = FindAttribute(attribute);
     m_attributes.erase(
         std::remove_if(m_attributes.begin(), m_attributes.end(),
@@ -188,7 +188,7 @@ void CTypedObject::RemoveAttribute(std::uint32_t attribute) {
         m_attributes.end());
 }
 
-void CTypedObject::SetAttribute(std::uint32_t attribute, std::string text) {
+void CTypedObject::PutAttribute(std::uint32_t attribute, std::string text) {
     AttributeRow const& row = Rows().attributes[attribute];
     TestValue(row.type, text, row.name);
     std::string const* const value = FindAttribute(attribute);
@@ -198,11 +198,107 @@ void CTypedObject::SetAttribute(std::uint32_t attribute, std::string text) {
         m_attributes.push_back({&row, {}, {}, std::move(text)});
 }
 
-void CTypedObject::SetContentText(std::string text) {
+void CTypedObject::PutContentText(std::string text) {
     std::uint32_t const type = SimpleTypeId();
     if (type != kNone)
         TestValue(type, text, GetElementName().c_str());
     m_text = std::move(text);
+}
+
+namespace {
+
+std::string const kNoText;
+
+} // namespace
+
+std::string const& CTypedObject::TextAt(std::size_t index) const {
+    Node const& node = m_nodes[index];
+    return node.object == nullptr ? node.text : static_cast<CTypedObject&>(*node.object).m_text;
+}
+
+CTypedObject const* CTypedObject::ChildAt(std::size_t index) const noexcept {
+    return dynamic_cast<CTypedObject const*>(static_cast<CXmlObjectBase*>(m_nodes[index].object));
+}
+
+std::string CTypedObject::NameAt(std::size_t index) const {
+    Node const& node = m_nodes[index];
+    if (node.declaration != kNone)
+        return Rows().elements[node.declaration].name;
+    CTypedObject const* const child = ChildAt(index);
+    if (child != nullptr)
+        return child->GetElementName();
+    auto const* const untyped = dynamic_cast<CElement const*>(static_cast<CXmlObjectBase*>(node.object));
+    return untyped == nullptr ? std::string() : untyped->GetName();
+}
+
+CTypedObject& CTypedObject::ObjectAt(std::size_t index) const {
+    return static_cast<CTypedObject&>(*m_nodes[index].object);
+}
+
+std::size_t CTypedObject::IndexOf(std::uint32_t declaration, std::size_t number) const {
+    std::size_t index = NextIndex(declaration, 0);
+    for (; number != 0 && index < m_nodes.size(); --number)
+        index = NextIndex(declaration, index + 1);
+    if (index >= m_nodes.size())
+        throw CZvInvalidParamException("There are not so many elements [" +
+                                       std::string(Rows().elements[declaration].name) + "].");
+    return index;
+}
+
+std::string const& CTypedObject::TextOf(std::uint32_t declaration) const noexcept {
+    std::size_t const index = NextIndex(declaration, 0);
+    return index < m_nodes.size() ? TextAt(index) : kNoText;
+}
+
+std::string CTypedObject::AttributeOf(std::uint32_t attribute) const {
+    std::string const* const value = FindAttribute(attribute);
+    return value == nullptr ? Rows().attributes[attribute].value : *value;
+}
+
+bool CTypedObject::IsNilAt(std::uint32_t declaration) const noexcept {
+    CTypedObject const* const object = FindObject(declaration);
+    return object != nullptr && object->m_isNil;
+}
+
+CTypedObject* CTypedObject::FindObject(std::uint32_t declaration) const noexcept {
+    Node const* const node = Find(declaration);
+    return node == nullptr ? nullptr : static_cast<CTypedObject*>(static_cast<CXmlObjectBase*>(node->object));
+}
+
+CTypedObject const& CTypedObject::Require(std::uint32_t declaration) const {
+    CTypedObject const* const object = FindObject(declaration);
+    if (object == nullptr)
+        throw CZvInvalidStateException("There is no element [" +
+                                       std::string(Rows().elements[declaration].name) + "] in [" +
+                                       GetElementName() + "].");
+    return *object;
+}
+
+// A nil value is an object without content.
+void CTypedObject::PutNil(std::uint32_t declaration) {
+    CSmartPtr<CTypedObject> const nil(
+        new CTypedObject(*m_schema, Rows().elements[declaration].type, declaration));
+    nil->SetNil(true);
+    PutObject(declaration, nil);
+}
+
+CTypedObject& CTypedObject::AppendNew(std::uint32_t declaration) {
+    CSmartPtr<CTypedObject> const made = m_schema->MakeObject(Rows().elements[declaration].type, declaration);
+    AppendObject(declaration, made);
+    return *made;
+}
+
+void CTypedObject::NameAs(std::uint32_t element) const {
+    if (m_declaration == element)
+        return;
+    ElementRow const& row = Rows().elements[element];
+    if (!m_schema->GetGrammar().IsDerivedFrom(m_type, row.type, row.block))
+        throw CZvInvalidParamException("The type [" + m_schema->GetGrammar().NameOfType(m_type) +
+                                       "] cannot stand for the element [" + row.name + "].");
+    auto& self = const_cast<CTypedObject&>(*this); // the name is no part of its value
+    self.m_declaration = element;
+    self.SetElementName(row.name);
+    self.m_ns = row.ns;
 }
 
 } // namespace ZvXmlLib16::generated

@@ -45,18 +45,23 @@ public:
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetNamespace() override;
 
-    grammar::TypeId GetTypeId() const noexcept { return m_type; }
-    std::uint32_t GetDeclaration() const noexcept { return m_declaration; }
-    std::string GetName() const { return GetElementName(); }
+    grammar::TypeId CurrentType() const noexcept { return m_type; }
+    std::uint32_t DeclarationId() const noexcept { return m_declaration; }
     bool IsNil() const noexcept { return m_isNil; }
     // Throws CZvInvalidStateException for an element that is not nillable. A nil element is written without
     // content.
     void SetNil(bool isNil);
 
-    std::vector<Node> const& GetNodes() const noexcept { return m_nodes; }
-    std::vector<Attribute> const& GetAllAttributes() const noexcept { return m_attributes; }
+    std::vector<Node> const& ContentNodes() const noexcept { return m_nodes; }
+    // Of a node of ContentNodes: its object if that is one of a schema, null otherwise; its name.
+    CTypedObject const* ChildAt(std::size_t index) const noexcept;
+    std::string NameAt(std::size_t index) const;
+    std::vector<Attribute> const& AllAttributes() const noexcept { return m_attributes; }
     // Of simple content; of mixed content all text.
-    std::string const& GetContentText() const noexcept { return m_text; }
+    std::string const& ContentText() const noexcept { return m_text; }
+
+    // Gives it the name of this global element. Throws CZvInvalidParamException if its type does not fit.
+    void NameAs(std::uint32_t element) const;
 
     // Throws CZvInvalidStateException, with the path, for content that is not as the schema wants it.
     void CheckContent() const;
@@ -80,22 +85,39 @@ protected:
     std::size_t NextIndex(std::uint32_t declaration, std::size_t from) const noexcept;
     // In place of all of that name; an added one goes behind them. Throw CZvInvalidValueException for a value
     // that the type does not allow, CZvInvalidParamException for an object of another type, or null.
-    void SetText(std::uint32_t declaration, std::string text);
-    void AddText(std::uint32_t declaration, std::string text);
-    void SetObject(std::uint32_t declaration, CTypedObject* object);
-    void AddObject(std::uint32_t declaration, CTypedObject* object);
+    void PutText(std::uint32_t declaration, std::string text);
+    void AppendText(std::uint32_t declaration, std::string text);
+    void PutObject(std::uint32_t declaration, CTypedObject* object);
+    void AppendObject(std::uint32_t declaration, CTypedObject* object);
     // Throws CZvInvalidParamException for an object that may not stand there.
-    void RemoveAll(std::uint32_t declaration);
+    void DropAll(std::uint32_t declaration);
     // The object of that name; made if there is none.
     CTypedObject& Obtain(std::uint32_t declaration);
     // Null if it is not there and has no default.
     std::string const* FindAttribute(std::uint32_t attribute) const noexcept;
-    void SetAttribute(std::uint32_t attribute, std::string text);
-    void RemoveAttribute(std::uint32_t attribute);
+    void PutAttribute(std::uint32_t attribute, std::string text);
+    void DropAttribute(std::uint32_t attribute);
     // Of simple content.
-    void SetContentText(std::string text);
+    void PutContentText(std::string text);
 
-    template <class Value>
+    // Of a generated class's own accessors. TextOf is empty where there is nothing.
+    std::string const& TextOf(std::uint32_t declaration) const noexcept;
+    // Of an absent attribute its default.
+    std::string AttributeOf(std::uint32_t attribute) const;
+    bool IsNilAt(std::uint32_t declaration) const noexcept;
+    void PutNil(std::uint32_t declaration);
+    // Throws CZvInvalidStateException if there is none.
+    CTypedObject const& Require(std::uint32_t declaration) const;
+    CTypedObject* FindObject(std::uint32_t declaration) const noexcept;
+    // By the index in ContentNodes, or the number among those of one name.
+    std::size_t IndexOf(std::uint32_t declaration, std::size_t number) const;
+    std::string const& TextAt(std::size_t index) const;
+    CTypedObject& ObjectAt(std::size_t index) const;
+    CTypedObject& AppendNew(std::uint32_t declaration);
+
+    template <class Derived>
+    friend class ListBase;
+    template <class Codec>
     friend class ValueList;
     template <class Object>
     friend class ObjectList;

@@ -1,0 +1,367 @@
+#include "schema/emit/Emitter.h"
+
+#include "schema/emit/CppText.h"
+#include "schema/emit/EmitRows.h"
+
+#include "zvxmllib/foundation/SimpleTypes.h"
+
+#include <map>
+
+namespace ZvXmlLib16::schema {
+
+namespace {
+
+using grammar::kNone;
+
+constexpr char const* kGenerated = "ZvXmlLib16::generated::";
+
+char const* NameOf(ItemType type) {
+    switch (type) {
+#define ZV_ITEM_NAME(name, Policy, Name, Value, KIND, slot)                                                  \
+    case ItemType_##name:                                                                                    \
+        return "ItemType_" #name;
+        ZV_SIMPLE_TYPES(ZV_ITEM_NAME)
+#undef ZV_ITEM_NAME
+    default:
+        return "ItemType_string";
+    }
+}
+
+class Emitter {
+public:
+    Emitter(Schema const& schema, Mapping const& mapping, std::string const& stem, unsigned parts)
+        : m_schema(schema), m_mapping(mapping), m_stem(stem), m_parts(parts) {}
+
+    std::vector<EmittedFile> Emit() const {
+        std::vector<EmittedFile> files;
+        std::vector<std::string> const names = OutputNames(m_stem, m_parts);
+        files.push_back({names[0], Header()});
+        files.push_back({names[1], ForwardHeader()});
+        for (unsigned part = 0; part < m_parts; ++part)
+            files.push_back({names[2 + part], Source(part)});
+        return files;
+    }
+
+private:
+    std::string Title() const { return "// Generated from an XML schema by zvxml-gen. Changes are lost.\n"; }
+    std::string Home() const { return m_mapping.GetHomeNamespace(); }
+    std::string SchemaFunction() const { return "::" + Home() + "::" + Identifier(m_stem) + "Schema()"; }
+    std::string Place(schema::Source const* source) const {
+        std::string const& file = source->position.file;
+        return file.substr(file.find_last_of("/\\") + 1) + ":" + std::to_string(source->position.line);
+    }
+    std::string Doc(schema::Source const* source, std::string const& what, std::string const& indent) const {
+        return Comment(source->documentation, indent) + indent + "// " + what + " (" + Place(source) + ")\n";
+    }
+    std::string ClassName(std::uint32_t index) const {
+        if (index == kNone)
+            return std::string(kGenerated) + "CTypedObject";
+        ClassPlan const& plan = m_mapping.GetClasses()[index];
+        return "::" + plan.ns + "::" + plan.name;
+    }
+    std::string EnumName(std::uint32_t index) const {
+        EnumPlan const& plan = m_mapping.GetEnums()[index];
+        return "::" + plan.ns + "::" + plan.name;
+    }
+    std::string Codec(ValuePlan const& value) const {
+        std::string const item = std::string("ZvXmlLib16::") + NameOf(value.item);
+        switch (value.kind) {
+        case ValueKind::kCodec:
+            return std::string(kGenerated) + "Codec<" + item + ">";
+        case ValueKind::kList:
+            return std::string(kGenerated) + "ListCodec<" + item + ">";
+        case ValueKind::kEnum:
+            return std::string(kGenerated) + "EnumCodec<" + EnumName(value.enumeration) + "Traits>";
+        default:
+            return std::string(kGenerated) + "Codec<ZvXmlLib16::ItemType_string>";
+        }
+    }
+    std::string ValueType(ValuePlan const& value) const {
+        if (value.kind == ValueKind::kText)
+            return "std::string";
+        return value.kind == ValueKind::kEnum ? EnumName(value.enumeration) : Codec(value) + "::Value";
+    }
+
+    // Calls for each run of items of one namespace.
+    template <class Items, class EmitItem>
+    std::string InNamespaces(Items const& items, EmitItem emitItem) const {
+        std::string text;
+        std::string open;
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            if (items[i].ns != open) {
+                if (!open.empty())
+                    text += CloseNamespace(open) + "\n";
+                open = items[i].ns;
+                text += OpenNamespace(open) + "\n";
+            }
+            text += emitItem(items[i]);
+        }
+        return open.empty() ? text : text + CloseNamespace(open) + "\n";
+    }
+
+    std::string ForwardHeader() const {
+        std::string text = Title() + "#pragma once\n\n";
+        text += InNamespaces(m_mapping.GetEnums(),
+                             [](EnumPlan const& plan) { return "enum class " + plan.name + ";\n"; });
+        text += InNamespaces(m_mapping.GetClasses(),
+                             [](ClassPlan const& plan) { return "class " + plan.name + ";\n"; });
+        return text;
+    }
+
+    std::string Header() const {
+        std::string text = Title() + "#pragma once\n\n#include \"" + m_stem + "-fwd.h\"\n\n" +
+                           "#include <zvxmllib/generated/Generated.h>\n\n" +
+                           "#include <cstddef>\n#include <cstdint>\n#include <string>\n\n";
+        text += OpenNamespace(Home()) +
+                "\n// What the objects are bound to.\nZvXmlLib16::generated::BoundSchema const& " +
+                Identifier(m_stem) + "Schema();\n\n" + CloseNamespace(Home()) + "\n";
+        text += InNamespaces(m_mapping.GetEnums(), [this](EnumPlan const& plan) { return Enum(plan); });
+        text += InNamespaces(m_mapping.GetClasses(), [this](ClassPlan const& plan) { return Class(plan); });
+        text += InNamespaces(m_mapping.GetDocuments(),
+                             [this](DocumentPlan const& plan) { return Functions(plan, false); });
+        text += InNamespaces(m_mapping.GetClasses(),
+                             [this](ClassPlan const& plan) { return InlineMembers(plan); });
+        return text;
+    }
+
+    std::string Enum(EnumPlan const& plan) const {
+        std::string text = Doc(plan.source, "enumeration", "");
+        text += "enum class " + plan.name + " {\n";
+        for (std::size_t i = 0; i < plan.texts.size(); ++i)
+            text += "    " + plan.enumerators[i] + (i + 1 < plan.texts.size() ? ",\n" : "\n");
+        return text + "};\n" + "// Its texts, in the same order.\nstruct " + plan.name +
+               "Traits {\n    using Value = " + plan.name +
+               ";\n    static ZvXmlLib16::generated::EnumTexts Texts() noexcept;\n};\n\n";
+    }
+
+    std::string Class(ClassPlan const& plan) const {
+        std::string const base = ClassName(plan.base);
+        std::string text = Doc(plan.source, "type or element " + plan.xmlName, "");
+        text += "class " + plan.name + " : public " + base + " {\npublic:\n";
+        if (!plan.isAbstract)
+            text += "    " + plan.name + "();\n";
+        text +=
+            "    // For the library, and derived classes.\n    " + plan.name +
+            "(ZvXmlLib16::generated::BoundSchema const& schema, ZvXmlLib16::grammar::TypeId type,\n        "
+            "std::uint32_t declaration)\n        : " +
+            base + "(schema, type, declaration) {}\n";
+        for (PropertyPlan const& property : plan.properties)
+            text += "\n" + Property(plan, property);
+        return text + "};\n\n";
+    }
+
+    std::string Property(ClassPlan const& plan, PropertyPlan const& property) const {
+        std::string const kinds[] = {"attribute ", "element ", "element ", "content",
+                                     "text of mixed content"};
+        std::string text =
+            Doc(property.source, kinds[static_cast<int>(property.kind)] + property.xmlName, "    ");
+        switch (property.kind) {
+        case PropertyKind::kAttribute:
+            return text + Attribute(property);
+        case PropertyKind::kValueElement:
+            return text + (property.isRepeatable ? ValueList(plan, property) : Value(property));
+        case PropertyKind::kObjectElement:
+            return text + (property.isRepeatable ? ObjectList(plan, property) : Object(property));
+        default:
+            return text + ContentAccess(property);
+        }
+    }
+
+    // Get, and Set from a value; `get` and `put` are calls without their last bracket.
+    std::string GetAndSet(PropertyPlan const& property, std::string const& get,
+                          std::string const& put) const {
+        std::string const type = ValueType(property.value);
+        bool const isText = property.value.kind == ValueKind::kText;
+        bool const isSmall = property.value.kind == ValueKind::kEnum;
+        std::string const parameter = isSmall ? type + " value" : type + " const& value";
+        std::string const codec = Codec(property.value);
+        return "    " + type + " Get" + property.name + "() const { return " +
+               (isText ? get : codec + "::FromText(" + get + ")") + "; }\n    void Set" + property.name +
+               "(" + parameter + ") { " + put + (isText ? "value" : codec + "::ToText(value)") + "); }\n";
+    }
+    std::string Attribute(PropertyPlan const& property) const {
+        std::string const row = std::to_string(property.row);
+        return GetAndSet(property, "AttributeOf(" + row + ")", "PutAttribute(" + row + ", ") + "    bool Is" +
+               property.name + "Valid() const noexcept { return FindAttribute(" + row +
+               ") != nullptr; }\n    void Remove" + property.name + "() { DropAttribute(" + row + "); }\n";
+    }
+    std::string Presence(PropertyPlan const& property) const {
+        std::string const row = std::to_string(property.row);
+        return "    bool Is" + property.name + "Valid() const noexcept { return Find(" + row +
+               ") != nullptr; }\n    void Remove" + property.name + "() { DropAll(" + row + "); }\n";
+    }
+    std::string Value(PropertyPlan const& property) const {
+        std::string const row = std::to_string(property.row);
+        std::string text =
+            GetAndSet(property, "TextOf(" + row + ")", "PutText(" + row + ", ") + Presence(property);
+        if (property.isNillable)
+            text += "    bool Is" + property.name + "Nil() const noexcept { return IsNilAt(" + row +
+                    "); }\n    void Set" + property.name + "Nil() { PutNil(" + row + "); }\n";
+        return text;
+    }
+    std::string List(ClassPlan const& plan, PropertyPlan const& property, std::string const& type) const {
+        return "    " + type + " Get" + property.name + "() const {\n        return {const_cast<" +
+               plan.name + "&>(*this), " + std::to_string(property.row) + "};\n    }\n";
+    }
+    std::string ValueList(ClassPlan const& plan, PropertyPlan const& property) const {
+        return List(plan, property, std::string(kGenerated) + "ValueList<" + Codec(property.value) + ">");
+    }
+    std::string ObjectList(ClassPlan const& plan, PropertyPlan const& property) const {
+        return List(plan, property,
+                    std::string(kGenerated) + "ObjectList<" + ClassName(property.objectClass) + ">");
+    }
+    std::string Object(PropertyPlan const& property) const {
+        std::string const type = ClassName(property.objectClass);
+        return "    // Made where there is none; the const one throws CZvInvalidStateException.\n    " +
+               type + "& Get" + property.name + "();\n    " + type + " const& Get" + property.name +
+               "() const;\n    void Set" + property.name + "(" + type + "* value);\n" + Presence(property);
+    }
+    std::string ContentAccess(PropertyPlan const& property) const {
+        return GetAndSet(property, "ContentText()", "PutContentText(");
+    }
+
+    // What needs other classes to be complete.
+    std::string InlineMembers(ClassPlan const& plan) const {
+        std::string text;
+        for (PropertyPlan const& property : plan.properties) {
+            if (property.kind != PropertyKind::kObjectElement || property.isRepeatable)
+                continue;
+            std::string const type = ClassName(property.objectClass);
+            std::string const row = std::to_string(property.row);
+            std::string const get = plan.name + "::Get" + property.name;
+            text += "inline " + type + "& " + get + "() {\n    return static_cast<" + type + "&>(Obtain(" +
+                    row + "));\n}\ninline " + type + " const& " + get +
+                    "() const {\n    return static_cast<" + type + " const&>(Require(" + row +
+                    "));\n}\ninline void " + plan.name + "::Set" + property.name + "(" + type +
+                    "* value) {\n    PutObject(" + row + ", value);\n}\n";
+        }
+        return text.empty() ? text : text + "\n";
+    }
+
+    std::string Functions(DocumentPlan const& plan, bool isBody) const {
+        std::string const type = ClassName(plan.objectClass);
+        std::string const element = std::to_string(plan.element);
+        std::string const schema = SchemaFunction();
+        std::string const defaults = isBody ? "" : " =\n        ZvXmlLib16::generated::StrictContext()";
+        std::string text =
+            isBody ? "" : Doc(plan.source, "documents with the root element " + plan.xmlName, "");
+        auto const add = [&](std::string const& result, std::string const& name,
+                             std::string const& parameters, std::string const& body) {
+            text += result + " " + name + "(" + parameters +
+                    ",\n    ZvXmlLib16::CSerializationContext const& ctx" + defaults + ")" +
+                    (isBody ? " {\n    " + body + "\n}\n" : ";\n");
+        };
+        std::string const pointer = "ZvXmlLib16::CSmartPtr<" + type + ">";
+        auto const read = [&](std::string const& function, std::string const& arguments) {
+            return "return " + pointer + "(static_cast<" + type +
+                   "*>(static_cast<ZvXmlLib16::generated::CTypedObject*>(\n"
+                   "        ZvXmlLib16::generated::" +
+                   function + "(" + schema + ", " + element + ", " + arguments + ", ctx))));";
+        };
+        add(pointer, "Read" + plan.name, "std::string const& file", read("ReadFile", "file"));
+        add(pointer, "Read" + plan.name, "unsigned char const* bytes, std::size_t length",
+            read("ReadBytes", "bytes, length"));
+        add(pointer, "Read" + plan.name + "Xml", "std::string const& text", read("ReadXmlText", "text"));
+        add(pointer, "Read" + plan.name + "Json", "std::string const& text", read("ReadJsonText", "text"));
+        std::string const object = type + " const& object";
+        std::string const write = "ZvXmlLib16::generated::Write";
+        add("void", "Write" + plan.name, object + ", std::string const& file",
+            write + "File(object, " + element + ", file, ctx);");
+        add("std::string", "Write" + plan.name + "Xml", object,
+            "return " + write + "XmlText(object, " + element + ", ctx);");
+        add("std::string", "Write" + plan.name + "Json", object,
+            "return " + write + "JsonText(object, " + element + ", ctx);");
+        add("ZvXmlLib16::CBinaryData", "Write" + plan.name + "FastInfoset", object,
+            "return " + write + "FastInfoset(object, " + element + ", ctx);");
+        return text + "\n";
+    }
+
+    // The first part has the rows; the functions are spread over all.
+    std::string Source(unsigned part) const {
+        std::string text = Title() + "#include \"" + m_stem + ".h\"\n\n";
+        if (part == 0)
+            text += SchemaSource();
+        text += Spread(m_mapping.GetEnums(), part, [this](EnumPlan const& plan) { return EnumSource(plan); });
+        text += Spread(m_mapping.GetClasses(), part,
+                       [this](ClassPlan const& plan) { return ConstructorSource(plan); });
+        text += Spread(m_mapping.GetDocuments(), part,
+                       [this](DocumentPlan const& plan) { return Functions(plan, true); });
+        return text;
+    }
+    // A name goes to the same part whatever else there is.
+    template <class Items, class EmitItem>
+    std::string Spread(Items const& items, unsigned part, EmitItem emitItem) const {
+        std::vector<typename Items::value_type> mine;
+        for (auto const& item : items) {
+            std::uint32_t hash = 2166136261U;
+            for (char const c : item.name)
+                hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
+            if (hash % m_parts == part)
+                mine.push_back(item);
+        }
+        return InNamespaces(mine, emitItem);
+    }
+    std::string EnumSource(EnumPlan const& plan) const {
+        std::string text = "ZvXmlLib16::generated::EnumTexts " + plan.name +
+                           "Traits::Texts() noexcept {\n    static constexpr char const* const texts[] = {\n";
+        for (std::string const& value : plan.texts)
+            text += "        " + Literal(value) + ",\n";
+        return text + "    };\n    return {texts, " + std::to_string(plan.texts.size()) + "};\n}\n\n";
+    }
+    std::string ConstructorSource(ClassPlan const& plan) const {
+        if (plan.isAbstract)
+            return {};
+        std::string const declaration =
+            plan.declaration == kNone ? "ZvXmlLib16::grammar::kNone" : std::to_string(plan.declaration);
+        return plan.name + "::" + plan.name + "() : " + plan.name + "(" + SchemaFunction() + ", " +
+               std::to_string(plan.type) + ", " + declaration + ") {}\n\n";
+    }
+    std::string SchemaSource() const {
+        std::string text =
+            "namespace {\n\nusing namespace ZvXmlLib16::grammar;\n\n" + EmitRows(m_schema.GetRows()) +
+            "\nusing Maker = ZvXmlLib16::generated::CTypedObject* (*)(TypeId, std::uint32_t);\n\n"
+            "template <class Class>\nZvXmlLib16::generated::CTypedObject* Make(TypeId type, std::uint32_t "
+            "declaration) {\n    return new Class(" +
+            SchemaFunction() + ", type, declaration);\n}\n\n";
+        std::map<std::uint32_t, std::uint32_t> classes; // by row of the type
+        for (std::uint32_t i = 0; i < m_mapping.GetClasses().size(); ++i)
+            classes.emplace(grammar::ComplexTypeRowOf(m_mapping.GetClasses()[i].type), i);
+        text += "// By the row of the type.\nconstexpr Maker kMakers[] = {\n";
+        for (std::uint32_t row = 0; row < m_schema.complexTypes.size(); ++row) {
+            auto const found = classes.find(row);
+            text +=
+                found == classes.end() ? "    nullptr,\n" : "    &Make<" + ClassName(found->second) + ">,\n";
+        }
+        text += "    nullptr};\n\nZvXmlLib16::generated::CTypedObject* MakeObject(TypeId type, std::uint32_t "
+                "declaration) {\n"
+                "    if (!IsComplex(type) || type == kAnyType)\n        return nullptr;\n"
+                "    Maker const maker = kMakers[ComplexTypeRowOf(type)];\n"
+                "    return maker == nullptr ? nullptr : maker(type, declaration);\n}\n\n} // namespace\n\n";
+        return text + OpenNamespace(Home()) + "\nZvXmlLib16::generated::BoundSchema const& " +
+               Identifier(m_stem) +
+               "Schema() {\n    static ZvXmlLib16::generated::BoundSchema const schema(kRows, &MakeObject);\n"
+               "    return schema;\n}\n\n" +
+               CloseNamespace(Home()) + "\n";
+    }
+
+    Schema const& m_schema;
+    Mapping const& m_mapping;
+    std::string m_stem;
+    unsigned m_parts;
+};
+
+} // namespace
+
+std::vector<EmittedFile> Emit(Schema const& schema, Mapping const& mapping, std::string const& stem,
+                              unsigned parts) {
+    return Emitter(schema, mapping, stem, parts).Emit();
+}
+
+std::vector<std::string> OutputNames(std::string const& stem, unsigned parts) {
+    std::vector<std::string> names{stem + ".h", stem + "-fwd.h"};
+    for (unsigned part = 1; part <= parts; ++part)
+        names.push_back(stem + "-" + std::to_string(part) + ".cpp");
+    return names;
+}
+
+} // namespace ZvXmlLib16::schema

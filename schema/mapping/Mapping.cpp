@@ -1,0 +1,420 @@
+#include "schema/mapping/Mapping.h"
+
+#include <algorithm>
+#include <set>
+
+namespace ZvXmlLib16::schema {
+
+using namespace grammar;
+
+namespace {
+
+// What the base of generated classes has for itself.
+constexpr char const* kOwnProperties[] = {"Base", "Namespace", "TargetNamespace", "ElementName", "Nil"};
+
+constexpr char const* kAttributeSuffix = "Attribute";
+
+ItemType ItemOf(BuiltIn type) {
+    switch (type) {
+    case BuiltIn::kBoolean:
+        return ItemType_boolean;
+    case BuiltIn::kDecimal:
+        return ItemType_decimal;
+    case BuiltIn::kInteger:
+    case BuiltIn::kNonPositiveInteger:
+    case BuiltIn::kNegativeInteger:
+    case BuiltIn::kNonNegativeInteger:
+    case BuiltIn::kPositiveInteger:
+        return ItemType_integer;
+    case BuiltIn::kLong:
+        return ItemType_i8;
+    case BuiltIn::kInt:
+        return ItemType_i4;
+    case BuiltIn::kShort:
+    case BuiltIn::kByte: // the 8-bit types of C++ are characters
+        return ItemType_i2;
+    case BuiltIn::kUnsignedLong:
+        return ItemType_ui8;
+    case BuiltIn::kUnsignedInt:
+        return ItemType_ui4;
+    case BuiltIn::kUnsignedShort:
+    case BuiltIn::kUnsignedByte:
+        return ItemType_ui2;
+    case BuiltIn::kFloat:
+        return ItemType_r4;
+    case BuiltIn::kDouble:
+        return ItemType_r8;
+    case BuiltIn::kDuration:
+        return ItemType_duration;
+    case BuiltIn::kDateTime:
+        return ItemType_datetime;
+    case BuiltIn::kDate:
+        return ItemType_date;
+    case BuiltIn::kTime:
+        return ItemType_time;
+    case BuiltIn::kGYearMonth:
+        return ItemType_yearMonth;
+    case BuiltIn::kGMonthDay:
+        return ItemType_monthDay;
+    case BuiltIn::kHexBinary:
+        return ItemType_hexBinary;
+    case BuiltIn::kBase64Binary:
+        return ItemType_base64Binary;
+    default:
+        return ItemType_string;
+    }
+}
+
+} // namespace
+
+Mapping::Mapping(Schema const& schema, std::map<std::string, std::string> namespaces, std::string stem,
+                 Diagnostics& diagnostics)
+    : m_schema(schema), m_diagnostics(diagnostics), m_grammar(schema.GetRows()), m_orders(m_grammar),
+      m_namespaces(std::move(namespaces)), m_stem(std::move(stem)) {
+    m_home = NamespaceFor(schema.targetNamespace);
+    AddNamedTypes();
+    AddElementClasses();
+    for (std::uint32_t i = 0; i < m_classes.size(); ++i)
+        AddAnonymousClasses(i);
+    for (std::uint32_t i = 0; i < m_classes.size(); ++i) {
+        TypeId const base = m_schema.complexTypes[ComplexTypeRowOf(m_classes[i].type)].base;
+        m_classes[i].base = ClassOf(base);
+    }
+    m_propertyNames.resize(m_classes.size());
+    m_hasProperties.resize(m_classes.size(), false);
+    for (std::uint32_t i = 0; i < m_classes.size(); ++i)
+        AddProperties(i);
+    AddDocuments();
+    SortClasses();
+}
+
+std::string const& Mapping::NamespaceFor(std::string const& uri) {
+    auto const known = m_namespaces.find(uri);
+    if (known != m_namespaces.end())
+        return known->second;
+    return m_namespaces.emplace(uri, NamespaceName(uri, NamespaceName(m_stem, "schema"))).first->second;
+}
+
+std::uint32_t Mapping::ClassOf(TypeId type) const {
+    auto const found = m_classOf.find(type);
+    return found == m_classOf.end() ? kNone : found->second;
+}
+
+std::uint32_t Mapping::AddClass(TypeId type, std::string const& ns, std::string const& name,
+                                std::string const& xmlName) {
+    auto const index = static_cast<std::uint32_t>(m_classes.size());
+    ClassPlan plan{};
+    plan.ns = ns;
+    plan.name = ScopeOf(ns).Take("C" + name);
+    plan.xmlName = xmlName;
+    plan.type = type;
+    plan.base = kNone;
+    plan.declaration = kNone;
+    plan.isAbstract = m_schema.complexTypes[ComplexTypeRowOf(type)].isAbstract;
+    plan.source = &m_schema.complexTypeSources[ComplexTypeRowOf(type)];
+    if (m_schema.complexTypes[ComplexTypeRowOf(type)].content == Content::kMixed)
+        m_diagnostics.Warning(plan.source->position,
+                              "the text of [" + xmlName + "] is kept in one piece, behind its child elements",
+                              "mixed-order-lost");
+    m_classes.push_back(std::move(plan));
+    m_classOf.emplace(type, index);
+    return index;
+}
+
+void Mapping::AddNamedTypes() {
+    for (TypeId const type : m_schema.globalTypes) {
+        if (!IsComplex(type)) {
+            ValueOf(static_cast<std::uint32_t>(type), {}, {}); // an enumeration takes its name now
+            continue;
+        }
+        ComplexTypeRow const& row = m_schema.complexTypes[ComplexTypeRowOf(type)];
+        AddClass(type, NamespaceFor(row.ns), CamelName(row.name), row.name);
+    }
+}
+
+void Mapping::AddElementClasses() {
+    for (std::uint32_t const element : m_schema.globalElements) {
+        ElementRow const& row = m_schema.elements[element];
+        if (!IsComplex(row.type) || row.type == kAnyType)
+            continue;
+        std::uint32_t index = ClassOf(row.type);
+        if (index == kNone) {
+            std::string const& ns = NamespaceFor(row.ns);
+            std::string const name = CamelName(row.name);
+            bool const isTaken = ScopeOf(ns).IsTaken("C" + name);
+            index = AddClass(row.type, ns, isTaken ? name + "Element" : name, row.name);
+            m_classes[index].declaration = element;
+        }
+    }
+}
+
+// Of the child elements: named by their owner.
+void Mapping::AddAnonymousClasses(std::uint32_t index) {
+    for (ContentEntry const& entry : m_orders.Of(m_classes[index].type)) {
+        if (entry.declaration == kNone)
+            continue;
+        ElementRow const& row = m_schema.elements[entry.declaration];
+        if (!IsComplex(row.type) || row.type == kAnyType || ClassOf(row.type) != kNone)
+            continue;
+        std::string const owner = m_classes[index].name.substr(1);
+        std::uint32_t const added =
+            AddClass(row.type, m_classes[index].ns, owner + CamelName(row.name), row.name);
+        m_classes[added].declaration = entry.declaration;
+    }
+}
+
+bool Mapping::IsInherited(ClassPlan const& plan, PropertyPlan const& property) const {
+    for (std::uint32_t base = plan.base; base != kNone; base = m_classes[base].base) {
+        for (PropertyPlan const& candidate : m_classes[base].properties) {
+            if (candidate.kind != property.kind &&
+                !(candidate.kind <= PropertyKind::kObjectElement &&
+                  candidate.kind != PropertyKind::kAttribute &&
+                  property.kind <= PropertyKind::kObjectElement && property.kind != PropertyKind::kAttribute))
+                continue;
+            if (property.kind >= PropertyKind::kContentValue)
+                return true;
+            if (property.kind == PropertyKind::kAttribute) {
+                AttributeRow const& left = m_schema.attributes[candidate.row];
+                AttributeRow const& right = m_schema.attributes[property.row];
+                if (left.name == right.name && left.ns == right.ns) // kept once
+                    return true;
+            } else if (m_grammar.SymbolOf(candidate.row) == m_grammar.SymbolOf(property.row)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+void Mapping::AddProperties(std::uint32_t index) {
+    if (m_hasProperties[index])
+        return;
+    m_hasProperties[index] = true;
+    NameScope names;
+    std::uint32_t const base = m_classes[index].base;
+    if (base != kNone) {
+        AddProperties(base);
+        names = m_propertyNames[base];
+    } else {
+        for (char const* own : kOwnProperties)
+            names.Reserve(own);
+    }
+    AddElementProperties(index, names);
+    AddAttributeProperties(index, names);
+    AddContentProperty(index, names);
+    m_propertyNames[index] = std::move(names);
+}
+
+void Mapping::AddElementProperties(std::uint32_t index, NameScope& names) {
+    for (ContentEntry const& entry : m_orders.Of(m_classes[index].type)) {
+        if (entry.declaration == kNone)
+            continue;
+        ElementRow const& row = m_schema.elements[entry.declaration];
+        PropertyPlan property{};
+        property.kind = IsComplex(row.type) ? PropertyKind::kObjectElement : PropertyKind::kValueElement;
+        property.row = entry.declaration;
+        property.xmlName = row.name;
+        property.isRepeatable = entry.isRepeatable;
+        property.isNillable = row.isNillable;
+        property.objectClass = ClassOf(row.type);
+        property.source = &m_schema.elementSources[entry.declaration];
+        if (IsInherited(m_classes[index], property))
+            continue;
+        std::string const name = CamelName(row.name);
+        property.name = names.Take(names.IsTaken(name) ? name + "Element" : name);
+        if (property.kind == PropertyKind::kValueElement)
+            property.value = ValueOf(static_cast<std::uint32_t>(row.type), m_classes[index].ns,
+                                     m_classes[index].name.substr(1) + name);
+        m_classes[index].properties.push_back(std::move(property));
+    }
+}
+
+void Mapping::AddAttributeProperties(std::uint32_t index, NameScope& names) {
+    Range const uses = m_schema.complexTypes[ComplexTypeRowOf(m_classes[index].type)].attributes;
+    for (std::uint32_t i = uses.first; i < uses.first + uses.count; ++i) {
+        AttributeRow const& row = m_schema.attributes[i];
+        PropertyPlan property{};
+        property.kind = PropertyKind::kAttribute;
+        property.row = i;
+        property.xmlName = row.name;
+        property.source = &m_schema.attributeSources[i];
+        if (IsInherited(m_classes[index], property))
+            continue;
+        std::string const name = CamelName(row.name);
+        property.name = names.Take(names.IsTaken(name) ? name + kAttributeSuffix : name);
+        property.value = ValueOf(row.type, m_classes[index].ns, m_classes[index].name.substr(1) + name);
+        m_classes[index].properties.push_back(std::move(property));
+    }
+}
+
+void Mapping::AddContentProperty(std::uint32_t index, NameScope& names) {
+    ComplexTypeRow const& row = m_schema.complexTypes[ComplexTypeRowOf(m_classes[index].type)];
+    if (row.content != Content::kSimple && row.content != Content::kMixed)
+        return;
+    PropertyPlan property{};
+    property.kind = row.content == Content::kSimple ? PropertyKind::kContentValue : PropertyKind::kMixedText;
+    property.source = m_classes[index].source;
+    if (IsInherited(m_classes[index], property))
+        return;
+    std::string const name = row.content == Content::kSimple ? "Value" : "Text";
+    property.name = names.Take(names.IsTaken(name) ? "Content" + name : name);
+    if (row.content == Content::kSimple)
+        property.value = ValueOf(row.simpleType, m_classes[index].ns, m_classes[index].name.substr(1) + name);
+    m_classes[index].properties.push_back(std::move(property));
+}
+
+// `owner` names an anonymous enumeration.
+ValuePlan Mapping::ValueOf(std::uint32_t type, std::string const& ns, std::string const& owner) {
+    ValuePlan plan;
+    SimpleTypes const& types = m_grammar.GetSimpleTypes();
+    Variety const variety = types.GetVariety(type);
+    std::uint32_t item = type;
+    if (variety == Variety::kList) {
+        plan.kind = ValueKind::kList;
+        while (item >= kBuiltInCount && m_schema.simpleTypes[item - kBuiltInCount].item == kNone)
+            item = m_schema.simpleTypes[item - kBuiltInCount].base;
+        if (item < kBuiltInCount)
+            return plan; // NMTOKENS and the like
+        item = m_schema.simpleTypes[item - kBuiltInCount].item;
+        plan.item =
+            types.GetVariety(item) == Variety::kAtomic ? ItemOf(types.GetBuiltIn(item)) : ItemType_string;
+        return plan;
+    }
+    if (variety == Variety::kUnion)
+        return plan;
+    plan.item = ItemOf(types.GetBuiltIn(type));
+    if (plan.item != ItemType_string) {
+        plan.kind = ValueKind::kCodec;
+        return plan;
+    }
+    BuiltIn const builtIn = types.GetBuiltIn(type);
+    if (builtIn == BuiltIn::kQName || builtIn == BuiltIn::kNOTATION || builtIn >= BuiltIn::kAnyURI)
+        return plan;
+    for (std::uint32_t step = type; step >= kBuiltInCount;
+         step = m_schema.simpleTypes[step - kBuiltInCount].base) {
+        Range const facets = m_schema.simpleTypes[step - kBuiltInCount].facets;
+        for (std::uint32_t i = facets.first; i < facets.first + facets.count; ++i) {
+            if (m_schema.facets[i].facet != Facet::kEnumeration)
+                continue;
+            plan.kind = ValueKind::kEnum;
+            plan.enumeration = EnumOf(step - kBuiltInCount, ns, owner);
+            return plan;
+        }
+    }
+    return plan;
+}
+
+std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::string const& owner) {
+    auto const known = m_enumOf.find(row);
+    if (known != m_enumOf.end())
+        return known->second;
+    SimpleTypeRow const& type = m_schema.simpleTypes[row];
+    EnumPlan plan;
+    bool const isNamed = *type.name != '\0';
+    plan.ns = isNamed || ns.empty() ? NamespaceFor(type.ns) : ns;
+    std::string const name = EnumeratorName(isNamed ? type.name : owner); // no class: it has no prefix
+    plan.name = ScopeOf(plan.ns).Take(name);
+    plan.source = &m_schema.simpleTypeSources[row];
+    NameScope enumerators;
+    std::set<std::string> seen;
+    std::string room;
+    for (std::uint32_t i = type.facets.first; i < type.facets.first + type.facets.count; ++i) {
+        if (m_schema.facets[i].facet != Facet::kEnumeration)
+            continue;
+        std::string text(
+            m_grammar.GetSimpleTypes().Normalize(kBuiltInCount + row, m_schema.facets[i].value, room));
+        if (!seen.insert(text).second)
+            continue;
+        plan.enumerators.push_back(enumerators.Take(EnumeratorName(text), "_"));
+        plan.texts.push_back(std::move(text));
+    }
+    m_enums.push_back(std::move(plan));
+    auto const index = static_cast<std::uint32_t>(m_enums.size() - 1);
+    m_enumOf.emplace(row, index);
+    return index;
+}
+
+void Mapping::AddDocuments() {
+    std::map<std::string, NameScope> scopes;
+    for (std::uint32_t const element : m_schema.globalElements) {
+        ElementRow const& row = m_schema.elements[element];
+        if (row.isAbstract)
+            continue;
+        DocumentPlan plan;
+        plan.ns = NamespaceFor(row.ns);
+        plan.name = scopes[plan.ns].Take(CamelName(row.name));
+        plan.xmlName = row.name;
+        plan.element = element;
+        plan.objectClass = ClassOf(row.type);
+        plan.source = &m_schema.elementSources[element];
+        m_documents.push_back(std::move(plan));
+    }
+}
+
+// Puts each base ahead of what derives from it, and leaves the order otherwise.
+void Mapping::SortClasses() {
+    std::vector<std::uint32_t> order;
+    std::vector<bool> isPlaced(m_classes.size(), false);
+    for (std::uint32_t i = 0; i < m_classes.size(); ++i) {
+        std::vector<std::uint32_t> chain;
+        for (std::uint32_t at = i; at != kNone && !isPlaced[at]; at = m_classes[at].base) {
+            chain.push_back(at);
+            isPlaced[at] = true;
+        }
+        order.insert(order.end(), chain.rbegin(), chain.rend());
+    }
+    std::vector<std::uint32_t> newIndex(m_classes.size());
+    for (std::uint32_t i = 0; i < order.size(); ++i)
+        newIndex[order[i]] = i;
+    std::vector<ClassPlan> sorted;
+    for (std::uint32_t const old : order)
+        sorted.push_back(std::move(m_classes[old]));
+    auto const renew = [&newIndex](std::uint32_t& index) {
+        if (index != kNone)
+            index = newIndex[index];
+    };
+    for (ClassPlan& plan : sorted) {
+        renew(plan.base);
+        for (PropertyPlan& property : plan.properties)
+            renew(property.objectClass);
+    }
+    for (DocumentPlan& plan : m_documents)
+        renew(plan.objectClass);
+    for (auto& [type, index] : m_classOf)
+        renew(index);
+    m_classes = std::move(sorted);
+}
+
+std::string Mapping::Dump() const {
+    std::string text;
+    auto const at = [](Source const* source) {
+        return source->position.file.substr(source->position.file.rfind('/') + 1) + ":" +
+               std::to_string(source->position.line);
+    };
+    for (EnumPlan const& plan : m_enums) {
+        text += "enum " + plan.ns + "::" + plan.name + " " + at(plan.source) + "\n";
+        for (std::size_t i = 0; i < plan.texts.size(); ++i)
+            text += "  " + plan.enumerators[i] + " = \"" + plan.texts[i] + "\"\n";
+    }
+    for (ClassPlan const& plan : m_classes) {
+        text += "class " + plan.ns + "::" + plan.name;
+        if (plan.base != kNone)
+            text += " : " + m_classes[plan.base].ns + "::" + m_classes[plan.base].name;
+        text += (plan.isAbstract ? " abstract " : " ") + at(plan.source) + "\n";
+        for (PropertyPlan const& property : plan.properties) {
+            char const* const kinds[] = {"attribute", "value", "object", "content", "text"};
+            text +=
+                "  " + property.name + " " + kinds[static_cast<int>(property.kind)] + " " + property.xmlName;
+            if (property.objectClass != kNone)
+                text += " " + m_classes[property.objectClass].name;
+            if (property.value.kind == ValueKind::kEnum)
+                text += " " + m_enums[property.value.enumeration].name;
+            text += property.isRepeatable ? " *\n" : "\n";
+        }
+    }
+    for (DocumentPlan const& plan : m_documents)
+        text += "document " + plan.ns + "::" + plan.name + " " + plan.xmlName + "\n";
+    return text;
+}
+
+} // namespace ZvXmlLib16::schema

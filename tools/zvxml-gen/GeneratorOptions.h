@@ -1,0 +1,40 @@
+// The command line of zvxml-gen.
+#pragma once
+
+#include "SchemaOptions.h"
+
+#include <cstddef>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zvxml {
+
+inline constexpr std::size_t kMostErrors = 20; // that are told; the first ones explain the others
+
+struct GeneratorOptions {
+    SchemaOptions schema;
+    std::string folder = ".";
+    std::string name; // of the files; empty for that of the first schema
+    std::map<std::string, std::string> namespaces;
+    unsigned parts = 1;
+    bool listsOutputs = false;
+    bool dumpsModel = false;
+    bool checks = false;
+    std::string dependencyFile;
+    std::set<std::string> silenced; // warnings
+    std::set<std::string> errors;   // warnings that are errors; an empty name is all
+
+    std::string Stem() const;
+    bool IsSilenced(std::string const& warning) const { return silenced.count(warning) != 0; }
+    bool IsError(std::string const& warning) const {
+        return errors.count({}) != 0 || errors.count(warning) != 0;
+    }
+};
+
+// Throws UsageError.
+GeneratorOptions ReadGeneratorOptions(std::vector<std::string> const& arguments);
+std::string GeneratorHelp();
+
+} // namespace zvxml

@@ -1,0 +1,114 @@
+#include "OutputFiles.h"
+
+#include "Errors.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+using ZvXmlLib16::schema::EmittedFile;
+
+namespace zvxml {
+
+namespace {
+
+bool HasText(std::string const& path, std::string const& text) {
+    std::ifstream stream(path, std::ios::binary);
+    return stream &&
+           std::string{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()} == text;
+}
+
+void WriteText(std::string const& path, std::string const& text) {
+    std::ofstream stream(path, std::ios::binary | std::ios::trunc);
+    stream << text;
+    stream.close();
+    if (!stream)
+        throw FileError(path, std::strerror(errno));
+}
+
+// Files that are to take the places of others, or to go.
+class NewFiles {
+public:
+    NewFiles() = default;
+    NewFiles(NewFiles const&) = delete;
+    NewFiles& operator=(NewFiles const&) = delete;
+    ~NewFiles() {
+        std::error_code ignored;
+        for (auto const& [path, target] : m_files)
+            std::filesystem::remove(path, ignored);
+    }
+    void Add(std::string const& target, std::string const& text) {
+        m_files.emplace_back(target + ".new", target);
+        WriteText(m_files.back().first, text);
+    }
+    void Place() {
+        for (auto const& [path, target] : m_files) {
+            std::error_code failure;
+            std::filesystem::rename(path, target, failure);
+            if (failure)
+                throw FileError(target, failure.message());
+        }
+        m_files.clear();
+    }
+
+private:
+    std::vector<std::pair<std::string, std::string>> m_files;
+};
+
+std::string EscapeForMake(std::string const& path) {
+    std::string escaped;
+    for (char const c : path) {
+        if (c == ' ' || c == '#')
+            escaped += '\\';
+        if (c == '$')
+            escaped += '$';
+        escaped += c;
+    }
+    return escaped;
+}
+
+} // namespace
+
+std::string InFolder(std::string const& folder, std::string const& name) {
+    return folder == "." ? name : (std::filesystem::path(folder) / name).string();
+}
+
+void WriteFiles(std::vector<EmittedFile> const& files, std::string const& folder) {
+    std::error_code failure;
+    std::filesystem::create_directories(folder, failure);
+    if (failure)
+        throw FileError(folder, failure.message());
+    NewFiles changed;
+    for (EmittedFile const& file : files) {
+        std::string const path = InFolder(folder, file.name);
+        if (!HasText(path, file.text))
+            changed.Add(path, file.text);
+    }
+    changed.Place();
+}
+
+bool AreOnDisk(std::vector<EmittedFile> const& files, std::string const& folder) {
+    bool areSame = true;
+    for (EmittedFile const& file : files) {
+        std::string const path = InFolder(folder, file.name);
+        if (HasText(path, file.text))
+            continue;
+        std::fprintf(stderr, "zvxml-gen: %s differs\n", path.c_str());
+        areSame = false;
+    }
+    return areSame;
+}
+
+void WriteDependencies(std::string const& file, std::string const& target,
+                       std::vector<std::string> const& inputs) {
+    std::string text = EscapeForMake(target) + ":";
+    for (std::string const& input : inputs)
+        text += " \\\n  " + EscapeForMake(input);
+    WriteText(file, text + "\n");
+}
+
+} // namespace zvxml

@@ -1,0 +1,22 @@
+// The files that zvxml-gen writes.
+#pragma once
+
+#include "schema/emit/Emitter.h"
+
+#include <string>
+#include <vector>
+
+namespace zvxml {
+
+std::string InFolder(std::string const& folder, std::string const& name);
+
+// Makes the folder if need be. Writes all of the files or none; one whose text is the same is left alone.
+// Throws FileError.
+void WriteFiles(std::vector<ZvXmlLib16::schema::EmittedFile> const& files, std::string const& folder);
+// Whether the files are there with these texts. Names those that are not on standard error.
+bool AreOnDisk(std::vector<ZvXmlLib16::schema::EmittedFile> const& files, std::string const& folder);
+// A rule for make: `target` is made from `inputs`. Throws FileError.
+void WriteDependencies(std::string const& file, std::string const& target,
+                       std::vector<std::string> const& inputs);
+
+} // namespace zvxml

@@ -1,0 +1,10 @@
+// Everything that generated code includes.
+#pragma once
+
+#include "zvxmllib/ZvXmlLib.h"
+#include "zvxmllib/generated/BoundSchema.h"
+#include "zvxmllib/generated/Documents.h"
+#include "zvxmllib/generated/Lists.h"
+#include "zvxmllib/generated/TypedObject.h"
+#include "zvxmllib/generated/Values.h"
+#include "zvxmllib/grammar/GrammarRows.h"

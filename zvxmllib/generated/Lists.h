@@ -1,0 +1,89 @@
+// The repeated child elements of a typed object, as generated classes hand them out.
+#pragma once
+
+#include "zvxmllib/generated/TypedObject.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <string>
+
+namespace ZvXmlLib16::generated {
+
+// Goes over the children of one name. Valid as long as the owner lives and does not change.
+template <class List>
+class ListIterator {
+public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = typename List::Item;
+    using difference_type = std::ptrdiff_t;
+    using pointer = void;
+    using reference = typename List::Item;
+
+    ListIterator(List const& list, std::size_t index) noexcept : m_list(list), m_index(index) {}
+    reference operator*() const { return m_list.At(m_index); }
+    ListIterator& operator++() {
+        m_index = m_list.Next(m_index + 1);
+        return *this;
+    }
+    bool operator==(ListIterator const& other) const noexcept { return m_index == other.m_index; }
+    bool operator!=(ListIterator const& other) const noexcept { return m_index != other.m_index; }
+
+private:
+    List m_list;
+    std::size_t m_index;
+};
+
+// What both kinds of lists share. A list is a view: it holds its owner, not the items.
+template <class Derived>
+class ListBase {
+public:
+    ListBase(CTypedObject& owner, std::uint32_t declaration) noexcept
+        : m_owner(&owner), m_declaration(declaration) {}
+
+    ListIterator<Derived> begin() const { return {Self(), Next(0)}; }
+    ListIterator<Derived> end() const { return {Self(), m_owner->ContentNodes().size()}; }
+    // Takes time in proportion to the children of the owner, as operator[] does.
+    std::size_t size() const noexcept { return m_owner->Count(m_declaration); }
+    bool empty() const noexcept { return m_owner->Find(m_declaration) == nullptr; }
+    void clear() { m_owner->DropAll(m_declaration); }
+
+    std::size_t Next(std::size_t from) const noexcept { return m_owner->NextIndex(m_declaration, from); }
+
+protected:
+    // The index of the child. Throws CZvInvalidParamException if there are not so many.
+    std::size_t IndexOf(std::size_t number) const { return m_owner->IndexOf(m_declaration, number); }
+
+    Derived const& Self() const noexcept { return static_cast<Derived const&>(*this); }
+
+    CTypedObject* m_owner;
+    std::uint32_t m_declaration;
+};
+
+template <class Codec>
+class ValueList : public ListBase<ValueList<Codec>> {
+public:
+    using Item = typename Codec::Value;
+    using ListBase<ValueList<Codec>>::ListBase;
+
+    Item operator[](std::size_t number) const { return At(this->IndexOf(number)); }
+    Item At(std::size_t index) const { return Codec::FromText(this->m_owner->TextAt(index)); }
+    // Throws CZvInvalidValueException for a value that the schema does not allow.
+    void Add(Item const& value) { this->m_owner->AppendText(this->m_declaration, Codec::ToText(value)); }
+};
+
+template <class Object>
+class ObjectList : public ListBase<ObjectList<Object>> {
+public:
+    using Item = Object&;
+    using ListBase<ObjectList<Object>>::ListBase;
+
+    Object& operator[](std::size_t number) const { return At(this->IndexOf(number)); }
+    Object& At(std::size_t index) const { return static_cast<Object&>(this->m_owner->ObjectAt(index)); }
+    // The list shares it. Throws CZvInvalidParamException for null, and an object that may not stand there.
+    void Add(Object* object) { this->m_owner->AppendObject(this->m_declaration, object); }
+    // A new one at the end.
+    Object& Add() { return static_cast<Object&>(this->m_owner->AppendNew(this->m_declaration)); }
+};
+
+} // namespace ZvXmlLib16::generated
