@@ -6,6 +6,7 @@
 #include "zvxmllib/foundation/SimpleTypes.h"
 
 #include <map>
+#include <set>
 
 namespace ZvXmlLib16::schema {
 
@@ -13,7 +14,9 @@ namespace {
 
 using grammar::kNone;
 
-constexpr char const* kGenerated = "ZvXmlLib16::generated::";
+// Aliases inside the namespaces of generated code.
+constexpr char const* kGenerated = "gen::";
+constexpr char const* kAliases = "namespace zv = ::ZvXmlLib16;\nnamespace gen = ::ZvXmlLib16::generated;\n";
 
 char const* NameOf(ItemType type) {
     switch (type) {
@@ -53,33 +56,35 @@ private:
     std::string Doc(schema::Source const* source, std::string const& what, std::string const& indent) const {
         return Comment(source->documentation, indent) + indent + "// " + what + " (" + Place(source) + ")\n";
     }
-    std::string ClassName(std::uint32_t index) const {
+    // `ns` is the namespace in which the name stands.
+    std::string ClassName(std::uint32_t index, std::string const& ns) const {
         if (index == kNone)
             return std::string(kGenerated) + "CTypedObject";
         ClassPlan const& plan = m_mapping.GetClasses()[index];
-        return "::" + plan.ns + "::" + plan.name;
+        return plan.ns == ns ? plan.name : "::" + plan.ns + "::" + plan.name;
     }
-    std::string EnumName(std::uint32_t index) const {
+    std::string EnumName(std::uint32_t index, std::string const& ns) const {
         EnumPlan const& plan = m_mapping.GetEnums()[index];
-        return "::" + plan.ns + "::" + plan.name;
+        return plan.ns == ns ? plan.name : "::" + plan.ns + "::" + plan.name;
     }
-    std::string Codec(ValuePlan const& value) const {
-        std::string const item = std::string("ZvXmlLib16::") + NameOf(value.item);
+    std::string Codec(ValuePlan const& value, std::string const& ns) const {
+        std::string const item = std::string("zv::") + NameOf(value.item);
         switch (value.kind) {
         case ValueKind::kCodec:
             return std::string(kGenerated) + "Codec<" + item + ">";
         case ValueKind::kList:
             return std::string(kGenerated) + "ListCodec<" + item + ">";
         case ValueKind::kEnum:
-            return std::string(kGenerated) + "EnumCodec<" + EnumName(value.enumeration) + "Traits>";
+            return std::string(kGenerated) + "EnumCodec<" + EnumName(value.enumeration, ns) + "Traits>";
         default:
             return std::string(kGenerated) + "Codec<ZvXmlLib16::ItemType_string>";
         }
     }
-    std::string ValueType(ValuePlan const& value) const {
+    std::string ValueType(ValuePlan const& value, std::string const& ns) const {
         if (value.kind == ValueKind::kText)
             return "std::string";
-        return value.kind == ValueKind::kEnum ? EnumName(value.enumeration) : Codec(value) + "::Value";
+        return value.kind == ValueKind::kEnum ? EnumName(value.enumeration, ns)
+                                              : Codec(value, ns) + "::Value";
     }
 
     // Calls for each run of items of one namespace.
@@ -112,15 +117,25 @@ private:
         std::string text = Title() + "#pragma once\n\n#include \"" + m_stem + "-fwd.h\"\n\n" +
                            "#include <zvxmllib/generated/Generated.h>\n\n" +
                            "#include <cstddef>\n#include <cstdint>\n#include <string>\n\n";
+        std::set<std::string> named;
+        auto const nameIn = [&](auto const& items) {
+            for (auto const& item : items) {
+                if (named.insert(item.ns).second)
+                    text += OpenNamespace(item.ns) + kAliases + CloseNamespace(item.ns) + "\n";
+            }
+        };
+        nameIn(m_mapping.GetEnums());
+        nameIn(m_mapping.GetClasses());
+        nameIn(m_mapping.GetDocuments());
         text += OpenNamespace(Home()) +
                 "\n// What the objects are bound to.\nZvXmlLib16::generated::BoundSchema const& " +
                 Identifier(m_stem) + "Schema();\n\n" + CloseNamespace(Home()) + "\n";
         text += InNamespaces(m_mapping.GetEnums(), [this](EnumPlan const& plan) { return Enum(plan); });
         text += InNamespaces(m_mapping.GetClasses(), [this](ClassPlan const& plan) { return Class(plan); });
-        text += InNamespaces(m_mapping.GetDocuments(),
-                             [this](DocumentPlan const& plan) { return Functions(plan, false); });
         text += InNamespaces(m_mapping.GetClasses(),
                              [this](ClassPlan const& plan) { return InlineMembers(plan); });
+        text += InNamespaces(m_mapping.GetDocuments(),
+                             [this](DocumentPlan const& plan) { return Functions(plan); });
         return text;
     }
 
@@ -131,20 +146,19 @@ private:
             text += "    " + plan.enumerators[i] + (i + 1 < plan.texts.size() ? ",\n" : "\n");
         return text + "};\n" + "// Its texts, in the same order.\nstruct " + plan.name +
                "Traits {\n    using Value = " + plan.name +
-               ";\n    static ZvXmlLib16::generated::EnumTexts Texts() noexcept;\n};\n\n";
+               ";\n    static gen::EnumTexts Texts() noexcept;\n};\n\n";
     }
 
     std::string Class(ClassPlan const& plan) const {
-        std::string const base = ClassName(plan.base);
+        std::string const base = ClassName(plan.base, plan.ns);
         std::string text = Doc(plan.source, "type or element " + plan.xmlName, "");
         text += "class " + plan.name + " : public " + base + " {\npublic:\n";
         if (!plan.isAbstract)
             text += "    " + plan.name + "();\n";
-        text +=
-            "    // For the library, and derived classes.\n    " + plan.name +
-            "(ZvXmlLib16::generated::BoundSchema const& schema, ZvXmlLib16::grammar::TypeId type,\n        "
-            "std::uint32_t declaration)\n        : " +
-            base + "(schema, type, declaration) {}\n";
+        text += "    // For the library, and derived classes.\n    " + plan.name +
+                "(gen::BoundSchema const& schema, zv::grammar::TypeId type,\n        "
+                "std::uint32_t declaration)\n        : " +
+                base + "(schema, type, declaration) {}\n";
         for (PropertyPlan const& property : plan.properties)
             text += "\n" + Property(plan, property);
         return text + "};\n\n";
@@ -157,32 +171,32 @@ private:
             Doc(property.source, kinds[static_cast<int>(property.kind)] + property.xmlName, "    ");
         switch (property.kind) {
         case PropertyKind::kAttribute:
-            return text + Attribute(property);
+            return text + Attribute(plan, property);
         case PropertyKind::kValueElement:
-            return text + (property.isRepeatable ? ValueList(plan, property) : Value(property));
+            return text + (property.isRepeatable ? ValueList(plan, property) : Value(plan, property));
         case PropertyKind::kObjectElement:
-            return text + (property.isRepeatable ? ObjectList(plan, property) : Object(property));
+            return text + (property.isRepeatable ? ObjectList(plan, property) : Object(plan, property));
         default:
-            return text + ContentAccess(property);
+            return text + ContentAccess(plan, property);
         }
     }
 
     // Get, and Set from a value; `get` and `put` are calls without their last bracket.
-    std::string GetAndSet(PropertyPlan const& property, std::string const& get,
+    std::string GetAndSet(ClassPlan const& plan, PropertyPlan const& property, std::string const& get,
                           std::string const& put) const {
-        std::string const type = ValueType(property.value);
+        std::string const type = ValueType(property.value, plan.ns);
         bool const isText = property.value.kind == ValueKind::kText;
         bool const isSmall = property.value.kind == ValueKind::kEnum;
         std::string const parameter = isSmall ? type + " value" : type + " const& value";
-        std::string const codec = Codec(property.value);
+        std::string const codec = Codec(property.value, plan.ns);
         return "    " + type + " Get" + property.name + "() const { return " +
                (isText ? get : codec + "::FromText(" + get + ")") + "; }\n    void Set" + property.name +
                "(" + parameter + ") { " + put + (isText ? "value" : codec + "::ToText(value)") + "); }\n";
     }
-    std::string Attribute(PropertyPlan const& property) const {
+    std::string Attribute(ClassPlan const& plan, PropertyPlan const& property) const {
         std::string const row = std::to_string(property.row);
-        return GetAndSet(property, "AttributeOf(" + row + ")", "PutAttribute(" + row + ", ") + "    bool Is" +
-               property.name + "Valid() const noexcept { return FindAttribute(" + row +
+        return GetAndSet(plan, property, "AttributeOf(" + row + ")", "PutAttribute(" + row + ", ") +
+               "    bool Is" + property.name + "Valid() const noexcept { return FindAttribute(" + row +
                ") != nullptr; }\n    void Remove" + property.name + "() { DropAttribute(" + row + "); }\n";
     }
     std::string Presence(PropertyPlan const& property) const {
@@ -190,10 +204,10 @@ private:
         return "    bool Is" + property.name + "Valid() const noexcept { return Find(" + row +
                ") != nullptr; }\n    void Remove" + property.name + "() { DropAll(" + row + "); }\n";
     }
-    std::string Value(PropertyPlan const& property) const {
+    std::string Value(ClassPlan const& plan, PropertyPlan const& property) const {
         std::string const row = std::to_string(property.row);
         std::string text =
-            GetAndSet(property, "TextOf(" + row + ")", "PutText(" + row + ", ") + Presence(property);
+            GetAndSet(plan, property, "TextOf(" + row + ")", "PutText(" + row + ", ") + Presence(property);
         if (property.isNillable)
             text += "    bool Is" + property.name + "Nil() const noexcept { return IsNilAt(" + row +
                     "); }\n    void Set" + property.name + "Nil() { PutNil(" + row + "); }\n";
@@ -204,20 +218,21 @@ private:
                plan.name + "&>(*this), " + std::to_string(property.row) + "};\n    }\n";
     }
     std::string ValueList(ClassPlan const& plan, PropertyPlan const& property) const {
-        return List(plan, property, std::string(kGenerated) + "ValueList<" + Codec(property.value) + ">");
+        return List(plan, property,
+                    std::string(kGenerated) + "ValueList<" + Codec(property.value, plan.ns) + ">");
     }
     std::string ObjectList(ClassPlan const& plan, PropertyPlan const& property) const {
         return List(plan, property,
-                    std::string(kGenerated) + "ObjectList<" + ClassName(property.objectClass) + ">");
+                    std::string(kGenerated) + "ObjectList<" + ClassName(property.objectClass, plan.ns) + ">");
     }
-    std::string Object(PropertyPlan const& property) const {
-        std::string const type = ClassName(property.objectClass);
+    std::string Object(ClassPlan const& plan, PropertyPlan const& property) const {
+        std::string const type = ClassName(property.objectClass, plan.ns);
         return "    // Made where there is none; the const one throws CZvInvalidStateException.\n    " +
                type + "& Get" + property.name + "();\n    " + type + " const& Get" + property.name +
                "() const;\n    void Set" + property.name + "(" + type + "* value);\n" + Presence(property);
     }
-    std::string ContentAccess(PropertyPlan const& property) const {
-        return GetAndSet(property, "ContentText()", "PutContentText(");
+    std::string ContentAccess(ClassPlan const& plan, PropertyPlan const& property) const {
+        return GetAndSet(plan, property, "ContentText()", "PutContentText(");
     }
 
     // What needs other classes to be complete.
@@ -226,7 +241,7 @@ private:
         for (PropertyPlan const& property : plan.properties) {
             if (property.kind != PropertyKind::kObjectElement || property.isRepeatable)
                 continue;
-            std::string const type = ClassName(property.objectClass);
+            std::string const type = ClassName(property.objectClass, plan.ns);
             std::string const row = std::to_string(property.row);
             std::string const get = plan.name + "::Get" + property.name;
             text += "inline " + type + "& " + get + "() {\n    return static_cast<" + type + "&>(Obtain(" +
@@ -238,25 +253,20 @@ private:
         return text.empty() ? text : text + "\n";
     }
 
-    std::string Functions(DocumentPlan const& plan, bool isBody) const {
-        std::string const type = ClassName(plan.objectClass);
-        std::string const element = std::to_string(plan.element);
-        std::string const schema = SchemaFunction();
-        std::string const defaults = isBody ? "" : " =\n        ZvXmlLib16::generated::StrictContext()";
-        std::string text =
-            isBody ? "" : Doc(plan.source, "documents with the root element " + plan.xmlName, "");
+    // They only name what the library does, and cost nothing where they are not used.
+    std::string Functions(DocumentPlan const& plan) const {
+        std::string const type = ClassName(plan.objectClass, plan.ns);
+        std::string const where = SchemaFunction() + ", " + std::to_string(plan.element) + ", ";
+        std::string text = Doc(plan.source, "documents with the root element " + plan.xmlName, "");
         auto const add = [&](std::string const& result, std::string const& name,
                              std::string const& parameters, std::string const& body) {
-            text += result + " " + name + "(" + parameters +
-                    ",\n    ZvXmlLib16::CSerializationContext const& ctx" + defaults + ")" +
-                    (isBody ? " {\n    " + body + "\n}\n" : ";\n");
+            text += "inline " + result + " " + name + "(" + parameters +
+                    ",\n    zv::CSerializationContext const& ctx = gen::StrictContext()) {\n    " + body +
+                    "\n}\n";
         };
-        std::string const pointer = "ZvXmlLib16::CSmartPtr<" + type + ">";
+        std::string const pointer = "zv::CSmartPtr<" + type + ">";
         auto const read = [&](std::string const& function, std::string const& arguments) {
-            return "return " + pointer + "(static_cast<" + type +
-                   "*>(static_cast<ZvXmlLib16::generated::CTypedObject*>(\n"
-                   "        ZvXmlLib16::generated::" +
-                   function + "(" + schema + ", " + element + ", " + arguments + ", ctx))));";
+            return "return gen::As<" + type + ">(gen::" + function + "(" + where + arguments + ", ctx));";
         };
         add(pointer, "Read" + plan.name, "std::string const& file", read("ReadFile", "file"));
         add(pointer, "Read" + plan.name, "unsigned char const* bytes, std::size_t length",
@@ -264,15 +274,15 @@ private:
         add(pointer, "Read" + plan.name + "Xml", "std::string const& text", read("ReadXmlText", "text"));
         add(pointer, "Read" + plan.name + "Json", "std::string const& text", read("ReadJsonText", "text"));
         std::string const object = type + " const& object";
-        std::string const write = "ZvXmlLib16::generated::Write";
-        add("void", "Write" + plan.name, object + ", std::string const& file",
-            write + "File(object, " + element + ", file, ctx);");
-        add("std::string", "Write" + plan.name + "Xml", object,
-            "return " + write + "XmlText(object, " + element + ", ctx);");
-        add("std::string", "Write" + plan.name + "Json", object,
-            "return " + write + "JsonText(object, " + element + ", ctx);");
-        add("ZvXmlLib16::CBinaryData", "Write" + plan.name + "FastInfoset", object,
-            "return " + write + "FastInfoset(object, " + element + ", ctx);");
+        auto const write = [&](std::string const& function, std::string const& arguments) {
+            return "gen::Write" + function + "(object, " + std::to_string(plan.element) + ", " + arguments +
+                   "ctx);";
+        };
+        add("void", "Write" + plan.name, object + ", std::string const& file", write("File", "file, "));
+        add("std::string", "Write" + plan.name + "Xml", object, "return " + write("XmlText", ""));
+        add("std::string", "Write" + plan.name + "Json", object, "return " + write("JsonText", ""));
+        add("zv::CBinaryData", "Write" + plan.name + "FastInfoset", object,
+            "return " + write("FastInfoset", ""));
         return text + "\n";
     }
 
@@ -284,8 +294,6 @@ private:
         text += Spread(m_mapping.GetEnums(), part, [this](EnumPlan const& plan) { return EnumSource(plan); });
         text += Spread(m_mapping.GetClasses(), part,
                        [this](ClassPlan const& plan) { return ConstructorSource(plan); });
-        text += Spread(m_mapping.GetDocuments(), part,
-                       [this](DocumentPlan const& plan) { return Functions(plan, true); });
         return text;
     }
     // A name goes to the same part whatever else there is.
@@ -302,7 +310,7 @@ private:
         return InNamespaces(mine, emitItem);
     }
     std::string EnumSource(EnumPlan const& plan) const {
-        std::string text = "ZvXmlLib16::generated::EnumTexts " + plan.name +
+        std::string text = "gen::EnumTexts " + plan.name +
                            "Traits::Texts() noexcept {\n    static constexpr char const* const texts[] = {\n";
         for (std::string const& value : plan.texts)
             text += "        " + Literal(value) + ",\n";
@@ -312,7 +320,7 @@ private:
         if (plan.isAbstract)
             return {};
         std::string const declaration =
-            plan.declaration == kNone ? "ZvXmlLib16::grammar::kNone" : std::to_string(plan.declaration);
+            plan.declaration == kNone ? "zv::grammar::kNone" : std::to_string(plan.declaration);
         return plan.name + "::" + plan.name + "() : " + plan.name + "(" + SchemaFunction() + ", " +
                std::to_string(plan.type) + ", " + declaration + ") {}\n\n";
     }
@@ -329,8 +337,8 @@ private:
         text += "// By the row of the type.\nconstexpr Maker kMakers[] = {\n";
         for (std::uint32_t row = 0; row < m_schema.complexTypes.size(); ++row) {
             auto const found = classes.find(row);
-            text +=
-                found == classes.end() ? "    nullptr,\n" : "    &Make<" + ClassName(found->second) + ">,\n";
+            text += found == classes.end() ? "    nullptr,\n"
+                                           : "    &Make<" + ClassName(found->second, {}) + ">,\n";
         }
         text += "    nullptr};\n\nZvXmlLib16::generated::CTypedObject* MakeObject(TypeId type, std::uint32_t "
                 "declaration) {\n"

@@ -45,8 +45,6 @@ void Resolver::ResolveAll() {
     ResolveConstraints();
     AddGlobalAttributes();
     LinkKeyReferences();
-    if (!m_set.GetRoots().empty())
-        m_schema.targetNamespace = m_set.GetRoots().front().ns;
 }
 
 void Resolver::Error(Place const& place, std::string text) {

@@ -21,6 +21,7 @@ std::unique_ptr<Schema> ReadSchemas(std::vector<std::string> const& files, Schem
     if (diagnostics.HasErrors())
         return nullptr;
     auto schema = std::make_unique<Schema>();
+    schema->targetNamespaces = set.GetTargetNamespaces();
     Resolver(set, *schema, diagnostics).ResolveAll();
     if (diagnostics.HasErrors())
         return nullptr;

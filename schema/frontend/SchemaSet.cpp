@@ -47,6 +47,7 @@ void SchemaSet::Add(std::string const& file) {
     if (loaded == nullptr || loaded->root == nullptr)
         return;
     std::string const ns = loaded->root->Get("targetNamespace");
+    m_targetNamespaces.push_back(ns);
     AddRoot(ns, file);
     AddDocument(file, ns, false, {file});
 }

@@ -70,6 +70,9 @@ public:
     // Behind the last: adds what is built in where no document has it.
     void Close();
 
+    // Of the schemas that were added, in their order.
+    std::vector<std::string> const& GetTargetNamespaces() const noexcept { return m_targetNamespaces; }
+
     // Null if there is none.
     Definition const* Find(Space space, QName const& name) const;
     // Of all documents, in the order of the source.
@@ -122,6 +125,7 @@ private:
     std::vector<std::unique_ptr<Definition>> m_definitions;
     std::vector<std::pair<Space, Definition const*>> m_globals;
     std::vector<Root> m_roots;
+    std::vector<std::string> m_targetNamespaces;
     bool m_needsXmlSchema = false;
 };
 

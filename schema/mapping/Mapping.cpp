@@ -71,7 +71,7 @@ Mapping::Mapping(Schema const& schema, std::map<std::string, std::string> namesp
                  Diagnostics& diagnostics)
     : m_schema(schema), m_diagnostics(diagnostics), m_grammar(schema.GetRows()), m_orders(m_grammar),
       m_namespaces(std::move(namespaces)), m_stem(std::move(stem)) {
-    m_home = NamespaceFor(schema.targetNamespace);
+    m_home = NamespaceFor(schema.targetNamespaces.front());
     AddNamedTypes();
     AddElementClasses();
     for (std::uint32_t i = 0; i < m_classes.size(); ++i)
@@ -338,8 +338,10 @@ void Mapping::AddDocuments() {
     std::map<std::string, NameScope> scopes;
     for (std::uint32_t const element : m_schema.globalElements) {
         ElementRow const& row = m_schema.elements[element];
-        if (row.isAbstract)
-            continue;
+        bool const isOfUser = std::find(m_schema.targetNamespaces.begin(), m_schema.targetNamespaces.end(),
+                                        row.ns) != m_schema.targetNamespaces.end();
+        if (row.isAbstract || !isOfUser)
+            continue; // what is imported serves as a part
         DocumentPlan plan;
         plan.ns = NamespaceFor(row.ns);
         plan.name = scopes[plan.ns].Take(CamelName(row.name));

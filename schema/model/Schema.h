@@ -59,7 +59,7 @@ public:
     grammar::Range globalAttributes;
     std::vector<char const*> notations;
 
-    std::string targetNamespace;               // of the first schema
+    std::vector<std::string> targetNamespaces; // of the schemas of the user
     std::vector<std::uint32_t> globalElements; // in the order of the source
     std::vector<grammar::TypeId> globalTypes;
 

@@ -3,13 +3,16 @@
 #include "zvxmllib/generated/ObjectBuilder.h"
 #include "zvxmllib/generated/TypedObject.h"
 
+#include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/foundation/Exceptions.h"
 
 namespace ZvXmlLib16::generated {
 
 BoundSchema::BoundSchema(grammar::GrammarRows const& rows, ObjectMaker maker)
-    : m_grammar(rows), m_orders(m_grammar), m_maker(maker) {}
+    : m_grammar(rows), m_orders(m_grammar), m_maker(maker) {
+    SetGeneratorVersion(kLibraryMajorVersion, kLibraryMinorVersion);
+}
 
 BoundSchema::~BoundSchema() = default;
 

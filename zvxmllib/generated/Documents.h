@@ -28,6 +28,12 @@ CSmartPtr<CTypedObject> ReadXmlText(BoundSchema const& schema, std::uint32_t ele
 CSmartPtr<CTypedObject> ReadJsonText(BoundSchema const& schema, std::uint32_t element,
                                      std::string const& text, CSerializationContext const& ctx);
 
+// The object as one of the class that generated code has for its element.
+template <class Class>
+CSmartPtr<Class> As(CSmartPtr<CTypedObject> const& object) {
+    return CSmartPtr<Class>(static_cast<Class*>(static_cast<CTypedObject*>(object)));
+}
+
 // Write the object under the name of the global element. The ending of the file decides: .json, .fi or .finf,
 // with .gz behind it or not, and XML for all others. Throw CZvException.
 void WriteFile(CTypedObject const& object, std::uint32_t element, std::string const& file,
