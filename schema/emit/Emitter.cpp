@@ -115,7 +115,7 @@ private:
 
     std::string Header() const {
         std::string text = Title() + "#pragma once\n\n#include \"" + m_stem + "-fwd.h\"\n\n" +
-                           "#include <zvxmllib/generated/Generated.h>\n\n" +
+                           "#include <zvxmllib/ZvXmlLib.h>\n#include <zvxmllib/generated/Generated.h>\n\n" +
                            "#include <cstddef>\n#include <cstdint>\n#include <string>\n\n";
         std::set<std::string> named;
         auto const nameIn = [&](auto const& items) {

@@ -11,6 +11,8 @@ namespace ZvXmlLib16::generated {
 
 BoundSchema::BoundSchema(grammar::GrammarRows const& rows, ObjectMaker maker)
     : m_grammar(rows), m_orders(m_grammar), m_maker(maker) {
+    for (grammar::ElementRow const& row : rows.elements)
+        m_isQualified = m_isQualified && *row.ns != '\0';
     SetGeneratorVersion(kLibraryMajorVersion, kLibraryMinorVersion);
 }
 

@@ -37,6 +37,8 @@ public:
 
     grammar::Grammar const& GetGrammar() const noexcept { return m_grammar; }
     grammar::ContentOrders const& GetContentOrders() const noexcept { return m_orders; }
+    // Whether all elements are in some namespace, so that one of these can be the default.
+    bool IsQualified() const noexcept { return m_isQualified; }
     CSmartPtr<CTypedObject> MakeObject(grammar::TypeId type, std::uint32_t declaration) const;
 
     // The document's root as an object. Its name has to be that of a global element, or `element` if that is
@@ -50,6 +52,7 @@ private:
     grammar::Grammar const m_grammar;
     grammar::ContentOrders const m_orders;
     ObjectMaker const m_maker;
+    bool m_isQualified = true;
 };
 
 } // namespace ZvXmlLib16::generated

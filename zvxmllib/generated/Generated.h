@@ -1,7 +1,6 @@
 // Everything that generated code includes.
 #pragma once
 
-#include "zvxmllib/ZvXmlLib.h"
 #include "zvxmllib/generated/BoundSchema.h"
 #include "zvxmllib/generated/Documents.h"
 #include "zvxmllib/generated/Lists.h"

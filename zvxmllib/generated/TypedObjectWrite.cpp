@@ -100,6 +100,8 @@ void CTypedObject::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns,
         std::string const defaultNamespace = ctx.GetDefaultNamespaceURI();
         if (!defaultNamespace.empty())
             writer->SetDefaultNamespace(defaultNamespace);
+        else if (m_schema->IsQualified() && ctx.GetNamespaceAliases().GetEntries().empty())
+            writer->SetDefaultNamespace(m_ns);
     }
     for (auto const& [prefix, uri] : m_prefixes)
         writer->DeclareOnNextElement(prefix, uri);
