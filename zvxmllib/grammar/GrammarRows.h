@@ -196,7 +196,7 @@ struct ComplexTypeRow {
 enum class IdentityKind : std::uint8_t { kUnique, kKey, kKeyRef };
 
 // The paths are those of XML Schema Part 1, 3.11.6, with names as {namespace}name, {namespace}* or *, without
-// white space and without "child::"; "attribute::" is "@".
+// white space and without "child::"; "attribute::" is "@". A name in no namespace is {}name or just name.
 struct IdentityRow {
     IdentityKind kind;
     char const* name;

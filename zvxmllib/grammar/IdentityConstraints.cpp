@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace ZvXmlLib16::grammar {
@@ -17,9 +18,9 @@ struct IdentityPaths::Paths {
 
 IdentityPaths::IdentityPaths(GrammarRows const& rows) : m_rows(rows) {
     for (IdentityRow const& row : rows.identities) {
-        Paths paths{ParseIdentityPath(row.selector), {}, false};
+        Paths paths{ParseIdentityPath(row.selector, false), {}, false};
         for (std::uint32_t i = 0; i < row.fields.count; ++i)
-            paths.fields.push_back(ParseIdentityPath(rows.texts[row.fields.first + i]));
+            paths.fields.push_back(ParseIdentityPath(rows.texts[row.fields.first + i], true));
         m_paths.push_back(std::move(paths));
     }
     for (IdentityRow const& row : rows.identities) {
@@ -37,12 +38,36 @@ struct ElementNames {
     std::string_view ns;
 };
 
-// The keys of one constraint below one element; true for a key that stands in several places, and counts in
-// none.
-using KeyTable = std::unordered_map<std::string, bool>;
+// The keys of one constraint below one element. One that several of its children hand up counts in none of
+// them: it does not get further up.
+struct KeyTable {
+    std::unordered_map<std::string, bool> keys; // true for a conflict
+    std::vector<std::string> conflicts;         // each key that was one
+
+    void DropConflicts() {
+        for (std::string const& key : conflicts) {
+            auto const found = keys.find(key);
+            if (found != keys.end() && found->second)
+                keys.erase(found);
+        }
+        conflicts.clear();
+    }
+    // `other` has no conflicts.
+    void Unite(KeyTable& other) {
+        if (keys.size() < other.keys.size())
+            std::swap(*this, other);
+        keys.merge(other.keys);
+        for (auto const& [key, isConflict] : other.keys) {
+            keys[key] = true;
+            conflicts.push_back(key);
+        }
+        conflicts.insert(conflicts.end(), other.conflicts.begin(), other.conflicts.end());
+    }
+};
 
 struct FieldValue {
     std::string key;
+    std::size_t nodes = 0; // that it selects
     bool isSet = false;
     bool isNillable = false;
 };
@@ -69,7 +94,7 @@ struct IdentityWalk::State {
     struct Scope {
         std::uint32_t identity;
         std::size_t depth;
-        KeyTable keys;
+        std::unordered_set<std::string> keys;
         std::vector<std::pair<std::string, std::string>> references; // key and text
     };
     // An element that a selector has found.
@@ -112,9 +137,18 @@ struct IdentityWalk::State {
                                                                      : "unique ["; // as it is declared
         return std::string("The ") + kind + row.name + "]";
     }
+    std::string NameOf(Scope const& scope, std::size_t field) const {
+        Range const fields = paths.m_rows.identities[scope.identity].fields;
+        return std::string("field [") + paths.m_rows.texts[fields.first + field] + "]";
+    }
     void Select();
     void FindFields();
     void Set(FieldOf const& place, SimpleValue const* value, bool isNillable);
+    void AddNoSimpleType(FieldOf const& place, std::vector<std::string>& faults) const {
+        Scope const& scope = scopes[targets[place.target].scope];
+        faults.push_back(NameOf(scope) + " has an element without a simple type for its " +
+                         NameOf(scope, place.field) + ".");
+    }
     void EndTarget(std::vector<std::string>& faults);
     void EndScopes(std::vector<std::string>& faults);
     void HandUp();
@@ -125,7 +159,6 @@ struct IdentityWalk::State {
     std::vector<Scope> scopes;
     std::vector<Target> targets;
     std::vector<AttributeField> attributeFields;
-    std::vector<std::string> pendingFaults;
 };
 
 void IdentityWalk::State::Select() {
@@ -161,12 +194,8 @@ void IdentityWalk::State::FindFields() {
 void IdentityWalk::State::Set(FieldOf const& place, SimpleValue const* value, bool isNillable) {
     Target& target = targets[place.target];
     FieldValue& field = target.fields[place.field];
-    if (field.isSet) {
-        pendingFaults.push_back(NameOf(scopes[target.scope]) + " has a field that selects several nodes.");
-        return;
-    }
-    field.isNillable = isNillable;
-    if (value == nullptr)
+    field.isNillable = field.isNillable || isNillable;
+    if (++field.nodes != 1 || value == nullptr)
         return;
     field.isSet = true;
     field.key = value->key;
@@ -178,19 +207,23 @@ void IdentityWalk::State::EndTarget(std::vector<std::string>& faults) {
     Scope& scope = scopes[target.scope];
     IdentityKind const kind = paths.m_rows.identities[scope.identity].kind;
     bool const isKey = kind == IdentityKind::kKey;
-    for (FieldValue const& field : target.fields) {
-        if (!field.isSet) {
-            if (isKey)
-                faults.push_back(NameOf(scope) + " lacks a field.");
-            return;
-        }
-        if (isKey && field.isNillable)
-            faults.push_back(NameOf(scope) + " has a field that is nillable.");
+    bool isComplete = true;
+    for (std::size_t i = 0; i < target.fields.size(); ++i) {
+        FieldValue const& field = target.fields[i];
+        isComplete = isComplete && field.isSet && field.nodes == 1;
+        if (field.nodes > 1)
+            faults.push_back(NameOf(scope) + " has several nodes for its " + NameOf(scope, i) + ".");
+        else if (isKey && field.isNillable)
+            faults.push_back(NameOf(scope) + " has a nillable element for its " + NameOf(scope, i) + ".");
+        else if (isKey && !field.isSet)
+            faults.push_back(NameOf(scope) + " lacks its " + NameOf(scope, i) + ".");
     }
+    if (!isComplete)
+        return;
     std::string key = JoinKeys(target.fields);
     if (kind == IdentityKind::kKeyRef)
         scope.references.emplace_back(std::move(key), ShowKeys(target.fields));
-    else if (!scope.keys.emplace(std::move(key), false).second)
+    else if (!scope.keys.insert(std::move(key)).second)
         faults.push_back(NameOf(scope) + " is not unique: " + ShowKeys(target.fields) + " stands twice.");
 }
 
@@ -205,16 +238,16 @@ void IdentityWalk::State::EndScopes(std::vector<std::string>& faults) {
             continue;
         // Its own keys stand above those from below.
         KeyTable& table = frame.tables[scopes[i].identity];
-        for (auto& [key, isConflict] : scopes[i].keys)
-            table[key] = isConflict;
+        for (std::string const& key : scopes[i].keys)
+            table.keys[key] = false;
     }
     for (std::size_t i = first; i < scopes.size(); ++i) {
         if (scopes[i].references.empty())
             continue;
-        KeyTable const& table = frame.tables[paths.m_rows.identities[scopes[i].identity].refer];
+        KeyTable& table = frame.tables[paths.m_rows.identities[scopes[i].identity].refer];
+        table.DropConflicts();
         for (auto const& [key, text] : scopes[i].references) {
-            auto const found = table.find(key);
-            if (found == table.end() || found->second)
+            if (table.keys.count(key) == 0)
                 faults.push_back(NameOf(scopes[i]) + " has no key " + text + " to refer to.");
         }
     }
@@ -228,14 +261,8 @@ void IdentityWalk::State::HandUp() {
     if (frames.empty())
         return;
     for (auto& [identity, table] : ended.tables) {
-        KeyTable& outer = frames.back().tables[identity];
-        if (outer.size() < table.size())
-            outer.swap(table);
-        for (auto& [key, isConflict] : table) {
-            auto const [place, isNew] = outer.try_emplace(key, isConflict);
-            if (!isNew)
-                place->second = true;
-        }
+        table.DropConflicts();
+        frames.back().tables[identity].Unite(table);
     }
 }
 
@@ -283,15 +310,12 @@ void IdentityWalk::LeaveElement(SimpleValue const* value, bool hasSimpleType, bo
         for (State::FieldOf const& field : state.frames.back().fields) {
             state.Set(field, value, isNillable);
             if (!hasSimpleType)
-                faults.push_back(state.NameOf(state.scopes[state.targets[field.target].scope]) +
-                                 " has a field that selects an element without a simple type.");
+                state.AddNoSimpleType(field, faults);
         }
         while (!state.targets.empty() && state.targets.back().depth == state.names.size())
             state.EndTarget(faults);
         state.EndScopes(faults);
         state.HandUp();
-        faults.insert(faults.end(), state.pendingFaults.begin(), state.pendingFaults.end());
-        state.pendingFaults.clear();
         state.attributeFields.clear();
     }
     state.names.pop_back();

@@ -10,7 +10,8 @@ namespace {
 
 class PathParser {
 public:
-    explicit PathParser(std::string_view text) noexcept : m_text(text), m_rest(text) {}
+    PathParser(std::string_view text, bool isField) noexcept
+        : m_text(text), m_rest(text), m_isField(isField) {}
 
     std::vector<IdentityPath> Parse() {
         std::vector<IdentityPath> paths;
@@ -37,7 +38,7 @@ private:
         IdentityPath path;
         path.isDeep = Take(".//");
         do {
-            if (Take("@")) {
+            if (m_isField && Take("@")) {
                 path.hasAttribute = true;
                 path.attribute = ParseName();
                 return path;
@@ -59,7 +60,7 @@ private:
             hasNamespace = true;
         }
         std::string_view const name =
-            m_rest.substr(0, std::min(m_rest.find_first_of("/|@{}"), m_rest.size()));
+            m_rest.substr(0, std::min(m_rest.find_first_of("/|@{}: \t\r\n"), m_rest.size()));
         if (name.empty())
             Fail();
         m_rest.remove_prefix(name.size());
@@ -71,12 +72,13 @@ private:
 
     std::string_view m_text;
     std::string_view m_rest;
+    bool m_isField;
 };
 
 } // namespace
 
-std::vector<IdentityPath> ParseIdentityPath(std::string_view text) {
-    return PathParser(text).Parse();
+std::vector<IdentityPath> ParseIdentityPath(std::string_view text, bool isField) {
+    return PathParser(text, isField).Parse();
 }
 
 } // namespace ZvXmlLib16::grammar

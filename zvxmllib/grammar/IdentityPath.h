@@ -28,7 +28,8 @@ struct IdentityPath {
     NameTest attribute;
 };
 
-// As IdentityRow writes them. Throws CZvInvalidParamException for what is none.
-std::vector<IdentityPath> ParseIdentityPath(std::string_view text);
+// As IdentityRow writes them; only those of fields end in attributes. Throws CZvInvalidParamException for
+// what is none.
+std::vector<IdentityPath> ParseIdentityPath(std::string_view text, bool isField);
 
 } // namespace ZvXmlLib16::grammar
