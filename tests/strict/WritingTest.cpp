@@ -177,6 +177,23 @@ TEST(StrictUntyped, ReadsTheRootAndNothingElse) {
     }
 }
 
+// Calls that name no context ask the default one.
+TEST(StrictUntyped, AsksTheDefaultContextWhereThereIsNoOther) {
+    CSerializationContext& ctx = CSerializationContext::GetDefaultContext();
+    for (bool const strict : {false, true}) {
+        ctx.SetStrict(strict);
+        CSmartPtr<CElement> const element(new CElement("e"));
+        element->FromXml("<a k='1'>x&#13;y</a>");
+        element->FromXml("<a xmlns:p='urn:p'>p:x&#13;</a>");
+        EXPECT_EQ(element->ToXml(false, false, EOLType_LF, ctx),
+                  strict ? R"(<a xmlns:p="urn:p">p:x&#xD;</a>)" : R"(<a k="1">p:x</a>)");
+        CSmartPtr<CElement> const copy(new CElement(element, "urn:d"));
+        EXPECT_EQ(copy->GetText(), strict ? "p:x\r" : "p:x");
+        EXPECT_EQ(copy->GetDeclarations().size(), strict ? 1U : 0U);
+    }
+    ctx.SetStrict(false);
+}
+
 TEST(StrictUntyped, ReplacesWhatItHeldAndSaysWhatItDoesNotTake) {
     for (bool const strict : {false, true}) {
         CSerializationContext ctx;
