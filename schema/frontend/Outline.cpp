@@ -21,7 +21,13 @@ namespace {
 
 constexpr char const* kWhiteSpace = " \t\r\n";
 constexpr std::size_t kMostDepth = 5000;
-constexpr XMLSize_t kMostEntityExpansions = 10000;
+
+// How often entities may stand in a document: what they hold together is bounded, since none is longer than
+// the document.
+XMLSize_t MostEntityExpansions(std::size_t documentSize) {
+    constexpr std::size_t kMostText = 50000000;
+    return std::clamp<XMLSize_t>(kMostText / (documentSize + 1), 500, 10000);
+}
 
 std::string Trim(std::string const& text) {
     std::size_t const begin = text.find_first_not_of(kWhiteSpace);
@@ -170,7 +176,7 @@ std::unique_ptr<OutlineNode> ReadOutline(std::string const& bytes, std::string c
     XercesErrors errors(diagnostics, file);
     OutlineBuilder builder;
     xercesc::SecurityManager limits;
-    limits.setEntityExpansionLimit(kMostEntityExpansions);
+    limits.setEntityExpansionLimit(MostEntityExpansions(bytes.size()));
     std::unique_ptr<xercesc::SAX2XMLReader> const reader(xercesc::XMLReaderFactory::createXMLReader());
     reader->setFeature(xercesc::XMLUni::fgSAX2CoreValidation, false);
     reader->setFeature(xercesc::XMLUni::fgXercesLoadExternalDTD, false);

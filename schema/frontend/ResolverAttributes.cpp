@@ -41,11 +41,14 @@ void Resolver::FillAttributes(std::uint32_t type, Place const& derivation) {
                        ? all.wildcard
                        : Unite(wildcard, all.wildcard, m_schema.wildcards[wildcard].processContents);
     }
+    std::size_t const inherited = all.rows.size();
     for (std::size_t i = 0; i < own.rows.size(); ++i) {
-        auto const same = std::find_if(all.rows.begin(), all.rows.end(), [&](AttributeRow const& row) {
-            return HasName(own.rows[i], {row.ns, row.name});
+        // Equal names are one text of the schema.
+        auto const end = all.rows.begin() + static_cast<std::ptrdiff_t>(inherited);
+        auto const same = std::find_if(all.rows.begin(), end, [&](AttributeRow const& row) {
+            return row.name == own.rows[i].name && row.ns == own.rows[i].ns;
         });
-        if (same == all.rows.end()) {
+        if (same == end) {
             all.rows.push_back(own.rows[i]);
             all.sources.push_back(own.sources[i]);
         } else {

@@ -3,6 +3,7 @@
 #include "schema/frontend/Outline.h"
 #include "schema/frontend/Resolver.h"
 #include "schema/frontend/SchemaCheck.h"
+#include "schema/frontend/SchemaLimits.h"
 #include "schema/frontend/SchemaSet.h"
 
 namespace ZvXmlLib16::schema {
@@ -16,6 +17,8 @@ std::unique_ptr<Schema> ReadSchemas(std::vector<std::string> const& files, Schem
     set.Close();
     if (inputs != nullptr)
         *inputs = set.GetFiles();
+    if (!diagnostics.HasErrors())
+        CheckLimits(set, diagnostics);
     if (!diagnostics.HasErrors())
         CheckSchemaSet(set, diagnostics);
     if (diagnostics.HasErrors())
