@@ -238,6 +238,11 @@ TEST(SimpleTypes, ApplyFacets) {
          {"pattern=[ab]{66000,70000}"},
          {std::string(66000, 'a'), std::string(69999, 'a') + "b"},
          {std::string(65999, 'a'), std::string(70001, 'a')}},
+        // Too large for the library of regular expressions.
+        {BuiltIn::kString,
+         {"pattern=(\xC3\xA9[b-d]?|x{2}){4000,70000}"},
+         {std::string(8000, 'x'), std::string(140000, 'x'), std::string(7998, 'x') + "\xC3\xA9"},
+         {std::string(7999, 'x'), std::string(140002, 'x'), std::string(7998, 'x')}},
         // Going back over this takes exponential time.
         {BuiltIn::kString, {"pattern=(a*)*b"}, {}, {std::string(3000, 'a')}},
     });

@@ -1,29 +1,38 @@
 #include "zvxmllib/grammar/PatternStep.h"
 
 #include "zvxmllib/grammar/LexicalForms.h"
+#include "zvxmllib/grammar/PatternMachine.h"
 #include "zvxmllib/grammar/SimpleTypeFaults.h"
 #include "zvxmllib/values/facets/Regex.h"
 #include "zvxmllib/values/facets/SchemaPattern.h"
 
+#include <algorithm>
+#include <charconv>
 #include <utility>
 
 namespace ZvXmlLib16::grammar {
 
 namespace {
 
-// What the library of regular expressions may refuse for its size is compiled at once.
+// What the library of regular expressions may refuse for its size is compiled at once. The library unrolls
+// quantities, one within the other at worst.
 bool MayBeTooLarge(std::string const& expression) noexcept {
-    constexpr std::size_t kLongExpression = 4096;
-    constexpr std::size_t kLongQuantity = 3;
-    if (expression.size() > kLongExpression)
-        return true;
-    for (std::size_t at = 0; (at = expression.find('{', at)) != std::string::npos; ++at) {
-        bool const isCharacter = at >= 2 && expression[at - 2] == '\\'; // by its number
-        std::size_t const end = expression.find_first_not_of("0123456789,", at + 1);
-        if (!isCharacter && end - at > kLongQuantity)
-            return true;
+    constexpr std::size_t kLarge = 5000;
+    std::size_t size = expression.size();
+    for (std::size_t at = 0; (at = expression.find('{', at)) != std::string::npos && size <= kLarge; ++at) {
+        bool const isCharacter = at >= 2 && expression[at - 2] == '\\'; // by its number or property
+        std::size_t const end = expression.find('}', at);
+        std::size_t const last = expression.rfind(',', end);
+        std::size_t most = 1;
+        for (std::size_t number : {at + 1, last + 1}) {
+            std::size_t value = 0;
+            std::from_chars(expression.data() + number, expression.data() + end, value);
+            most = std::max(most, value);
+        }
+        if (!isCharacter)
+            size *= most; // quantities have few digits
     }
-    return false;
+    return size > kLarge;
 }
 
 } // namespace
@@ -46,7 +55,7 @@ PatternStep::PatternStep(std::vector<char const*> const& patterns, PatternStep c
         m_expression = "(" + m_expression + ")";
     m_expression.append(kEnd);
     if (MayBeTooLarge(m_expression))
-        GetRegex();
+        CompileNow();
 }
 
 PatternStep::~PatternStep() {
@@ -56,10 +65,23 @@ PatternStep::~PatternStep() {
 PatternStep const* PatternStep::FindMismatch(std::string_view text) const {
     bool const isAscii = IsAsciiText(text);
     for (PatternStep const* step = this; step != nullptr; step = step->m_base) {
-        if (!detail::MatchesWhole(step->GetRegex(), text, isAscii))
+        bool const isMatch = step->m_machine != nullptr
+                                 ? step->m_machine->Matches(text)
+                                 : detail::MatchesWhole(step->GetRegex(), text, isAscii);
+        if (!isMatch)
             return step;
     }
     return nullptr;
+}
+
+void PatternStep::CompileNow() {
+    std::string error;
+    detail::RegexPtr compiled = detail::CompileRegex(m_expression, error);
+    if (compiled == nullptr)
+        m_machine = PatternMachine::Make(m_expression);
+    if (compiled == nullptr && m_machine == nullptr)
+        FailPattern(m_text, error);
+    m_regex.store(compiled.release(), std::memory_order_release);
 }
 
 // Two threads may both compile; the first to end is kept.
