@@ -76,6 +76,7 @@ TEST(Positions, OfJsonAreThoseOfTheValues) {
              Row{"{\"order\": {\"a\": 1,\n\"a\": 1}}", "1:17", "2:4"}, // the name
              Row{"{\"order\": {},\n \"order2\": {}}", "0:0", "2:12"},
              Row{"{\"order\": {\"p:q\":\n1}}", "0:0", "2:1"}, // no prefix
+             Row{"\n [{\"p:q\": \"x\"}]", "0:0", "2:2"},
          }) {
         for (bool const strict : {false, true}) {
             CSerializationContext ctx;

@@ -4,6 +4,8 @@
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/foundation/FormatString.h"
 
+#include <algorithm>
+
 namespace ZvXmlLib16 {
 
 namespace {
@@ -12,7 +14,9 @@ namespace {
 [[noreturn]] void FailAt(JsonPlace const& place, std::string const& what) {
     CZvValidationException failure(
         what + FormatString(" at line %d, position %d.", place.line, place.position), place.path);
-    failure.SetPosition(static_cast<std::uint64_t>(place.line), static_cast<std::uint64_t>(place.position));
+    // A line end is at position 0 of the line behind it.
+    failure.SetPosition(static_cast<std::uint64_t>(place.line),
+                        static_cast<std::uint64_t>(std::max(place.position, 1)));
     throw failure;
 }
 

@@ -30,7 +30,8 @@ constexpr char kAttributeMark = '@';
 constexpr std::string_view kNilPrefix = "nil";
 
 void SetPlace(CZvException& failure, JsonPlace const& place) noexcept {
-    failure.SetPosition(static_cast<std::uint64_t>(place.line), static_cast<std::uint64_t>(place.position));
+    failure.SetPosition(static_cast<std::uint64_t>(place.line),
+                        static_cast<std::uint64_t>(std::max(place.position, 1)));
 }
 
 void RequireText(std::string const& utf8, std::string const& owner) {
@@ -243,11 +244,14 @@ private:
     std::string m_text{"<?xml version=\"1.0\" encoding=\"UTF-8\"?>"};
 };
 
-[[noreturn]] void FailSecondRoot(JsonValue const& second) {
+// Gives a failure of `action` that has no place of its own this one.
+template <class Action>
+auto At(detail::NodePosition const& position, Action action) {
     try {
-        FailSeveralRoots();
+        return action();
     } catch (CZvException& failure) {
-        failure.SetPosition(second.position.line, second.position.column);
+        if (!failure.HasPosition())
+            failure.SetPosition(position.line, position.column);
         throw;
     }
 }
@@ -261,7 +265,7 @@ JsonMember TakeRoot(JsonValue value, std::string rootName, bool marksAttributes)
         if (root.value.kind != JsonValue::kObject || root.value.members.empty())
             FailNoJsonRoot();
         if (root.value.members.size() != 1)
-            FailSecondRoot(root.value.members[1].value);
+            At(root.value.members[1].value.position, FailSeveralRoots);
         JsonMember only = std::move(root.value.members.front());
         if (marksAttributes && (only.name[0] == kAttributeMark || only.name == kTextName))
             FailNoJsonRoot();
@@ -271,7 +275,7 @@ JsonMember TakeRoot(JsonValue value, std::string rootName, bool marksAttributes)
         if (root.value.members.empty())
             FailNoJsonRoot();
         if (root.value.members.size() != 1)
-            FailSecondRoot(root.value.members[1].value);
+            At(root.value.members[1].value.position, FailSeveralRoots);
         JsonValue item = std::move(root.value.members.front().value);
         root.value = std::move(item);
     }
@@ -337,9 +341,12 @@ CBinaryData ConvertStrictJson(std::string_view utf8, CSerializationContext const
     CJsonContext const& options = ctx.GetJsonContext();
     bool const marksAttributes = options.GetSupportRoundtrip() != JsonRoundTrip_None;
     Parsed parsed = ParseJson(utf8, ctx);
-    JsonMember const root = TakeRoot(std::move(parsed.value), options.GetRootElementName(), marksAttributes);
-    if (root.name.empty() || (!options.GetRootElementName().empty() && !IsXmlName(root.name)))
-        FailElementName(root.name);
+    JsonMember const root = At(parsed.value.position, [&] {
+        JsonMember only = TakeRoot(std::move(parsed.value), options.GetRootElementName(), marksAttributes);
+        if (only.name.empty() || (!options.GetRootElementName().empty() && !IsXmlName(only.name)))
+            FailElementName(only.name);
+        return only;
+    });
     XmlPrinter printer(marksAttributes, std::move(parsed.nilPrefix), places);
     printer.Print(root.name, root.value);
     std::string const& xml = printer.GetText();
