@@ -20,17 +20,15 @@ bool MayBeTooLarge(std::string const& expression) noexcept {
     constexpr std::size_t kLarge = 5000;
     std::size_t size = expression.size();
     for (std::size_t at = 0; (at = expression.find('{', at)) != std::string::npos && size <= kLarge; ++at) {
-        bool const isCharacter = at >= 2 && expression[at - 2] == '\\'; // by its number or property
-        std::size_t const end = expression.find('}', at);
-        std::size_t const last = expression.rfind(',', end);
+        if (at >= 2 && expression[at - 2] == '\\') // a character by its number, or a property
+            continue;
+        char const* const end = expression.data() + expression.find('}', at);
+        std::size_t least = 1;
         std::size_t most = 1;
-        for (std::size_t number : {at + 1, last + 1}) {
-            std::size_t value = 0;
-            std::from_chars(expression.data() + number, expression.data() + end, value);
-            most = std::max(most, value);
-        }
-        if (!isCharacter)
-            size *= most; // quantities have few digits
+        char const* const comma = std::from_chars(expression.data() + at + 1, end, least).ptr;
+        if (comma != end)
+            std::from_chars(comma + 1, end, most);
+        size *= std::max({least, most, std::size_t{1}}); // quantities have few digits
     }
     return size > kLarge;
 }
