@@ -3,7 +3,7 @@ include(CMakePackageConfigHelpers)
 
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/zvxmllib")
 
-install(TARGETS zvxmllib EXPORT zvxmllibTargets
+install(TARGETS zvxmllib zvxmllib_generated EXPORT zvxmllibTargets
     RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
     ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
@@ -28,6 +28,7 @@ configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/zvxmllibConfig.cmake.
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/zvxmllibConfigVersion.cmake"
     COMPATIBILITY SameMajorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/zvxmllibConfig.cmake" "${PROJECT_BINARY_DIR}/zvxmllibConfigVersion.cmake"
+    "${PROJECT_SOURCE_DIR}/cmake/ZvXmlLibGenerate.cmake"
     DESTINATION "${package_dir}")
 
 # Relative, so that the installed tree can be moved.

@@ -265,6 +265,10 @@ private:
                     "\n}\n";
         };
         std::string const pointer = "zv::CSmartPtr<" + type + ">";
+        if (plan.objectClass != kNone && !m_mapping.GetClasses()[plan.objectClass].isAbstract)
+            text += "// An empty one.\ninline " + pointer + " New" + plan.name + "() {\n    return gen::As<" +
+                    type + ">(gen::NewObject(" + SchemaFunction() + ", " + std::to_string(plan.element) +
+                    "));\n}\n";
         auto const read = [&](std::string const& function, std::string const& arguments) {
             return "return gen::As<" + type + ">(gen::" + function + "(" + where + arguments + ", ctx));";
         };

@@ -74,6 +74,8 @@ std::vector<Option<GeneratorOptions>> const& OptionTable() {
          [](Options& o, Text const&) { o.dumpsModel = true; }},
         {"--depfile", "FILE", "write the schemas that were read, for make and ninja",
          [](Options& o, Text const& v) { o.dependencyFile = v; }},
+        {"--depfile-target", "FILE", "\nwhat depends on them, in place of the header",
+         [](Options& o, Text const& v) { o.dependencyTarget = v; }},
     };
     return table;
 }

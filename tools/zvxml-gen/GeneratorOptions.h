@@ -23,6 +23,7 @@ struct GeneratorOptions {
     bool dumpsModel = false;
     bool checks = false;
     std::string dependencyFile;
+    std::string dependencyTarget; // empty for the header
     std::set<std::string> silenced; // warnings
     std::set<std::string> errors;   // warnings that are errors; an empty name is all
 

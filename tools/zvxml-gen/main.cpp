@@ -81,7 +81,10 @@ int Generate(GeneratorOptions const& options) {
         return AreOnDisk(files, options.folder) ? kExitSuccess : kExitFailure;
     WriteFiles(files, options.folder);
     if (!options.dependencyFile.empty())
-        WriteDependencies(options.dependencyFile, InFolder(options.folder, files[0].name), inputs);
+        WriteDependencies(options.dependencyFile,
+                          options.dependencyTarget.empty() ? InFolder(options.folder, files[0].name)
+                                                           : options.dependencyTarget,
+                          inputs);
     return kExitSuccess;
 }
 

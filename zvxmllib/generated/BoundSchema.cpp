@@ -25,8 +25,11 @@ CSmartPtr<CTypedObject> BoundSchema::MakeObject(grammar::TypeId type, std::uint3
 
 CSmartPtr<CTypedObject> BoundSchema::Read(CXmlElement& root, CSerializationContext const& ctx,
                                           std::uint32_t element, InputOrder order) const {
-    if (element != grammar::kNone &&
-        m_grammar.FindElement(root.GetLocalName(), root.GetNamespaceURI()) != element)
+    std::uint32_t found = m_grammar.FindElement(root.GetLocalName(), root.GetNamespaceURI());
+    if (found == grammar::kNone && order == InputOrder::kAnyWithoutNamespaces &&
+        root.GetNamespaceURI().empty())
+        found = m_grammar.FindElementByLocalName(root.GetLocalName());
+    if (element != grammar::kNone && found != element)
         throw CZvValidationException("The root element is [" + root.GetLocalName() + "], not [" +
                                          m_grammar.GetRows().elements[element].name + "].",
                                      root.GetXPath());

@@ -48,6 +48,10 @@ CSerializationContext const& StrictContext() {
     return context;
 }
 
+CSmartPtr<CTypedObject> NewObject(BoundSchema const& schema, std::uint32_t element) {
+    return schema.MakeObject(schema.GetGrammar().GetRows().elements[element].type, element);
+}
+
 CSmartPtr<CTypedObject> ReadFile(BoundSchema const& schema, std::uint32_t element, std::string const& file,
                                  CSerializationContext const& ctx) {
     std::ifstream stream(file, std::ios::binary);

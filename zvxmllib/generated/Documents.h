@@ -28,6 +28,9 @@ CSmartPtr<CTypedObject> ReadXmlText(BoundSchema const& schema, std::uint32_t ele
 CSmartPtr<CTypedObject> ReadJsonText(BoundSchema const& schema, std::uint32_t element,
                                      std::string const& text, CSerializationContext const& ctx);
 
+// An empty object for a global element.
+CSmartPtr<CTypedObject> NewObject(BoundSchema const& schema, std::uint32_t element);
+
 // The object as one of the class that generated code has for its element.
 template <class Class>
 CSmartPtr<Class> As(CSmartPtr<CTypedObject> const& object) {

@@ -31,6 +31,8 @@ void CTypedObject::CheckContent() const {
 void CTypedObject::CheckContent(std::string const& path, unsigned depth) const {
     if (depth == kMostDepth)
         Fail("Elements nest deeper than " + std::to_string(kMostDepth) + " levels.", path);
+    if (m_declaration != kNone && Rows().elements[m_declaration].isAbstract)
+        Fail("The element [" + GetElementName() + "] is abstract.", path);
     CheckAttributes(path);
     Grammar const& grammar = m_schema->GetGrammar();
     std::uint32_t const simple = SimpleTypeId();
