@@ -8,6 +8,20 @@ namespace {
 
 constexpr std::size_t kLineLength = 110;
 
+// By a backslash, its trigraph, or one of them with spaces behind it.
+bool ContinuesLine(std::string_view line) {
+    return !line.empty() && (line.back() == '\\' || line.back() == ' ' ||
+                             (line.size() > 2 && line.substr(line.size() - 3) == "?\?/"));
+}
+
+// Compilers warn of a control character of writing direction (U+202A to U+202E, U+2066 to U+2069).
+bool IsDirectionAt(std::string_view text, std::size_t at) {
+    if (text.substr(at, 2) != "\xE2\x80" && text.substr(at, 2) != "\xE2\x81")
+        return false;
+    unsigned const last = at + 2 < text.size() ? static_cast<unsigned char>(text[at + 2]) : 0;
+    return text[at + 1] == '\x80' ? last >= 0xAA && last <= 0xAE : last >= 0xA6 && last <= 0xA9;
+}
+
 } // namespace
 
 std::string Literal(std::string_view text) {
@@ -32,7 +46,7 @@ std::string Comment(std::string_view text, std::string const& indent) {
     std::string comment;
     std::string line;
     auto const end = [&] {
-        while (!line.empty() && (line.back() == '\\' || line.back() == ' '))
+        while (ContinuesLine(line))
             line.pop_back();
         if (!line.empty())
             comment += indent + "// " + line + "\n";
@@ -47,24 +61,17 @@ std::string Comment(std::string_view text, std::string const& indent) {
         line += (line.empty() ? "" : " ") + word;
         word.clear();
     };
-    for (char const c : text) {
-        if (static_cast<unsigned char>(c) <= ' ')
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (IsDirectionAt(text, i))
+            i += 2;
+        else if (static_cast<unsigned char>(text[i]) <= ' ')
             endWord();
         else
-            word += c;
+            word += text[i];
     }
     endWord();
     end();
     return comment;
-}
-
-std::string Identifier(std::string_view text) {
-    std::string name;
-    for (char const c : text) {
-        bool const isPart = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-        name += isPart ? c : '_';
-    }
-    return name;
 }
 
 std::string OpenNamespace(std::string const& name) {

@@ -8,10 +8,9 @@ namespace ZvXmlLib16::schema {
 
 // A string literal of these octets.
 std::string Literal(std::string_view text);
-// The text as comment lines with this indent, wrapped; without control characters and trailing backslashes.
+// The text as comment lines with this indent, wrapped; without control characters, those of writing direction
+// too, and without what continues a line.
 std::string Comment(std::string_view text, std::string const& indent);
-// An include guard or identifier: what no identifier has becomes _.
-std::string Identifier(std::string_view text);
 // Opens and closes a::b.
 std::string OpenNamespace(std::string const& name);
 std::string CloseNamespace(std::string const& name);

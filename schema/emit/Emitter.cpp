@@ -5,8 +5,11 @@
 
 #include "zvxmllib/foundation/SimpleTypes.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
+#include <string_view>
 
 namespace ZvXmlLib16::schema {
 
@@ -17,6 +20,9 @@ using grammar::kNone;
 // Aliases inside the namespaces of generated code.
 constexpr char const* kGenerated = "gen::";
 constexpr char const* kAliases = "namespace zv = ::ZvXmlLib16;\nnamespace gen = ::ZvXmlLib16::generated;\n";
+
+// What the names of generated members begin with.
+constexpr std::string_view kAccessors[] = {"Get", "Set", "Is", "Remove"};
 
 char const* NameOf(ItemType type) {
     switch (type) {
@@ -65,7 +71,12 @@ private:
     }
     std::string EnumName(std::uint32_t index, std::string const& ns) const {
         EnumPlan const& plan = m_mapping.GetEnums()[index];
-        return plan.ns == ns ? plan.name : "::" + plan.ns + "::" + plan.name;
+        // Inside a class such a name may be that of a member.
+        bool const isLikeMember =
+            std::any_of(std::begin(kAccessors), std::end(kAccessors), [&](std::string_view prefix) {
+                return plan.name.compare(0, prefix.size(), prefix) == 0;
+            });
+        return plan.ns == ns && !isLikeMember ? plan.name : "::" + plan.ns + "::" + plan.name;
     }
     std::string Codec(ValuePlan const& value, std::string const& ns) const {
         std::string const item = std::string("zv::") + NameOf(value.item);

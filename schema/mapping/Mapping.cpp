@@ -1,6 +1,7 @@
 #include "schema/mapping/Mapping.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 
 namespace ZvXmlLib16::schema {
@@ -13,6 +14,7 @@ namespace {
 constexpr char const* kOwnProperties[] = {"Base", "Namespace", "TargetNamespace", "ElementName", "Nil"};
 
 constexpr char const* kAttributeSuffix = "Attribute";
+constexpr char const* kTraits = "Traits"; // a class of each enumeration
 
 ItemType ItemOf(BuiltIn type) {
     switch (type) {
@@ -72,6 +74,7 @@ Mapping::Mapping(Schema const& schema, std::map<std::string, std::string> namesp
     : m_schema(schema), m_diagnostics(diagnostics), m_grammar(schema.GetRows()), m_orders(m_grammar),
       m_namespaces(std::move(namespaces)), m_stem(std::move(stem)) {
     m_home = NamespaceFor(schema.targetNamespaces.front());
+    ScopeOf(m_home).Reserve(Identifier(m_stem) + "Schema"); // a function
     AddNamedTypes();
     AddElementClasses();
     for (std::uint32_t i = 0; i < m_classes.size(); ++i)
@@ -313,7 +316,11 @@ std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::str
     bool const isNamed = *type.name != '\0';
     plan.ns = isNamed || ns.empty() ? NamespaceFor(type.ns) : ns;
     std::string const name = EnumeratorName(isNamed ? type.name : owner); // no class: it has no prefix
-    plan.name = ScopeOf(plan.ns).Take(name);
+    NameScope& scope = ScopeOf(plan.ns);
+    do {
+        plan.name = scope.Take(name);
+    } while (scope.IsTaken(plan.name + kTraits));
+    scope.Reserve(plan.name + kTraits);
     plan.source = &m_schema.simpleTypeSources[row];
     NameScope enumerators;
     std::set<std::string> seen;
@@ -334,8 +341,28 @@ std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::str
     return index;
 }
 
+// One whose functions do not collide with those of another document or with an enumeration.
+std::string Mapping::TakeDocumentName(std::string const& ns, std::string const& name) {
+    std::string const functions[][2] = {
+        {"Read", ""},     {"Read", "Xml"},   {"Read", "Json"},        {"Write", ""},
+        {"Write", "Xml"}, {"Write", "Json"}, {"Write", "FastInfoset"}};
+    NameScope& scope = ScopeOf(ns);
+    std::string taken = name;
+    for (unsigned number = 2;; ++number) {
+        bool const isFree =
+            std::none_of(std::begin(functions), std::end(functions), [&](auto const& function) {
+                return scope.IsTaken(function[0] + taken + function[1]);
+            });
+        if (isFree)
+            break;
+        taken = name + std::to_string(number);
+    }
+    for (auto const& function : functions)
+        scope.Reserve(function[0] + taken + function[1]);
+    return taken;
+}
+
 void Mapping::AddDocuments() {
-    std::map<std::string, NameScope> scopes;
     for (std::uint32_t const element : m_schema.globalElements) {
         ElementRow const& row = m_schema.elements[element];
         bool const isOfUser = std::find(m_schema.targetNamespaces.begin(), m_schema.targetNamespaces.end(),
@@ -344,7 +371,7 @@ void Mapping::AddDocuments() {
             continue; // what is imported serves as a part
         DocumentPlan plan;
         plan.ns = NamespaceFor(row.ns);
-        plan.name = scopes[plan.ns].Take(CamelName(row.name));
+        plan.name = TakeDocumentName(plan.ns, CamelName(row.name));
         plan.xmlName = row.name;
         plan.element = element;
         plan.objectClass = ClassOf(row.type);

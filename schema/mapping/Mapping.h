@@ -109,6 +109,7 @@ private:
     bool IsInherited(ClassPlan const& plan, PropertyPlan const& property) const;
     ValuePlan ValueOf(std::uint32_t type, std::string const& ns, std::string const& owner);
     std::uint32_t EnumOf(std::uint32_t row, std::string const& ns, std::string const& owner);
+    std::string TakeDocumentName(std::string const& ns, std::string const& name);
     void AddDocuments();
     void SortClasses();
 

@@ -1,86 +1,14 @@
 #include "schema/naming/Names.h"
 
-#include <algorithm>
-#include <array>
+#include "schema/naming/ReservedNames.h"
+
 #include <cstdint>
 #include <cstdio>
-#include <iterator>
 #include <vector>
 
 namespace ZvXmlLib16::schema {
 
 namespace {
-
-// Sorted.
-constexpr std::string_view kReserved[] = {"BUFSIZ",      "CHAR_BIT",
-                                          "CHAR_MAX",    "CHAR_MIN",
-                                          "DOMAIN",      "EDOM",
-                                          "EOF",         "ERANGE",
-                                          "FALSE",       "FILENAME_MAX",
-                                          "HUGE_VAL",    "I",
-                                          "INFINITY",    "INT_MAX",
-                                          "INT_MIN",     "LC_ALL",
-                                          "LONG_MAX",    "LONG_MIN",
-                                          "M_PI",        "NAN",
-                                          "NDEBUG",      "NULL",
-                                          "OVERFLOW",    "PATH_MAX",
-                                          "RAND_MAX",    "SEEK_CUR",
-                                          "SEEK_END",    "SEEK_SET",
-                                          "SIGABRT",     "SIGINT",
-                                          "SIGTERM",     "TRUE",
-                                          "UNDERFLOW",   "alignas",
-                                          "alignof",     "and",
-                                          "and_eq",      "asm",
-                                          "assert",      "auto",
-                                          "bitand",      "bitor",
-                                          "bool",        "break",
-                                          "case",        "catch",
-                                          "char",        "char16_t",
-                                          "char32_t",    "char8_t",
-                                          "class",       "co_await",
-                                          "co_return",   "co_yield",
-                                          "compl",       "concept",
-                                          "const",       "const_cast",
-                                          "consteval",   "constexpr",
-                                          "constinit",   "continue",
-                                          "decltype",    "default",
-                                          "delete",      "do",
-                                          "double",      "dynamic_cast",
-                                          "else",        "enum",
-                                          "errno",       "explicit",
-                                          "export",      "extern",
-                                          "false",       "float",
-                                          "for",         "friend",
-                                          "goto",        "if",
-                                          "inline",      "int",
-                                          "linux",       "long",
-                                          "major",       "makedev",
-                                          "minor",       "mutable",
-                                          "namespace",   "new",
-                                          "noexcept",    "not",
-                                          "not_eq",      "nullptr",
-                                          "operator",    "or",
-                                          "or_eq",       "private",
-                                          "protected",   "public",
-                                          "register",    "reinterpret_cast",
-                                          "requires",    "restrict",
-                                          "return",      "short",
-                                          "signed",      "sizeof",
-                                          "static",      "static_assert",
-                                          "static_cast", "std",
-                                          "stderr",      "stdin",
-                                          "stdout",      "struct",
-                                          "switch",      "template",
-                                          "this",        "thread_local",
-                                          "throw",       "true",
-                                          "try",         "typedef",
-                                          "typeid",      "typename",
-                                          "union",       "unix",
-                                          "unsigned",    "using",
-                                          "virtual",     "void",
-                                          "volatile",    "wchar_t",
-                                          "while",       "xor",
-                                          "xor_eq"};
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
@@ -120,10 +48,6 @@ std::uint32_t TakeCodePoint(std::string_view text, std::size_t& at) {
 
 } // namespace
 
-bool IsReserved(std::string_view name) {
-    return std::binary_search(std::begin(kReserved), std::end(kReserved), name);
-}
-
 std::string CamelName(std::string_view xmlName) {
     std::string name;
     bool isStart = true;
@@ -162,7 +86,7 @@ std::string EnumeratorName(std::string_view value) {
             name += "_u00" + std::string(1, "0123456789ABCDEF"[(c >> 4) & 15]) + "0123456789ABCDEF"[c & 15];
     }
     if (IsDigit(name[0]) || name[0] == '_')
-        name = (name[0] == '_' ? "V" : "V") + name;
+        name = "V" + name;
     return IsReserved(name) ? name + '_' : name;
 }
 
@@ -196,7 +120,14 @@ std::string NamespaceName(std::string_view uri, std::string_view otherwise) {
     }
     if (name.empty())
         name = otherwise;
-    return IsReserved(name) ? name + '_' : name;
+    return IsReserved(name) || IsGlobal(name) ? name + '_' : name;
+}
+
+std::string Identifier(std::string_view text) {
+    std::string name;
+    for (char const c : text)
+        name += IsLetterOrDigit(c) ? c : '_';
+    return name.empty() || IsDigit(name[0]) ? "V" + name : name;
 }
 
 std::string NameScope::Take(std::string const& name, char const* separator) {

@@ -20,8 +20,8 @@ std::string EnumeratorName(std::string_view value);
 // keep their digits behind a v. `otherwise` where the URI has none.
 std::string NamespaceName(std::string_view uri, std::string_view otherwise);
 
-// A keyword of C++ or C, or a macro of the standard headers.
-bool IsReserved(std::string_view name);
+// An identifier for the name of a file: what no identifier has becomes _.
+std::string Identifier(std::string_view text);
 
 // Names that stand beside each other. Names that differ in case only are different.
 class NameScope {

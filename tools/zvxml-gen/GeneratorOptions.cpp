@@ -1,6 +1,7 @@
 #include "GeneratorOptions.h"
 
 #include "CommandLine.h"
+#include "schema/naming/ReservedNames.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -18,7 +19,15 @@ std::pair<std::string, std::string> SplitAtEquals(char const* option, std::strin
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
+// a::b, of parts that are free names.
 bool IsNamespace(std::string const& name) {
+    using namespace ZvXmlLib16::schema;
+    for (std::size_t at = 0, end = 0; end != std::string::npos; at = end + 2) {
+        end = name.find("::", at);
+        std::string const part = name.substr(at, end == std::string::npos ? end : end - at);
+        if (IsReserved(part) || (at == 0 && IsGlobal(part)))
+            return false;
+    }
     bool isStart = true;
     for (std::size_t i = 0; i < name.size(); ++i) {
         char const c = name[i];
@@ -56,7 +65,7 @@ std::vector<Option<GeneratorOptions>> const& OptionTable() {
          [](Options& o, Text const& v) {
              auto const [uri, name] = SplitAtEquals("--namespace", v);
              if (!IsNamespace(name))
-                 throw UsageError("--namespace: '" + name + "' is no namespace of C++");
+                 throw UsageError("--namespace: '" + name + "' is no free name for a namespace of C++");
              o.namespaces[uri] = name;
          }},
         {"--location", "FROM=FILE",
