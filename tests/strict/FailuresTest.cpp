@@ -106,10 +106,13 @@ TEST(Failures, OfJsonAreFoundInAnyMode) {
         CSmartPtr<Probe> const probe(new Probe(models.order));
         CSerializationContext ctx;
         ctx.SetFailureLimit(9);
+        ctx.SetKeepPositions(true);
         ctx.SetStrict(strict);
         EXPECT_THROW(probe->FromJson(R"({"order": {"@l": 1, "a": "x", "c": [1, "y"], "z": 5}})", ctx),
                      CZvException);
-        EXPECT_EQ(ctx.GetFailures().size(), 2u);
+        ASSERT_EQ(ctx.GetFailures().size(), 2u);
+        EXPECT_EQ(ctx.GetFailures()[0].column, 26u);
+        EXPECT_EQ(ctx.GetFailures()[1].column, 40u);
         EXPECT_EQ(probe->properties[4].GetI4(), 5);
     }
 }
