@@ -264,7 +264,7 @@ void CFastInfosetReader::ParseCharacterChunk(std::uint8_t octet) {
     Strings& chunks = m_vocabulary->characterChunks;
     if ((octet & 0x20) != 0)
         return m_tree->AppendKeptText(TextAt(chunks, m_in.ReadInteger4(octet)));
-    std::string_view const text = AsElementText(Decode(ReadEncodedString7(octet)));
+    std::string_view const text = DecodeElementText(ReadEncodedString7(octet));
     if ((octet & 0x10) != 0)
         chunks.entries.push_back(text);
     m_tree->AppendKeptText(text);

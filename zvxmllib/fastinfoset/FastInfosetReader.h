@@ -127,6 +127,7 @@ private:
     std::string_view DecodeAlgorithm(std::string_view octets, std::uint32_t algorithm);
     std::string_view DecodeRestrictedAlphabet(std::string_view octets, std::uint32_t alphabet);
     std::string_view AsElementText(std::string_view text);
+    std::string_view DecodeElementText(EncodedString const& encoded);
 
     CFastInfosetContext const& m_context;
     CXmlDocument& m_doc;

@@ -148,6 +148,13 @@ std::string_view CFastInfosetReader::Decode(EncodedString const& encoded) {
     }
 }
 
+// Most texts of elements are plain, and need nothing at all.
+std::string_view CFastInfosetReader::DecodeElementText(EncodedString const& encoded) {
+    if (encoded.discriminant == kUtf8 && m_checks == nullptr && IsPlain(encoded.octets))
+        return encoded.octets;
+    return AsElementText(Decode(encoded));
+}
+
 std::string_view CFastInfosetReader::DecodeText(std::string_view utf8) {
     if (m_checks != nullptr)
         InfosetChecks::RequireText(utf8);
