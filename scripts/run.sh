@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is needed, builds the optimised library and shows the tool on a real document.
+# Installs what is needed, builds the optimised library, goes from a schema to a running program, and shows the tool on
+# real documents.
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 need_build_packages
@@ -16,9 +17,19 @@ trap 'rm -rf "$scratch"' EXIT
 # show COMMAND ...: prints the command, then runs it.
 show() {
     echo
-    echo "\$ $*" | sed "s#$root/build/release/tools/zvxml/##; s#$scratch/##g"
+    echo "\$ $*" | sed "s#$root/build/release/tools/[a-z-]*/##; s#$scratch/##g"
     "$@"
 }
+
+# From a schema to a running program: the classes, a project around them, and what it does with a document.
+show "$root/build/release/tools/zvxml-gen/zvxml-gen" new "$scratch/alerts" \
+    --namespace urn:oasis:names:tc:emergency:cap:1.2=cap examples/data/cap-1.2.xsd
+cmake --install build/release --prefix "$scratch/installed" >/dev/null
+show cmake -G Ninja -S "$scratch/alerts" -B "$scratch/alerts/build" -DCMAKE_PREFIX_PATH="$scratch/installed" | tail -n 1
+show cmake --build "$scratch/alerts/build" | tail -n 1
+show "$scratch/alerts/build/alerts" examples/data/cap-tsunami.xml | head -n 15
+echo "  ..."
+show "$zvxml" validate --schema examples/data/cap-1.2.xsd examples/data/cap-tsunami.xml examples/data/cap-australia.xml
 
 show "$zvxml" inspect "$document"
 show "$zvxml" convert --pretty --indent 2 "$document" "$scratch/invoice.xml"

@@ -10,7 +10,7 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-QUOTING = ["docs/generated-code.md"]
+QUOTING = ["README.md", "docs/generated-code.md", "docs/schema-compiler.md"]
 
 
 def without_space(text):
@@ -34,6 +34,8 @@ def check_quotations(page):
     if not blocks:
         yield f"{page} quotes nothing."
     for name, code in blocks:
+        if not name and page == "README.md":
+            continue  # the one that check_readme looks at
         if not name or not (ROOT / "examples" / name).is_file():
             yield f"{page}: a block of C++ names no file of examples/: '{name}'"
             continue
