@@ -49,8 +49,10 @@ CXmlElement* XmlTree::AddElement(XmlName const* name) {
     if (m_open.empty()) {
         m_elementRecord = s_elementRegistration.Record();
     } else {
-        FoldRepeatedTail(m_open.back());
-        parent = m_open.back().element;
+        OpenElement& open = m_open.back();
+        if (open.beforeTail != nullptr)
+            FoldRepeatedTail(open);
+        parent = open.element;
     }
     if (m_isStreaming) {
         m_marks.resize(m_open.size());
@@ -67,13 +69,11 @@ CXmlElement* XmlTree::AddElement(XmlName const* name) {
         open.beforeLastChild = open.lastChild;
         open.lastChild = element;
     }
-    if (m_textAhead != nullptr)
-        NoteChild(parent, element);
-    m_open.push_back({element, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, false});
+    if (m_isNoted)
+        NoteElement(parent, element);
+    m_open.emplace_back().element = element;
     ++m_liveElements;
     ++m_createdElements;
-    if (m_positions != nullptr)
-        m_positions->AddElement(element);
     return element;
 }
 
@@ -82,15 +82,19 @@ void XmlTree::NoteText(std::string_view text) noexcept {
     m_open.back().hasText = m_open.back().hasText || !isBlank;
 }
 
-// The child may have the storage of an element that is gone.
-void XmlTree::NoteChild(CXmlElement const* parent, CXmlElement const* child) {
-    m_textAhead->erase(child);
+void XmlTree::NoteElement(CXmlElement const* parent, CXmlElement const* element) {
+    if (m_positions != nullptr)
+        m_positions->AddElement(element);
+    if (m_textAhead == nullptr)
+        return;
+    m_textAhead->erase(element); // another may have had its storage
     if (parent != nullptr && m_open.back().hasText)
         m_textAhead->insert(parent);
 }
 
 void XmlTree::KeepPositions(IPositionSource const& source) {
     m_positions = std::make_unique<NodePositions>(source);
+    m_isNoted = true;
 }
 
 // The block is the last allocation among the nodes while its element is being started, so it grows in place

@@ -82,6 +82,7 @@ public:
     // From now on the tree remembers which elements have text, other than white space, ahead of a child.
     void NoteTextAheadOfChildren() {
         m_textAhead = std::make_unique<std::unordered_set<CXmlElement const*>>();
+        m_isNoted = true;
     }
     // False where it does not.
     bool HasTextAheadOfChild(CXmlElement const& element) const {
@@ -111,16 +112,16 @@ public:
 private:
     // The state of an open element.
     struct OpenElement {
-        CXmlElement* element;
-        CXmlElement* lastChild;
-        CXmlElement* beforeLastChild; // null if there is none, or after lastChild was taken out
-        NodeText::Piece* tail;        // of a chained text
-        NodeText::Piece* beforeTail;  // null when not known
+        CXmlElement* element = nullptr;
+        CXmlElement* lastChild = nullptr;
+        CXmlElement* beforeLastChild = nullptr; // null if there is none, or after lastChild was taken out
+        NodeText::Piece* tail = nullptr;        // of a chained text
+        NodeText::Piece* beforeTail = nullptr;  // null when not known
         // The run that can grow as long as nothing is allocated behind it: its end, null if it cannot, and
         // where its length stands. A run lies in one chunk, so its length cannot overflow.
-        char* runEnd;
-        std::uint32_t* runLength;
-        bool hasText; // noted where text ahead of children is
+        char* runEnd = nullptr;
+        std::uint32_t* runLength = nullptr;
+        bool hasText = false; // noted where text ahead of children is
     };
     // The state of the storage when an element was opened; kept in streaming mode only.
     struct StreamingMark {
@@ -141,7 +142,7 @@ private:
     using KeptList = std::list<Kept<Part>>; // what a list holds keeps its place
 
     void NoteText(std::string_view text) noexcept;
-    void NoteChild(CXmlElement const* parent, CXmlElement const* child);
+    void NoteElement(CXmlElement const* parent, CXmlElement const* element);
     void AppendRuns(OpenElement& open, std::string_view text);
     void AppendRun(OpenElement& open, std::string_view text);
     void AddRun(OpenElement& open, char const* run, std::uint32_t length);
@@ -163,6 +164,7 @@ private:
     std::unique_ptr<std::unordered_set<CXmlElement const*>> m_textAhead; // null where nobody wants to know
     std::unique_ptr<PrefixScopes> m_scopes;                              // likewise
     std::unique_ptr<NodePositions> m_positions;                          // null where nobody wants them
+    bool m_isNoted = false; // there are positions, or notes of text ahead of children
     KeptList<std::string> m_keptStrings;
     KeptList<std::vector<CXmlAttribute*>> m_keptFaces;
 

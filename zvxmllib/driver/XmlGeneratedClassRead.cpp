@@ -49,28 +49,39 @@ struct CXmlGeneratedClass::Reading {
     // In a sequence: passes over the children that the entry refuses, where that is allowed. False if it
     // refuses all.
     bool OfferUntilTaken(CElementInfo& entry) {
-        UnknownScan* const notes = IsRealElement() ? nullptr : scan;
+        if (scan != nullptr && !IsRealElement())
+            return OfferWithNotes(entry);
+        while (!Offer(entry)) {
+            if (!ignoresUnknown || current == nullptr)
+                return false;
+            current = current->GetNextSiblingElement();
+        }
+        return true;
+    }
+    // The same in a group, which will ask again from later children on.
+    bool OfferWithNotes(CElementInfo& entry) {
         for (CXmlElement const* first = current;;) {
-            if (notes != nullptr)
-                current = notes->PassRefused(entry, object, current);
+            current = scan->PassRefused(entry, object, current);
             CXmlElement* const offered = current;
-            std::size_t const takings = notes != nullptr ? notes->GetTakings() : 0;
+            std::size_t const takings = scan->GetTakings();
             if (Offer(entry))
                 return true;
             if (!ignoresUnknown || current == nullptr)
                 return false;
-            bool const isRepeated = current == offered && notes != nullptr &&
-                                    (entry.RepeatsRefusals() || notes->GetTakings() == takings);
+            bool const isRepeated =
+                current == offered && (entry.RepeatsRefusals() || scan->GetTakings() == takings);
             current = current->GetNextSiblingElement();
             if (isRepeated)
-                notes->NoteRefused(entry, object, *first, *offered);
+                scan->NoteRefused(entry, object, *first, *offered);
             else
                 first = current;
         }
     }
     bool OfferCursor(CElementInfo& entry) {
-        std::string const ns = entry.UsesClassNamespace() ? object.GetNamespace() : std::string();
-        return entry.ElementFromXml(ctx, &object, element, &current, ns.c_str(), elementType);
+        if (!entry.UsesClassNamespace())
+            return entry.ElementFromXml(ctx, &object, element, &current, "", elementType);
+        return entry.ElementFromXml(ctx, &object, element, &current, object.GetNamespace().c_str(),
+                                    elementType);
     }
     bool IsRealElement() const { return elementType == XmlElementType_Element; }
     [[noreturn]] void FailUnread() const {
