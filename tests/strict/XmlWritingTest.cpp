@@ -104,6 +104,14 @@ TEST(StrictXml, KeepsEveryElementInItsNamespace) {
                   writer.WriteElementEnd();
               }),
               R"(<r><AA:n xmlns:AA="urn:d"/></r>)");
+    EXPECT_EQ(Written([](CXmlTextWriter& writer) {
+                  writer.WriteElementStart("r", "urn:d");
+                  writer.DeclareOnNextElement("", "urn:e");
+                  writer.WriteElementStart("n", "");
+                  writer.WriteElementEnd();
+                  writer.WriteElementEnd();
+              }),
+              R"(<AA:r xmlns:AA="urn:d"><n/></AA:r>)");
     EXPECT_EQ(
         Written([](CXmlTextWriter& writer) {
             writer.SetDefaultNamespace("urn:d");

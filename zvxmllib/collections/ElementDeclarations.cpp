@@ -100,14 +100,9 @@ void CElement::KeepDeclarations(CXmlElement const& element) {
             {detail::SharedText::Of(*declaration.prefix), detail::SharedText::Of(*declaration.uri)});
 }
 
-// The default namespace of the content is that of the element, unless the element is in none.
 void CElement::WriteDeclarations(CXmlWriter& writer) const {
-    for (Declaration const& declaration : GetDeclarations()) {
-        bool const movesElement =
-            declaration.prefix.empty() && !declaration.namespaceURI.empty() && m_namespace.empty();
-        if (!movesElement)
-            writer.DeclareOnNextElement(declaration.prefix, declaration.namespaceURI);
-    }
+    for (Declaration const& declaration : GetDeclarations())
+        writer.DeclareOnNextElement(declaration.prefix, declaration.namespaceURI);
 }
 
 } // namespace ZvXmlLib16

@@ -45,7 +45,7 @@ void CExactFastInfosetWriter::WriteElementStart(std::string const& name, std::st
     ++m_element;
     if (isRoot)
         DeclareGiven(!ns.empty());
-    for (auto const& declaration : m_kept.Enter(*m_pContext, m_inForce))
+    for (auto const& declaration : m_kept.Enter(*m_pContext, ns, m_inForce))
         Require(declaration.alias, declaration.ns);
     NameElement(name, ns);
     if (ns.empty() && !m_pContext->GetDefaultNamespace().empty())

@@ -115,6 +115,8 @@ void CTypedObject::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns,
     if (m_isNil) {
         writer->WriteNilAttribute();
     } else {
+        if (!m_text.empty() && !m_nodes.empty())
+            writer->BeginMixedContent();
         WriteNodes(*writer, ctx);
         std::uint32_t const type = SimpleTypeId();
         SimpleTypes const& types = m_schema->GetGrammar().GetSimpleTypes();

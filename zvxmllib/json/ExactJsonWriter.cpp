@@ -102,7 +102,7 @@ void CExactJsonWriter::WriteElementStart(std::string const& name, std::string co
     m_open.emplace_back();
     if (isRoot && IsFull())
         AppendRootDeclarations();
-    for (auto const& declaration : m_kept.Enter(*m_pContext, m_inForce))
+    for (auto const& declaration : m_kept.Enter(*m_pContext, ns, m_inForce))
         AppendDeclaration(declaration.alias, declaration.ns);
     std::string member = MemberOf(name, ns);
     m_open.back().member = std::move(member);

@@ -44,11 +44,13 @@ void KeptDeclarations::ReplaceGiven(CXmlWriter::NamespaceMap& aliases, std::stri
 
 // An alias that gets another meaning is none for its old one.
 std::vector<KeptDeclarations::Declaration> const&
-KeptDeclarations::Enter(CXmlWriter::CXmlWriterContext& context, PrefixesInForce& inForce) {
+KeptDeclarations::Enter(CXmlWriter::CXmlWriterContext& context, std::string const& elementNs,
+                        PrefixesInForce& inForce) {
     m_entered.clear();
     for (Declaration& declaration : m_next) {
         auto const& [alias, ns] = declaration;
-        if (alias.empty() ? context.GetDefaultNamespace() == ns : inForce.At(alias).ns == ns)
+        bool const movesElement = alias.empty() && !ns.empty() && elementNs.empty();
+        if (movesElement || (alias.empty() ? context.GetDefaultNamespace() : inForce.At(alias).ns) == ns)
             continue;
         if (alias.empty()) {
             context.SetDefaultNamespace(ns);

@@ -56,9 +56,10 @@ public:
     void Clear() noexcept { m_next.clear(); }
     // Before the root: they go before what is given for the document.
     void ReplaceGiven(CXmlWriter::NamespaceMap& aliases, std::string& defaultNamespace);
-    // Enters them in the scope of an element that has just been opened. Returns those that are to be written,
-    // valid until the next call.
-    std::vector<Declaration> const& Enter(CXmlWriter::CXmlWriterContext& context, PrefixesInForce& inForce);
+    // Enters them in the scope of an element of `elementNs` that has just been opened. Returns those that are
+    // to be written, valid until the next call. An element in no namespace takes no default one.
+    std::vector<Declaration> const& Enter(CXmlWriter::CXmlWriterContext& context,
+                                          std::string const& elementNs, PrefixesInForce& inForce);
 
 private:
     std::vector<Declaration> m_next;

@@ -64,7 +64,7 @@ void CExactXmlWriter::WriteElementStart(std::string const& name, std::string con
     }
     BeginChild();
     CXmlWriterContext& context = PushContext();
-    auto const& declarations = m_kept.Enter(context, m_inForce);
+    auto const& declarations = m_kept.Enter(context, ns, m_inForce);
     bool const hasDefault = ns.empty() && !context.GetDefaultNamespace().empty();
     if (hasDefault)
         context.SetDefaultNamespace(ns);
