@@ -69,17 +69,17 @@ private:
         walk.EnterElement(element.GetLocalName(), element.GetNamespaceURI(), identities);
         for (CXmlAttribute const* attribute : element.GetAttributes()) {
             SimpleValue value;
-            value.key = attribute->GetValue();
+            value.key = "\"" + attribute->GetValue();
             walk.AddAttribute(attribute->GetLocalName(), attribute->GetNamespaceURI(), value);
         }
         for (auto const* child = element.GetFirstElement(); child != nullptr;
              child = child->GetNextSiblingElement())
             Visit(*child, walk);
         SimpleValue value;
-        value.key = element.GetText();
+        value.key = "\"" + element.GetText(); // as that of a string
         bool const isNillable = element.GetLocalName() == "nil";
         bool const hasSimpleType = element.GetFirstElement() == nullptr;
-        bool const hasValue = hasSimpleType && !(isNillable && value.key.empty());
+        bool const hasValue = hasSimpleType && !(isNillable && value.key.size() == 1);
         walk.LeaveElement(hasValue ? &value : nullptr, hasSimpleType, isNillable, m_faults);
     }
 

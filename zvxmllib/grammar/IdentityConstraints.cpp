@@ -80,10 +80,19 @@ std::string JoinKeys(std::vector<FieldValue> const& fields) {
 }
 
 // As a message shows them.
+// Texts, names and numbers as they are; keys of other types mean little to a reader.
+std::string ShowKey(std::string const& key) {
+    std::string_view const text = std::string_view(key).substr(key.find('\0') + 1);
+    if (text.empty() || std::string_view("\"/3B").find(text[0]) == std::string_view::npos)
+        return "...";
+    bool const isWhole = text[0] != '"' && text.back() == '.';
+    return std::string(text.substr(1, text.size() - (isWhole ? 2 : 1)));
+}
+
 std::string ShowKeys(std::vector<FieldValue> const& fields) {
     std::string text;
     for (FieldValue const& field : fields)
-        text += (text.empty() ? "" : ", ") + field.key.substr(field.key.find('\0') + 1);
+        text += (text.empty() ? "" : ", ") + ShowKey(field.key);
     return "[" + text + "]";
 }
 
