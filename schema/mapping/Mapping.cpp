@@ -16,6 +16,12 @@ constexpr char const* kOwnProperties[] = {"Base", "Namespace", "TargetNamespace"
 constexpr char const* kAttributeSuffix = "Attribute";
 constexpr char const* kTraits = "Traits"; // a class of each enumeration
 
+// {namespace}name, or the name in none.
+template <class Row>
+std::string StepOf(Row const& row) {
+    return *row.ns == '\0' ? std::string(row.name) : "{" + std::string(row.ns) + "}" + row.name;
+}
+
 ItemType ItemOf(BuiltIn type) {
     switch (type) {
     case BuiltIn::kBoolean:
@@ -70,9 +76,9 @@ ItemType ItemOf(BuiltIn type) {
 } // namespace
 
 Mapping::Mapping(Schema const& schema, std::map<std::string, std::string> namespaces, std::string stem,
-                 Diagnostics& diagnostics)
-    : m_schema(schema), m_diagnostics(diagnostics), m_grammar(schema.GetRows()), m_orders(m_grammar),
-      m_namespaces(std::move(namespaces)), m_stem(std::move(stem)) {
+                 NameTable& names, Diagnostics& diagnostics)
+    : m_schema(schema), m_names(names), m_diagnostics(diagnostics), m_grammar(schema.GetRows()),
+      m_orders(m_grammar), m_namespaces(std::move(namespaces)), m_stem(std::move(stem)) {
     m_home = NamespaceFor(schema.targetNamespaces.front());
     ScopeOf(m_home).Reserve(Identifier(m_stem) + "Schema"); // a function
     AddNamedTypes();
@@ -104,11 +110,12 @@ std::uint32_t Mapping::ClassOf(TypeId type) const {
 }
 
 std::uint32_t Mapping::AddClass(TypeId type, std::string const& ns, std::string const& name,
-                                std::string const& xmlName) {
+                                std::string const& xmlName, std::string const& path) {
     auto const index = static_cast<std::uint32_t>(m_classes.size());
     ClassPlan plan{};
     plan.ns = ns;
-    plan.name = ScopeOf(ns).Take("C" + name);
+    plan.name = m_names.Take(ScopeOf(ns), "class " + path, "C" + name);
+    m_classPaths.push_back(path);
     plan.xmlName = xmlName;
     plan.type = type;
     plan.base = kNone;
@@ -127,11 +134,11 @@ std::uint32_t Mapping::AddClass(TypeId type, std::string const& ns, std::string 
 void Mapping::AddNamedTypes() {
     for (TypeId const type : m_schema.globalTypes) {
         if (!IsComplex(type)) {
-            ValueOf(static_cast<std::uint32_t>(type), {}, {}); // an enumeration takes its name now
+            ValueOf(static_cast<std::uint32_t>(type), {}, {}, {}); // an enumeration takes its name now
             continue;
         }
         ComplexTypeRow const& row = m_schema.complexTypes[ComplexTypeRowOf(type)];
-        AddClass(type, NamespaceFor(row.ns), CamelName(row.name), row.name);
+        AddClass(type, NamespaceFor(row.ns), CamelName(row.name), row.name, "type " + StepOf(row));
     }
 }
 
@@ -145,7 +152,8 @@ void Mapping::AddElementClasses() {
             std::string const& ns = NamespaceFor(row.ns);
             std::string const name = CamelName(row.name);
             bool const isTaken = ScopeOf(ns).IsTaken("C" + name);
-            index = AddClass(row.type, ns, isTaken ? name + "Element" : name, row.name);
+            index =
+                AddClass(row.type, ns, isTaken ? name + "Element" : name, row.name, "element " + StepOf(row));
             m_classes[index].declaration = element;
         }
     }
@@ -160,8 +168,8 @@ void Mapping::AddAnonymousClasses(std::uint32_t index) {
         if (!IsComplex(row.type) || row.type == kAnyType || ClassOf(row.type) != kNone)
             continue;
         std::string const owner = m_classes[index].name.substr(1);
-        std::uint32_t const added =
-            AddClass(row.type, m_classes[index].ns, owner + CamelName(row.name), row.name);
+        std::uint32_t const added = AddClass(row.type, m_classes[index].ns, owner + CamelName(row.name),
+                                             row.name, m_classPaths[index] + "/" + StepOf(row));
         m_classes[added].declaration = entry.declaration;
     }
 }
@@ -224,10 +232,12 @@ void Mapping::AddElementProperties(std::uint32_t index, NameScope& names) {
         if (IsInherited(m_classes[index], property))
             continue;
         std::string const name = CamelName(row.name);
-        property.name = names.Take(names.IsTaken(name) ? name + "Element" : name);
+        std::string const path = m_classPaths[index] + "/" + StepOf(row);
+        property.name =
+            m_names.Take(names, "property " + path, names.IsTaken(name) ? name + "Element" : name);
         if (property.kind == PropertyKind::kValueElement)
             property.value = ValueOf(static_cast<std::uint32_t>(row.type), m_classes[index].ns,
-                                     m_classes[index].name.substr(1) + name);
+                                     m_classes[index].name.substr(1) + name, path);
         m_classes[index].properties.push_back(std::move(property));
     }
 }
@@ -244,8 +254,10 @@ void Mapping::AddAttributeProperties(std::uint32_t index, NameScope& names) {
         if (IsInherited(m_classes[index], property))
             continue;
         std::string const name = CamelName(row.name);
-        property.name = names.Take(names.IsTaken(name) ? name + kAttributeSuffix : name);
-        property.value = ValueOf(row.type, m_classes[index].ns, m_classes[index].name.substr(1) + name);
+        std::string const path = m_classPaths[index] + "/@" + StepOf(row);
+        property.name =
+            m_names.Take(names, "property " + path, names.IsTaken(name) ? name + kAttributeSuffix : name);
+        property.value = ValueOf(row.type, m_classes[index].ns, m_classes[index].name.substr(1) + name, path);
         m_classes[index].properties.push_back(std::move(property));
     }
 }
@@ -260,14 +272,17 @@ void Mapping::AddContentProperty(std::uint32_t index, NameScope& names) {
     if (IsInherited(m_classes[index], property))
         return;
     std::string const name = row.content == Content::kSimple ? "Value" : "Text";
-    property.name = names.Take(names.IsTaken(name) ? "Content" + name : name);
+    std::string const path = m_classPaths[index] + "/text()";
+    property.name = m_names.Take(names, "property " + path, names.IsTaken(name) ? "Content" + name : name);
     if (row.content == Content::kSimple)
-        property.value = ValueOf(row.simpleType, m_classes[index].ns, m_classes[index].name.substr(1) + name);
+        property.value =
+            ValueOf(row.simpleType, m_classes[index].ns, m_classes[index].name.substr(1) + name, path);
     m_classes[index].properties.push_back(std::move(property));
 }
 
 // `owner` names an anonymous enumeration.
-ValuePlan Mapping::ValueOf(std::uint32_t type, std::string const& ns, std::string const& owner) {
+ValuePlan Mapping::ValueOf(std::uint32_t type, std::string const& ns, std::string const& owner,
+                           std::string const& ownerPath) {
     ValuePlan plan;
     SimpleTypes const& types = m_grammar.GetSimpleTypes();
     Variety const variety = types.GetVariety(type);
@@ -300,14 +315,15 @@ ValuePlan Mapping::ValueOf(std::uint32_t type, std::string const& ns, std::strin
             if (m_schema.facets[i].facet != Facet::kEnumeration)
                 continue;
             plan.kind = ValueKind::kEnum;
-            plan.enumeration = EnumOf(step - kBuiltInCount, ns, owner);
+            plan.enumeration = EnumOf(step - kBuiltInCount, ns, owner, ownerPath);
             return plan;
         }
     }
     return plan;
 }
 
-std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::string const& owner) {
+std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::string const& owner,
+                              std::string const& ownerPath) {
     auto const known = m_enumOf.find(row);
     if (known != m_enumOf.end())
         return known->second;
@@ -316,9 +332,10 @@ std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::str
     bool const isNamed = *type.name != '\0';
     plan.ns = isNamed || ns.empty() ? NamespaceFor(type.ns) : ns;
     std::string const name = EnumeratorName(isNamed ? type.name : owner); // no class: it has no prefix
+    std::string const path = isNamed ? "type " + StepOf(type) : ownerPath;
     NameScope& scope = ScopeOf(plan.ns);
     do {
-        plan.name = scope.Take(name);
+        plan.name = m_names.Take(scope, "enum " + path, name);
     } while (scope.IsTaken(plan.name + kTraits));
     scope.Reserve(plan.name + kTraits);
     plan.source = &m_schema.simpleTypeSources[row];
@@ -332,7 +349,8 @@ std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::str
             m_grammar.GetSimpleTypes().Normalize(kBuiltInCount + row, m_schema.facets[i].value, room));
         if (!seen.insert(text).second)
             continue;
-        plan.enumerators.push_back(enumerators.Take(EnumeratorName(text), "_"));
+        plan.enumerators.push_back(
+            m_names.Take(enumerators, PathOfValue(path, text), EnumeratorName(text), "_"));
         plan.texts.push_back(std::move(text));
     }
     m_enums.push_back(std::move(plan));
@@ -342,23 +360,26 @@ std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::str
 }
 
 // One whose functions do not collide with those of another document or with an enumeration.
-std::string Mapping::TakeDocumentName(std::string const& ns, std::string const& name) {
+std::string Mapping::TakeDocumentName(std::string const& ns, std::string const& path,
+                                      std::string const& name) {
     std::string const functions[][2] = {
         {"Read", ""},     {"Read", "Xml"},   {"Read", "Json"},        {"Write", ""},
         {"Write", "Xml"}, {"Write", "Json"}, {"Write", "FastInfoset"}};
     NameScope& scope = ScopeOf(ns);
-    std::string taken = name;
+    std::string const* const given = m_names.Find(path);
+    std::string taken = given != nullptr ? *given : name;
     for (unsigned number = 2;; ++number) {
         bool const isFree =
             std::none_of(std::begin(functions), std::end(functions), [&](auto const& function) {
                 return scope.IsTaken(function[0] + taken + function[1]);
             });
-        if (isFree)
+        if (isFree && (given != nullptr || !m_names.IsGiven(path, taken)))
             break;
         taken = name + std::to_string(number);
     }
     for (auto const& function : functions)
         scope.Reserve(function[0] + taken + function[1]);
+    m_names.Keep(path, taken);
     return taken;
 }
 
@@ -371,7 +392,7 @@ void Mapping::AddDocuments() {
             continue; // what is imported serves as a part
         DocumentPlan plan;
         plan.ns = NamespaceFor(row.ns);
-        plan.name = TakeDocumentName(plan.ns, CamelName(row.name));
+        plan.name = TakeDocumentName(plan.ns, "document " + StepOf(row), CamelName(row.name));
         plan.xmlName = row.name;
         plan.element = element;
         plan.objectClass = ClassOf(row.type);

@@ -3,6 +3,7 @@
 
 #include "schema/diagnostics/Diagnostics.h"
 #include "schema/model/Schema.h"
+#include "schema/naming/NameTable.h"
 #include "schema/naming/Names.h"
 
 #include "zvxmllib/foundation/Enumerations.h"
@@ -76,9 +77,10 @@ struct DocumentPlan {
 class Mapping {
 public:
     // All but `namespaces` are borrowed. `namespaces` gives those of C++ for URIs; others are made from the
-    // URI, or from `stem`. Warns of what a class cannot carry.
+    // URI, or from `stem`. Warns of what a class cannot carry. Names are taken from the table, where they
+    // stand there, and put into it.
     Mapping(Schema const& schema, std::map<std::string, std::string> namespaces, std::string stem,
-            Diagnostics& diagnostics);
+            NameTable& names, Diagnostics& diagnostics);
 
     std::vector<ClassPlan> const& GetClasses() const noexcept {
         return m_classes;
@@ -99,7 +101,7 @@ private:
     void AddNamedTypes();
     void AddElementClasses();
     std::uint32_t AddClass(grammar::TypeId type, std::string const& ns, std::string const& name,
-                           std::string const& xmlName);
+                           std::string const& xmlName, std::string const& path);
     std::uint32_t ClassOf(grammar::TypeId type) const;
     void AddAnonymousClasses(std::uint32_t index);
     void AddProperties(std::uint32_t index);
@@ -107,13 +109,16 @@ private:
     void AddAttributeProperties(std::uint32_t index, NameScope& names);
     void AddContentProperty(std::uint32_t index, NameScope& names);
     bool IsInherited(ClassPlan const& plan, PropertyPlan const& property) const;
-    ValuePlan ValueOf(std::uint32_t type, std::string const& ns, std::string const& owner);
-    std::uint32_t EnumOf(std::uint32_t row, std::string const& ns, std::string const& owner);
-    std::string TakeDocumentName(std::string const& ns, std::string const& name);
+    ValuePlan ValueOf(std::uint32_t type, std::string const& ns, std::string const& owner,
+                      std::string const& ownerPath);
+    std::uint32_t EnumOf(std::uint32_t row, std::string const& ns, std::string const& owner,
+                         std::string const& ownerPath);
+    std::string TakeDocumentName(std::string const& ns, std::string const& path, std::string const& name);
     void AddDocuments();
     void SortClasses();
 
     Schema const& m_schema;
+    NameTable& m_names;
     Diagnostics& m_diagnostics;
     grammar::Grammar const m_grammar;
     grammar::ContentOrders const m_orders;
@@ -122,6 +127,7 @@ private:
     std::string m_home;
     std::map<std::string, NameScope> m_scopes;
     std::vector<ClassPlan> m_classes;
+    std::vector<std::string> m_classPaths; // for the table of names, until the classes are sorted
     std::map<grammar::TypeId, std::uint32_t> m_classOf;
     std::vector<NameScope> m_propertyNames; // by class
     std::vector<bool> m_hasProperties;

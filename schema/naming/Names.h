@@ -28,6 +28,7 @@ class NameScope {
 public:
     // The name, or the first free one of name + separator + 2, 3, ...
     std::string Take(std::string const& name, char const* separator = "");
+    void Release(std::string const& name) { m_taken.erase(name); }
     void Reserve(std::string const& name) { m_taken.insert(name); }
     bool IsTaken(std::string const& name) const { return m_taken.count(name) != 0; }
 

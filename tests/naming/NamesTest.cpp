@@ -3,6 +3,7 @@
 #include "Nasty.h"
 
 #include "schema/emit/CppText.h"
+#include "schema/naming/NameTable.h"
 #include "schema/naming/Names.h"
 #include "schema/naming/ReservedNames.h"
 
@@ -90,6 +91,58 @@ TEST(Names, AreUniqueBesideEachOther) {
     EXPECT_EQ(names.Take("x"), "x");
     EXPECT_EQ(names.Take("X2"), "X22");
     EXPECT_EQ(names.Take("X", "_"), "X_5");
+}
+
+// What generated code was given once, when components join it ahead of the others.
+TEST(NameTable, KeepsNamesWhenTheSchemaGrows) {
+    Diagnostics diagnostics;
+    NameTable table;
+    table.Read("names",
+               "# comment\n\nclass type {urn:a/b}p-q = CPq\r\n"
+               "property type {urn:a/b}p-q/{urn:a/b}x = Size\nvalue type E=\"a = b/\" = AB",
+               diagnostics);
+    EXPECT_FALSE(diagnostics.HasErrors());
+    NameScope classes;
+    EXPECT_EQ(table.Take(classes, "class type {urn:a/b}pq", "CPq"), "CPq2");
+    EXPECT_EQ(table.Take(classes, "class type {urn:a/b}p-q", "CPQ"), "CPq");
+    NameScope properties;
+    EXPECT_EQ(table.Take(properties, "property type {urn:a/b}p-q/@size", "Size"), "Size2");
+    EXPECT_EQ(table.Take(properties, "property type {urn:a/b}p-q/{urn:a/b}x", "X"), "Size");
+    NameScope others; // of another class
+    EXPECT_EQ(table.Take(others, "property type {urn:a/b}pq/@size", "Size"), "Size");
+    NameScope values;
+    EXPECT_EQ(table.Take(values, PathOfValue("type E", "ab"), "AB", "_"), "AB_2");
+    EXPECT_EQ(table.Take(values, PathOfValue("type E", "a = b/"), "ABx", "_"), "AB");
+    EXPECT_EQ(table.Take(values, PathOfValue("type E", "%\n"), "V", "_"), "V");
+    // What it writes says the same.
+    std::string const text = table.Write();
+    NameTable again;
+    again.Read("names", text, diagnostics);
+    EXPECT_FALSE(diagnostics.HasErrors());
+    EXPECT_EQ(again.Write(), text);
+    EXPECT_NE(text.find("\nvalue type E=\"%25%0A\" = V\n"), std::string::npos) << text;
+}
+
+TEST(NameTable, TellsTheLineOfWhatItCannotRead) {
+    struct Row {
+        char const* text;
+        char const* message;
+    };
+    for (Row const& row : {
+             Row{"x\n", "n:1:1: error: this is no line of a table of names: KIND PATH = NAME"},
+             Row{"#\nthing type a = B",
+                 "n:2:1: error: this is no line of a table of names: KIND PATH = NAME"},
+             Row{"class type a = ", "n:1:1: error: [] is no name that C++ leaves free"},
+             Row{"value type a=\"b\" = EOF", "n:1:1: error: [EOF] is no name that C++ leaves free"},
+             Row{"enum type a = a b", "n:1:1: error: [a b] is no name that C++ leaves free"},
+             Row{"class type a = A\nenum type b = A", "n:2:1: error: the name [A] stands twice in its place"},
+             Row{"class type a = A\nclass type a = B", "n:2:1: error: [class type a] has a name already"},
+         }) {
+        Diagnostics diagnostics;
+        NameTable().Read("n", row.text, diagnostics);
+        ASSERT_EQ(diagnostics.GetSorted().size(), 1U) << row.text;
+        EXPECT_EQ(Diagnostics::Format(diagnostics.GetSorted()[0]), row.message);
+    }
 }
 
 TEST(Names, LeaveNothingInCommentsThatCompilersWarnOf) {

@@ -75,6 +75,9 @@ std::vector<Option<GeneratorOptions>> const& OptionTable() {
          [](Options& o, Text const& v) { o.schema.catalogs.push_back(v); }},
         {"--parts", "N", "spread the code over N source files (1)",
          [](Options& o, Text const& v) { o.parts = ParseParts(v); }},
+        {"--names", "FILE", "take names from this table", [](Options& o, Text const& v) { o.namesFile = v; }},
+        {"--lock-names", nullptr, "write all names to that table, so that they stay",
+         [](Options& o, Text const&) { o.locksNames = true; }},
         {"--check", nullptr, "write nothing; status 1 if the files would change",
          [](Options& o, Text const&) { o.checks = true; }},
         {"--list-outputs", nullptr, "write nothing; print the names of the files",
@@ -119,6 +122,8 @@ GeneratorOptions ReadGeneratorOptions(std::vector<std::string> const& arguments)
     options.schema.files = ReadArguments(rest, OptionTable(), options);
     if (options.schema.files.empty())
         throw UsageError("no schema");
+    if (options.locksNames && options.namesFile.empty())
+        throw UsageError("--lock-names needs --names FILE");
     return options;
 }
 

@@ -24,6 +24,8 @@ struct GeneratorOptions {
     bool checks = false;
     std::string dependencyFile;
     std::string dependencyTarget; // empty for the header
+    std::string namesFile;        // empty for none
+    bool locksNames = false;
     std::set<std::string> silenced; // warnings
     std::set<std::string> errors;   // warnings that are errors; an empty name is all
 

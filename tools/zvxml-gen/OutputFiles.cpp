@@ -77,6 +77,19 @@ std::string InFolder(std::string const& folder, std::string const& name) {
     return folder == "." ? name : (std::filesystem::path(folder) / name).string();
 }
 
+void ReadNames(GeneratorOptions const& options, ZvXmlLib16::schema::NameTable& names,
+               ZvXmlLib16::schema::Diagnostics& diagnostics) {
+    std::error_code ignored;
+    if (options.namesFile.empty() ||
+        (options.locksNames && !std::filesystem::exists(options.namesFile, ignored)))
+        return;
+    std::ifstream stream(options.namesFile, std::ios::binary);
+    std::string const text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    if (!stream || std::filesystem::is_directory(options.namesFile, ignored))
+        throw FileError(options.namesFile, "the table of names cannot be read");
+    names.Read(options.namesFile, text, diagnostics);
+}
+
 void WriteFiles(std::vector<EmittedFile> const& files, std::string const& folder) {
     std::error_code failure;
     std::filesystem::create_directories(folder, failure);

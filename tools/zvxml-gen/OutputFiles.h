@@ -1,7 +1,10 @@
 // The files that zvxml-gen writes.
 #pragma once
 
+#include "GeneratorOptions.h"
+
 #include "schema/emit/Emitter.h"
+#include "schema/naming/NameTable.h"
 
 #include <string>
 #include <vector>
@@ -9,6 +12,10 @@
 namespace zvxml {
 
 std::string InFolder(std::string const& folder, std::string const& name);
+
+// Reads the table that --names gives, if any; with --lock-names it need not be there yet. Throws FileError.
+void ReadNames(GeneratorOptions const& options, ZvXmlLib16::schema::NameTable& names,
+               ZvXmlLib16::schema::Diagnostics& diagnostics);
 
 // Makes the folder if need be. Writes all of the files or none; one whose text is the same is left alone.
 // Throws FileError.

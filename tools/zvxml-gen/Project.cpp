@@ -100,7 +100,9 @@ int MakeProject(std::vector<std::string> const& arguments, int (*generate)(Gener
         places.Map(from, file);
     ReadCatalogs(options.schema.catalogs, places, told);
     std::unique_ptr<Schema> const schema = ReadSchemas(options.schema.files, places, told);
-    Mapping const mapping(*schema, options.namespaces, options.Stem(), told);
+    NameTable names;
+    ReadNames(options, names, told);
+    Mapping const mapping(*schema, options.namespaces, options.Stem(), names, told);
     std::string const name = Identifier(std::filesystem::absolute(folder).filename().string());
     WriteFiles(
         {{"CMakeLists.txt", CMakeText(name, options)}, {"main.cpp", MainText(mapping, options.Stem())}},

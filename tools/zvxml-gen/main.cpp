@@ -16,6 +16,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <filesystem>
 #include <new>
 #include <string>
 #include <vector>
@@ -69,14 +70,18 @@ int Generate(GeneratorOptions const& options) {
         Tell(diagnostics, options);
         return kExitFailure;
     }
-    Mapping const mapping(*schema, options.namespaces, options.Stem(), diagnostics);
+    NameTable names;
+    ReadNames(options, names, diagnostics);
+    Mapping const mapping(*schema, options.namespaces, options.Stem(), names, diagnostics);
     if (!Tell(diagnostics, options))
         return kExitFailure;
     if (options.dumpsModel) {
         std::fputs(mapping.Dump().c_str(), stdout);
         return kExitSuccess;
     }
-    std::vector<EmittedFile> const files = Emit(*schema, mapping, options.Stem(), options.parts);
+    std::vector<EmittedFile> files = Emit(*schema, mapping, options.Stem(), options.parts);
+    if (options.locksNames)
+        files.push_back({std::filesystem::absolute(options.namesFile).string(), names.Write()});
     if (options.checks)
         return AreOnDisk(files, options.folder) ? kExitSuccess : kExitFailure;
     WriteFiles(files, options.folder);
