@@ -139,7 +139,10 @@ TEST(ElementCol, KeepsTheNamespaceThatItsElementWasMadeWith) {
         ElementPtr const copy(new CElement("c"));
         *copy = *ElementPtr(new CElement("a", original));
         copy->SetNamespace("v");
-        EXPECT_EQ(copy->GetAttributes()->GetNamespace(), original);
+        ElementPtr const copyOfChanged(new CElement("d", "x"));
+        *copyOfChanged = *copy;
+        for (ElementPtr const& changed : {copy, copyOfChanged})
+            EXPECT_EQ(changed->GetAttributes()->GetNamespace(), original);
     }
 }
 
@@ -168,10 +171,15 @@ TEST(UntypedElement, ClonesAndCopiesWithoutSharing) {
 }
 
 TEST(UntypedElement, RefusesToCloneWhatIsNoLongerAllowed) {
-    ElementPtr const element(new CElement("a", "u"));
-    element->SetNamespace("v");
-    EXPECT_EQ(MessageOf<CZvInvalidNamespaceException>([&] { element->Clone(); }),
-              "Invalid namespace [v]. The namespace must be one of [u] where the target namespace is [].");
+    ElementPtr const made(new CElement("a", "u"));
+    ElementPtr const assigned(new CElement("b"));
+    *assigned = *made;
+    for (ElementPtr const& element : {made, assigned}) {
+        element->SetNamespace("v");
+        EXPECT_EQ(
+            MessageOf<CZvInvalidNamespaceException>([&] { element->Clone(); }),
+            "Invalid namespace [v]. The namespace must be one of [u] where the target namespace is [].");
+    }
 }
 
 TEST(UntypedElement, TestsATreeAgainstARestriction) {

@@ -137,6 +137,23 @@ TEST(AttributeWildcard, AheadOfANamedEntryTakesItsAttribute) {
     }
 }
 
+// For entries of a program's own.
+struct OwnEntry : CAttributeInfoAny {
+    using CAttributeInfo::IsNamespaceValid;
+    using CAttributeInfo::TestNamespace;
+};
+
+TEST(AttributeWildcard, TestsNamespacesForEntriesOfOnesOwn) {
+    for (char const* const ns : {"", "t", "u"}) {
+        bool const isValid = std::string(ns) != "t";
+        EXPECT_EQ(OwnEntry::IsNamespaceValid(ns, "##other", "t"), isValid) << ns;
+        EXPECT_EQ(MessageOf<CZvInvalidNamespaceException>([&] { OwnEntry::TestNamespace(ns, "u", "t"); }),
+                  isValid ? "nothing was thrown"
+                          : "Invalid namespace [" + std::string(ns) +
+                                "]. The namespace must be one of [u] where the target namespace is [t].");
+    }
+}
+
 TEST(AttributeWildcard, IsBoundByTheRuleOfItsCollectionToo) {
     Model model;
     model.attributes = {new CAttributeInfoAny("any", "", 0, true, "##any", "", nullptr)};
