@@ -256,8 +256,11 @@ void Validator::ValidateAttributes(CXmlElement& element, TypeId type) {
     m_idAttributes = 0;
     for (std::size_t i = 0; i < element.GetAttributeCount(); ++i) {
         CXmlAttribute& attribute = *element.GetAttributeAt(i);
-        if (IsInstanceAttribute(attribute))
+        if (IsInstanceAttribute(attribute)) {
+            if (attribute.GetLocalName() != "type" && attribute.GetLocalName() != "nil")
+                ReceiveUndeclared(attribute); // where schemas lie
             continue;
+        }
         if (isAny) {
             std::uint32_t const global =
                 m_grammar.FindAttribute(attribute.GetLocalName(), attribute.GetNamespaceURI());
@@ -284,6 +287,10 @@ void Validator::ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute
         isSeen[i] = true;
         return ValidateAttributeValue(element, attribute, row);
     }
+    // Without its namespace it says nothing.
+    if (m_ignoresNamespaces && ns.empty() &&
+        (name == "schemaLocation" || name == "noNamespaceSchemaLocation"))
+        return;
     if (wildcard == kNone || !m_grammar.Allows(rows.wildcards[wildcard], ns))
         return Fail(attribute, "The attribute " + Quote(name) + " is not allowed here.");
     ProcessContents const process = rows.wildcards[wildcard].processContents;
