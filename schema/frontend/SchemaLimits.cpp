@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 #include <sstream>
+#include <utility>
+#include <vector>
 
 namespace ZvXmlLib16::schema {
 
@@ -37,7 +39,7 @@ public:
         for (auto const& [space, definition] : m_set.GetGlobals()) {
             if (space == Space::kIdentity)
                 continue;
-            Measure(*definition, 0);
+            Measure(*definition);
             if (m_hasFailed)
                 return;
         }
@@ -56,13 +58,76 @@ private:
         m_hasFailed = true;
     }
 
-    // Each definition once, in the order in which the parser comes to them.
-    Size Measure(Definition const& definition, std::size_t level) {
-        auto const [known, isNew] = m_sizes.try_emplace(&definition);
-        if (!isNew)
-            return known->second;
-        Size size;
-        MeasureNode(definition, *definition.node, level, size);
+    // What an element refers to.
+    struct Link {
+        Definition const* target;
+        Reference const* reference;
+    };
+    // A definition in work: its elements that are still to come, and the references of the last one.
+    struct Work {
+        Definition const* definition;
+        std::vector<std::pair<OutlineNode const*, std::size_t>> pending; // with their levels
+        std::vector<Link> links;
+        std::size_t nextLink = 0;
+        std::size_t level = 0; // of the last element
+        Size size{};
+    };
+
+    // Each definition once, in the order in which the parser comes to them. A loop: chains of definitions can
+    // be long.
+    void Measure(Definition const& first) {
+        std::vector<Work> stack;
+        auto const begin = [&](Definition const& definition, std::size_t level) {
+            if (m_sizes.try_emplace(&definition).second)
+                stack.push_back({&definition, {{definition.node, level}}, {}});
+        };
+        begin(first, 0);
+        while (!stack.empty() && !m_hasFailed) {
+            Work& work = stack.back();
+            if (work.nextLink < work.links.size()) {
+                Link const link = work.links[work.nextLink];
+                auto const known = m_sizes.find(link.target);
+                if (known == m_sizes.end()) {
+                    begin(*link.target, work.level + 1);
+                } else {
+                    AddReferred(link, known->second, work.size);
+                    ++work.nextLink;
+                }
+            } else if (!work.pending.empty()) {
+                MeasureNode(work);
+            } else {
+                CheckSize(*work.definition, work.size);
+                m_sizes[work.definition] = work.size;
+                stack.pop_back();
+            }
+        }
+    }
+
+    // The next element of the definition.
+    void MeasureNode(Work& work) {
+        auto const [node, level] = work.pending.back();
+        work.pending.pop_back();
+        work.links.clear();
+        work.nextLink = 0;
+        work.level = level;
+        if (level > kMostLevels)
+            return FailTooDeep(*work.definition, *node);
+        if (node->ns != kSchemaNamespace)
+            return;
+        if (node->name == "element" || node->name == "attribute" || node->name == "any" ||
+            node->name == "anyAttribute")
+            work.size.parts = std::min(work.size.parts + 1, kMostParts + 1);
+        work.links = LinksOf(*work.definition, *node);
+        for (auto child = node->children.rbegin(); child != node->children.rend(); ++child)
+            work.pending.emplace_back(child->get(), level + 1);
+    }
+
+    void FailTooDeep(Definition const& within, OutlineNode const& node) {
+        Fail(within, node,
+             "definitions refer to each other deeper than " + std::to_string(kMostLevels) + " levels");
+    }
+
+    void CheckSize(Definition const& definition, Size const& size) {
         m_parts = std::min(m_parts + size.parts, kMostParts + 1);
         if (m_parts > kMostParts)
             Fail(definition, *definition.node,
@@ -75,45 +140,36 @@ private:
         if (size.substitutions > kMostSubstitutions)
             Fail(definition, *definition.node,
                  "elements stand for each other more than " + std::to_string(kMostSubstitutions) + " times");
-        return known->second = size;
     }
 
-    void MeasureNode(Definition const& within, OutlineNode const& node, std::size_t level, Size& size) {
-        if (level > kMostLevels)
-            Fail(within, node,
-                 "definitions refer to each other deeper than " + std::to_string(kMostLevels) + " levels");
-        if (m_hasFailed || node.ns != kSchemaNamespace)
-            return;
-        if (node.name == "element" || node.name == "attribute" || node.name == "any" ||
-            node.name == "anyAttribute")
-            size.parts = std::min(size.parts + 1, kMostParts + 1);
+    std::vector<Link> LinksOf(Definition const& within, OutlineNode const& node) const {
+        std::vector<Link> links;
         for (Reference const& reference : kReferences) {
             std::string const* const names = node.Find(reference.attribute);
             if (names == nullptr || (reference.element != nullptr && node.name != reference.element))
                 continue;
             std::istringstream words(*names);
-            for (std::string word; words >> word;)
-                Follow(within, node, reference, word, level, size);
+            for (std::string word; words >> word;) {
+                Definition const* target =
+                    m_set.Find(reference.space, m_set.Resolve(*within.document, node, word));
+                if (target == &within)
+                    target = within.redefined;
+                if (target != nullptr)
+                    links.push_back({target, &reference});
+            }
         }
-        for (auto const& child : node.children)
-            MeasureNode(within, *child, level + 1, size);
+        return links;
     }
 
-    void Follow(Definition const& within, OutlineNode const& node, Reference const& reference,
-                std::string const& name, std::size_t level, Size& size) {
-        Definition const* target = m_set.Find(reference.space, m_set.Resolve(*within.document, node, name));
-        if (target == &within)
-            target = within.redefined;
-        if (target == nullptr)
-            return;
-        Size const inner = Measure(*target, level + 1);
-        std::string_view const attribute = reference.attribute;
-        bool const isDerivation = attribute == "base" && !target->node->IsSchema("simpleType");
+    void AddReferred(Link const& link, Size const& inner, Size& size) {
+        std::string_view const attribute = link.reference->attribute;
+        Space const space = link.reference->space;
+        bool const isDerivation = attribute == "base" && !link.target->node->IsSchema("simpleType");
         if (isDerivation)
             size.derivations = std::max(size.derivations, inner.derivations + 1);
         if (attribute == "substitutionGroup")
             size.substitutions = std::max(size.substitutions, inner.substitutions + 1);
-        if (isDerivation || reference.space == Space::kGroup || reference.space == Space::kAttributeGroup)
+        if (isDerivation || space == Space::kGroup || space == Space::kAttributeGroup)
             size.parts = std::min(size.parts + inner.parts, kMostParts + 1);
     }
 

@@ -10,8 +10,10 @@
 #include "zvxmllib/grammar/Validator.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <limits>
 #include <string>
+#include <system_error>
 #include <vector>
 
 using namespace ZvXmlLib16;
@@ -63,17 +65,26 @@ std::string TextOf(std::string const& path, std::string message) {
     return path.empty() ? message : path + ": " + message;
 }
 
-// Whether the document is valid.
+// Whether a file gives its bytes more than once.
+bool CanReadAgain(std::string const& file) {
+    std::error_code unknown;
+    return file != kStandardStream && std::filesystem::is_regular_file(file, unknown);
+}
+
+// Whether the document is valid. Places take memory for each element, so a document whose first failure is
+// enough is read without them, and once more with them if it has one.
 bool ValidateFile(std::string const& file, grammar::Grammar const& grammar, ValidateOptions const& options,
-                  Progress& progress) {
+                  Progress& progress, bool keepsPositions) {
     CSerializationContext ctx;
     ctx.SetStrict(true);
-    ctx.SetKeepPositions(options.tellsAll);
+    ctx.SetKeepPositions(keepsPositions);
     if (options.tellsAll)
         ctx.SetFailureLimit(std::numeric_limits<std::size_t>::max());
     std::string const name = InputName(file);
+    bool hasPositions = keepsPositions;
     try {
         InputDocument const input = ReadDocument(file, ctx, progress);
+        hasPositions = keepsPositions && !input.isFromJson; // those of JSON are of the XML in between
         grammar::Validator validator(grammar, ctx);
         validator.ValidateDocument(*input.document->GetDocumentElement(), options.isLax);
         std::printf("%s: valid\n", name.c_str());
@@ -81,10 +92,16 @@ bool ValidateFile(std::string const& file, grammar::Grammar const& grammar, Vali
     } catch (FileError const& e) {
         PrintFailure(name, 0, 0, std::string(e.what()).substr(name.size() + 2));
     } catch (CZvException const& e) {
+        if (!keepsPositions)
+            return ValidateFile(file, grammar, options, progress, true);
+        auto const print = [&](std::string const& path, std::uint64_t line, std::uint64_t column,
+                               std::string const& message) {
+            PrintFailure(name, hasPositions ? line : 0, column, TextOf(path, message));
+        };
         if (ctx.GetFailures().empty())
-            PrintFailure(name, e.GetLine(), e.GetColumn(), TextOf(e.GetPath(), e.GetFullMessage()));
+            print(e.GetPath(), e.GetLine(), e.GetColumn(), e.GetFullMessage());
         for (CReadFailure const& failure : ctx.GetFailures())
-            PrintFailure(name, failure.line, failure.column, TextOf(failure.path, failure.message));
+            print(failure.path, failure.line, failure.column, failure.message);
     }
     return false;
 }
@@ -97,7 +114,7 @@ std::string ValidateHelp() {
            "Nothing is fetched from a network.\n\n" +
            OptionsHelp(OptionTable()) +
            "\nFor each document there is a line \"FILE: valid\", or on standard error a line with\n"
-           "its first failure and the path of the place.\n"
+           "its first failure, with path, line and column.\n"
            "Exit status: 0 if all are valid, 1 if one is not or cannot be read, 2 for a command\n"
            "line that makes no sense, 3 for a schema that cannot be used.\n";
 }
@@ -113,7 +130,8 @@ int Validate(std::vector<std::string> const& arguments, Progress& progress) {
     grammar::Grammar const grammar(schema->GetRows());
     bool areValid = true;
     for (std::string const& file : files)
-        areValid = ValidateFile(file, grammar, options, progress) && areValid;
+        areValid = ValidateFile(file, grammar, options, progress, options.tellsAll || !CanReadAgain(file)) &&
+                   areValid;
     return areValid ? kExitSuccess : kExitFailure;
 }
 
