@@ -10,7 +10,7 @@ namespace {
 TEST(ZvxmlConvertToJson, GivesEveryNamespaceAnAliasAtTheRoot) {
     ScratchDirectory const scratch;
     for (auto const& row : Vectors("tool.txt", "to JSON: options, input, output")) {
-        ToolResult const result = scratch.Run("convert --to json " + row[0] + " - -", row[1]);
+        ToolResult const result = scratch.Run("convert --lax --to json " + row[0] + " - -", row[1]);
         EXPECT_EQ(result.out, row[2]) << row[1];
         EXPECT_EQ(FaultOfJson(row[2]), "");
         EXPECT_EQ(result.exitCode, 0) << row[1] << '\n' << result.err;
@@ -29,7 +29,8 @@ TEST(ZvxmlConvertToJson, GivesTheElementsAndAttributesOfRealDocuments) {
     ScratchDirectory const scratch;
     for (std::string const& document : RealDocuments()) {
         for (std::string const mode : {"none", "no-namespaces", "full"}) {
-            ToolResult const result = scratch.Run("convert --json " + mode + " '" + document + "' out.json");
+            ToolResult const result =
+                scratch.Run("convert --lax --json " + mode + " '" + document + "' out.json");
             ASSERT_EQ(result.exitCode, 0) << document << '\n' << result.err;
             ASSERT_EQ(FaultOfJson(WithEscapedLineFeeds(scratch.Read("out.json"))).substr(0, 300), "")
                 << document << ' ' << mode;

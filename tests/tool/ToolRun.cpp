@@ -94,16 +94,6 @@ std::vector<std::string> DescribeDocument(std::string const& file, Texts texts) 
     return lines;
 }
 
-bool HasMixedContent(std::string const& file) {
-    CXmlDocument document;
-    document.Load(file.c_str());
-    for (zvxml::TreeWalk walk(document.GetDocumentElement()); walk.Current() != nullptr; walk.Advance())
-        if (walk.Current()->GetFirstElement() != nullptr &&
-            walk.Current()->GetText().find_first_not_of(" \t\n") != std::string::npos)
-            return true;
-    return false;
-}
-
 std::vector<std::string> RealDocuments() {
     std::vector<std::string> files;
     for (char const* directory : {ZV_EXAMPLE_DATA_DIR, ZV_CORPUS_DIR})

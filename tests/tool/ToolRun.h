@@ -41,6 +41,3 @@ std::vector<std::string> DescribeDocument(std::string const& file, Texts texts =
 
 // The documents in examples/data and, where it is there, in the corpus beside the repository.
 std::vector<std::string> RealDocuments();
-
-// True if an element has children and text besides white space.
-bool HasMixedContent(std::string const& file);

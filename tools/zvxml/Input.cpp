@@ -28,6 +28,13 @@ std::unique_ptr<CXmlDocument> MakeDocument(std::string const& file, std::uintmax
     return std::make_unique<CXmlDocument>(&Progress::CountElement, ctx);
 }
 
+// The system's own words for a file that cannot be read.
+void RequireReadable(std::string const& file) {
+    FileHandle const stream(std::fopen(file.c_str(), "rb"), &std::fclose);
+    if (stream == nullptr || (std::filesystem::is_directory(file) && (errno = EISDIR) != 0))
+        throw FileError(file, std::strerror(errno));
+}
+
 CBinaryData ReadAll(std::FILE* stream, std::string const& name) {
     constexpr std::size_t kPiece = std::size_t{1} << 18U;
     CBinaryData bytes;
@@ -84,12 +91,13 @@ InputDocument ReadDocument(std::string const& file, CSerializationContext const&
     if (file == kStandardStream || MayBeJson(file))
         return ReadDocument(file, ReadBytes(file), ctx, progress);
     std::error_code unknown; // of pipes, for instance
+    RequireReadable(file);
     std::uintmax_t const size = std::filesystem::file_size(file, unknown);
     InputDocument input{MakeDocument(file, unknown ? 0 : size, ctx, progress)};
     try {
         input.document->Load(file.c_str());
     } catch (CZvException const& e) {
-        throw FileError(file, e.GetFullMessage());
+        throw FileError(file, e.GetFullMessage(), {e.GetLine(), e.GetColumn()});
     }
     return input;
 }
@@ -106,7 +114,7 @@ InputDocument ReadDocument(std::string const& file, CBinaryData const& bytes,
             input.document->LoadXmlStream(bytes.GetData(), bytes.GetLength());
         }
     } catch (CZvException const& e) {
-        throw FileError(InputName(file), e.GetFullMessage());
+        throw FileError(InputName(file), e.GetFullMessage(), {e.GetLine(), e.GetColumn()});
     }
     return input;
 }

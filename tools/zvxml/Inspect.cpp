@@ -242,8 +242,8 @@ void PrintReport(std::string const& file, CBinaryData const& bytes, Unwrapped co
 } // namespace
 
 std::string InspectHelp() {
-    return "Usage: zvxml inspect [OPTION]... FILE\n"
-           "Tells what FILE is (\"-\" is standard input): the form and the wrapper that were\n"
+    return "Usage: zvxml inspect [OPTION]... [FILE]\n"
+           "Tells what FILE is, or standard input: the form and the wrapper that were\n"
            "recognised, the root element, counts, and the size of the document in each form\n"
            "that can be written. Of a Fast Infoset document it lists the vocabulary, too: the\n"
            "names and texts that can be referred to by their numbers.\n\n" +
@@ -253,9 +253,9 @@ std::string InspectHelp() {
 int Inspect(std::vector<std::string> const& arguments, Progress& progress) {
     InspectOptions options;
     std::vector<std::string> const operands = ReadArguments(arguments, OptionTable(), options);
-    if (operands.size() != 1)
+    if (operands.size() > 1)
         throw UsageError("inspect takes one file");
-    std::string const& file = operands[0];
+    std::string const file = operands.empty() ? kStandardStream : operands[0];
 
     CSerializationContext ctx;
     ctx.GetJsonContext().SetRootElementName(options.jsonRoot.c_str());

@@ -1,6 +1,8 @@
 // The formats that documents are written in, and their file names.
 #include "OutputFormats.h"
 
+#include <algorithm>
+#include <iterator>
 #include <sstream>
 #include <string_view>
 
@@ -38,20 +40,9 @@ CBinaryData ToXmlBytes(CXmlObjectBase& object, WriteOptions const& options,
                               options.compression);
 }
 
-void ToXmlFile(char const* fileName, CXmlObjectBase const& object, WriteOptions const& options,
-               CSerializationContext const& ctx) {
-    object.ToXmlFile(fileName, options.hasDeclaration, options.isPretty, options.encoding, options.eol, ctx,
-                     options.compression);
-}
-
 CBinaryData ToJsonBytes(CXmlObjectBase& object, WriteOptions const& options,
                         CSerializationContext const& ctx) {
     return object.ToJsonStream(options.isPretty, options.encoding, options.eol, ctx, options.compression);
-}
-
-void ToJsonFile(char const* fileName, CXmlObjectBase const& object, WriteOptions const& options,
-                CSerializationContext const& ctx) {
-    object.ToJsonFile(fileName, options.isPretty, options.encoding, options.eol, ctx, options.compression);
 }
 
 // Namespaces are written unchanged.
@@ -66,16 +57,12 @@ CBinaryData ToFastInfosetBytes(CXmlObjectBase& object, WriteOptions const& optio
     return object.ToFastInfosetStream(DeclarationOf(options), ctx, options.compression);
 }
 
-void ToFastInfosetFile(char const* fileName, CXmlObjectBase const& object, WriteOptions const& options,
-                       CSerializationContext const& ctx) {
-    object.ToFastInfosetFile(fileName, DeclarationOf(options), ctx, options.compression);
-}
-
 // The first one is the default for file names without a known extension.
 constexpr OutputFormat kFormats[] = {
-    {"xml", ".xml", "XML text", true, &RequireWritableInXml, &ToXmlBytes, &ToXmlFile},
-    {"json", ".json", "JSON text", false, &RequireWritableInJson, &ToJsonBytes, &ToJsonFile},
-    {"fi", ".fi .finf", "Fast Infoset", false, &RequireNothing, &ToFastInfosetBytes, &ToFastInfosetFile},
+    {Form::kXml, "xml", ".xml .xsd .xsl .xslt .svg .xhtml .rdf .rss .atom .kml .gml .gpx", "XML text", true,
+     &RequireWritableInXml, &ToXmlBytes},
+    {Form::kJson, "json", ".json .geojson", "JSON text", false, &RequireWritableInJson, &ToJsonBytes},
+    {Form::kInfoset, "fi", ".fi .finf", "Fast Infoset", false, &RequireNothing, &ToFastInfosetBytes},
 };
 
 struct CompressionEnding {
@@ -101,6 +88,11 @@ OutputFormat const* FindFormatByName(std::string const& name) {
     return nullptr;
 }
 
+OutputFormat const& FormatOf(Form form) {
+    return *std::find_if(std::begin(kFormats), std::end(kFormats),
+                         [form](OutputFormat const& format) { return format.form == form; });
+}
+
 std::string FormatNames() {
     std::string names;
     for (OutputFormat const& format : kFormats)
@@ -118,6 +110,9 @@ FileForm FormOfFileName(std::string const& fileName) {
             break;
         }
     }
+    std::size_t const dot = name.find_last_of("./");
+    if (dot != std::string_view::npos && name[dot] == '.' && dot != 0 && name[dot - 1] != '/')
+        form.format = nullptr;
     for (OutputFormat const& format : kFormats) {
         std::istringstream endings(format.endings);
         for (std::string ending; endings >> ending;)

@@ -16,7 +16,10 @@ struct WriteOptions {
     ZvXmlLib16::CompressionType compression = ZvXmlLib16::CompressionType_None;
 };
 
+enum class Form { kXml, kJson, kInfoset };
+
 struct OutputFormat {
+    Form form;
     char const* name;    // as --to takes it
     char const* endings; // extensions with their dots, separated by blanks
     char const* title;
@@ -25,20 +28,18 @@ struct OutputFormat {
     void (*requireWritable)(ZvXmlLib16::CSerializationContext const& ctx);
     ZvXmlLib16::CBinaryData (*toBytes)(ZvXmlLib16::CXmlObjectBase& object, WriteOptions const& options,
                                        ZvXmlLib16::CSerializationContext const& ctx);
-    // Any compression but zlib, which has no file form.
-    void (*toFile)(char const* fileName, ZvXmlLib16::CXmlObjectBase const& object,
-                   WriteOptions const& options, ZvXmlLib16::CSerializationContext const& ctx);
 };
 
 // Null if there is no format of this name.
 OutputFormat const* FindFormatByName(std::string const& name);
+OutputFormat const& FormatOf(Form form);
 
 // The names of all formats, separated by ", ".
 std::string FormatNames();
 
 // What the extensions of a file name say: "orders.xml.gz" is XML text in gzip form.
 struct FileForm {
-    OutputFormat const* format; // XML text for an unknown extension
+    OutputFormat const* format; // XML text for a name without one, null for one that is unknown
     ZvXmlLib16::CompressionType compression;
 };
 FileForm FormOfFileName(std::string const& fileName);

@@ -8,6 +8,7 @@ namespace zvxml {
 namespace {
 
 constexpr std::uintmax_t kSmallestShown = std::uintmax_t{32} << 20U; // bytes
+constexpr std::uintmax_t kMegabyte = 1000000;
 constexpr std::uint64_t kElementsBetweenLooks = 16384;
 constexpr std::chrono::milliseconds kBetweenLines{200};
 
@@ -28,6 +29,24 @@ void Progress::StartReading(std::string const& file) {
     Show("reading");
 }
 
+void Progress::StartReading(std::string const& file, std::uintmax_t size) {
+    StartReading(file);
+    m_size = size;
+}
+
+void Progress::Tick(std::uintmax_t bytes) {
+    if (m_isShown && IsTimeToShow())
+        Show(std::to_string(bytes / kMegabyte) + " of " + std::to_string(m_size / kMegabyte) + " MB read");
+}
+
+bool Progress::IsTimeToShow() {
+    auto const now = std::chrono::steady_clock::now();
+    bool const isTime = now - m_lastShown >= kBetweenLines;
+    if (isTime)
+        m_lastShown = now;
+    return isTime;
+}
+
 void Progress::StartStep(char const* step) {
     if (m_isShown)
         Show(std::to_string(m_elements) + " elements read, " + step);
@@ -45,13 +64,8 @@ bool Progress::CountElement(ZvXmlLib16::CXmlElement*) {
     if (s_reading == nullptr)
         return false;
     Progress& progress = *s_reading;
-    if (++progress.m_elements % kElementsBetweenLooks == 0) {
-        auto const now = std::chrono::steady_clock::now();
-        if (now - progress.m_lastShown >= kBetweenLines) {
-            progress.m_lastShown = now;
-            progress.Show(std::to_string(progress.m_elements) + " elements read");
-        }
-    }
+    if (++progress.m_elements % kElementsBetweenLooks == 0 && progress.IsTimeToShow())
+        progress.Show(std::to_string(progress.m_elements) + " elements read");
     return false;
 }
 

@@ -25,6 +25,9 @@ public:
 
     // From here on, CountElement counts for this object.
     void StartReading(std::string const& file);
+    // Instead, Tick tells how much of `size` bytes is read.
+    void StartReading(std::string const& file, std::uintmax_t size);
+    void Tick(std::uintmax_t bytes);
     void StartStep(char const* step);
     // Erases the line.
     void Finish() noexcept;
@@ -33,12 +36,14 @@ public:
     static bool CountElement(ZvXmlLib16::CXmlElement* element);
 
 private:
+    bool IsTimeToShow();
     void Show(std::string const& state) const;
 
     bool m_isWatched;
     bool m_isShown = false;
     std::string m_file;
     std::uint64_t m_elements = 0;
+    std::uintmax_t m_size = 0;
     std::chrono::steady_clock::time_point m_lastShown;
 
     static Progress* s_reading; // the document calls a plain function

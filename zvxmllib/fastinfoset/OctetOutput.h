@@ -11,11 +11,13 @@
 
 namespace ZvXmlLib16 {
 
-// Numbers begin in an octet whose first bits are given as `current`. Bits are counted from 1, the highest.
-class OctetOutput {
+// Numbers begin in an octet whose first bits are given as `current`. Bits are counted from 1, the highest. A
+// sink takes an octet, or an address and a length.
+template <class Sink>
+class BasicOctetOutput {
 public:
     // `sink` is borrowed and outlives the output.
-    explicit OctetOutput(CBinaryStream& sink) noexcept : m_sink(sink) {}
+    explicit BasicOctetOutput(Sink& sink) noexcept : m_sink(sink) {}
 
     void WriteOctet(unsigned octet) { m_sink.Append(static_cast<unsigned char>(octet)); }
 
@@ -99,7 +101,9 @@ private:
         WriteTail<4>(current, static_cast<std::uint32_t>(length - least));
     }
 
-    CBinaryStream& m_sink;
+    Sink& m_sink;
 };
+
+using OctetOutput = BasicOctetOutput<CBinaryStream>;
 
 } // namespace ZvXmlLib16

@@ -1,0 +1,32 @@
+// The receivers that write documents.
+#pragma once
+
+#include "ByteOutput.h"
+#include "Events.h"
+#include "Losses.h"
+#include "Shape.h"
+
+#include <memory>
+#include <string>
+
+namespace zvxml {
+
+enum class DeclarationMode { kNever, kAsRead, kAlways };
+
+// `shape` tells which elements hold elements alone, and may be indented; null for text as it is. All are
+// borrowed.
+std::unique_ptr<Receiver> MakeXmlSink(ByteOutput& output, WriteOptions const& options,
+                                      DeclarationMode declaration, std::string const& indent,
+                                      Shape const* shape, Losses& losses);
+
+// `shape` tells which members are arrays. It is made of a JsonShape, which refuses what JSON has no place
+// for.
+std::unique_ptr<Receiver> MakeJsonSink(ByteOutput& output, WriteOptions const& options,
+                                       ZvXmlLib16::JsonRoundTrip mode, std::string const& indent,
+                                       Shape const& shape);
+
+// Texts and attribute values of fewer octets than `addLength` are written once and then as numbers.
+std::unique_ptr<Receiver> MakeInfosetSink(ByteOutput& output, bool hasDeclaration, std::size_t addLength,
+                                          Losses& losses);
+
+} // namespace zvxml
