@@ -32,16 +32,18 @@ echo "  ..."
 show "$zvxml" validate --schema examples/data/cap-1.2.xsd examples/data/cap-tsunami.xml examples/data/cap-australia.xml
 
 show "$zvxml" inspect "$document"
-show "$zvxml" convert --pretty --indent 2 "$document" "$scratch/invoice.xml"
+show "$zvxml" format --indent 2 "$document" "$scratch/invoice.xml"
 echo "The first lines of it:"
 sed -n '1,12p' "$scratch/invoice.xml"
 show "$zvxml" convert "$scratch/invoice.xml" "$scratch/invoice.xml.gz"
-show "$zvxml" convert --pretty --indent 2 "$scratch/invoice.xml.gz" "$scratch/again.xml"
+show "$zvxml" convert --indent 2 --declaration "$scratch/invoice.xml.gz" "$scratch/again.xml"
 show cmp "$scratch/invoice.xml" "$scratch/again.xml"
 echo "The document that went through gzip is the same, byte for byte."
-show "$zvxml" convert --pretty --indent 2 "$document" "$scratch/invoice.json"
+show "$zvxml" convert --keep-going --indent 2 "$document" "$scratch/invoice.json"
 echo "The first lines of it:"
 sed -n '1,12p' "$scratch/invoice.json"
+show "$zvxml" same "$document" "$scratch/invoice.json"
+echo "Both hold the same elements, attributes and texts."
 
 alert=$root/build/release/examples/example_cap_alert
 echo
