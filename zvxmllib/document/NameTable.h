@@ -41,6 +41,11 @@ struct XmlName {
 // document uses one of the two.
 class NameTable {
 public:
+    // For tables of names: nobody can prepare texts that share a bucket.
+    struct TextHash {
+        std::size_t operator()(std::string_view text) const noexcept { return Hash(text); }
+    };
+
     explicit NameTable(XmlTree& tree);
 
     // With `splitNamespace` the local text of the name is split at its separator.
@@ -57,10 +62,6 @@ public:
     XmlName* FindByParts(std::string const* uri, std::string const* localName);
 
 private:
-    struct TextHash {
-        std::size_t operator()(std::string_view text) const noexcept { return Hash(text); }
-    };
-
     static std::uint64_t Hash(std::string_view text) noexcept;
     XmlName& Insert(std::string const* uri, std::string const* localName, std::uint64_t hash);
     XmlName* Add(std::string_view parserName, std::uint64_t hash, bool splitNamespace);

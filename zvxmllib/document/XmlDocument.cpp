@@ -3,6 +3,7 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/ExpatReader.h"
 #include "zvxmllib/document/Failures.h"
+#include "zvxmllib/document/PlainXmlReader.h"
 #include "zvxmllib/document/XmlTree.h"
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/platform/File.h"
@@ -19,6 +20,12 @@ namespace ZvXmlLib16 {
 namespace {
 
 CInstanceMonitor::Registration s_registration("CXmlDocument");
+
+#ifdef ZVXMLLIB_NO_PLAIN_READER
+constexpr bool kReadsPlainXml = false;
+#else
+constexpr bool kReadsPlainXml = true;
+#endif
 
 std::unique_ptr<unsigned char[]> NewBuffer(std::size_t length) {
     return std::unique_ptr<unsigned char[]>(new unsigned char[length]);
@@ -146,8 +153,10 @@ void CXmlDocument::Parse(unsigned char const* data, std::size_t length) {
 }
 
 void CXmlDocument::ParseText(unsigned char const* data, std::size_t length) {
+    CExpatReader reader(*this); // counted, whoever reads
+    if (kReadsPlainXml && PlainXmlReader::Fill(*this, {reinterpret_cast<char const*>(data), length}))
+        return;
     MakeTree();
-    CExpatReader reader(*this);
     reader.Init();
     reader.Parse(data, length, true);
 }

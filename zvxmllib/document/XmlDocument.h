@@ -83,6 +83,7 @@ private:
     friend class CFastInfosetReader;
     friend class CJsonTreeWriter;
     friend class JsonInput;
+    friend class PlainXmlReader;
 
     // The whole file. With `toEnd`, also one that has no size, such as a pipe, which is empty otherwise.
     static std::unique_ptr<unsigned char[]> ReadFile(char const* fileName, std::size_t& length, bool toEnd);

@@ -44,6 +44,12 @@ void XmlTree::SettleCounts() noexcept {
     m_createdElements = m_endedElements = m_createdAttributes = m_endedAttributes = 0;
 }
 
+void XmlTree::ForgetCounts() noexcept {
+    m_liveElements -= m_createdElements;
+    m_liveAttributes -= m_createdAttributes;
+    m_createdElements = m_createdAttributes = 0;
+}
+
 CXmlElement* XmlTree::AddElement(XmlName const* name) {
     CXmlElement* parent = nullptr;
     if (m_open.empty()) {

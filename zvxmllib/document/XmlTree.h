@@ -104,6 +104,8 @@ public:
 
     // Brings the counts of live and created instances up to date.
     void SettleCounts() noexcept;
+    // As if nothing had been added since the counts were settled last. The tree can only be dropped then.
+    void ForgetCounts() noexcept;
 
     // The text, which belongs to `element`, as a string that the tree keeps.
     std::string const& KeepAsString(NodeText& text, CXmlElement const& element);

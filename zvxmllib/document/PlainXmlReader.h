@@ -1,0 +1,87 @@
+// PlainXmlReader, which reads plain XML text without the parser.
+#pragma once
+
+#include "zvxmllib/document/PlainNames.h"
+#include "zvxmllib/foundation/Forward.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ZvXmlLib16::detail {
+class PrefixScopes;
+class XmlTree;
+} // namespace ZvXmlLib16::detail
+
+namespace ZvXmlLib16 {
+
+// Builds the tree that the XML parser would have made, in one pass over the text. Whatever it is not certain
+// about it leaves to the parser, and with it every failure: it never says that a document is wrong. It knows
+// UTF-8 with a version, elements and attributes with names of ASCII letters, declarations of namespaces,
+// text, references to characters and to the five entities of XML, CDATA sections, comments and processing
+// instructions. docs/performance.md says why the result is the same.
+class PlainXmlReader {
+public:
+    // Fills the document, which is empty, by its context. Returns false, and leaves it empty, if the text,
+    // the context or a callback needs the parser. Throws std::bad_alloc alone.
+    static bool Fill(CXmlDocument& document, std::string_view xml);
+
+private:
+    struct OpenElement {
+        detail::PlainName const* name;
+        detail::PlainScopes::Place outside;
+    };
+    struct Attribute {
+        detail::PlainName* name;
+        std::string_view value; // of the input
+        std::size_t kept;       // where the value is in m_values otherwise
+        std::size_t keptLength;
+        detail::XmlName const* known;
+    };
+
+    PlainXmlReader(CXmlDocument& document, std::string_view xml);
+
+    static bool IsFor(CXmlDocument const& document, std::string_view xml);
+    bool Read();
+
+    // Each of these reads one thing from `at` on and returns where it ends, null if the parser is needed.
+    char const* ReadDeclaration(char const* at) const;
+    char const* ReadSurroundings(char const* at) const; // of the root: space, comments, instructions
+    bool ReadContent(char const* at);
+    char const* ReadMarkup(char const* at);
+    char const* ReadStartTag(char const* at);
+    char const* ReadAttributes(char const* at);
+    char const* ReadValue(char const* at, char quote, Attribute& attribute);
+    char const* ReadMixedValue(char const* begin, char const* at, char quote, Attribute& attribute);
+    char const* ReadEndTag(char const* at);
+    char const* ReadText(char const* at);
+    char const* ReadMixedText(char const* begin, char const* at);
+    char const* ReadCData(char const* at);
+    char const* ReadComment(char const* at) const;
+    char const* ReadInstruction(char const* at) const;
+    char const* SkipSpace(char const* at) const noexcept;
+
+    bool StartElement(detail::PlainName& name);
+    bool Declare(detail::PlainScopes::Place const& outside, Attribute const& attribute);
+    bool FindAttributeNames();
+    void EndElement();
+    std::string_view ValueOf(Attribute const& attribute) const noexcept;
+    void AppendText(std::string_view text);
+    void AppendLines(std::string_view text);
+
+    CXmlDocument& m_doc;
+    detail::XmlTree& m_tree;
+    detail::PrefixScopes* m_prefixScopes = nullptr; // null where nothing is strict
+    char const* const m_begin;
+    char const* const m_end;
+    bool const m_isStrict;
+    detail::PlainNameList m_elementNames;
+    detail::PlainNameList m_attributeNames;
+    detail::PlainScopes m_scopes;
+    std::vector<OpenElement> m_open;
+    std::vector<Attribute> m_attributes; // of the current start tag
+    std::string m_values;                // of these, where they are not in the input as they are
+};
+
+} // namespace ZvXmlLib16
