@@ -383,13 +383,20 @@ std::string Mapping::TakeDocumentName(std::string const& ns, std::string const& 
     return taken;
 }
 
+// What is imported serves as a part.
+bool Mapping::IsDocument(std::uint32_t element) const {
+    auto const has = [](auto const& list, auto const& item) {
+        return std::find(list.begin(), list.end(), item) != list.end();
+    };
+    return m_schema.documentElements ? has(*m_schema.documentElements, element)
+                                     : has(m_schema.targetNamespaces, m_schema.elements[element].ns);
+}
+
 void Mapping::AddDocuments() {
     for (std::uint32_t const element : m_schema.globalElements) {
         ElementRow const& row = m_schema.elements[element];
-        bool const isOfUser = std::find(m_schema.targetNamespaces.begin(), m_schema.targetNamespaces.end(),
-                                        row.ns) != m_schema.targetNamespaces.end();
-        if (row.isAbstract || !isOfUser)
-            continue; // what is imported serves as a part
+        if (row.isAbstract || !IsDocument(element))
+            continue;
         DocumentPlan plan;
         plan.ns = NamespaceFor(row.ns);
         plan.name = TakeDocumentName(plan.ns, "document " + StepOf(row), CamelName(row.name));

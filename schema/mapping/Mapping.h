@@ -114,6 +114,7 @@ private:
     std::uint32_t EnumOf(std::uint32_t row, std::string const& ns, std::string const& owner,
                          std::string const& ownerPath);
     std::string TakeDocumentName(std::string const& ns, std::string const& path, std::string const& name);
+    bool IsDocument(std::uint32_t element) const;
     void AddDocuments();
     void SortClasses();
 

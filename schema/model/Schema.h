@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -62,6 +63,8 @@ public:
     std::vector<std::string> targetNamespaces; // of the schemas of the user
     std::vector<std::uint32_t> globalElements; // in the order of the source
     std::vector<grammar::TypeId> globalTypes;
+    // Global elements that documents begin with; without a list those of `targetNamespaces`.
+    std::optional<std::vector<std::uint32_t>> documentElements;
 
 private:
     std::deque<std::string> m_kept;

@@ -66,6 +66,10 @@ public:
             m_grammar = std::make_unique<grammar::Grammar>(m_schema->GetRows());
     }
 
+    // Borrowed.
+    explicit Schemas(schema::Schema const& resolved)
+        : m_grammar(std::make_unique<grammar::Grammar>(resolved.GetRows())) {}
+
     // Errors and warnings, one a line.
     std::string const& Told() const { return m_told; }
     bool AreUsable() const { return m_grammar != nullptr; }

@@ -61,33 +61,36 @@ std::vector<Option<GeneratorOptions>> const& OptionTable() {
          [](Options& o, Text const& v) { o.folder = v; }},
         {"--name", "STEM", "the name of the files (that of the first schema)",
          [](Options& o, Text const& v) { o.name = v; }},
-        {"--namespace", "URI=a::b", "\nthe C++ namespace for that of a schema",
+        {"--namespace", "URI=a::b", "the C++ namespace for that of a schema",
          [](Options& o, Text const& v) {
              auto const [uri, name] = SplitAtEquals("--namespace", v);
              if (!IsNamespace(name))
                  throw UsageError("--namespace: '" + name + "' is no free name for a namespace of C++");
              o.namespaces[uri] = name;
          }},
-        {"--location", "FROM=FILE",
-         "\nwhere the schema FROM lies: a URI, a location as a schema\nnames it, or a namespace",
+        {"--location", "FROM=FILE", "where a schema lies: FROM is a URI or its namespace",
          [](Options& o, Text const& v) { o.schema.AddLocation(v); }},
         {"--catalog", "FILE", "an OASIS XML catalog that says where schemas lie",
          [](Options& o, Text const& v) { o.schema.catalogs.push_back(v); }},
+        {"--only", "NAME...", "these global elements and types, with what they need",
+         [](Options& o, Text const& v) { o.only.push_back(v); }},
         {"--parts", "N", "spread the code over N source files (1)",
          [](Options& o, Text const& v) { o.parts = ParseParts(v); }},
         {"--names", "FILE", "take names from this table", [](Options& o, Text const& v) { o.namesFile = v; }},
         {"--lock-names", nullptr, "write all names to that table, so that they stay",
          [](Options& o, Text const&) { o.locksNames = true; }},
-        {"--check", nullptr, "write nothing; status 1 if the files would change",
+        {"--check", nullptr, "write nothing; status 1 if files would change",
          [](Options& o, Text const&) { o.checks = true; }},
         {"--list-outputs", nullptr, "write nothing; print the names of the files",
          [](Options& o, Text const&) { o.listsOutputs = true; }},
         {"--dump-model", nullptr, "write nothing; print what becomes of the schema",
          [](Options& o, Text const&) { o.dumpsModel = true; }},
-        {"--depfile", "FILE", "write the schemas that were read, for make and ninja",
+        {"--depfile", "FILE", "write what was read, for make and ninja",
          [](Options& o, Text const& v) { o.dependencyFile = v; }},
-        {"--depfile-target", "FILE", "\nwhat depends on them, in place of the header",
+        {"--depfile-target", "FILE", "what depends on it (the header)",
          [](Options& o, Text const& v) { o.dependencyTarget = v; }},
+        {"--sample", "DOCUMENT", "new: the document that the project begins with",
+         [](Options& o, Text const& v) { o.sample = v; }},
     };
     return table;
 }
@@ -105,6 +108,13 @@ bool TakeWarningOption(std::string const& argument, GeneratorOptions& options) {
     return true;
 }
 
+// Whether it can be one more name behind --only, and not a schema.
+bool IsMoreOnly(std::string const& argument) {
+    std::error_code ignored;
+    return argument[0] == '{' || (argument[0] != '-' && argument.find_first_of("./\\") == std::string::npos &&
+                                  !std::filesystem::exists(argument, ignored));
+}
+
 } // namespace
 
 std::string GeneratorOptions::Stem() const {
@@ -115,9 +125,15 @@ std::string GeneratorOptions::Stem() const {
 GeneratorOptions ReadGeneratorOptions(std::vector<std::string> const& arguments) {
     GeneratorOptions options;
     std::vector<std::string> rest;
-    for (std::string const& argument : arguments) {
-        if (!TakeWarningOption(argument, options))
-            rest.push_back(argument);
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        bool const isOnly = arguments[i].compare(0, 6, "--only") == 0;
+        if (!TakeWarningOption(arguments[i], options))
+            rest.push_back(arguments[i]);
+        if (arguments[i] == "--only" && i + 1 < arguments.size())
+            rest.push_back(arguments[++i]);
+        while (isOnly && i + 1 < arguments.size() && !arguments[i + 1].empty() &&
+               IsMoreOnly(arguments[i + 1]))
+            rest.push_back("--only=" + arguments[++i]);
     }
     options.schema.files = ReadArguments(rest, OptionTable(), options);
     if (options.schema.files.empty())
@@ -130,13 +146,10 @@ GeneratorOptions ReadGeneratorOptions(std::vector<std::string> const& arguments)
 std::string GeneratorHelp() {
     return "Usage: zvxml-gen [OPTION]... SCHEMA...\n"
            "       zvxml-gen new DIR [OPTION]... SCHEMA...\n"
-           "Makes C++ classes from XML schemas: STEM.h, STEM-fwd.h and STEM-1.cpp. With `new` a\n"
-           "project that builds and runs. Nothing is fetched from a network.\n\n" +
+           "Makes C++ classes of XML schemas; with `new` a project that builds and runs.\n" +
            OptionsHelp(OptionTable()) +
-           "  -Werror[=NAME]   warnings, or those of this name, are errors\n"
-           "  -Wno-NAME        no warnings of this name\n"
-           "\nExit status: 0 for success, 1 for a schema that cannot be used, 2 for a command line that\n"
-           "makes no sense, 3 for a file that cannot be written.\n";
+           "  -Werror[=NAME], -Wno-NAME   warnings as errors, or left out\n"
+           "Status: 0, 1 for a bad schema, 2 for a bad command line, 3 for files that fail.\n";
 }
 
 } // namespace zvxml

@@ -18,6 +18,7 @@ struct GeneratorOptions {
     std::string folder = ".";
     std::string name; // of the files; empty for that of the first schema
     std::map<std::string, std::string> namespaces;
+    std::vector<std::string> only; // global elements and types; empty for all
     unsigned parts = 1;
     bool listsOutputs = false;
     bool dumpsModel = false;
@@ -26,6 +27,7 @@ struct GeneratorOptions {
     std::string dependencyTarget; // empty for the header
     std::string namesFile;        // empty for none
     bool locksNames = false;
+    std::string sample;             // a document for a new project; empty for none
     std::set<std::string> silenced; // warnings
     std::set<std::string> errors;   // warnings that are errors; an empty name is all
 

@@ -23,11 +23,12 @@ bool HasText(std::string const& path, std::string const& text) {
 }
 
 void WriteText(std::string const& path, std::string const& text) {
+    errno = 0;
     std::ofstream stream(path, std::ios::binary | std::ios::trunc);
     stream << text;
     stream.close();
     if (!stream)
-        throw FileError(path, std::strerror(errno));
+        throw FileError(path, errno == 0 ? "cannot be written" : std::strerror(errno));
 }
 
 // Files that are to take the places of others, or to go.
@@ -40,8 +41,14 @@ public:
         std::error_code ignored;
         for (auto const& [path, target] : m_files)
             std::filesystem::remove(path, ignored);
+        for (auto folder = m_folders.rbegin(); folder != m_folders.rend(); ++folder)
+            std::filesystem::remove(*folder, ignored); // those that are empty
     }
     void Add(std::string const& target, std::string const& text) {
+        MakeFolder(std::filesystem::path(target).parent_path());
+        std::error_code ignored;
+        if (std::filesystem::is_directory(target, ignored))
+            throw FileError(target, "is a folder");
         m_files.emplace_back(target + ".new", target);
         WriteText(m_files.back().first, text);
     }
@@ -53,10 +60,23 @@ public:
                 throw FileError(target, failure.message());
         }
         m_files.clear();
+        m_folders.clear();
     }
 
 private:
+    void MakeFolder(std::filesystem::path const& folder) {
+        std::error_code failure;
+        if (folder.empty() || std::filesystem::is_directory(folder, failure))
+            return;
+        MakeFolder(folder.parent_path());
+        if (std::filesystem::create_directory(folder, failure))
+            m_folders.push_back(folder);
+        if (failure)
+            throw FileError(folder.string(), failure.message());
+    }
+
     std::vector<std::pair<std::string, std::string>> m_files;
+    std::vector<std::filesystem::path> m_folders;
 };
 
 std::string EscapeForMake(std::string const& path) {
@@ -91,10 +111,6 @@ void ReadNames(GeneratorOptions const& options, ZvXmlLib16::schema::NameTable& n
 }
 
 void WriteFiles(std::vector<EmittedFile> const& files, std::string const& folder) {
-    std::error_code failure;
-    std::filesystem::create_directories(folder, failure);
-    if (failure)
-        throw FileError(folder, failure.message());
     NewFiles changed;
     for (EmittedFile const& file : files) {
         std::string const path = InFolder(folder, file.name);

@@ -1,116 +1,212 @@
 #include "Project.h"
 
+#include "Compilation.h"
 #include "Errors.h"
 #include "OutputFiles.h"
 
-#include "schema/emit/CppText.h"
-#include "schema/emit/Emitter.h"
-#include "schema/frontend/SchemaReader.h"
-#include "schema/mapping/Mapping.h"
+#include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/generated/Documents.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <system_error>
 
 using namespace ZvXmlLib16::schema;
+namespace generated = ZvXmlLib16::generated;
+using ZvXmlLib16::grammar::kNone;
 
 namespace zvxml {
 
 namespace {
 
-std::string CMakeText(std::string const& name, GeneratorOptions const& options) {
+// The text with what stands for each $name$.
+std::string Fill(std::string text, std::vector<std::pair<std::string, std::string>> const& values) {
+    for (auto const& [name, value] : values) {
+        std::string const mark = "$" + name + "$";
+        for (std::size_t at = 0; (at = text.find(mark, at)) != std::string::npos; at += value.size())
+            text.replace(at, mark.size(), value);
+    }
+    return text;
+}
+
+// CMake keeps some names of targets for itself.
+std::string TargetName(std::filesystem::path const& folder) {
+    std::filesystem::path const whole = std::filesystem::absolute(folder).lexically_normal();
+    std::string name = (whole.has_filename() ? whole : whole.parent_path()).filename().string();
+    for (char& c : name) {
+        bool const isPlain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+        if (!isPlain && c != '-' && c != '_')
+            c = '_';
+    }
+    constexpr char const* kTaken[] = {"",     "all",       "ALL_BUILD",  "clean",         "edit_cache",
+                                      "help", "install",   "INSTALL",    "rebuild_cache", "package",
+                                      "test", "RUN_TESTS", "preinstall", "ZERO_CHECK",    "zvxmllib"};
+    bool const isTaken = std::find(std::begin(kTaken), std::end(kTaken), name) != std::end(kTaken);
+    return isTaken || name[0] == '-' ? "program" + name : name;
+}
+
+std::string CMakeText(std::string const& target, GeneratorOptions const& options) {
     std::string sources;
     for (std::string const& output : OutputNames(options.Stem(), options.parts))
-        sources += " generated/" + output;
-    return "cmake_minimum_required(VERSION 3.23)\nproject(" + name +
-           " LANGUAGES CXX)\n\nif(NOT CMAKE_BUILD_TYPE)\n    set(CMAKE_BUILD_TYPE Release)\nendif()\n"
-           "find_package(zvxmllib REQUIRED)\n\n"
-           "# The classes in generated/ were made by zvxml-gen; make them anew when the schema changes.\n"
-           "add_executable(" +
-           name + " main.cpp" + sources + ")\ntarget_include_directories(" + name +
-           " PRIVATE generated)\ntarget_link_libraries(" + name + " PRIVATE zvxmllib::generated)\n";
+        sources += "\n    \"generated/" + output + "\"";
+    return Fill(R"(cmake_minimum_required(VERSION 3.23)
+project($target$ LANGUAGES CXX)
+
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE Release)
+endif()
+find_package(zvxmllib REQUIRED)
+
+# zvxml-gen made the classes in generated/; make them anew when the schema changes.
+add_executable($target$ main.cpp$sources$)
+target_include_directories($target$ PRIVATE generated)
+target_link_libraries($target$ PRIVATE zvxmllib::generated)
+)",
+                {{"target", target}, {"sources", sources}});
 }
 
-std::string ClassOf(Mapping const& mapping, DocumentPlan const& document) {
-    if (document.objectClass == ZvXmlLib16::grammar::kNone)
-        return "ZvXmlLib16::generated::CTypedObject";
-    ClassPlan const& plan = mapping.GetClasses()[document.objectClass];
-    return plan.ns + "::" + plan.name;
-}
+constexpr char const* kMain = R"(// Reads a document, prints what it holds, and writes it again.
+#include "$stem$.h"
 
-// Tries each kind of document that the schema has.
-std::string MainText(Mapping const& mapping, std::string const& stem) {
-    std::string text =
-        "// Reads a document, prints what it holds, and writes it back.\n#include \"" + stem +
-        ".h\"\n\n#include <cstdio>\n#include <iostream>\n#include <string>\n\nnamespace {\n\n"
-        "void Print(ZvXmlLib16::generated::CTypedObject const& object, std::string const& indent) {\n"
-        "    for (auto const& attribute : object.AllAttributes())\n"
-        "        std::cout << indent << '@' << (attribute.row != nullptr ? attribute.row->name : "
-        "attribute.name.c_str()) << \" = \" << attribute.value << '\\n';\n"
-        "    for (std::size_t i = 0; i < object.ContentNodes().size(); ++i) {\n"
-        "        auto const& node = object.ContentNodes()[i];\n"
-        "        auto const* const child = object.ChildAt(i);\n"
-        "        std::cout << indent << object.NameAt(i);\n"
-        "        if (child == nullptr) {\n            std::cout << \" = \" << node.text << '\\n';\n"
-        "            continue;\n        }\n        std::cout << '\\n';\n"
-        "        Print(*child, indent + \"  \");\n    }\n"
-        "    if (!object.ContentText().empty())\n        std::cout << indent << object.ContentText() << "
-        "'\\n';\n}\n\n"
-        "} // namespace\n\nint main(int argc, char** argv) {\n"
-        "    if (argc < 2) {\n        std::cerr << \"Usage: \" << argv[0] << \" DOCUMENT [OUTPUT]\\n\";\n"
-        "        return 2;\n    }\n    try {\n"
-        "        auto const object = ZvXmlLib16::generated::ReadFile(" +
-        mapping.GetHomeNamespace() + "::" + Identifier(stem) +
-        "Schema(),\n            ZvXmlLib16::grammar::kNone, argv[1], "
-        "ZvXmlLib16::generated::StrictContext());\n";
-    for (DocumentPlan const& document : mapping.GetDocuments()) {
-        if (document.objectClass == ZvXmlLib16::grammar::kNone)
+#include <iostream>
+#include <string>
+
+namespace {
+
+void Print(ZvXmlLib16::generated::CTypedObject const& object, std::string const& indent) {
+    for (auto const& attribute : object.AllAttributes())
+        std::cout << indent << '@' << (attribute.row != nullptr ? attribute.row->name : attribute.name.c_str())
+                  << " = " << attribute.value << '\n';
+    for (std::size_t i = 0; i < object.ContentNodes().size(); ++i) {
+        auto const* const child = object.ChildAt(i);
+        std::cout << indent << object.NameAt(i);
+        if (child == nullptr) {
+            std::cout << " = " << object.ContentNodes()[i].text << '\n';
             continue;
-        text += "        // " + document.ns + "::Read" + document.name + " gives " +
-                ClassOf(mapping, document) + " for <" + document.xmlName + ">.\n";
-        break;
+        }
+        std::cout << '\n';
+        Print(*child, indent + "  ");
     }
-    return text +
-           "        Print(*object, \"\");\n        if (argc > 2)\n"
-           "            object->ToXmlFile(argv[2], true, false, ZvXmlLib16::XmlEncoding_UTF8, "
-           "ZvXmlLib16::EOLType_LF,\n"
-           "                ZvXmlLib16::generated::StrictContext(), ZvXmlLib16::CompressionType_None);\n"
-           "        return 0;\n"
-           "    } catch (ZvXmlLib16::CZvException const& e) {\n        std::cerr << argv[1] << \": \" << "
-           "e.GetFullMessage() << '\\n';\n        return 1;\n    }\n}\n";
+    if (!object.ContentText().empty())
+        std::cout << indent << object.ContentText() << '\n';
 }
 
 } // namespace
 
-int MakeProject(std::vector<std::string> const& arguments, int (*generate)(GeneratorOptions const& options)) {
+int main(int argc, char** argv) {
+    if (argc < 2) {
+        std::cerr << "Usage: " << argv[0] << " DOCUMENT [OUTPUT]\n";
+        return 2;
+    }
+    std::string const file = argv[1];
+    // The ending decides on the format: .json, .fi, or XML.
+    std::string const output = argc > 2 ? argv[2] : "copy-of-" + file.substr(file.find_last_of("/\\") + 1);
+    try {
+        $read$
+        Print(*document, "");
+        $write$
+        std::cout << "Written to " << output << '\n';
+        return 0;
+    } catch (ZvXmlLib16::CZvException const& e) {
+        std::cerr << file << ": " << e.GetFullMessage() << '\n';
+        return 1;
+    }
+}
+)";
+
+// For documents of one kind, or of all that the schema has.
+std::string MainText(Mapping const& mapping, std::string const& stem, DocumentPlan const* document) {
+    std::string read = "auto const document = ZvXmlLib16::generated::ReadFile(" + mapping.GetHomeNamespace() +
+                       "::" + Identifier(stem) +
+                       "Schema(),\n            ZvXmlLib16::grammar::kNone, file, "
+                       "ZvXmlLib16::generated::StrictContext());";
+    std::string write = "ZvXmlLib16::generated::WriteFile(*document, document->DeclarationId(), output,\n"
+                        "            ZvXmlLib16::generated::StrictContext());";
+    if (document != nullptr) {
+        read = "auto const document = " + document->ns + "::Read" + document->name + "(file);";
+        write = document->ns + "::Write" + document->name + "(*document, output);";
+        if (document->objectClass != kNone) {
+            ClassPlan const& plan = mapping.GetClasses()[document->objectClass];
+            read = "ZvXmlLib16::CSmartPtr<" + plan.ns + "::" + plan.name + "> const" + read.substr(10);
+        }
+    }
+    return Fill(kMain, {{"stem", stem}, {"read", read}, {"write", write}});
+}
+
+std::string ReadSample(std::string const& file) {
+    std::ifstream stream(file, std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    std::error_code ignored;
+    if (!stream || std::filesystem::is_directory(file, ignored))
+        throw FileError(file, "the sample cannot be read");
+    return bytes;
+}
+
+// The element that the sample is, which has to be valid.
+std::uint32_t RootOf(Schema const& schema, std::string const& file, std::string const& bytes) {
+    try {
+        generated::BoundSchema const bound(schema.GetRows());
+        return generated::ReadBytes(bound, kNone, reinterpret_cast<unsigned char const*>(bytes.data()),
+                                    bytes.size(), generated::StrictContext())
+            ->DeclarationId();
+    } catch (ZvXmlLib16::CZvException const& e) {
+        throw FileError(file, e.GetFullMessage());
+    }
+}
+
+// What main.cpp reads: the sample's kind, or the only one; null for all kinds.
+DocumentPlan const* FindDocument(Mapping const& mapping, std::uint32_t root) {
+    std::vector<DocumentPlan> const& documents = mapping.GetDocuments();
+    auto const found = std::find_if(documents.begin(), documents.end(), [root](DocumentPlan const& document) {
+        return document.element == root;
+    });
+    if (found != documents.end())
+        return &*found;
+    return root == kNone && documents.size() == 1 ? &documents.front() : nullptr;
+}
+
+} // namespace
+
+int MakeProject(std::vector<std::string> const& arguments) {
     if (arguments.empty() || arguments[0].empty() || arguments[0][0] == '-')
         throw UsageError("new takes a folder and a schema");
-    std::filesystem::path const folder(arguments[0]);
+    std::string const folder = arguments[0];
     std::error_code failure;
-    if (std::filesystem::exists(folder, failure) && !std::filesystem::is_empty(folder, failure))
-        throw FileError(folder.string(), "the folder is not empty");
-    GeneratorOptions options = ReadGeneratorOptions({arguments.begin() + 1, arguments.end()});
-    options.folder = (folder / "generated").string();
-    int const status = generate(options);
-    if (status != kExitSuccess)
-        return status;
-    Diagnostics told;
-    SchemaFiles places;
-    for (auto const& [from, file] : options.schema.locations)
-        places.Map(from, file);
-    ReadCatalogs(options.schema.catalogs, places, told);
-    std::unique_ptr<Schema> const schema = ReadSchemas(options.schema.files, places, told);
-    NameTable names;
-    ReadNames(options, names, told);
-    Mapping const mapping(*schema, options.namespaces, options.Stem(), names, told);
-    std::string const name = Identifier(std::filesystem::absolute(folder).filename().string());
-    WriteFiles(
-        {{"CMakeLists.txt", CMakeText(name, options)}, {"main.cpp", MainText(mapping, options.Stem())}},
-        folder.string());
+    if (std::filesystem::exists(folder, failure) &&
+        !(std::filesystem::is_directory(folder) && std::filesystem::is_empty(folder)))
+        throw FileError(folder,
+                        std::filesystem::is_directory(folder) ? "the folder is not empty" : "is no folder");
+    GeneratorOptions const options = ReadGeneratorOptions({arguments.begin() + 1, arguments.end()});
+    if (options.folder != "." || options.checks || options.listsOutputs || options.dumpsModel)
+        throw UsageError("new takes no --out, --check, --list-outputs or --dump-model");
+    Compilation compilation;
+    if (!Compile(options, compilation))
+        return kExitFailure;
+    std::vector<EmittedFile> files = EmitClasses(options, compilation);
+    for (EmittedFile& file : files)
+        file.name = "generated/" + file.name;
+    std::uint32_t root = kNone;
+    std::string sample = "DOCUMENT";
+    if (!options.sample.empty()) {
+        std::string const bytes = ReadSample(options.sample);
+        root = RootOf(*compilation.schema, options.sample, bytes);
+        files.push_back({std::filesystem::path(options.sample).filename().string(), bytes});
+        sample = InFolder(folder, files.back().name);
+    }
+    std::string const target = TargetName(folder);
+    files.push_back({"CMakeLists.txt", CMakeText(target, options)});
+    files.push_back({"main.cpp", MainText(*compilation.mapping, options.Stem(),
+                                          FindDocument(*compilation.mapping, root))});
+    if (options.locksNames)
+        files.push_back({std::filesystem::absolute(options.namesFile).string(), compilation.names.Write()});
+    WriteFiles(files, folder);
+    char const* const dir = folder.c_str();
     std::printf("Made %s. Build and run it:\n  cmake -S %s -B %s/build && cmake --build %s/build\n  "
-                "%s/build/%s DOCUMENT\n",
-                folder.string().c_str(), folder.string().c_str(), folder.string().c_str(),
-                folder.string().c_str(), folder.string().c_str(), name.c_str());
+                "%s/build/%s %s\n",
+                dir, dir, dir, dir, dir, target.c_str(), sample.c_str());
     return kExitSuccess;
 }
 

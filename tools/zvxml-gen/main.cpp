@@ -1,15 +1,12 @@
 // zvxml-gen, the schema compiler: from XML schemas to C++ classes.
+#include "Compilation.h"
 #include "GeneratorOptions.h"
 #include "Project.h"
 
 #include "CommandLine.h"
 #include "Errors.h"
 #include "OutputFiles.h"
-#include "SchemaOptions.h"
 
-#include "schema/emit/Emitter.h"
-#include "schema/frontend/SchemaReader.h"
-#include "schema/mapping/Mapping.h"
 #include "zvxmllib/foundation/Exceptions.h"
 
 #include <cerrno>
@@ -32,56 +29,24 @@ int Report(int status, std::string const& message) {
     return status;
 }
 
-// Tells the diagnostics. True if they let the run go on.
-bool Tell(Diagnostics const& diagnostics, GeneratorOptions const& options) {
-    bool mayGoOn = true;
-    std::size_t errors = 0;
-    for (Diagnostic diagnostic : diagnostics.GetSorted()) {
-        if (diagnostic.severity == Severity::kWarning) {
-            if (options.IsSilenced(diagnostic.name))
-                continue;
-            if (options.IsError(diagnostic.name))
-                diagnostic.severity = Severity::kError;
-        }
-        mayGoOn = mayGoOn && diagnostic.severity != Severity::kError;
-        if (diagnostic.severity != Severity::kError || ++errors <= kMostErrors)
-            std::fprintf(stderr, "%s\n", Diagnostics::Format(diagnostic).c_str());
-    }
-    if (errors > kMostErrors)
-        std::fprintf(stderr, "zvxml-gen: %zu more errors\n", errors - kMostErrors);
-    return mayGoOn;
-}
-
 int Generate(GeneratorOptions const& options) {
+    if (!options.sample.empty())
+        throw UsageError("--sample is for new");
     if (options.listsOutputs) {
         for (std::string const& name : OutputNames(options.Stem(), options.parts))
             std::printf("%s\n", InFolder(options.folder, name).c_str());
         return kExitSuccess;
     }
-    Diagnostics diagnostics;
-    SchemaFiles places;
-    for (auto const& [from, file] : options.schema.locations)
-        places.Map(from, file);
-    ReadCatalogs(options.schema.catalogs, places, diagnostics);
-    std::vector<std::string> inputs;
-    std::unique_ptr<Schema> const schema =
-        diagnostics.HasErrors() ? nullptr : ReadSchemas(options.schema.files, places, diagnostics, &inputs);
-    if (schema == nullptr) {
-        Tell(diagnostics, options);
-        return kExitFailure;
-    }
-    NameTable names;
-    ReadNames(options, names, diagnostics);
-    Mapping const mapping(*schema, options.namespaces, options.Stem(), names, diagnostics);
-    if (!Tell(diagnostics, options))
+    Compilation compilation;
+    if (!Compile(options, compilation))
         return kExitFailure;
     if (options.dumpsModel) {
-        std::fputs(mapping.Dump().c_str(), stdout);
+        std::fputs(compilation.mapping->Dump().c_str(), stdout);
         return kExitSuccess;
     }
-    std::vector<EmittedFile> files = Emit(*schema, mapping, options.Stem(), options.parts);
+    std::vector<EmittedFile> files = EmitClasses(options, compilation);
     if (options.locksNames)
-        files.push_back({std::filesystem::absolute(options.namesFile).string(), names.Write()});
+        files.push_back({std::filesystem::absolute(options.namesFile).string(), compilation.names.Write()});
     if (options.checks)
         return AreOnDisk(files, options.folder) ? kExitSuccess : kExitFailure;
     WriteFiles(files, options.folder);
@@ -89,7 +54,7 @@ int Generate(GeneratorOptions const& options) {
         WriteDependencies(options.dependencyFile,
                           options.dependencyTarget.empty() ? InFolder(options.folder, files[0].name)
                                                            : options.dependencyTarget,
-                          inputs);
+                          compilation.inputs);
     return kExitSuccess;
 }
 
@@ -109,7 +74,7 @@ int Run(std::vector<std::string> const& arguments) {
         }
     }
     if (arguments[0] == "new")
-        return MakeProject({arguments.begin() + 1, arguments.end()}, &Generate);
+        return MakeProject({arguments.begin() + 1, arguments.end()});
     return Generate(ReadGeneratorOptions(arguments));
 }
 
