@@ -2,6 +2,7 @@
 
 #include "schema/emit/CppText.h"
 #include "schema/emit/EmitRows.h"
+#include "schema/emit/FacetWords.h"
 
 #include "zvxmllib/foundation/SimpleTypes.h"
 
@@ -60,7 +61,7 @@ private:
         return file.substr(file.find_last_of("/\\") + 1) + ":" + std::to_string(source->position.line);
     }
     std::string Doc(schema::Source const* source, std::string const& what, std::string const& indent) const {
-        return Comment(source->documentation, indent) + indent + "// " + what + " (" + Place(source) + ")\n";
+        return Comment(source->documentation, indent) + Comment(what + " (" + Place(source) + ")", indent);
     }
     // `ns` is the namespace in which the name stands.
     std::string ClassName(std::uint32_t index, std::string const& ns) const {
@@ -151,10 +152,19 @@ private:
     }
 
     std::string Enum(EnumPlan const& plan) const {
-        std::string text = Doc(plan.source, "enumeration", "");
+        std::string text =
+            Doc(plan.source, plan.xmlName.empty() ? "enumeration" : "enumeration " + plan.xmlName, "");
         text += "enum class " + plan.name + " {\n";
-        for (std::size_t i = 0; i < plan.texts.size(); ++i)
-            text += "    " + plan.enumerators[i] + (i + 1 < plan.texts.size() ? ",\n" : "\n");
+        for (std::size_t i = 0; i < plan.texts.size(); ++i) {
+            bool const isSame = plan.texts[i] == plan.enumerators[i];
+            std::string const value = isSame ? "\n" : Comment("\"" + plan.texts[i] + "\"", " ");
+            bool const isLong = std::count(value.begin(), value.end(), '\n') > 1;
+            text += Comment(plan.sources[i]->documentation, "    ");
+            if (isLong)
+                text += Comment("\"" + plan.texts[i] + "\"", "    ");
+            text += "    " + plan.enumerators[i] + (i + 1 < plan.texts.size() ? "," : "") +
+                    (isLong ? "\n" : value);
+        }
         return text + "};\n" + "// Its texts, in the same order.\nstruct " + plan.name +
                "Traits {\n    using Value = " + plan.name +
                ";\n    static gen::EnumTexts Texts() noexcept;\n};\n\n";
@@ -178,8 +188,11 @@ private:
     std::string Property(ClassPlan const& plan, PropertyPlan const& property) const {
         std::string const kinds[] = {"attribute ", "element ", "element ", "content",
                                      "text of mixed content"};
-        std::string text =
-            Doc(property.source, kinds[static_cast<int>(property.kind)] + property.xmlName, "    ");
+        std::string const facets = Words(plan, property);
+        std::string text = Doc(property.source,
+                               kinds[static_cast<int>(property.kind)] + property.xmlName +
+                                   (facets.empty() ? "" : ": " + facets),
+                               "    ");
         switch (property.kind) {
         case PropertyKind::kAttribute:
             return text + Attribute(plan, property);
@@ -190,6 +203,25 @@ private:
         default:
             return text + ContentAccess(plan, property);
         }
+    }
+
+    // What its value may be, in words.
+    std::string Words(ClassPlan const& plan, PropertyPlan const& property) const {
+        std::string facets;
+        std::string constraint;
+        if (property.kind == PropertyKind::kAttribute) {
+            grammar::AttributeRow const& row = m_schema.attributes[property.row];
+            facets = FacetWords(m_schema, row.type);
+            constraint = ConstraintWords(row.constraint, row.value);
+        } else if (property.kind == PropertyKind::kValueElement) {
+            grammar::ElementRow const& row = m_schema.elements[property.row];
+            facets = FacetWords(m_schema, static_cast<std::uint32_t>(row.type));
+            constraint = ConstraintWords(row.constraint, row.value);
+        } else if (property.kind == PropertyKind::kContentValue) {
+            facets =
+                FacetWords(m_schema, m_schema.complexTypes[grammar::ComplexTypeRowOf(plan.type)].simpleType);
+        }
+        return facets.empty() || constraint.empty() ? facets + constraint : facets + ", " + constraint;
     }
 
     // Get, and Set from a value; `get` and `put` are calls without their last bracket.

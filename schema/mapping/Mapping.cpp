@@ -331,6 +331,7 @@ std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::str
     EnumPlan plan;
     bool const isNamed = *type.name != '\0';
     plan.ns = isNamed || ns.empty() ? NamespaceFor(type.ns) : ns;
+    plan.xmlName = type.name;
     std::string const name = EnumeratorName(isNamed ? type.name : owner); // no class: it has no prefix
     std::string const path = isNamed ? "type " + StepOf(type) : ownerPath;
     NameScope& scope = ScopeOf(plan.ns);
@@ -352,6 +353,7 @@ std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::str
         plan.enumerators.push_back(
             m_names.Take(enumerators, PathOfValue(path, text), EnumeratorName(text), "_"));
         plan.texts.push_back(std::move(text));
+        plan.sources.push_back(&m_schema.facetSources[i]);
     }
     m_enums.push_back(std::move(plan));
     auto const index = static_cast<std::uint32_t>(m_enums.size() - 1);

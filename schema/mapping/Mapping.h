@@ -21,8 +21,10 @@ namespace ZvXmlLib16::schema {
 struct EnumPlan {
     std::string ns; // of C++
     std::string name;
+    std::string xmlName; // empty for an anonymous type
     std::vector<std::string> texts;
     std::vector<std::string> enumerators;
+    std::vector<Source const*> sources; // of the texts
     Source const* source = nullptr;
 };
 
