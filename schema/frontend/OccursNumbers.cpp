@@ -1,5 +1,7 @@
 #include "schema/frontend/OccursNumbers.h"
 
+#include "zvxmllib/grammar/LexicalForms.h"
+
 #include <algorithm>
 #include <string_view>
 #include <tuple>
@@ -16,17 +18,14 @@ struct Occurs {
     std::size_t end = 0;
 };
 
-bool IsSpace(char c) {
-    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
-}
-
 // The next number in an attribute minOccurs or maxOccurs, from `at` on. Also finds what only looks like one,
 // in a comment for instance, which does no harm.
 bool FindOccurs(std::string_view text, std::size_t at, Occurs& occurs) {
     while ((at = text.find("Occurs", at)) != std::string_view::npos) {
         at += 6;
         std::size_t i = at;
-        while (i < text.size() && (IsSpace(text[i]) || text[i] == '=' || text[i] == '"' || text[i] == '\''))
+        while (i < text.size() &&
+               (grammar::IsSpace(text[i]) || text[i] == '=' || text[i] == '"' || text[i] == '\''))
             ++i;
         std::size_t const begin = i;
         while (i < text.size() && text[i] >= '0' && text[i] <= '9')

@@ -1,6 +1,7 @@
 #include "schema/frontend/PatternTexts.h"
 
 #include "schema/frontend/XercesText.h"
+#include "zvxmllib/grammar/LexicalForms.h"
 #include "zvxmllib/values/facets/SchemaPattern.h"
 
 #include <xercesc/util/XMLException.hpp>
@@ -18,10 +19,6 @@ namespace {
 
 constexpr std::uint64_t kMostRepeats = 1000; // that the parser may unroll
 
-bool IsSpace(char c) {
-    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
-}
-
 struct AttributeText {
     std::size_t begin = 0;
     std::size_t end = 0;
@@ -34,7 +31,7 @@ bool FindPattern(std::string_view text, std::size_t& at, AttributeText& value) {
     while ((at = text.find(kName, at)) != std::string_view::npos) {
         bool const isTag = at > 0 && (text[at - 1] == '<' || text[at - 1] == ':');
         at += kName.size();
-        while (isTag && at < text.size() && IsSpace(text[at])) {
+        while (isTag && at < text.size() && grammar::IsSpace(text[at])) {
             std::size_t const name = text.find_first_not_of(" \t\r\n", at);
             std::size_t const quote = text.find_first_of("\"'<>", at);
             if (quote == std::string_view::npos || text[quote] == '<' || text[quote] == '>')
@@ -146,7 +143,7 @@ std::string HidePatterns(std::string document) {
             continue;
         for (std::size_t i = 0; i < length; ++i) {
             char& c = document[value.begin + i];
-            if (!IsSpace(c))
+            if (!grammar::IsSpace(c))
                 c = i < kAll.size() ? kAll[i] : '|';
         }
     }

@@ -9,7 +9,7 @@ using namespace grammar;
 
 namespace {
 
-constexpr unsigned kMostDepth = 100; // of attribute groups, one within the other
+constexpr unsigned kMostGroupsDeep = 100; // of attribute groups, one within the other
 
 bool HasName(AttributeRow const& row, QName const& name) {
     return name.name == row.name && name.ns == row.ns;
@@ -83,9 +83,9 @@ Resolver::AttributeSet Resolver::InheritedAttributes(TypeId base) {
 
 // Of a type, a derivation or an attribute group.
 void Resolver::CollectAttributes(Place const& place, AttributeSet& set, unsigned depth) {
-    if (depth == kMostDepth)
-        return Error(place, "attribute groups refer to each other more than " + std::to_string(kMostDepth) +
-                                " times");
+    if (depth == kMostGroupsDeep)
+        return Error(place, "attribute groups refer to each other more than " +
+                                std::to_string(kMostGroupsDeep) + " times");
     for (auto const& child : place.node->children) {
         Place const part = place.Of(*child);
         if (child->IsSchema("attribute")) {

@@ -9,7 +9,7 @@ using namespace grammar;
 
 namespace {
 
-constexpr unsigned kMostDepth = 1000; // of simple types that are made of each other
+constexpr unsigned kMostTypesDeep = 1000; // of simple types that are made of each other
 constexpr auto kAnySimpleTypeId = static_cast<std::uint32_t>(BuiltIn::kAnySimpleType);
 
 } // namespace
@@ -34,8 +34,9 @@ TypeId Resolver::TypeAt(Place const& place, std::string const& name) {
         return known->second;
     if (!place.node->IsSchema("simpleType"))
         return AddComplexType(place, name);
-    if (m_depth == kMostDepth) {
-        Error(place, "simple types refer to each other more than " + std::to_string(kMostDepth) + " times");
+    if (m_depth == kMostTypesDeep) {
+        Error(place,
+              "simple types refer to each other more than " + std::to_string(kMostTypesDeep) + " times");
         return static_cast<TypeId>(kAnySimpleTypeId);
     }
     ++m_depth;

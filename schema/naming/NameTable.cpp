@@ -1,6 +1,7 @@
 #include "schema/naming/NameTable.h"
 
 #include "schema/naming/ReservedNames.h"
+#include "zvxmllib/values/text/TextParts.h"
 
 #include <algorithm>
 #include <iterator>
@@ -13,10 +14,6 @@ namespace {
 
 constexpr std::string_view kEquals = " = ";
 constexpr std::string_view kKinds[] = {"class ", "property ", "enum ", "value ", "document "};
-
-bool StartsWith(std::string_view text, std::string_view start) {
-    return text.substr(0, start.size()) == start;
-}
 
 // The last / that is not within the braces of a namespace.
 std::size_t FindLastStep(std::string_view path) {
@@ -33,13 +30,13 @@ std::size_t FindLastStep(std::string_view path) {
 
 // What the components with names beside each other share.
 std::string PlaceOf(std::string_view path) {
-    if (StartsWith(path, "value "))
+    if (detail::StartsWith(path, "value "))
         return std::string(path.substr(0, path.find("=\"")));
-    if (StartsWith(path, "property "))
+    if (detail::StartsWith(path, "property "))
         return std::string(path.substr(0, FindLastStep(path)));
     std::size_t const open = std::min(path.find('{'), path.size());
     std::string_view const ns = path.substr(open, path.find('}', open) - open);
-    return (StartsWith(path, "document ") ? "document " : "type ") + std::string(ns);
+    return (detail::StartsWith(path, "document ") ? "document " : "type ") + std::string(ns);
 }
 
 bool IsFreeIdentifier(std::string_view name) {
@@ -64,12 +61,12 @@ void NameTable::Read(std::string const& file, std::string_view text, Diagnostics
 void NameTable::ReadLine(std::string_view line, Position const& position, Diagnostics& diagnostics) {
     std::size_t const equals = line.rfind(kEquals);
     bool const isKnown = std::any_of(std::begin(kKinds), std::end(kKinds),
-                                     [&](std::string_view kind) { return StartsWith(line, kind); });
+                                     [&](std::string_view kind) { return detail::StartsWith(line, kind); });
     if (equals == std::string_view::npos || !isKnown)
         return diagnostics.Error(position, "this is no line of a table of names: KIND PATH = NAME");
     std::string path(line.substr(0, equals));
     std::string name(line.substr(equals + kEquals.size()));
-    bool const isPartOfName = StartsWith(path, "property ") || StartsWith(path, "document ");
+    bool const isPartOfName = detail::StartsWith(path, "property ") || detail::StartsWith(path, "document ");
     if (name.empty() || !IsFreeIdentifier((isPartOfName ? "Get" : "") + name))
         return diagnostics.Error(position, "[" + name + "] is no name that C++ leaves free");
     if (!m_givenBeside.emplace(PlaceOf(path), name).second)

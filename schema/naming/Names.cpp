@@ -1,6 +1,7 @@
 #include "schema/naming/Names.h"
 
 #include "schema/naming/ReservedNames.h"
+#include "zvxmllib/values/text/NumberText.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -10,9 +11,6 @@ namespace ZvXmlLib16::schema {
 
 namespace {
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 bool IsLower(char c) {
     return c >= 'a' && c <= 'z';
 }
@@ -20,7 +18,7 @@ bool IsUpper(char c) {
     return c >= 'A' && c <= 'Z';
 }
 bool IsLetterOrDigit(char c) {
-    return IsDigit(c) || IsLower(c) || IsUpper(c);
+    return detail::IsDigit(c) || IsLower(c) || IsUpper(c);
 }
 char ToUpper(char c) {
     return IsLower(c) ? static_cast<char>(c - 'a' + 'A') : c;
@@ -59,8 +57,8 @@ std::string CamelName(std::string_view xmlName) {
             ++at;
         } else if (static_cast<unsigned char>(c) < 0x80) {
             // Digits on both sides stay apart: 1.2 is not 12.
-            bool const isBetweenDigits =
-                at + 1 < xmlName.size() && IsDigit(xmlName[at + 1]) && !name.empty() && IsDigit(name.back());
+            bool const isBetweenDigits = at + 1 < xmlName.size() && detail::IsDigit(xmlName[at + 1]) &&
+                                         !name.empty() && detail::IsDigit(name.back());
             if (isBetweenDigits)
                 name += '_';
             isStart = true;
@@ -85,7 +83,7 @@ std::string EnumeratorName(std::string_view value) {
         for (char const c : value)
             name += "_u00" + std::string(1, "0123456789ABCDEF"[(c >> 4) & 15]) + "0123456789ABCDEF"[c & 15];
     }
-    if (IsDigit(name[0]) || name[0] == '_')
+    if (detail::IsDigit(name[0]) || name[0] == '_')
         name = "V" + name;
     return IsReserved(name) ? name + '_' : name;
 }
@@ -105,7 +103,7 @@ std::string NamespaceName(std::string_view uri, std::string_view otherwise) {
     for (char const c : uri) {
         if (IsLetterOrDigit(c))
             part += ToLower(c);
-        else if (c == '.' && !part.empty() && IsDigit(part.back()))
+        else if (c == '.' && !part.empty() && detail::IsDigit(part.back()))
             part += '_';
         else
             end();
@@ -115,7 +113,7 @@ std::string NamespaceName(std::string_view uri, std::string_view otherwise) {
     for (std::size_t i = parts.size() > 2 ? parts.size() - 2 : 0; i < parts.size(); ++i) {
         while (!parts[i].empty() && parts[i].back() == '_')
             parts[i].pop_back();
-        std::string const piece = IsDigit(parts[i][0]) ? "v" + parts[i] : parts[i];
+        std::string const piece = detail::IsDigit(parts[i][0]) ? "v" + parts[i] : parts[i];
         name += (name.empty() ? "" : "_") + piece;
     }
     if (name.empty())
@@ -127,7 +125,7 @@ std::string Identifier(std::string_view text) {
     std::string name;
     for (char const c : text)
         name += IsLetterOrDigit(c) ? c : '_';
-    return name.empty() || IsDigit(name[0]) ? "V" + name : name;
+    return name.empty() || detail::IsDigit(name[0]) ? "V" + name : name;
 }
 
 std::string NameScope::Take(std::string const& name, char const* separator) {

@@ -2,6 +2,7 @@
 #include "tests/support/Bytes.h"
 #include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/PlainContext.h"
 #include "tests/support/Script.h"
 #include "tests/support/TemporaryFile.h"
 #include "tests/support/WrittenObject.h"
@@ -14,8 +15,6 @@ using namespace ZvXmlLib16;
 
 namespace {
 
-CSerializationContext const ctx;
-
 struct Format {
     char const* name;
     bool isText, hasMark;
@@ -25,24 +24,24 @@ struct Format {
 
 Format const kFormats[] = {{"XML", true, true,
                             [](WrittenObject& o, XmlEncoding e, CompressionType c) {
-                                return o.ToXmlStream(true, false, e, EOLType_LF, ctx, c);
+                                return o.ToXmlStream(true, false, e, EOLType_LF, plainContext, c);
                             },
                             [](WrittenObject& o, char const* file, XmlEncoding e, CompressionType c) {
-                                o.ToXmlFile(file, true, false, e, EOLType_LF, ctx, c);
+                                o.ToXmlFile(file, true, false, e, EOLType_LF, plainContext, c);
                             }},
                            {"JSON", true, false,
                             [](WrittenObject& o, XmlEncoding e, CompressionType c) {
-                                return o.ToJsonStream(false, e, EOLType_LF, ctx, c);
+                                return o.ToJsonStream(false, e, EOLType_LF, plainContext, c);
                             },
                             [](WrittenObject& o, char const* file, XmlEncoding e, CompressionType c) {
-                                o.ToJsonFile(file, false, e, EOLType_LF, ctx, c);
+                                o.ToJsonFile(file, false, e, EOLType_LF, plainContext, c);
                             }},
                            {"Fast Infoset", false, false,
                             [](WrittenObject& o, XmlEncoding, CompressionType c) {
-                                return o.ToFastInfosetStream(FInfoDecl_None, ctx, c);
+                                return o.ToFastInfosetStream(FInfoDecl_None, plainContext, c);
                             },
                             [](WrittenObject& o, char const* file, XmlEncoding, CompressionType c) {
-                                o.ToFastInfosetFile(file, FInfoDecl_None, ctx, c);
+                                o.ToFastInfosetFile(file, FInfoDecl_None, plainContext, c);
                             }}};
 
 TEST(EntryPoints, GiveStreamsTheBytesOfTheEncodingWithoutAMark) {

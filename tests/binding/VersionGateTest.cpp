@@ -1,5 +1,6 @@
 // Nothing is written or read for generated code of another version.
 #include "tests/support/MessageOf.h"
+#include "tests/support/PlainContext.h"
 #include "tests/support/WrittenObject.h"
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/collections/Element.h"
@@ -24,55 +25,58 @@ struct EntryPoint {
     std::function<void(WrittenObject&)> call;
 };
 
-CSerializationContext const ctx;
 unsigned char g_bytes[] = {'<', 'a', '/', '>'};
 
 std::vector<EntryPoint> XmlEntryPoints() {
-    return {{"ToXml", [](WrittenObject& o) { o.ToXml(false, false, EOLType_LF, ctx); }},
-            {"ToXmlStream",
-             [](WrittenObject& o) {
-                 o.ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
-             }},
-            {"ToXmlFile",
-             [](WrittenObject& o) {
-                 o.ToXmlFile("/nowhere/a", false, false, XmlEncoding_UTF8, EOLType_LF, ctx,
-                             CompressionType_None);
-             }},
-            {"FromXml", [](WrittenObject& o) { o.FromXml("<a/>", ctx); }},
-            {"FromXml, wide", [](WrittenObject& o) { o.FromXml(L"<a/>", ctx); }},
-            {"FromXml, 16 bits", [](WrittenObject& o) { o.FromXml(u"<a/>", ctx); }},
-            {"FromXmlFile", [](WrittenObject& o) { o.FromXmlFile("/nowhere/a", ctx); }},
-            {"FromXmlStream", [](WrittenObject& o) { o.FromXmlStream(CBinaryData("<a/>"), ctx); }},
-            {"FromXmlStream, bytes", [](WrittenObject& o) { o.FromXmlStream(g_bytes, sizeof g_bytes, ctx); }},
-            {"FromXmlElement",
-             [](WrittenObject& o) { o.FromXmlElement(static_cast<CXmlElement const*>(nullptr), ctx); }},
-            {"FromXmlElement, untyped",
-             [](WrittenObject& o) { o.FromXmlElement(static_cast<CElement const*>(nullptr), ctx); }}};
+    return {
+        {"ToXml", [](WrittenObject& o) { o.ToXml(false, false, EOLType_LF, plainContext); }},
+        {"ToXmlStream",
+         [](WrittenObject& o) {
+             o.ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, plainContext, CompressionType_None);
+         }},
+        {"ToXmlFile",
+         [](WrittenObject& o) {
+             o.ToXmlFile("/nowhere/a", false, false, XmlEncoding_UTF8, EOLType_LF, plainContext,
+                         CompressionType_None);
+         }},
+        {"FromXml", [](WrittenObject& o) { o.FromXml("<a/>", plainContext); }},
+        {"FromXml, wide", [](WrittenObject& o) { o.FromXml(L"<a/>", plainContext); }},
+        {"FromXml, 16 bits", [](WrittenObject& o) { o.FromXml(u"<a/>", plainContext); }},
+        {"FromXmlFile", [](WrittenObject& o) { o.FromXmlFile("/nowhere/a", plainContext); }},
+        {"FromXmlStream", [](WrittenObject& o) { o.FromXmlStream(CBinaryData("<a/>"), plainContext); }},
+        {"FromXmlStream, bytes",
+         [](WrittenObject& o) { o.FromXmlStream(g_bytes, sizeof g_bytes, plainContext); }},
+        {"FromXmlElement",
+         [](WrittenObject& o) { o.FromXmlElement(static_cast<CXmlElement const*>(nullptr), plainContext); }},
+        {"FromXmlElement, untyped",
+         [](WrittenObject& o) { o.FromXmlElement(static_cast<CElement const*>(nullptr), plainContext); }}};
 }
 
 std::vector<EntryPoint> EntryPointsOf(char const* format) {
     if (std::string(format) == "JSON")
-        return {{"ToJson", [](WrittenObject& o) { o.ToJson(false, EOLType_LF, ctx); }},
-                {"ToJsonStream",
-                 [](WrittenObject& o) {
-                     o.ToJsonStream(false, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
-                 }},
-                {"ToJsonFile",
-                 [](WrittenObject& o) {
-                     o.ToJsonFile("/nowhere/a", false, XmlEncoding_UTF8, EOLType_LF, ctx,
-                                  CompressionType_None);
-                 }},
-                {"FromJson", [](WrittenObject& o) { o.FromJson("{}", ctx); }},
-                {"FromJson, wide", [](WrittenObject& o) { o.FromJson(L"{}", ctx); }},
-                {"FromJsonFile", [](WrittenObject& o) { o.FromJsonFile("/nowhere/a", ctx); }},
-                {"FromJsonStream", [](WrittenObject& o) { o.FromJsonStream(CBinaryData("{}"), ctx); }},
-                {"FromJsonStream, bytes",
-                 [](WrittenObject& o) { o.FromJsonStream(g_bytes, sizeof g_bytes, ctx); }}};
-    return {{"ToFastInfosetStream",
-             [](WrittenObject& o) { o.ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None); }},
-            {"ToFastInfosetFile", [](WrittenObject& o) {
-                 o.ToFastInfosetFile("/nowhere/a", FInfoDecl_None, ctx, CompressionType_None);
-             }}};
+        return {
+            {"ToJson", [](WrittenObject& o) { o.ToJson(false, EOLType_LF, plainContext); }},
+            {"ToJsonStream",
+             [](WrittenObject& o) {
+                 o.ToJsonStream(false, XmlEncoding_UTF8, EOLType_LF, plainContext, CompressionType_None);
+             }},
+            {"ToJsonFile",
+             [](WrittenObject& o) {
+                 o.ToJsonFile("/nowhere/a", false, XmlEncoding_UTF8, EOLType_LF, plainContext,
+                              CompressionType_None);
+             }},
+            {"FromJson", [](WrittenObject& o) { o.FromJson("{}", plainContext); }},
+            {"FromJson, wide", [](WrittenObject& o) { o.FromJson(L"{}", plainContext); }},
+            {"FromJsonFile", [](WrittenObject& o) { o.FromJsonFile("/nowhere/a", plainContext); }},
+            {"FromJsonStream", [](WrittenObject& o) { o.FromJsonStream(CBinaryData("{}"), plainContext); }},
+            {"FromJsonStream, bytes",
+             [](WrittenObject& o) { o.FromJsonStream(g_bytes, sizeof g_bytes, plainContext); }}};
+    return {
+        {"ToFastInfosetStream",
+         [](WrittenObject& o) { o.ToFastInfosetStream(FInfoDecl_None, plainContext, CompressionType_None); }},
+        {"ToFastInfosetFile", [](WrittenObject& o) {
+             o.ToFastInfosetFile("/nowhere/a", FInfoDecl_None, plainContext, CompressionType_None);
+         }}};
 }
 
 TEST(VersionGate, StandsInFrontOfEveryEntryPoint) {

@@ -13,7 +13,7 @@ namespace {
 
 constexpr char const* kNull = nullptr;
 
-std::string XmlOf(CElement& element) {
+std::string PlainXmlOf(CElement& element) {
     return element.ToXml(false, false, EOLType_LF, CSerializationContext::GetDefaultContext());
 }
 
@@ -51,7 +51,7 @@ TEST(UntypedElement, WritesAttributesThenChildrenThenText) {
     root->GetAttributes()->Add("z", "2", "");
     root->GetChildElements()->Add("c", "")->SetText("t");
     root->GetChildElements()->Add("d");
-    EXPECT_EQ(XmlOf(*root), R"(<AA:r xmlns:AA="u" AA:x="" AA:y="1" z="2"><c>t</c><AA:d/>a&lt;b</AA:r>)");
+    EXPECT_EQ(PlainXmlOf(*root), R"(<AA:r xmlns:AA="u" AA:x="" AA:y="1" z="2"><c>t</c><AA:d/>a&lt;b</AA:r>)");
     EXPECT_TRUE(root->HasAttributes() && root->HasChildElements());
 
     root->SetName("q");
@@ -62,7 +62,7 @@ TEST(UntypedElement, WritesAttributesThenChildrenThenText) {
     root->GetAttributes()->Item(0)->SetName("Y");
     root->GetAttributes()->Item(0)->SetNamespace("");
     root->GetAttributes()->Item(0)->SetValue("3");
-    EXPECT_EQ(XmlOf(*root), R"(<AA:q xmlns:AA="v" Y="3" z="2"><c/><AB:d xmlns:AB="u"/></AA:q>)");
+    EXPECT_EQ(PlainXmlOf(*root), R"(<AA:q xmlns:AA="v" Y="3" z="2"><c/><AB:d xmlns:AB="u"/></AA:q>)");
 }
 
 TEST(AttributeCol, TakesItsNamespaceFromItsList) {
@@ -151,7 +151,7 @@ TEST(UntypedElement, ClonesAndCopiesWithoutSharing) {
     root->SetText("t");
     root->GetAttributes()->Add("x", "1");
     root->GetChildElements()->Add("c")->GetChildElements()->Add("d");
-    std::string const xml = XmlOf(*root);
+    std::string const xml = PlainXmlOf(*root);
     ElementPtr const assigned(new CElement("other"));
     assigned->GetAttributes()->Add("gone");
     *assigned = *root;
@@ -160,13 +160,13 @@ TEST(UntypedElement, ClonesAndCopiesWithoutSharing) {
     *assigned = same;
     ElementPtr const part(root->Clone());
     *part = *part->GetChildElements()->Item(0);
-    EXPECT_EQ(XmlOf(*part), R"(<AA:c xmlns:AA="u"><AA:d/></AA:c>)") << "also from a part of itself";
+    EXPECT_EQ(PlainXmlOf(*part), R"(<AA:c xmlns:AA="u"><AA:d/></AA:c>)") << "also from a part of itself";
     ElementPtr const copies[] = {root->Clone(), new CElement(*root), assigned};
     root->GetAttributes()->Item(0)->SetValue("2");
     root->GetChildElements()->Item(0)->GetChildElements()->Clear();
     root->SetText("changed");
     for (ElementPtr const& copy : copies)
-        EXPECT_EQ(XmlOf(*copy), xml);
+        EXPECT_EQ(PlainXmlOf(*copy), xml);
     EXPECT_EQ(copies[0]->GetChildElements()->Add("e")->GetNamespace(), "u");
 }
 
@@ -250,7 +250,7 @@ TEST(UntypedElement, EndsAtAnyDepth) {
         innermost = innermost->GetChildElements()->Add("a", "");
     char const* const tooDeep = "The nesting of elements exceeds the limit of 1000 levels.";
     EXPECT_EQ(MessageOf<CZvException>([&] { root->Clone(); }), tooDeep);
-    EXPECT_EQ(MessageOf<CZvException>([&] { XmlOf(*root); }), tooDeep);
+    EXPECT_EQ(MessageOf<CZvException>([&] { PlainXmlOf(*root); }), tooDeep);
     innermost = nullptr;
     root = nullptr;
     EXPECT_THAT(CInstanceMonitor::DumpState(), testing::HasSubstr("    CElement = 0/"));
@@ -263,7 +263,7 @@ CSmartPtr<WrittenObject> Order() {
 
 TEST(UntypedElement, HoldsTheXmlOfAnObject) {
     ElementPtr const tree(new CElement(Order(), kNull));
-    EXPECT_EQ(XmlOf(*tree),
+    EXPECT_EQ(PlainXmlOf(*tree),
               R"(<AA:order xmlns:AA="d" id="7"><AB:item xmlns:AB="e" xml:lang="en">x</AB:item></AA:order>)");
     EXPECT_EQ(tree->GetChildElements()->Item(0)->GetAttributes()->GetNamespace(), "") << "as it was made";
     EXPECT_EQ(
@@ -279,14 +279,14 @@ TEST(UntypedElement, WritesAFragmentWithItsOwnDefaultNamespace) {
     root->GetChildElements()->Add(fragment);
     std::string const text =
         R"(<order xmlns="d" id="7"><AA:item xmlns:AA="e" xml:lang="en">x</AA:item></order>)";
-    EXPECT_EQ(XmlOf(*root), R"(<AA:r xmlns:AA="u" a="1">)" + text + "</AA:r>");
-    EXPECT_EQ(XmlOf(*fragment), text);
+    EXPECT_EQ(PlainXmlOf(*root), R"(<AA:r xmlns:AA="u" a="1">)" + text + "</AA:r>");
+    EXPECT_EQ(PlainXmlOf(*fragment), text);
     // Its last line end and that of the line that it is spliced in as.
     EXPECT_EQ(root->ToXml(false, true, EOLType_CRLF, CSerializationContext()),
               "<AA:r xmlns:AA=\"u\" a=\"1\">\r\n<order xmlns=\"d\" id=\"7\">\r\n"
               "\t<AA:item xmlns:AA=\"e\" xml:lang=\"en\">x</AA:item>\r\n</order>\r\n\r\n</AA:r>\r\n");
     EXPECT_EQ(
-        XmlOf(*fragment->Clone()),
+        PlainXmlOf(*fragment->Clone()),
         R"(<AA:order xmlns:AA="d" id="7" xmlns="d"><AB:item xmlns:AB="e" xml:lang="en">x</AB:item></AA:order>)")
         << "a clone is no fragment";
 }

@@ -6,8 +6,6 @@ using namespace entries;
 
 namespace {
 
-CSerializationContext const ctx;
-
 // The class of all objects here: an element "part" with one number, or a group of it.
 Model* s_part = nullptr;
 
@@ -58,7 +56,7 @@ TEST(ChoiceMembers, TakeBackWhatReadNothing) {
                    Prim<CElementInfoChoicePrimOpt>("m", 2)});
     ExpectOutcomes(group, {{"<order><n>1</n></order>", ""}, {"<order><note>t</note></order>", ""}});
     CSmartPtr<Probe> const probe(new Probe(group));
-    probe->FromXml("<order><m>2</m></order>", ctx);
+    probe->FromXml("<order><m>2</m></order>", plainContext);
     EXPECT_EQ(probe->ObjectAt(0), nullptr);
     EXPECT_EQ(probe->properties[1].FindXmlObject(), nullptr);
     EXPECT_EQ(Write(*probe), "<order><m>2</m></order>");
@@ -89,7 +87,7 @@ TEST(AllMembers, TakeObjectsInAnyOrder) {
     OrderOf lax(XmlElementGroupType_All,
                 {new CElementInfoAllClsMnd("part", "", 0, XmlElementType_Element, nullptr, 0, false)}, fill);
     CSmartPtr<Probe> const probe(new Probe(lax));
-    EXPECT_NO_THROW(probe->FromXml("<order/>", ctx));
+    EXPECT_NO_THROW(probe->FromXml("<order/>", plainContext));
 }
 
 TEST(AllMembers, DemandWhatIsMandatory) {
@@ -159,7 +157,7 @@ TEST(AllMembers, ReadEachKindOfGroup) {
 // In a group the members of a sequence leave to others what is not theirs.
 TEST(SequenceMembers, InAGroupMayBeAbsentWithIt) {
     Part const part(XmlElementType_Element);
-    static Model* s_group = nullptr;
+    static Model* s_pseudo = nullptr;
     for (CElementInfo* const entry : std::initializer_list<CElementInfo*>{
              new CElementInfoSeqClsMnd("part", "", 0, XmlElementType_Element, nullptr, 0, true),
              new CElementInfoSeqAbsClsMnd("part", "", 0, XmlElementType_Element, MakeAnyPart),
@@ -176,9 +174,9 @@ TEST(SequenceMembers, InAGroupMayBeAbsentWithIt) {
                 probe.properties[0].SetXmlObject(new Probe(*s_part));
         };
         inner.Finish();
-        s_group = &inner;
+        s_pseudo = &inner;
         CElementInfo::ClassFactory const makeGroup = [](int, char const*) {
-            return CSmartPtr<CXmlObjectBase>(static_cast<CXmlObjectBase*>(new Probe(*s_group)));
+            return CSmartPtr<CXmlObjectBase>(static_cast<CXmlObjectBase*>(new Probe(*s_pseudo)));
         };
         OrderOf group(XmlElementGroupType_Sequence,
                       {new CElementInfoSeqClsOpt("group", "", 0, XmlElementType_Pseudo, makeGroup, 0),

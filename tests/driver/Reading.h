@@ -3,6 +3,7 @@
 
 #include "tests/support/Entries.h"
 #include "tests/support/MessageOf.h"
+#include "tests/support/PlainContext.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"

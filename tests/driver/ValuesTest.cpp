@@ -7,8 +7,6 @@ using namespace entries;
 
 namespace {
 
-CSerializationContext const ctx;
-
 ColSetup Setup(char const* name, int minOccurs, int maxOccurs, char const* maxInclusive = "") {
     ColSetup setup;
     setup.name = name;
@@ -67,7 +65,8 @@ struct AllOfValues : OrderOf {
 };
 
 // The children of the order, and the children that are written again, or the failure.
-void ExpectChildren(Model& model, std::vector<ReadRow> rows, CSerializationContext const& context = ctx) {
+void ExpectChildren(Model& model, std::vector<ReadRow> rows,
+                    CSerializationContext const& context = plainContext) {
     for (ReadRow& row : rows) {
         bool const isChildren = !row.outcome.empty() && row.outcome.find('\n') == std::string::npos;
         row.xml = "<order>" + row.xml + "</order>";

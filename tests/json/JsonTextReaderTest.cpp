@@ -128,7 +128,7 @@ struct State {
 };
 
 // Where a wrong character is shown the message ends with its opening quotation mark.
-std::string MessageOf(State const& state, char found) {
+std::string ExpectedMessage(State const& state, char found) {
     std::size_t const position = std::string(state.before).size() + 1;
     std::string message = state.message;
     if (message.compare(message.size() - 2, 2, " '") == 0)
@@ -178,7 +178,8 @@ TEST(JsonTextReader, RefusesEveryWrongCharacterInEveryState) {
             char const c = static_cast<char>(byte);
             std::string const json = state.before + std::string(1, c) + state.behind;
             bool const isAllowed = state.allowed.find(c) != std::string::npos;
-            EXPECT_EQ(OutcomeOf(json) == MessageOf(state, c), !isAllowed) << state.before << " and " << byte;
+            EXPECT_EQ(OutcomeOf(json) == ExpectedMessage(state, c), !isAllowed)
+                << state.before << " and " << byte;
         }
     }
 }

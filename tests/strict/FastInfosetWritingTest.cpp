@@ -16,7 +16,7 @@
 namespace ZvXmlLib16 {
 namespace {
 
-struct Row {
+struct WrittenRow {
     std::string script;
     std::string usual;  // octets in hexadecimal behind the header
     std::string strict; // likewise
@@ -42,8 +42,8 @@ std::string TreeOf(std::string const& hex, CSerializationContext const& ctx) {
     return failure == "nothing was thrown" ? TreeText(document) : failure;
 }
 
-void ExpectRows(std::vector<Row> const& rows) {
-    for (Row const& row : rows) {
+void ExpectWritten(std::vector<WrittenRow> const& rows) {
+    for (WrittenRow const& row : rows) {
         Script const script(row.script);
         EXPECT_EQ(Written(script, Context(false)), row.usual) << row.script;
         CSerializationContext const strict = Context(true);
@@ -54,7 +54,7 @@ void ExpectRows(std::vector<Row> const& rows) {
 }
 
 TEST(StrictFastInfosetWriting, DeclaresEachPrefixWhereItIsNeeded) {
-    ExpectRows({
+    ExpectWritten({
         {"(a)", "38 F0 3C 00 61 FF", "3C 00 61 FF", "0 {}a\n"},
         {"(a @x=1 'hi')", "78 F0 3C 00 61 78 00 78 40 31 F0 91 68 69 FF",
          "7C 00 61 78 00 78 40 31 F0 91 68 69 FF", "0 {}a\nA {}x=1\nT hi\n"},
@@ -162,7 +162,7 @@ TEST(StrictFastInfosetWriting, WritesWhatAnEncodingDoesNotGiveBackAsText) {
 }
 
 TEST(StrictFastInfosetWriting, WritesInstructionsAndComments) {
-    ExpectRows({
+    ExpectWritten({
         {"? ~ (a @x=1 ? (b) ~ )", "78 F0 3C 00 61 78 00 78 40 31 F0 3C 00 62 FF F0",
          "E1 00 70 FF E2 00 63 7C 00 61 78 00 78 40 31 F0 E1 80 FF 3C 00 62 F0 E2 00 63 FF",
          "0 {}a\nA {}x=1\n1 {}b\n"},

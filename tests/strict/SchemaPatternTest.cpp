@@ -14,7 +14,7 @@ using namespace ZvXmlLib16;
 namespace {
 
 bool Matches(std::string const& pattern, std::string const& value) {
-    return MatchesPattern(pattern, value, detail::FacetRules::kXmlSchema);
+    return MatchesPattern(pattern, value, ZvXmlLib16::detail::FacetRules::kXmlSchema);
 }
 
 TEST(SchemaPattern, MatchesAsTheStandardSays) {

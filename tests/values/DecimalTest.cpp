@@ -33,13 +33,13 @@ private:
     std::int32_t m_before;
 };
 
-std::string Signed(CBigInteger const& value) {
+std::string SignedText(CBigInteger const& value) {
     return value == CBigInteger(0) && value < CBigInteger(0) ? "-0" : value.ToString();
 }
 
 // "whole part, fraction part, divider"
 std::string Parts(CDecimal const& value) {
-    return Signed(value.GetIntegerPart()) + ", " + Signed(value.GetFractionPart()) + ", " +
+    return SignedText(value.GetIntegerPart()) + ", " + SignedText(value.GetFractionPart()) + ", " +
            std::to_string(value.GetFractionDivider());
 }
 

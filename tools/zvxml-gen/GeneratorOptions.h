@@ -11,8 +11,6 @@
 
 namespace zvxml {
 
-inline constexpr std::size_t kMostErrors = 20; // that are told; the first ones explain the others
-
 struct GeneratorOptions {
     SchemaOptions schema;
     std::string folder = ".";

@@ -14,8 +14,6 @@ namespace zvxml {
 
 namespace {
 
-constexpr std::size_t kMostErrors = 20; // that are told; the first ones explain the others
-
 // What is beyond the means of the validator, such as a pattern that the library of regular expressions
 // refuses.
 void TestGrammar(Schema const& schema) {

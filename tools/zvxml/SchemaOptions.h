@@ -3,12 +3,15 @@
 
 #include "schema/model/Schema.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace zvxml {
+
+inline constexpr std::size_t kMostErrors = 20; // that are told; the first ones explain the others
 
 struct SchemaOptions {
     std::vector<std::string> files;

@@ -28,7 +28,7 @@ struct ValidateOptions {
     bool tellsAll = false;
 };
 
-std::vector<Option<ValidateOptions>> const& OptionTable() {
+std::vector<Option<ValidateOptions>> const& ValidateOptionTable() {
     using Options = ValidateOptions;
     using Text = std::string;
     static std::vector<Option<Options>> const table = {
@@ -112,7 +112,7 @@ std::string ValidateHelp() {
     return "Usage: zvxml validate --schema FILE [OPTION]... FILE...\n"
            "Tests documents by XML schemas. Reads what convert reads; \"-\" is standard input.\n"
            "Nothing is fetched from a network.\n\n" +
-           OptionsHelp(OptionTable()) +
+           OptionsHelp(ValidateOptionTable()) +
            "\nFor each document there is a line \"FILE: valid\", or on standard error a line with\n"
            "its first failure, with path, line and column.\n"
            "Exit status: 0 if all are valid, 1 if one is not or cannot be read, 2 for a command\n"
@@ -121,7 +121,7 @@ std::string ValidateHelp() {
 
 int Validate(std::vector<std::string> const& arguments, Progress& progress) {
     ValidateOptions options;
-    std::vector<std::string> const files = ReadArguments(arguments, OptionTable(), options);
+    std::vector<std::string> const files = ReadArguments(arguments, ValidateOptionTable(), options);
     if (options.schema.files.empty())
         throw UsageError("validate needs a schema: --schema FILE");
     if (files.empty())

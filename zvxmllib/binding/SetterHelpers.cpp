@@ -5,37 +5,30 @@
 #include "zvxmllib/binding/XmlObjectBase.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/foundation/TextOrEmpty.h"
 
 namespace ZvXmlLib16 {
 
-namespace {
-
-char const* TextOf(char const* text) noexcept {
-    return text == nullptr ? "" : text;
-}
-
-} // namespace
-
 void CXmlObjectBase::Throw_IfPropertyIsNull(CXmlObjectBase* value, char const* name) {
     if (value == nullptr)
-        FailPropertyIsNull(TextOf(name));
+        FailPropertyIsNull(detail::TextOrEmpty(name));
 }
 
 void CXmlObjectBase::Throw_IfElementNameDiffers(CXmlObjectBase* value, char const* name) {
     if (value == nullptr)
         return;
     std::string const& actual = value->GetBase()->GetElementName();
-    if (actual != TextOf(name))
-        FailElementNameDiffers(TextOf(name), actual);
+    if (actual != detail::TextOrEmpty(name))
+        FailElementNameDiffers(detail::TextOrEmpty(name), actual);
 }
 
 // An empty choice takes the name even without a value.
 void CXmlObjectBase::Choice_SelectElement(char const* name, CXmlObjectBase* value, std::string& selected) {
-    if (selected == TextOf(name)) {
+    if (selected == detail::TextOrEmpty(name)) {
         if (value == nullptr)
             selected.clear();
     } else if (selected.empty()) {
-        selected = TextOf(name);
+        selected = detail::TextOrEmpty(name);
     } else if (value != nullptr) {
         FailChoiceAlreadySelected(selected);
     }
@@ -46,18 +39,18 @@ void CXmlObjectBase::Choice_SetElementValid(bool valid, char const* name, std::s
         selected.clear();
         return;
     }
-    if (!selected.empty() && selected != TextOf(name))
+    if (!selected.empty() && selected != detail::TextOrEmpty(name))
         FailChoiceAlreadyValid(selected);
-    selected = TextOf(name);
+    selected = detail::TextOrEmpty(name);
 }
 
 void CXmlObjectBase::Choice_CollectionChanged(char const* name, std::int32_t count, std::string& selected) {
-    if (selected == TextOf(name)) {
+    if (selected == detail::TextOrEmpty(name)) {
         if (count == 0)
             selected.clear();
     } else if (selected.empty()) {
         if (count > 0)
-            selected = TextOf(name);
+            selected = detail::TextOrEmpty(name);
     } else if (count != 0) {
         FailChoiceAlreadySelected(selected);
     }
@@ -79,18 +72,20 @@ void CXmlObjectBase::Choice_Read_Collection(CXmlCollectionBase* collection, CXml
 
 void CXmlObjectBase::TestNamespace(char const* ns, char const* allowed, char const* target) const {
     if (!IsNamespaceValid(ns, allowed, target))
-        FailNamespaceNotAllowed(TextOf(ns), TextOf(allowed), TextOf(target));
+        FailNamespaceNotAllowed(detail::TextOrEmpty(ns), detail::TextOrEmpty(allowed),
+                                detail::TextOrEmpty(target));
 }
 
 bool CXmlObjectBase::IsNamespaceValid(char const* ns, char const* allowed, char const* target) const {
-    return IsNamespaceAllowed(TextOf(ns), TextOf(allowed), TextOf(target));
+    return IsNamespaceAllowed(detail::TextOrEmpty(ns), detail::TextOrEmpty(allowed),
+                              detail::TextOrEmpty(target));
 }
 
 bool CXmlObjectBase::DoesElementNameMatch(CSerializationContext const& ctx, CXmlElement const* element,
                                           char const* name, char const* ns) const {
-    if (element->GetLocalName() != TextOf(name))
+    if (element->GetLocalName() != detail::TextOrEmpty(name))
         return false;
-    return ctx.GetIgnoreNamespaces() || element->GetNamespaceURI() == TextOf(ns);
+    return ctx.GetIgnoreNamespaces() || element->GetNamespaceURI() == detail::TextOrEmpty(ns);
 }
 
 } // namespace ZvXmlLib16

@@ -4,6 +4,7 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/values/text/Whitespace.h"
 
 #include <algorithm>
@@ -15,7 +16,6 @@ namespace ZvXmlLib16 {
 namespace {
 
 constexpr std::string_view kSchemaNamespace = "http://www.w3.org/2001/XMLSchema";
-constexpr std::string_view kInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
 
 // The primitive types, and the types that XML Schema derives from them (Part 2, 3.3), with the type that each
 // is derived from. Values of the types that are derived from none here are strings.
@@ -23,35 +23,35 @@ struct BuiltInType {
     std::string_view name;
     std::string_view base;
 };
-constexpr BuiltInType kTypes[] = {{"normalizedString", "string"},
-                                  {"token", "normalizedString"},
-                                  {"language", "token"},
-                                  {"NMTOKEN", "token"},
-                                  {"Name", "token"},
-                                  {"NCName", "Name"},
-                                  {"ID", "NCName"},
-                                  {"IDREF", "NCName"},
-                                  {"ENTITY", "NCName"},
-                                  {"NMTOKENS", "string"},
-                                  {"IDREFS", "string"},
-                                  {"ENTITIES", "string"},
-                                  {"anyURI", "string"},
-                                  {"QName", "string"},
-                                  {"NOTATION", "string"},
-                                  {"anySimpleType", "string"},
-                                  {"integer", "decimal"},
-                                  {"nonPositiveInteger", "integer"},
-                                  {"negativeInteger", "nonPositiveInteger"},
-                                  {"long", "integer"},
-                                  {"int", "long"},
-                                  {"short", "int"},
-                                  {"byte", "short"},
-                                  {"nonNegativeInteger", "integer"},
-                                  {"positiveInteger", "nonNegativeInteger"},
-                                  {"unsignedLong", "nonNegativeInteger"},
-                                  {"unsignedInt", "unsignedLong"},
-                                  {"unsignedShort", "unsignedInt"},
-                                  {"unsignedByte", "unsignedShort"}};
+constexpr BuiltInType kDerivedTypes[] = {{"normalizedString", "string"},
+                                         {"token", "normalizedString"},
+                                         {"language", "token"},
+                                         {"NMTOKEN", "token"},
+                                         {"Name", "token"},
+                                         {"NCName", "Name"},
+                                         {"ID", "NCName"},
+                                         {"IDREF", "NCName"},
+                                         {"ENTITY", "NCName"},
+                                         {"NMTOKENS", "string"},
+                                         {"IDREFS", "string"},
+                                         {"ENTITIES", "string"},
+                                         {"anyURI", "string"},
+                                         {"QName", "string"},
+                                         {"NOTATION", "string"},
+                                         {"anySimpleType", "string"},
+                                         {"integer", "decimal"},
+                                         {"nonPositiveInteger", "integer"},
+                                         {"negativeInteger", "nonPositiveInteger"},
+                                         {"long", "integer"},
+                                         {"int", "long"},
+                                         {"short", "int"},
+                                         {"byte", "short"},
+                                         {"nonNegativeInteger", "integer"},
+                                         {"positiveInteger", "nonNegativeInteger"},
+                                         {"unsignedLong", "nonNegativeInteger"},
+                                         {"unsignedInt", "unsignedLong"},
+                                         {"unsignedShort", "unsignedInt"},
+                                         {"unsignedByte", "unsignedShort"}};
 
 // By ItemType, from 1 on.
 constexpr std::string_view kNamesOfTypes[] = {
@@ -68,16 +68,16 @@ bool IsTypeOrDerived(std::string_view name, ItemType type) {
     for (;;) {
         if (name == kNamesOfTypes[type - 1])
             return true;
-        auto const* const found = std::find_if(std::begin(kTypes), std::end(kTypes),
+        auto const* const found = std::find_if(std::begin(kDerivedTypes), std::end(kDerivedTypes),
                                                [&](auto const& row) { return row.name == name; });
-        if (found == std::end(kTypes))
+        if (found == std::end(kDerivedTypes))
             return false;
         name = found->base;
     }
 }
 
 bool IsOfInstanceNamespace(CXmlAttribute const& attribute, std::string_view name) {
-    return attribute.GetLocalName() == name && attribute.GetNamespaceURI() == kInstanceNamespace;
+    return attribute.GetLocalName() == name && attribute.GetNamespaceURI() == kSchemaInstanceNamespace;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "zvxmllib/collections/Attribute.h"
 
 #include "zvxmllib/collections/Failures.h"
+#include "zvxmllib/foundation/TextOrEmpty.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
 #include <utility>
@@ -10,19 +11,17 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-CInstanceMonitor::Registration s_registration("CAttribute");
-
-std::string_view TextOf(char const* text) noexcept {
-    return text == nullptr ? "" : text;
-}
+CInstanceMonitor::Registration s_attributeInstances("CAttribute");
 
 } // namespace
 
 CAttribute::CAttribute(char const* name, char const* value, char const* namespaceURI)
-    : CAttribute(detail::SharedText(TextOf(name)), TextOf(value), detail::SharedText(TextOf(namespaceURI))) {}
+    : CAttribute(detail::SharedText(detail::TextOrEmpty(name)), detail::TextOrEmpty(value),
+                 detail::SharedText(detail::TextOrEmpty(namespaceURI))) {}
 
 CAttribute::CAttribute(detail::SharedText name, std::string_view value, detail::SharedText ns)
-    : CInstanceMonitor(s_registration), m_name(std::move(name)), m_namespace(std::move(ns)), m_value(value) {}
+    : CInstanceMonitor(s_attributeInstances), m_name(std::move(name)), m_namespace(std::move(ns)),
+      m_value(value) {}
 
 CAttribute::~CAttribute() = default;
 
@@ -40,16 +39,16 @@ std::string CAttribute::GetTargetNamespace() {
 
 void CAttribute::SetName(char const* name) {
     FireOnChangeName(name);
-    m_name = TextOf(name);
+    m_name = detail::TextOrEmpty(name);
 }
 
 void CAttribute::SetValue(char const* value) {
-    m_value = TextOf(value);
+    m_value = detail::TextOrEmpty(value);
 }
 
 void CAttribute::SetNamespace(char const* ns) {
     FireOnChangeNamespace(ns);
-    m_namespace = TextOf(ns);
+    m_namespace = detail::TextOrEmpty(ns);
 }
 
 CSmartPtr<CAttribute> CAttribute::Clone() const {

@@ -5,6 +5,7 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/foundation/TextOrEmpty.h"
 
 namespace ZvXmlLib16 {
 
@@ -17,20 +18,13 @@ CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() co
     return m_rootAttributes.Get().attributes;
 }
 
-namespace {
-
-char const* TextOf(char const* text) noexcept {
-    return text == nullptr ? "" : text;
-}
-
-} // namespace
-
 CInstanceMonitor::Registration CAttributeCol::s_registration("CAttributeCol");
 
 CAttributeCol::CAttributeCol(char const* namespaceURI, char const* allowedNamespaces,
                              char const* targetNamespace)
     : CXmlCollection("", namespaceURI, 0, -1), CInstanceMonitor(s_registration),
-      m_allowedNamespaces(TextOf(allowedNamespaces)), m_targetNamespace(TextOf(targetNamespace)) {
+      m_allowedNamespaces(detail::TextOrEmpty(allowedNamespaces)),
+      m_targetNamespace(detail::TextOrEmpty(targetNamespace)) {
     std::string_view const allowed = m_allowedNamespaces;
     std::string_view const first = allowed.substr(0, allowed.find(' '));
     if (m_namespace.empty() && first.size() >= 2 && first[0] != '#' && first[1] != '#')

@@ -10,6 +10,7 @@
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/TextOrEmpty.h"
 #include "zvxmllib/streams/TextStream.h"
 #include "zvxmllib/xml/XmlTextWriter.h"
 
@@ -19,13 +20,9 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-CInstanceMonitor::Registration s_registration("CElement");
+CInstanceMonitor::Registration s_elementInstances("CElement");
 
 constexpr char kNamespaceDeclaration[] = "xmlns"; // an attribute where namespaces are not processed
-
-char const* TextOf(char const* text) noexcept {
-    return text == nullptr ? "" : text;
-}
 
 bool IsNamespaceToken(std::string_view ns) noexcept {
     return ns == kAnyNamespace || ns == "##other" || ns == "##local" || ns == "##targetNamespace";
@@ -35,26 +32,27 @@ bool IsNamespaceToken(std::string_view ns) noexcept {
 
 CElement::CElement(char const* name) : CElement(name, "", kAnyNamespace, "") {}
 
-CElement::CElement(char const* name, char const* namespaceURI) : CInstanceMonitor(s_registration) {
-    if (IsNamespaceToken(TextOf(namespaceURI)))
+CElement::CElement(char const* name, char const* namespaceURI) : CInstanceMonitor(s_elementInstances) {
+    if (IsNamespaceToken(detail::TextOrEmpty(namespaceURI)))
         FailReservedNamespace(namespaceURI);
     Init(name, namespaceURI, namespaceURI, "");
 }
 
 CElement::CElement(char const* name, char const* namespaceURI, char const* allowedNamespaces,
                    char const* targetNamespace)
-    : CInstanceMonitor(s_registration) {
+    : CInstanceMonitor(s_elementInstances) {
     Init(name, namespaceURI, allowedNamespaces, targetNamespace);
 }
 
-CElement::CElement(CXmlObjectBase* object, char const* defaultNamespace) : CInstanceMonitor(s_registration) {
+CElement::CElement(CXmlObjectBase* object, char const* defaultNamespace)
+    : CInstanceMonitor(s_elementInstances) {
     if (object == nullptr)
         FailNullElement();
     Init("", "", kAnyNamespace, "");
     CSerializationContext ctx;
     ctx.SetDefaultNamespaceURI(defaultNamespace);
     ctx.SetStrict(CSerializationContext::GetDefaultContext().GetStrict());
-    if (*TextOf(defaultNamespace) != '\0')
+    if (*detail::TextOrEmpty(defaultNamespace) != '\0')
         OwnRules().defaultNamespace = defaultNamespace;
     CBinaryData const xml =
         object->ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF, ctx, CompressionType_None);
@@ -65,7 +63,7 @@ CElement::CElement(CXmlObjectBase* object, char const* defaultNamespace) : CInst
 
 CElement::CElement(NamespaceIsTested, detail::SharedText name, detail::SharedText ns, char const* allowed,
                    char const* target)
-    : CInstanceMonitor(s_registration), m_name(std::move(name)), m_namespace(std::move(ns)) {
+    : CInstanceMonitor(s_elementInstances), m_name(std::move(name)), m_namespace(std::move(ns)) {
     SetRestrictions(allowed, target);
     PromiseCollections();
 }
@@ -202,17 +200,17 @@ std::string CElement::GetTargetNamespace() {
 
 void CElement::SetName(char const* name) {
     FireOnChangeName(name);
-    m_name = TextOf(name);
+    m_name = detail::TextOrEmpty(name);
 }
 
 void CElement::SetText(char const* text) {
     FireOnChangeText(text);
-    m_text = TextOf(text);
+    m_text = detail::TextOrEmpty(text);
 }
 
 void CElement::SetNamespace(char const* ns) {
     FireOnChangeNamespace(ns);
-    ChangeNamespace(TextOf(ns));
+    ChangeNamespace(detail::TextOrEmpty(ns));
 }
 
 void CElement::ChangeNamespace(detail::SharedText ns) {
@@ -241,7 +239,7 @@ void CElement::SetNamespaceRestrictions(char const* allowedNamespaces, char cons
                 child->SetNamespaceRestrictions(allowedNamespaces, targetNamespace);
         }
     } catch (CZvException const& cause) {
-        FailNamespaceRestriction(m_namespace, m_name, TextOf(allowedNamespaces), cause);
+        FailNamespaceRestriction(m_namespace, m_name, detail::TextOrEmpty(allowedNamespaces), cause);
     }
 }
 

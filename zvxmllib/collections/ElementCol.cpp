@@ -6,25 +6,18 @@
 #include "zvxmllib/collections/Failures.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/foundation/TextOrEmpty.h"
 
 namespace ZvXmlLib16 {
-
-namespace {
-
-char const* TextOf(char const* text) noexcept {
-    return text == nullptr ? "" : text;
-}
-
-} // namespace
 
 CInstanceMonitor::Registration CElementCol::s_registration("CElementCol");
 
 CElementCol::CElementCol(char const* namespaceURI, char const* allowedNamespaces, char const* targetNamespace,
                          int minOccurs, int maxOccurs)
-    : CInstanceMonitor(s_registration), m_targetNamespace(TextOf(targetNamespace)) {
+    : CInstanceMonitor(s_registration), m_targetNamespace(detail::TextOrEmpty(targetNamespace)) {
     TestNamespace(namespaceURI, allowedNamespaces, targetNamespace);
-    std::string_view const allowed = TextOf(allowedNamespaces);
-    m_itemNamespace = TextOf(namespaceURI);
+    std::string_view const allowed = detail::TextOrEmpty(allowedNamespaces);
+    m_itemNamespace = detail::TextOrEmpty(namespaceURI);
     if (m_itemNamespace.empty() && allowed.substr(0, 2) == "##")
         m_itemNamespace = allowed;
     if (allowed != kAnyNamespace || minOccurs != 0 || maxOccurs != -1)

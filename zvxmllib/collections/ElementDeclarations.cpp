@@ -3,7 +3,7 @@
 #include "zvxmllib/document/PrefixScopes.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
 #include <algorithm>

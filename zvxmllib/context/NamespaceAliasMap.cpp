@@ -2,6 +2,7 @@
 #include "zvxmllib/context/NamespaceAliasMap.h"
 
 #include "zvxmllib/context/Failures.h"
+#include "zvxmllib/foundation/TextOrEmpty.h"
 
 #include <algorithm>
 #include <iterator>
@@ -10,14 +11,11 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-char const* TextOf(char const* text) noexcept {
-    return text == nullptr ? "" : text;
-}
-
 std::map<std::string, std::string>::const_iterator
 FindAlias(std::map<std::string, std::string> const& aliases, char const* alias) {
-    return std::find_if(aliases.begin(), aliases.end(),
-                        [text = TextOf(alias)](auto const& entry) { return entry.second == text; });
+    return std::find_if(
+        aliases.begin(), aliases.end(),
+        [text = detail::TextOrEmpty(alias)](auto const& entry) { return entry.second == text; });
 }
 
 } // namespace
@@ -28,27 +26,27 @@ CNamespaceAliasMap& CNamespaceAliasMap::operator=(CNamespaceAliasMap const&) = d
 CNamespaceAliasMap::~CNamespaceAliasMap() = default;
 
 void CNamespaceAliasMap::Add(char const* alias, char const* ns) {
-    m_aliases[TextOf(ns)] = TextOf(alias);
+    m_aliases[detail::TextOrEmpty(ns)] = detail::TextOrEmpty(alias);
 }
 
 void CNamespaceAliasMap::RemoveNamespace(char const* ns) {
-    m_aliases.erase(TextOf(ns));
+    m_aliases.erase(detail::TextOrEmpty(ns));
 }
 
 // Callers rely on the entry that this leaves behind.
 std::string CNamespaceAliasMap::GetAliasFromNamespace(char const* ns) {
-    return m_aliases[TextOf(ns)];
+    return m_aliases[detail::TextOrEmpty(ns)];
 }
 
 std::string CNamespaceAliasMap::GetNamespaceFromAlias(char const* alias) {
     auto const found = FindAlias(m_aliases, alias);
     if (found == m_aliases.end())
-        FailAliasNotFound(TextOf(alias));
+        FailAliasNotFound(detail::TextOrEmpty(alias));
     return found->first;
 }
 
 bool CNamespaceAliasMap::DoesNamespaceExist(char const* ns) const {
-    return m_aliases.count(TextOf(ns)) != 0;
+    return m_aliases.count(detail::TextOrEmpty(ns)) != 0;
 }
 
 bool CNamespaceAliasMap::DoesAliasExist(char const* alias) const {

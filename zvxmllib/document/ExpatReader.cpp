@@ -18,7 +18,7 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-CInstanceMonitor::Registration s_registration("CExpatReader");
+CInstanceMonitor::Registration s_expatReaderInstances("CExpatReader");
 
 // The parser copies what it is given, so it gets the input in slices that stay in the cache. A token that
 // goes on beyond its slice is looked at from its beginning with each further one, so the slices double until
@@ -175,7 +175,7 @@ void CExpatReader::ParserDeleter::operator()(XML_ParserStruct* parser) const noe
 }
 
 CExpatReader::CExpatReader(CXmlDocument& document)
-    : CInstanceMonitor(s_registration), m_doc(document), m_sliceSize(kSliceSize) {}
+    : CInstanceMonitor(s_expatReaderInstances), m_doc(document), m_sliceSize(kSliceSize) {}
 
 CExpatReader::~CExpatReader() = default;
 

@@ -1,6 +1,7 @@
 #include "zvxmllib/document/XmlAttribute.h"
 
 #include "zvxmllib/document/XmlTree.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 
 #include <algorithm>
 #include <array>
@@ -9,13 +10,11 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-constexpr std::string_view kInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
-constexpr std::string_view kXmlnsNamespace = "http://www.w3.org/2000/xmlns/";
 constexpr std::array<std::string_view, 4> kNamespaceAttributes = {"xmlns", "type", "schemaLocation",
                                                                   "noNamespaceSchemaLocation"};
 
 bool IsSchemaInstance(std::string_view uri) {
-    return uri == kInstanceNamespace || uri == kXmlnsNamespace;
+    return uri == kSchemaInstanceNamespace || uri == kXmlnsNamespace;
 }
 
 } // namespace

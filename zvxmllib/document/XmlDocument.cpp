@@ -19,7 +19,7 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-CInstanceMonitor::Registration s_registration("CXmlDocument");
+CInstanceMonitor::Registration s_xmlDocumentInstances("CXmlDocument");
 
 #ifdef ZVXMLLIB_NO_PLAIN_READER
 constexpr bool kReadsPlainXml = false;
@@ -60,8 +60,8 @@ CXmlDocument::CXmlDocument(ElementCallback callback)
     : CXmlDocument(callback, CSerializationContext::GetDefaultContext()) {}
 
 CXmlDocument::CXmlDocument(ElementCallback callback, CSerializationContext const& context)
-    : CInstanceMonitor(s_registration), m_schemaType(context.GetSchemaType()), m_pfnElementCallback(callback),
-      m_pContext(&context) {}
+    : CInstanceMonitor(s_xmlDocumentInstances), m_schemaType(context.GetSchemaType()),
+      m_pfnElementCallback(callback), m_pContext(&context) {}
 
 CXmlDocument::~CXmlDocument() {
     CXmlDocument::Cleanup();

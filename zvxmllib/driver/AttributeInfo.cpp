@@ -7,20 +7,16 @@
 #include "zvxmllib/driver/Failures.h"
 #include "zvxmllib/driver/XmlGeneratedClass.h"
 #include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/TextOrEmpty.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
 
 namespace ZvXmlLib16Data {
 
-namespace {
-char const* TextOrEmpty(char const* text) {
-    return text == nullptr ? "" : text;
-}
-} // namespace
-
 CAttributeInfo::CAttributeInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
                                char const* defaultValue)
-    : m_name(TextOrEmpty(name)), m_namespace(TextOrEmpty(ns)), m_propertyIndex(propertyIndex),
-      m_optional(optional), m_defaultValue(TextOrEmpty(defaultValue)) {}
+    : m_name(ZvXmlLib16::detail::TextOrEmpty(name)), m_namespace(ZvXmlLib16::detail::TextOrEmpty(ns)),
+      m_propertyIndex(propertyIndex), m_optional(optional),
+      m_defaultValue(ZvXmlLib16::detail::TextOrEmpty(defaultValue)) {}
 
 CAttributeInfo::~CAttributeInfo() = default;
 

@@ -6,6 +6,7 @@
 #include "zvxmllib/driver/Failures.h"
 #include "zvxmllib/driver/StrictValues.h"
 #include "zvxmllib/driver/XmlGeneratedClass.h"
+#include "zvxmllib/foundation/TextOrEmpty.h"
 #include "zvxmllib/values/facets/CheckPrimitive.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
 #include "zvxmllib/writers/XmlWriter.h"
@@ -13,10 +14,6 @@
 namespace ZvXmlLib16Data {
 
 namespace {
-
-char const* TextOrEmpty(char const* text) {
-    return text == nullptr ? "" : text;
-}
 
 CSmartPtr<ZvXmlLib16::CXmlObjectBase> CollectionOf(ZvVariant const& value) {
     if (value.GetTypeAsEnum() != ZvXmlLib16::ItemType_XmlCollection || value.IsNil())
@@ -33,7 +30,7 @@ CAttributeInfoPrimitive::CAttributeInfoPrimitive(char const* name, char const* n
                                                  ZvXmlLib16::CPrimitiveRestrictions const& restrictions,
                                                  char const* defaultValue)
     : CAttributeInfo(name, ns, propertyIndex, optional, defaultValue), m_restrictions(restrictions),
-      m_type(type), m_formatOverride(TextOrEmpty(formatOverride)), m_rule(rule),
+      m_type(type), m_formatOverride(ZvXmlLib16::detail::TextOrEmpty(formatOverride)), m_rule(rule),
       m_needsCheck(ZvXmlLib16::detail::NeedsCheck(type, restrictions)) {}
 
 CAttributeInfoPrimitive::~CAttributeInfoPrimitive() = default;
@@ -105,7 +102,7 @@ void CAttributeInfoEnum::AttributeToXml(CSerializationContext const& ctx, CXmlGe
         return;
     // A mandatory attribute without a value fails like the conversion of it.
     std::string const text = value.GetTypeAsEnum() == ZvXmlLib16::ItemType_i4
-                                 ? TextOrEmpty(m_enumToString(value.GetI4()))
+                                 ? ZvXmlLib16::detail::TextOrEmpty(m_enumToString(value.GetI4()))
                                  : value.ToString(nullptr);
     if (IsSuppressedDefault(ctx, text))
         return;
@@ -130,7 +127,8 @@ CAttributeInfoAny::CAttributeInfoAny(char const* name, char const* ns, std::int3
                                      bool optional, char const* allowedNamespaces,
                                      char const* targetNamespace, char const* defaultValue)
     : CAttributeInfo(name, ns, propertyIndex, optional, defaultValue),
-      m_allowedNamespaces(TextOrEmpty(allowedNamespaces)), m_targetNamespace(TextOrEmpty(targetNamespace)) {}
+      m_allowedNamespaces(ZvXmlLib16::detail::TextOrEmpty(allowedNamespaces)),
+      m_targetNamespace(ZvXmlLib16::detail::TextOrEmpty(targetNamespace)) {}
 
 CAttributeInfoAny::~CAttributeInfoAny() = default;
 

@@ -7,6 +7,7 @@
 #include "zvxmllib/driver/Failures.h"
 #include "zvxmllib/driver/XmlGeneratedClass.h"
 #include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/TextOrEmpty.h"
 #include "zvxmllib/values/facets/CheckPrimitive.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
 
@@ -18,28 +19,26 @@ namespace {
 
 constexpr std::string_view kWildcardName = "AnyElement";
 
-char const* TextOrEmpty(char const* text) {
-    return text == nullptr ? "" : text;
-}
-
 } // namespace
 
 CElementInfo::CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex)
-    : m_name(TextOrEmpty(name)), m_namespace(TextOrEmpty(ns)), m_propertyIndex(propertyIndex),
-      m_isWildcard(m_name == kWildcardName) {}
+    : m_name(ZvXmlLib16::detail::TextOrEmpty(name)), m_namespace(ZvXmlLib16::detail::TextOrEmpty(ns)),
+      m_propertyIndex(propertyIndex), m_isWildcard(m_name == kWildcardName) {}
 
 CElementInfo::CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
                            EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue)
-    : m_enumToString(enumToString), m_name(TextOrEmpty(name)), m_namespace(TextOrEmpty(ns)),
-      m_propertyIndex(propertyIndex), m_defaultValue(TextOrEmpty(defaultValue)), m_nillable(nillable),
+    : m_enumToString(enumToString), m_name(ZvXmlLib16::detail::TextOrEmpty(name)),
+      m_namespace(ZvXmlLib16::detail::TextOrEmpty(ns)), m_propertyIndex(propertyIndex),
+      m_defaultValue(ZvXmlLib16::detail::TextOrEmpty(defaultValue)), m_nillable(nillable),
       m_stringToEnum(stringToEnum), m_isWildcard(false) {}
 
 CElementInfo::CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
                            ItemType type, char const* formatOverride, CWhitespaceUtils::WhitespaceRule rule,
                            CPrimitiveRestrictions const& restrictions, char const* defaultValue)
-    : m_name(TextOrEmpty(name)), m_namespace(TextOrEmpty(ns)), m_propertyIndex(propertyIndex),
-      m_restrictions(restrictions), m_itemType(type), m_formatOverride(TextOrEmpty(formatOverride)),
-      m_whitespaceRule(rule), m_defaultValue(TextOrEmpty(defaultValue)), m_nillable(nillable),
+    : m_name(ZvXmlLib16::detail::TextOrEmpty(name)), m_namespace(ZvXmlLib16::detail::TextOrEmpty(ns)),
+      m_propertyIndex(propertyIndex), m_restrictions(restrictions), m_itemType(type),
+      m_formatOverride(ZvXmlLib16::detail::TextOrEmpty(formatOverride)), m_whitespaceRule(rule),
+      m_defaultValue(ZvXmlLib16::detail::TextOrEmpty(defaultValue)), m_nillable(nillable),
       m_hasRestrictions(true), m_needsCheck(ZvXmlLib16::detail::NeedsCheck(type, restrictions)),
       m_isWildcard(false) {}
 
@@ -167,16 +166,16 @@ CSmartPtr<CElement> CElementInfo::NewUntyped(char const* ns, std::string const& 
 }
 
 std::string CElementInfo::GetAnyDefaultNamespace(char const* allowed, char const* ns, char const* target) {
-    std::string_view rule = TextOrEmpty(allowed);
+    std::string_view rule = ZvXmlLib16::detail::TextOrEmpty(allowed);
     if (rule.size() >= 3 && rule.substr(0, 2) == "##")
         rule = rule.substr(0, rule.find(' '));
-    std::string_view const own = TextOrEmpty(ns);
+    std::string_view const own = ZvXmlLib16::detail::TextOrEmpty(ns);
     if (rule == "##any")
         return std::string(own);
     if (rule == "##other")
         return own.empty() ? "DefaultNamespace" : "";
     if (rule == "##targetNamespace")
-        return TextOrEmpty(target);
+        return ZvXmlLib16::detail::TextOrEmpty(target);
     return std::string();
 }
 

@@ -1,12 +1,8 @@
 #include "zvxmllib/driver/ParentElementInfo.h"
 
-namespace ZvXmlLib16Data {
+#include "zvxmllib/foundation/TextOrEmpty.h"
 
-namespace {
-char const* TextOrEmpty(char const* text) {
-    return text == nullptr ? "" : text;
-}
-} // namespace
+namespace ZvXmlLib16Data {
 
 CParentElementInfo::CParentElementInfo(ZvXmlLib16::XmlElementGroupType elementGroupType,
                                        ZvXmlLib16::XmlElementType elementType, char const* elementName,
@@ -16,10 +12,11 @@ CParentElementInfo::CParentElementInfo(ZvXmlLib16::XmlElementGroupType elementGr
                                        char const* primitiveFormatOverride,
                                        bool outputPrimitiveClassAsTextProperty)
     : m_elementGroupType(elementGroupType), m_elementType(elementType),
-      m_elementName(TextOrEmpty(elementName)), m_elementNamespace(TextOrEmpty(elementNamespace)),
+      m_elementName(ZvXmlLib16::detail::TextOrEmpty(elementName)),
+      m_elementNamespace(ZvXmlLib16::detail::TextOrEmpty(elementNamespace)),
       m_fromXmlFailIfAttributeUnknown(fromXmlFailIfAttributeUnknown), m_hasBaseClasses(hasBaseClasses),
       m_primitiveValuePropertyIndex(primitiveValuePropertyIndex), m_primitiveDataType(primitiveDataType),
-      m_primitiveFormatOverride(TextOrEmpty(primitiveFormatOverride)),
+      m_primitiveFormatOverride(ZvXmlLib16::detail::TextOrEmpty(primitiveFormatOverride)),
       m_outputPrimitiveClassAsTextProperty(outputPrimitiveClassAsTextProperty) {}
 
 CParentElementInfo::~CParentElementInfo() = default;

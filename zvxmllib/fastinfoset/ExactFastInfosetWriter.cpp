@@ -4,9 +4,9 @@
 #include "zvxmllib/fastinfoset/EncodedValues.h"
 #include "zvxmllib/fastinfoset/RestrictedAlphabet.h"
 #include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/writers/Failures.h"
 #include "zvxmllib/writers/WriterChecks.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
 
 namespace ZvXmlLib16 {
 

@@ -1,6 +1,6 @@
 #include "zvxmllib/fastinfoset/FIVocabulary.h"
 
-#include "zvxmllib/writers/XmlNamespaces.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 
 #include <algorithm>
 #include <cstdio>

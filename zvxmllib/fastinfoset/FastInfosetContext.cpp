@@ -14,24 +14,24 @@ struct Suggestion {
     std::uint32_t index;
 };
 
-constexpr auto kString = CFastInfosetContext::EncodingType_String;
-constexpr auto kAlphabet = CFastInfosetContext::EncodingType_RestrictedAlphabet;
-constexpr auto kAlgorithm = CFastInfosetContext::EncodingType_Algorithm;
+constexpr auto kStringEncoding = CFastInfosetContext::EncodingType_String;
+constexpr auto kAlphabetEncoding = CFastInfosetContext::EncodingType_RestrictedAlphabet;
+constexpr auto kAlgorithmEncoding = CFastInfosetContext::EncodingType_Algorithm;
 
 // An unsigned type goes by the next wider signed one, as far as there is one.
 constexpr std::array<Suggestion, 24> kSuggestions = {{
-    {ItemType_hexBinary, kAlgorithm, 1}, {ItemType_base64Binary, kAlgorithm, 2},
-    {ItemType_i1, kAlgorithm, 3},        {ItemType_i2, kAlgorithm, 3},
-    {ItemType_i4, kAlgorithm, 4},        {ItemType_i8, kAlgorithm, 5},
-    {ItemType_ui1, kAlgorithm, 3},       {ItemType_ui2, kAlgorithm, 4},
-    {ItemType_ui4, kAlgorithm, 5},       {ItemType_ui8, kAlgorithm, 5},
-    {ItemType_r4, kAlgorithm, 7},        {ItemType_r8, kAlgorithm, 8},
-    {ItemType_boolean, kAlgorithm, 6},   {ItemType_duration, kString, 0},
-    {ItemType_yearMonth, kAlphabet, 2},  {ItemType_monthDay, kAlphabet, 2},
-    {ItemType_year, kAlphabet, 2},       {ItemType_month, kAlphabet, 2},
-    {ItemType_day, kAlphabet, 2},        {ItemType_date, kAlphabet, 2},
-    {ItemType_datetime, kAlphabet, 2},   {ItemType_time, kAlphabet, 2},
-    {ItemType_decimal, kAlphabet, 1},    {ItemType_integer, kAlphabet, 1},
+    {ItemType_hexBinary, kAlgorithmEncoding, 1}, {ItemType_base64Binary, kAlgorithmEncoding, 2},
+    {ItemType_i1, kAlgorithmEncoding, 3},        {ItemType_i2, kAlgorithmEncoding, 3},
+    {ItemType_i4, kAlgorithmEncoding, 4},        {ItemType_i8, kAlgorithmEncoding, 5},
+    {ItemType_ui1, kAlgorithmEncoding, 3},       {ItemType_ui2, kAlgorithmEncoding, 4},
+    {ItemType_ui4, kAlgorithmEncoding, 5},       {ItemType_ui8, kAlgorithmEncoding, 5},
+    {ItemType_r4, kAlgorithmEncoding, 7},        {ItemType_r8, kAlgorithmEncoding, 8},
+    {ItemType_boolean, kAlgorithmEncoding, 6},   {ItemType_duration, kStringEncoding, 0},
+    {ItemType_yearMonth, kAlphabetEncoding, 2},  {ItemType_monthDay, kAlphabetEncoding, 2},
+    {ItemType_year, kAlphabetEncoding, 2},       {ItemType_month, kAlphabetEncoding, 2},
+    {ItemType_day, kAlphabetEncoding, 2},        {ItemType_date, kAlphabetEncoding, 2},
+    {ItemType_datetime, kAlphabetEncoding, 2},   {ItemType_time, kAlphabetEncoding, 2},
+    {ItemType_decimal, kAlphabetEncoding, 1},    {ItemType_integer, kAlphabetEncoding, 1},
 }};
 
 } // namespace

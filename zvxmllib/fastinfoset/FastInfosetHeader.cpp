@@ -3,6 +3,7 @@
 //   0 a v n u c s r   additional data, initial vocabulary, notations, unparsed entities, character encoding
 //                     scheme, standalone, version; what is there follows in this order
 #include "zvxmllib/fastinfoset/FastInfosetReader.h"
+#include "zvxmllib/fastinfoset/Octets.h"
 
 namespace ZvXmlLib16 {
 
@@ -23,8 +24,6 @@ constexpr unsigned kExternalVocabulary = 0x1000;
 constexpr unsigned kOctetStrings = 0x0FE0;   // seven tables, from alphabets to other URIs
 constexpr unsigned kEncodedStrings = 0x001C; // attribute values, chunks, other strings
 constexpr unsigned kNameSurrogates = 0x0003; // elements, attributes
-
-constexpr std::uint8_t kProcessingInstruction = 0xE1;
 
 unsigned CountBits(unsigned bits) noexcept {
     unsigned count = 0;
@@ -100,7 +99,7 @@ void CFastInfosetReader::SkipProcessingInstruction() {
 // 110001 s p: the identifiers, instructions, an end.
 std::uint8_t CFastInfosetReader::SkipDocumentType(std::uint8_t octet) {
     SkipIdentifyingStrings(CountBits(octet & 0x03U));
-    while ((octet = m_in.ReadOctet()) == kProcessingInstruction)
+    while ((octet = m_in.ReadOctet()) == detail::kProcessingInstruction)
         SkipProcessingInstruction();
     return octet;
 }

@@ -16,9 +16,11 @@
 #include "zvxmllib/document/XmlTree.h"
 #include "zvxmllib/fastinfoset/FInfoDeclarations.h"
 #include "zvxmllib/fastinfoset/InfosetChecks.h"
+#include "zvxmllib/fastinfoset/Octets.h"
 #include "zvxmllib/foundation/DebugTrace.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/values/binary/Encoder.h"
+#include "zvxmllib/values/text/TextParts.h"
 
 #include <algorithm>
 #include <memory>
@@ -27,12 +29,7 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-CInstanceMonitor::Registration s_registration("CFastInfosetReader");
-
-constexpr std::uint8_t kEnd = 0xF0;
-constexpr std::uint8_t kDoubleEnd = 0xFF;
-constexpr std::uint8_t kProcessingInstruction = 0xE1;
-constexpr std::uint8_t kComment = 0xE2;
+CInstanceMonitor::Registration s_fastInfosetReaderInstances("CFastInfosetReader");
 
 // A single octet may stand for any text that stood in the document before.
 constexpr std::uint64_t kLeastTextFromIndices = std::uint64_t{256} << 20U;
@@ -40,18 +37,14 @@ constexpr std::uint64_t kTextFromIndicesPerOctet = 1024;
 
 constexpr std::size_t kMostQNames = std::size_t{1} << 20U;
 
-bool StartsWith(std::string_view text, std::string_view start) noexcept {
-    return text.substr(0, start.size()) == start;
-}
-
 // The octets up to the header of the document, 0 if there is none.
 std::size_t LengthOfPreamble(std::string_view input) noexcept {
     auto const* const declaration =
         std::find_if(kFInfoDeclarations.begin(), kFInfoDeclarations.end(),
-                     [input](std::string_view text) { return StartsWith(input, text); });
+                     [input](std::string_view text) { return detail::StartsWith(input, text); });
     std::size_t const begin = declaration == kFInfoDeclarations.end() ? 0 : declaration->size();
     std::size_t const end = begin + kFInfoMagic.size();
-    return StartsWith(input.substr(begin), kFInfoMagic) && input.size() > end ? end : 0;
+    return detail::StartsWith(input.substr(begin), kFInfoMagic) && input.size() > end ? end : 0;
 }
 
 std::string_view View(unsigned char const* data, std::size_t length) noexcept {
@@ -73,7 +66,7 @@ private:
 } // namespace
 
 CFastInfosetReader::CFastInfosetReader(CFastInfosetContext const& context, CXmlDocument& document)
-    : CInstanceMonitor(s_registration), m_context(context), m_doc(document) {}
+    : CInstanceMonitor(s_fastInfosetReaderInstances), m_context(context), m_doc(document) {}
 
 CFastInfosetReader::~CFastInfosetReader() = default;
 
@@ -143,11 +136,11 @@ void CFastInfosetReader::ParseDocumentChildren() {
             return m_tree->GetPositions() == nullptr ? ParseRoot<Mode::kUsual>(octet)
                                                      : ParseRoot<Mode::kLocated>(octet);
         }
-        if (octet == kEnd || octet == kDoubleEnd)
+        if (octet == detail::kEnd || octet == detail::kDoubleEnd)
             FailNoRootElement();
-        if (octet == kProcessingInstruction)
+        if (octet == detail::kProcessingInstruction)
             SkipProcessingInstruction();
-        else if (octet == kComment)
+        else if (octet == detail::kComment)
             SkipNonIdentifyingString();
         else if ((octet & 0xFC) == 0xC4)
             RequireEnd(SkipDocumentType(octet));
@@ -160,11 +153,11 @@ void CFastInfosetReader::ParseDocumentChildren() {
 void CFastInfosetReader::ParseEpilog() {
     while (!m_hasEnded) {
         std::uint8_t const octet = m_in.ReadOctet();
-        if (octet == kProcessingInstruction)
+        if (octet == detail::kProcessingInstruction)
             SkipProcessingInstruction();
-        else if (octet == kComment)
+        else if (octet == detail::kComment)
             SkipNonIdentifyingString();
-        else if (octet == kEnd)
+        else if (octet == detail::kEnd)
             m_hasEnded = true;
         else
             FailDocumentItem();
@@ -175,7 +168,7 @@ void CFastInfosetReader::ParseEpilog() {
 
 // What ends a list of items, if the document is checked.
 void CFastInfosetReader::RequireEnd(std::uint8_t octet) const {
-    if (m_checks != nullptr && octet != kEnd)
+    if (m_checks != nullptr && octet != detail::kEnd)
         FailDocumentItem();
 }
 
@@ -197,17 +190,17 @@ void CFastInfosetReader::ParseContent() {
                 EndElement<mode>();
         } else if (octet < 0xC0) {
             ParseCharacterChunk(octet);
-        } else if (octet == kEnd) {
+        } else if (octet == detail::kEnd) {
             EndElement<mode>();
-        } else if (octet == kDoubleEnd) {
+        } else if (octet == detail::kDoubleEnd) {
             EndElement<mode>();
             if (m_tree->HasOpenElement())
                 EndElement<mode>();
             else
                 m_hasEnded = true; // the second end is that of the document
-        } else if (octet == kProcessingInstruction) {
+        } else if (octet == detail::kProcessingInstruction) {
             SkipProcessingInstruction();
-        } else if (octet == kComment) {
+        } else if (octet == detail::kComment) {
             SkipNonIdentifyingString();
         } else if ((octet & 0xFC) == 0xC8) {
             SkipEntityReference(octet);
@@ -241,10 +234,10 @@ bool CFastInfosetReader::StartElement(std::uint8_t octet) {
         ParseAttribute<mode>(octet);
     if constexpr (mode == Mode::kChecked) {
         m_checks->EndAttributes();
-        if (octet != kDoubleEnd && octet != kEnd)
+        if (octet != detail::kDoubleEnd && octet != detail::kEnd)
             FailElementItem();
     }
-    return octet == kDoubleEnd;
+    return octet == detail::kDoubleEnd;
 }
 
 template <CFastInfosetReader::Mode mode>

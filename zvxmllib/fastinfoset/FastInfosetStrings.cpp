@@ -3,10 +3,12 @@
 #include "zvxmllib/fastinfoset/EncodedValues.h"
 #include "zvxmllib/fastinfoset/FastInfosetReader.h"
 #include "zvxmllib/fastinfoset/InfosetChecks.h"
+#include "zvxmllib/fastinfoset/Octets.h"
 #include "zvxmllib/fastinfoset/RestrictedAlphabet.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/values/binary/Encoder.h"
+#include "zvxmllib/values/text/TextParts.h"
 
 #include <algorithm>
 #include <cstring>
@@ -14,11 +16,6 @@
 namespace ZvXmlLib16 {
 
 namespace {
-
-constexpr std::uint8_t kEmptyValue = 0xFF;
-constexpr std::uint32_t kCdataAlgorithm = 10;
-
-enum Discriminant : unsigned { kUtf8, kUtf16, kRestrictedAlphabet, kAlgorithm };
 
 // Neither zero, nor carriage return, nor above 127: eight octets at once. Exact as long as it says true.
 template <class Word>
@@ -45,10 +42,6 @@ bool IsPlain(std::string_view text) noexcept {
     return ArePlain<std::uint64_t>(end - 8);
 }
 
-std::string_view UpToNul(std::string_view text) noexcept {
-    return text.substr(0, text.find('\0'));
-}
-
 } // namespace
 
 // Returns the entry of the string in the table, where a literal goes.
@@ -69,12 +62,12 @@ void CFastInfosetReader::AddNamePart(NameParts& table, std::string_view utf8) {
         bool const isUri = &table == &m_vocabulary->namespaceNames;
         isUri ? InfosetChecks::RequireText(utf8) : InfosetChecks::RequireName(utf8);
     }
-    table.entries.push_back({UpToNul(DecodeUtf8(utf8))});
+    table.entries.push_back({detail::UpToNul(DecodeUtf8(utf8))});
 }
 
 // 0 for the empty string.
 std::uint32_t CFastInfosetReader::ReadOptionalIndex(std::uint8_t octet) {
-    if (octet == kEmptyValue)
+    if (octet == detail::kEmptyValue)
         return 0;
     try {
         return m_in.ReadInteger2(octet);
@@ -114,7 +107,7 @@ void CFastInfosetReader::Charge(std::size_t octets) {
 // An index of eight bits stands across two octets, and the length begins behind it.
 CFastInfosetReader::EncodedString CFastInfosetReader::ReadEncodedString5(std::uint8_t octet) {
     EncodedString encoded{octet >> 4 & 3U, 0, {}};
-    if (encoded.discriminant >= kRestrictedAlphabet) {
+    if (encoded.discriminant >= detail::kAlphabetString) {
         std::uint8_t const next = m_in.ReadOctet();
         encoded.index = ((octet & 0x0FU) << 4 | next >> 4) + 1;
         octet = next;
@@ -125,7 +118,7 @@ CFastInfosetReader::EncodedString CFastInfosetReader::ReadEncodedString5(std::ui
 
 CFastInfosetReader::EncodedString CFastInfosetReader::ReadEncodedString7(std::uint8_t octet) {
     EncodedString encoded{octet >> 2 & 3U, 0, {}};
-    if (encoded.discriminant >= kRestrictedAlphabet) {
+    if (encoded.discriminant >= detail::kAlphabetString) {
         std::uint8_t const next = m_in.ReadOctet();
         encoded.index = ((octet & 0x03U) << 6 | next >> 2) + 1;
         octet = next;
@@ -137,11 +130,11 @@ CFastInfosetReader::EncodedString CFastInfosetReader::ReadEncodedString7(std::ui
 // What all of these return lies in the tree.
 std::string_view CFastInfosetReader::Decode(EncodedString const& encoded) {
     switch (encoded.discriminant) {
-    case kUtf8:
+    case detail::kUtf8String:
         return DecodeText(encoded.octets);
-    case kUtf16:
+    case detail::kUtf16String:
         return DecodeUtf16(encoded.octets);
-    case kRestrictedAlphabet:
+    case detail::kAlphabetString:
         return DecodeRestrictedAlphabet(encoded.octets, encoded.index);
     default:
         return DecodeAlgorithm(encoded.octets, encoded.index);
@@ -150,7 +143,7 @@ std::string_view CFastInfosetReader::Decode(EncodedString const& encoded) {
 
 // Most texts of elements are plain, and need nothing at all.
 std::string_view CFastInfosetReader::DecodeElementText(EncodedString const& encoded) {
-    if (encoded.discriminant == kUtf8 && m_checks == nullptr && IsPlain(encoded.octets))
+    if (encoded.discriminant == detail::kUtf8String && m_checks == nullptr && IsPlain(encoded.octets))
         return encoded.octets;
     return AsElementText(Decode(encoded));
 }
@@ -193,7 +186,7 @@ std::string_view CFastInfosetReader::DecodeRestrictedAlphabet(std::string_view o
 }
 
 std::string_view CFastInfosetReader::DecodeAlgorithm(std::string_view octets, std::uint32_t algorithm) {
-    if (algorithm == kCdataAlgorithm)
+    if (algorithm == detail::kCdataAlgorithm)
         return DecodeText(octets);
     m_text.clear();
     AppendEncodedValues(algorithm, octets, m_text);

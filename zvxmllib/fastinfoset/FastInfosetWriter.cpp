@@ -13,37 +13,33 @@
 #include "zvxmllib/fastinfoset/FInfoDeclarations.h"
 #include "zvxmllib/fastinfoset/Failures.h"
 #include "zvxmllib/fastinfoset/FastInfosetContext.h"
+#include "zvxmllib/fastinfoset/Octets.h"
 #include "zvxmllib/fastinfoset/RestrictedAlphabet.h"
 #include "zvxmllib/foundation/DebugTrace.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/writers/Failures.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
 
 namespace ZvXmlLib16 {
 
 namespace {
 
-CInstanceMonitor::Registration s_registration("CFastInfosetWriter");
+CInstanceMonitor::Registration s_fastInfosetWriterInstances("CFastInfosetWriter");
 
-constexpr unsigned kEnd = 0xF0;
-constexpr unsigned kDoubleEnd = 0xFF;
 constexpr unsigned kHasAttributes = 0x40;
-constexpr unsigned kNamespaceAttributes = 0x38;
-constexpr unsigned kDeclaration = 0xCC;
-constexpr unsigned kInstruction = 0xE1;
-constexpr unsigned kComment = 0xE2;
-constexpr unsigned kEmptyValue = 0xFF;
+constexpr unsigned kNamespacesFollow = 0x38;
+constexpr unsigned kDeclarationOctet = 0xCC;
 constexpr unsigned kAddAttributeValue = 0x40;
 constexpr unsigned kChunk = 0x80;
 constexpr unsigned kAddChunk = 0x10;
 constexpr unsigned kChunkIndex = 0xA0;
 
-enum Discriminant : unsigned { kUtf8, kUtf16, kRestrictedAlphabet, kAlgorithm };
 constexpr std::uint32_t kAlgorithms = 10;
 
 } // namespace
 
 CFastInfosetWriter::CFastInfosetWriter(CFastInfosetContext& context, CBinaryStream& sink)
-    : CXmlWriter(s_registration), m_context(context), m_out(sink), m_isTraced(IsDebugTraceEnabled()) {
+    : CXmlWriter(s_fastInfosetWriterInstances), m_context(context), m_out(sink),
+      m_isTraced(IsDebugTraceEnabled()) {
     if (context.GetUseGeneratedVocabulary())
         m_vocabulary = context.GetVocabulary()->m_maps;
 }
@@ -72,7 +68,7 @@ void CFastInfosetWriter::WriteDocumentHead(FInfoDecl declaration) {
 }
 
 void CFastInfosetWriter::WriteDocumentTerminator() {
-    m_out.WriteOctet(m_bTerminatorPending ? kDoubleEnd : kEnd);
+    m_out.WriteOctet(m_bTerminatorPending ? detail::kDoubleEnd : detail::kEnd);
     m_bTerminatorPending = false;
 }
 
@@ -141,7 +137,7 @@ void CFastInfosetWriter::WriteElementEnd() {
     WritePendingElement(false);
     CloseStartTag();
     if (m_bTerminatorPending)
-        m_out.WriteOctet(kDoubleEnd);
+        m_out.WriteOctet(detail::kDoubleEnd);
     m_bTerminatorPending = !m_bTerminatorPending;
     if (m_isTraced)
         TraceEnd();
@@ -204,13 +200,13 @@ void CFastInfosetWriter::RequireOpenStartTag() {
 
 void CFastInfosetWriter::CloseStartTag() {
     if (m_pContext->m_startTagOpen && m_pContext->m_hasAttributes)
-        m_out.WriteOctet(kEnd);
+        m_out.WriteOctet(detail::kEnd);
     m_pContext->m_startTagOpen = false;
 }
 
 void CFastInfosetWriter::WritePendingTerminator() {
     if (m_bTerminatorPending)
-        m_out.WriteOctet(kEnd);
+        m_out.WriteOctet(detail::kEnd);
     m_bTerminatorPending = false;
 }
 
@@ -235,12 +231,12 @@ unsigned CFastInfosetWriter::BeginHead(bool hasAttributes) {
 }
 
 unsigned CFastInfosetWriter::BeginDeclarations(unsigned current) {
-    m_out.WriteOctet(current | kNamespaceAttributes);
+    m_out.WriteOctet(current | kNamespacesFollow);
     return 0x00; // the name begins an octet of its own
 }
 
 void CFastInfosetWriter::WriteDeclaration(std::string_view prefix, std::string_view ns) {
-    m_out.WriteOctet(kDeclaration | (prefix.empty() ? 0x00U : 0x02U) | (ns.empty() ? 0x00U : 0x01U));
+    m_out.WriteOctet(kDeclarationOctet | (prefix.empty() ? 0x00U : 0x02U) | (ns.empty() ? 0x00U : 0x01U));
     if (!prefix.empty())
         WriteIdentifyingString(prefix, m_vocabulary.prefixNames);
     if (!ns.empty())
@@ -248,7 +244,7 @@ void CFastInfosetWriter::WriteDeclaration(std::string_view prefix, std::string_v
 }
 
 void CFastInfosetWriter::EndDeclarations() {
-    m_out.WriteOctet(kEnd);
+    m_out.WriteOctet(detail::kEnd);
 }
 
 // Writes the declarations known before the root. There is always an entry: the XML namespace, which needs no
@@ -329,8 +325,8 @@ void CFastInfosetWriter::WriteIdentifyingString(std::string_view text, IndexMap&
 
 void CFastInfosetWriter::WriteNonIdentifyingString(std::string_view text) {
     if (text.empty())
-        return m_out.WriteOctet(kEmptyValue);
-    EncodedCharacterStringBit5(0x00, {kUtf8, 0, AsUtf8(text, m_octets)});
+        return m_out.WriteOctet(detail::kEmptyValue);
+    EncodedCharacterStringBit5(0x00, {detail::kUtf8String, 0, AsUtf8(text, m_octets)});
 }
 
 void CFastInfosetWriter::BeginItem() {
@@ -341,13 +337,13 @@ void CFastInfosetWriter::BeginItem() {
 
 void CFastInfosetWriter::WriteCommentItem(std::string_view text) {
     BeginItem();
-    m_out.WriteOctet(kComment);
+    m_out.WriteOctet(detail::kComment);
     WriteNonIdentifyingString(text);
 }
 
 void CFastInfosetWriter::WriteInstructionItem(std::string_view target, std::string_view data) {
     BeginItem();
-    m_out.WriteOctet(kInstruction);
+    m_out.WriteOctet(detail::kProcessingInstruction);
     WriteIdentifyingString(target, m_otherNames);
     WriteNonIdentifyingString(data);
 }
@@ -356,7 +352,7 @@ void CFastInfosetWriter::WriteAttributeValue(std::string const& value, std::uint
                                              ItemType type) {
     constexpr char const* kFunction = "EncodedCharacterStringBit5";
     if (value.empty())
-        return m_out.WriteOctet(kEmptyValue);
+        return m_out.WriteOctet(detail::kEmptyValue);
     bool const isAdded = value.size() < maxLength;
     std::uint64_t hash = 0;
     if (isAdded) {
@@ -366,7 +362,7 @@ void CFastInfosetWriter::WriteAttributeValue(std::string const& value, std::uint
     }
     EncodedString const string = Encode(value, type, kFunction);
     if (string.octets.empty()) // an empty string has no octet form
-        return m_out.WriteOctet(kEmptyValue);
+        return m_out.WriteOctet(detail::kEmptyValue);
     EncodedCharacterStringBit5(isAdded ? kAddAttributeValue : 0x00, string);
     if (isAdded)
         m_vocabulary.attributeValues.Add(value, hash);
@@ -402,12 +398,12 @@ CFastInfosetWriter::EncodedString CFastInfosetWriter::Encode(std::string const& 
         if (encoding.index == 0 || encoding.index > kRestrictedAlphabets.size())
             FailWrittenAlphabet(encoding.index);
         AppendRestrictedAlphabetString(kRestrictedAlphabets[encoding.index - 1], text, m_octets);
-        return {kRestrictedAlphabet, encoding.index, m_octets};
+        return {detail::kAlphabetString, encoding.index, m_octets};
     case CFastInfosetContext::EncodingType_Algorithm:
         if (encoding.index == 0 || encoding.index > kAlgorithms)
             FailWrittenAlgorithm(encoding.index);
         AppendEncodedOctets(encoding.index, text, m_octets);
-        return {kAlgorithm, encoding.index, m_octets};
+        return {detail::kAlgorithmString, encoding.index, m_octets};
     default:
         FailWrittenEncoding(function);
     }
@@ -420,13 +416,13 @@ CFastInfosetContext::EncodedCharacterString CFastInfosetWriter::EncodingOf(ItemT
 CFastInfosetWriter::EncodedString CFastInfosetWriter::EncodeAsText(std::string const& text) {
     if (m_context.GetDefaultStringEncoding() != 0)
         FailWrittenUtf16();
-    return {kUtf8, 0, AsUtf8(text, m_octets)};
+    return {detail::kUtf8String, 0, AsUtf8(text, m_octets)};
 }
 
 // The index less 1 has eight bits, which stand across two octets.
 void CFastInfosetWriter::EncodedCharacterStringBit5(unsigned current, EncodedString const& string) {
     current |= string.discriminant << 4;
-    if (string.discriminant >= kRestrictedAlphabet) {
+    if (string.discriminant >= detail::kAlphabetString) {
         m_out.WriteOctet(current | (string.index - 1) >> 4);
         current = (string.index - 1) << 4 & 0xFF;
     }
@@ -435,7 +431,7 @@ void CFastInfosetWriter::EncodedCharacterStringBit5(unsigned current, EncodedStr
 
 void CFastInfosetWriter::EncodedCharacterStringBit7(unsigned current, EncodedString const& string) {
     current |= string.discriminant << 2;
-    if (string.discriminant >= kRestrictedAlphabet) {
+    if (string.discriminant >= detail::kAlphabetString) {
         m_out.WriteOctet(current | (string.index - 1) >> 6);
         current = (string.index - 1) << 2 & 0xFF;
     }

@@ -1,7 +1,7 @@
 #include "zvxmllib/fastinfoset/IndexMap.h"
 
 #include "zvxmllib/fastinfoset/NameText.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 
 namespace ZvXmlLib16 {
 namespace detail {

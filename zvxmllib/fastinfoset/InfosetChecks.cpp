@@ -4,9 +4,9 @@
 #include "zvxmllib/document/NameTable.h"
 #include "zvxmllib/fastinfoset/Failures.h"
 #include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/values/binary/Encoder.h"
 #include "zvxmllib/writers/XmlNames.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "zvxmllib/document/XmlTree.h"
 #include "zvxmllib/fastinfoset/FastInfosetContext.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 
 #include <algorithm>
 

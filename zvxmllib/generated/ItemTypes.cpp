@@ -1,5 +1,8 @@
 #include "zvxmllib/generated/ItemTypes.h"
 
+#include "zvxmllib/grammar/LexicalForms.h"
+#include "zvxmllib/values/text/NumberText.h"
+
 #include <algorithm>
 
 namespace ZvXmlLib16::generated {
@@ -30,10 +33,6 @@ ItemType FromBuiltIn(BuiltIn type) {
     }
 }
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 // Digits of a decimal, with what JSON wants around the point and without what it forbids.
 std::string JsonNumber(std::string_view text) {
     std::string number;
@@ -42,24 +41,16 @@ std::string JsonNumber(std::string_view text) {
             number = "-";
         text.remove_prefix(1);
     }
-    while (text.size() > 1 && text[0] == '0' && IsDigit(text[1]))
+    while (text.size() > 1 && text[0] == '0' && detail::IsDigit(text[1]))
         text.remove_prefix(1);
-    if (!text.empty() && !IsDigit(text[0]))
+    if (!text.empty() && !detail::IsDigit(text[0]))
         number += '0';
     for (std::size_t i = 0; i < text.size(); ++i) {
-        bool const isBarePoint = text[i] == '.' && (i + 1 == text.size() || !IsDigit(text[i + 1]));
+        bool const isBarePoint = text[i] == '.' && (i + 1 == text.size() || !detail::IsDigit(text[i + 1]));
         if (!isBarePoint)
             number += text[i];
     }
     return number;
-}
-
-std::string_view Trim(std::string_view text) {
-    constexpr std::string_view kWhiteSpace = " \t\r\n";
-    std::size_t const first = text.find_first_not_of(kWhiteSpace);
-    return first == std::string_view::npos
-               ? std::string_view()
-               : text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
 }
 
 } // namespace
@@ -75,7 +66,7 @@ std::string WrittenForm(grammar::SimpleTypes const& types, std::uint32_t type, s
     ItemType const item = ItemTypeOf(types, type, text);
     if (item == ItemType_string)
         return text;
-    std::string_view const trimmed = Trim(text);
+    std::string_view const trimmed = grammar::Trim(text);
     if (item == ItemType_boolean)
         return trimmed == "1" || trimmed == "true" ? "true" : "false";
     return JsonNumber(trimmed);

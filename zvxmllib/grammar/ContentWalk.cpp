@@ -1,6 +1,7 @@
 #include "zvxmllib/grammar/ContentWalk.h"
 
 #include "zvxmllib/grammar/ContentSearch.h"
+#include "zvxmllib/grammar/LexicalForms.h"
 
 #include <algorithm>
 
@@ -10,10 +11,6 @@ namespace {
 
 constexpr std::size_t kMostExpected = 5; // names in a message
 constexpr unsigned kMostDepth = 20;
-
-std::string Quote(std::string_view name) {
-    return "[" + std::string(name) + "]";
-}
 
 } // namespace
 

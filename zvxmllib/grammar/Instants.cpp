@@ -1,5 +1,7 @@
 #include "zvxmllib/grammar/Instants.h"
 
+#include "zvxmllib/values/text/NumberText.h"
+
 #include <charconv>
 #include <cstddef>
 
@@ -13,10 +15,6 @@ constexpr long long kSecondsOfDay = 24 * kSecondsOfHour;
 constexpr int kCycle = 400; // years, in which the calendar repeats
 constexpr long long kDaysOfCycle = 146097;
 constexpr int kMostZone = 14 * 60;
-
-constexpr bool IsDigit(char c) noexcept {
-    return c >= '0' && c <= '9';
-}
 
 // Reads a text from its front.
 class Reader {
@@ -32,7 +30,7 @@ public:
     }
     std::string_view TakeDigits() noexcept {
         std::size_t count = 0;
-        while (count < m_rest.size() && IsDigit(m_rest[count]))
+        while (count < m_rest.size() && detail::IsDigit(m_rest[count]))
             ++count;
         std::string_view const digits = m_rest.substr(0, count);
         m_rest.remove_prefix(count);
@@ -40,7 +38,7 @@ public:
     }
     // Two digits, a number in the range.
     bool TakeField(int least, int most, int& value) noexcept {
-        if (m_rest.size() < 2 || !IsDigit(m_rest[0]) || !IsDigit(m_rest[1]))
+        if (m_rest.size() < 2 || !detail::IsDigit(m_rest[0]) || !detail::IsDigit(m_rest[1]))
             return false;
         value = (m_rest[0] - '0') * 10 + (m_rest[1] - '0');
         m_rest.remove_prefix(2);

@@ -112,6 +112,14 @@ bool BeginsName(std::string_view text) noexcept {
                                                      : IsIn(kStartRanges, TakeCodePoint(text, at));
 }
 
+bool IsScheme(std::string_view text) noexcept {
+    return !text.empty() && IsOf(text[0], kLetter) && std::all_of(text.begin(), text.end(), [](char c) {
+        return IsOf(c, kLetter | kDigit) || c == '+' || c == '-' || c == '.';
+    });
+}
+
+} // namespace
+
 std::string_view Trim(std::string_view text) noexcept {
     while (!text.empty() && IsSpace(text.front()))
         text.remove_prefix(1);
@@ -120,13 +128,9 @@ std::string_view Trim(std::string_view text) noexcept {
     return text;
 }
 
-bool IsScheme(std::string_view text) noexcept {
-    return !text.empty() && IsOf(text[0], kLetter) && std::all_of(text.begin(), text.end(), [](char c) {
-        return IsOf(c, kLetter | kDigit) || c == '+' || c == '-' || c == '.';
-    });
+std::string Quote(std::string_view name) {
+    return "[" + std::string(name) + "]";
 }
-
-} // namespace
 
 std::string_view ApplyWhiteSpace(WhiteSpace rule, std::string_view text, std::string& room) {
     if (rule == WhiteSpace::kPreserve)

@@ -16,6 +16,10 @@ constexpr bool IsSpace(char c) noexcept {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
+std::string_view Trim(std::string_view text) noexcept;
+// As messages show it.
+std::string Quote(std::string_view name);
+
 // The text by the rule. What need not be copied is part of `text`; otherwise it is in `room`.
 std::string_view ApplyWhiteSpace(WhiteSpace rule, std::string_view text, std::string& room);
 

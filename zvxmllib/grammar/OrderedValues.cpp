@@ -1,5 +1,7 @@
 #include "zvxmllib/grammar/OrderedValues.h"
 
+#include "zvxmllib/values/text/NumberText.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -10,12 +12,8 @@ namespace ZvXmlLib16::grammar {
 
 namespace {
 
-constexpr bool IsDigit(char c) noexcept {
-    return c >= '0' && c <= '9';
-}
-
 std::size_t CountDigits(std::string_view text) noexcept {
-    auto const end = std::find_if_not(text.begin(), text.end(), IsDigit);
+    auto const end = std::find_if_not(text.begin(), text.end(), detail::IsDigit);
     return static_cast<std::size_t>(end - text.begin());
 }
 

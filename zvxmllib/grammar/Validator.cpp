@@ -2,6 +2,8 @@
 
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
+#include "zvxmllib/grammar/LexicalForms.h"
 
 #include <algorithm>
 #include <exception>
@@ -11,24 +13,16 @@ namespace ZvXmlLib16::grammar {
 
 namespace {
 
-constexpr unsigned kMostDepth = 1000;
-constexpr std::string_view kInstance = "http://www.w3.org/2001/XMLSchema-instance";
+constexpr unsigned kMostElementsDeep = 1000;
 constexpr std::string_view kWhiteSpace = " \t\r\n";
 
 bool IsBlank(std::string_view text) noexcept {
     return text.find_first_not_of(kWhiteSpace) == std::string_view::npos;
 }
 
-std::string_view Trim(std::string_view text) noexcept {
-    std::size_t const first = text.find_first_not_of(kWhiteSpace);
-    return first == std::string_view::npos
-               ? std::string_view()
-               : text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
-}
-
 // type, nil, schemaLocation and noNamespaceSchemaLocation: any element may have them.
 bool IsInstanceAttribute(CXmlAttribute const& attribute) noexcept {
-    if (attribute.GetNamespaceURI() != kInstance)
+    if (attribute.GetNamespaceURI() != kSchemaInstanceNamespace)
         return false;
     std::string const& name = attribute.GetLocalName();
     return name == "type" || name == "nil" || name == "schemaLocation" || name == "noNamespaceSchemaLocation";
@@ -37,14 +31,10 @@ bool IsInstanceAttribute(CXmlAttribute const& attribute) noexcept {
 CXmlAttribute const* FindInstanceAttribute(CXmlElement const& element, std::string_view name) noexcept {
     for (std::size_t i = 0; i < element.GetAttributeCount(); ++i) {
         CXmlAttribute const& attribute = *element.GetAttributeAt(i);
-        if (attribute.GetLocalName() == name && attribute.GetNamespaceURI() == kInstance)
+        if (attribute.GetLocalName() == name && attribute.GetNamespaceURI() == kSchemaInstanceNamespace)
             return &attribute;
     }
     return nullptr;
-}
-
-std::string Quote(std::string_view name) {
-    return "[" + std::string(name) + "]";
 }
 
 } // namespace
@@ -124,8 +114,9 @@ void Validator::ValidateElement(CXmlElement& element, std::uint32_t declaration,
             m_receiver->OnSkipped(element);
         return;
     }
-    if (m_depth == kMostDepth)
-        throw CZvValidationException("Elements nest deeper than " + std::to_string(kMostDepth) + " levels.",
+    if (m_depth == kMostElementsDeep)
+        throw CZvValidationException("Elements nest deeper than " + std::to_string(kMostElementsDeep) +
+                                         " levels.",
                                      element.GetXPath());
     if (declaration == kNone)
         declaration = m_grammar.FindElement(m_symbols.NameOf(element).symbol);

@@ -1,25 +1,22 @@
 #include "zvxmllib/json/ExactJsonWriter.h"
 
 #include "zvxmllib/json/Failures.h"
+#include "zvxmllib/values/text/NumberText.h"
 #include "zvxmllib/writers/Failures.h"
 
 namespace ZvXmlLib16 {
 
 namespace {
 
-CInstanceMonitor::Registration s_registration("CExactJsonWriter");
+CInstanceMonitor::Registration s_exactJsonWriterInstances("CExactJsonWriter");
 
 constexpr std::string_view kBlanks = " \t\n\r";
 constexpr char kDefaultDeclaration[] = "@xmlns";
 
-bool IsDigit(char c) noexcept {
-    return c >= '0' && c <= '9';
-}
-
 // Skips digits; false if there are none.
 bool TakeDigits(std::string_view& text) noexcept {
     std::size_t count = 0;
-    while (count < text.size() && IsDigit(text[count]))
+    while (count < text.size() && detail::IsDigit(text[count]))
         ++count;
     text.remove_prefix(count);
     return count != 0;
@@ -55,7 +52,7 @@ JsonValue ScalarOf(std::string const& text, ItemType type) {
 } // namespace
 
 CExactJsonWriter::CExactJsonWriter(CTextStream* sink, JsonRoundTrip roundTrip)
-    : CTextWriter(s_registration, sink), m_roundTrip(roundTrip) {}
+    : CTextWriter(s_exactJsonWriterInstances, sink), m_roundTrip(roundTrip) {}
 
 CExactJsonWriter::~CExactJsonWriter() = default;
 

@@ -35,7 +35,7 @@ private:
 
 namespace {
 
-std::string TextOf(CBinaryData const& xml) {
+std::string LocalTextOf(CBinaryData const& xml) {
     return Utf8ToLocal(reinterpret_cast<char const*>(xml.GetData()), xml.GetLength());
 }
 
@@ -64,7 +64,7 @@ void FromStrictJson(CXmlObjectBase& object, std::string_view json, CSerializatio
         std::uint64_t column = cause.GetColumn();
         moveToJson(line, column);
         cause.SetPosition(line, column);
-        FailReadingConvertedXml(TextOf(xml).substr(0, kShownXml), cause);
+        FailReadingConvertedXml(LocalTextOf(xml).substr(0, kShownXml), cause);
     }
 }
 
@@ -115,7 +115,7 @@ void CXmlObjectBase::FromJson_Int(std::string_view json, CSerializationContext c
         try {
             ReadDocument(document, ctx);
         } catch (CZvException const& cause) {
-            FailReadingConvertedXml(TextOf(CJsonTextReader::ConvertToXml(json, ctx)), cause);
+            FailReadingConvertedXml(LocalTextOf(CJsonTextReader::ConvertToXml(json, ctx)), cause);
         }
         return;
     }
@@ -128,7 +128,7 @@ void CXmlObjectBase::FromJson_Int(std::string_view json, CSerializationContext c
         if (ctx.GetFailureLimit() != 0)
             ctx.GetFailureNotes().MovePlaces(
                 [](std::uint64_t& line, std::uint64_t& column) { line = column = 0; });
-        FailReadingConvertedXml(TextOf(xml), cause);
+        FailReadingConvertedXml(LocalTextOf(xml), cause);
     }
 }
 

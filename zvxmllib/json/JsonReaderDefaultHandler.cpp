@@ -6,11 +6,11 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-CInstanceMonitor::Registration s_registration("IJsonReaderHandler");
+CInstanceMonitor::Registration s_jsonReaderHandlerInstances("IJsonReaderHandler");
 
 } // namespace
 
-IJsonReaderHandler::IJsonReaderHandler() : CInstanceMonitor(s_registration) {}
+IJsonReaderHandler::IJsonReaderHandler() : CInstanceMonitor(s_jsonReaderHandlerInstances) {}
 
 IJsonReaderHandler::~IJsonReaderHandler() = default;
 

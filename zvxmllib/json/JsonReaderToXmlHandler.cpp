@@ -2,6 +2,7 @@
 
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/json/Failures.h"
+#include "zvxmllib/json/MemberNames.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
 #include <string_view>
@@ -9,9 +10,6 @@
 namespace ZvXmlLib16 {
 
 namespace {
-
-constexpr std::string_view kTextName = "#text";
-constexpr char kAttributeMark = '@';
 
 std::string const kNoNamespace; // aliases stay part of the names
 std::string const kTrue = "true";
@@ -32,10 +30,10 @@ void CJsonReaderToXmlHandler::EndDocument() {}
 void CJsonReaderToXmlHandler::OnName(std::string const& name) {
     if (name.empty())
         FailEmptyName(m_errorPath.GetErrorPath());
-    if (m_isRoundTrip && name == kTextName) {
+    if (m_isRoundTrip && name == detail::kTextName) {
         m_bTextMember = true;
         m_bInAttribute = false;
-    } else if (m_isRoundTrip && name[0] == kAttributeMark) {
+    } else if (m_isRoundTrip && name[0] == detail::kAttributeMark) {
         m_bInAttribute = true;
         m_strCurrentName.assign(name, 1, std::string::npos);
     } else {

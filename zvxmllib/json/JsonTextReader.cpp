@@ -10,6 +10,7 @@
 #include "zvxmllib/streams/TextStream.h"
 #include "zvxmllib/values/binary/BinaryData.h"
 #include "zvxmllib/values/binary/Encoder.h"
+#include "zvxmllib/values/text/NumberText.h"
 #include "zvxmllib/values/text/Whitespace.h"
 #include "zvxmllib/xml/XmlTextWriter.h"
 
@@ -24,11 +25,7 @@ constexpr std::int32_t kDepthLimit = 100;
 constexpr std::int32_t kStrictDepthLimit =
     2 * kMaxNestingDepth + 2; // an element may be an array and an object
 
-CInstanceMonitor::Registration s_registration("CJsonTextReader");
-
-constexpr bool IsDigit(char c) noexcept {
-    return c >= '0' && c <= '9';
-}
+CInstanceMonitor::Registration s_jsonTextReaderInstances("CJsonTextReader");
 
 // The bytes that end a run of ordinary ones in a string.
 constexpr std::array<bool, 256> MakeRunEnds() {
@@ -56,7 +53,7 @@ constexpr std::array<bool, 256> kStrictRunEnds = MakeStrictRunEnds();
 constexpr unsigned kNoDigit = 16;
 
 constexpr unsigned HexDigit(char c) noexcept {
-    if (IsDigit(c))
+    if (detail::IsDigit(c))
         return static_cast<unsigned>(c - '0');
     if (c >= 'a' && c <= 'f')
         return static_cast<unsigned>(c - 'a' + 10);
@@ -68,7 +65,7 @@ constexpr unsigned HexDigit(char c) noexcept {
 } // namespace
 
 CJsonTextReader::CJsonTextReader(std::string_view text, JsonSyntax syntax)
-    : CInstanceMonitor(s_registration), m_isStrict(syntax == JsonSyntax::kStrict),
+    : CInstanceMonitor(s_jsonTextReaderInstances), m_isStrict(syntax == JsonSyntax::kStrict),
       m_allowComments(!m_isStrict), m_next(text.data()), m_end(text.data() + text.size()),
       m_lineStart(text.data()) {}
 
@@ -199,7 +196,7 @@ void CJsonTextReader::ParseValue(std::int32_t depth) {
         m_handler.OnBool(false);
         break;
     default:
-        if (m_current != '-' && !IsDigit(m_current))
+        if (m_current != '-' && !detail::IsDigit(m_current))
             FailExpectedValue(m_current, Place());
         ParseNumber();
         m_handler.OnNumber(m_token);
@@ -373,7 +370,7 @@ void CJsonTextReader::ParseNumber() {
     }
     if (m_current == '0')
         TakeCurrent(); // no digit may follow
-    else if (IsDigit(m_current))
+    else if (detail::IsDigit(m_current))
         TakeDigits();
     else
         FailExpectedDigit(m_current, Place());
@@ -389,7 +386,7 @@ void CJsonTextReader::ParseFraction() {
     TakeCurrent();
     if (m_isAtEnd)
         FailEndBeforeDigit(Place());
-    if (!IsDigit(m_current))
+    if (!detail::IsDigit(m_current))
         FailExpectedDigit(m_current, Place());
     TakeDigits();
 }
@@ -403,7 +400,7 @@ void CJsonTextReader::ParseExponent() {
         if (m_isAtEnd)
             FailEndBehindSign(Place());
     }
-    if (!IsDigit(m_current))
+    if (!detail::IsDigit(m_current))
         FailEndBeforeDigit(Place());
     TakeDigits();
 }
@@ -417,9 +414,9 @@ void CJsonTextReader::TakeCurrent() {
 void CJsonTextReader::TakeDigits() {
     do {
         char const* const run = m_next - 1;
-        m_next = std::find_if_not(m_next, m_end, IsDigit);
+        m_next = std::find_if_not(m_next, m_end, detail::IsDigit);
         m_token.append(run, static_cast<std::size_t>(m_next - run));
-    } while (ReadByte() && IsDigit(m_current));
+    } while (ReadByte() && detail::IsDigit(m_current));
 }
 
 detail::NodePosition CJsonTextReader::GetPosition() const {

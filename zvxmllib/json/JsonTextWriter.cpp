@@ -3,18 +3,16 @@
 
 #include "zvxmllib/json/Failures.h"
 #include "zvxmllib/json/JsonValue.h"
+#include "zvxmllib/json/MemberNames.h"
 #include "zvxmllib/writers/Failures.h"
 
 namespace ZvXmlLib16 {
 
 namespace {
 
-CInstanceMonitor::Registration s_registration("CJsonTextWriter");
+CInstanceMonitor::Registration s_jsonTextWriterInstances("CJsonTextWriter");
 
 constexpr std::int32_t kRootDepth = 1; // the braces of the document stand at depth 0
-
-constexpr std::string_view kAttributeMark = "@";
-constexpr std::string_view kTextName = "#text";
 
 // An escape of the format is the letter after the backslash, or this value: four hexadecimal digits.
 constexpr unsigned char kHexadecimal = CTextWriter::kFirstOfFormat;
@@ -38,7 +36,7 @@ constexpr CTextWriter::EscapeTable kEscapeTable = MakeEscapeTable();
 
 } // namespace
 
-CJsonTextWriter::CJsonTextWriter(CTextStream* sink) : CTextWriter(s_registration, sink) {}
+CJsonTextWriter::CJsonTextWriter(CTextStream* sink) : CTextWriter(s_jsonTextWriterInstances, sink) {}
 
 CJsonTextWriter::~CJsonTextWriter() = default;
 
@@ -102,7 +100,7 @@ void CJsonTextWriter::WriteElementValue(std::string const& text, ItemType type, 
         m_hasScalar = true;
     } else {
         BeginMember();
-        AppendName(m_roundTrip == JsonRoundTrip_None ? std::string_view() : kTextName);
+        AppendName(m_roundTrip == JsonRoundTrip_None ? std::string_view() : detail::kTextName);
     }
     AppendScalar(text, type);
 }
@@ -129,7 +127,8 @@ void CJsonTextWriter::WriteAttribute(std::string const& name, std::string const&
     if (m_roundTrip == JsonRoundTrip_None)
         AppendName(name);
     else
-        AppendMarkedName(kAttributeMark, IsFull() && !ns.empty() ? AliasOf(ns) : std::string_view(), name);
+        AppendMarkedName(std::string_view(&detail::kAttributeMark, 1),
+                         IsFull() && !ns.empty() ? AliasOf(ns) : std::string_view(), name);
     AppendScalar(value, type);
 }
 

@@ -4,9 +4,9 @@
 #include "zvxmllib/document/XmlTree.h"
 #include "zvxmllib/foundation/DebugTrace.h"
 #include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/json/JsonTextReader.h"
 #include "zvxmllib/values/binary/Encoder.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
 
 #include <algorithm>
 #include <array>
@@ -16,10 +16,10 @@ namespace ZvXmlLib16 {
 namespace {
 
 constexpr std::string_view kDeclaration = "xmlns";
-constexpr std::string_view kCDataStart = "<![CDATA[";
+constexpr std::string_view kCDataMark = "<![CDATA[";
 constexpr std::size_t kMostAttributes = 64; // each is compared with all others
 
-CInstanceMonitor::Registration s_registration("CJsonTreeWriter");
+CInstanceMonitor::Registration s_jsonTreeWriterInstances("CJsonTreeWriter");
 
 // The document must go through XML text. Not a failure: it never leaves Fill.
 struct NotPlain {};
@@ -56,16 +56,17 @@ void RequirePlain(std::string_view text, unsigned refused) {
         throw NotPlain();
 }
 
-constexpr bool IsNameStart(char c) noexcept {
+constexpr bool IsPlainNameStart(char c) noexcept {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
 }
 
-constexpr bool IsNameCharacter(char c) noexcept {
-    return IsNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
+constexpr bool IsPlainNameCharacter(char c) noexcept {
+    return IsPlainNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
 }
 
 void RequirePlainName(std::string_view name) {
-    if (name.empty() || !IsNameStart(name[0]) || !std::all_of(name.begin(), name.end(), IsNameCharacter))
+    if (name.empty() || !IsPlainNameStart(name[0]) ||
+        !std::all_of(name.begin(), name.end(), IsPlainNameCharacter))
         throw NotPlain();
 }
 
@@ -93,7 +94,7 @@ bool CJsonTreeWriter::Fill(CXmlDocument& document, std::string_view json, CSeria
 }
 
 CJsonTreeWriter::CJsonTreeWriter(CXmlDocument& document)
-    : CXmlWriter(s_registration), m_doc(document), m_tree(document.m_tree.get()) {
+    : CXmlWriter(s_jsonTreeWriterInstances), m_doc(document), m_tree(document.m_tree.get()) {
     m_prefixes.emplace("", "");
     m_prefixes.emplace("xml", kXmlNamespace);
 }
@@ -150,7 +151,7 @@ void CJsonTreeWriter::WriteElementValue(std::string const& text, ItemType, bool)
     if (text.empty())
         return;
     RequirePlain(text, kRefused);
-    if (text[0] == '<' && text.compare(0, kCDataStart.size(), kCDataStart) == 0)
+    if (text[0] == '<' && text.compare(0, kCDataMark.size(), kCDataMark) == 0)
         throw NotPlain();
     AppendBreak(m_isBreakDue, 0);
     m_open.back().isStartTagOpen = false;

@@ -4,16 +4,17 @@
 #include "zvxmllib/document/Failures.h"
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/json/Failures.h"
 #include "zvxmllib/json/JsonContext.h"
 #include "zvxmllib/json/JsonReaderHandler.h"
 #include "zvxmllib/json/JsonTextReader.h"
 #include "zvxmllib/json/JsonValue.h"
+#include "zvxmllib/json/MemberNames.h"
 #include "zvxmllib/values/binary/BinaryData.h"
 #include "zvxmllib/values/binary/Encoder.h"
 #include "zvxmllib/writers/Failures.h"
 #include "zvxmllib/writers/XmlNames.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
 
 #include <algorithm>
 #include <memory>
@@ -25,8 +26,6 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-constexpr std::string_view kTextName = "#text";
-constexpr char kAttributeMark = '@';
 constexpr std::string_view kNilPrefix = "nil";
 
 void SetPlace(CZvException& failure, JsonPlace const& place) noexcept {
@@ -111,13 +110,13 @@ private:
         }
     }
     bool IsPlainMember(std::string const& name) const {
-        return m_marksAttributes && (name[0] == kAttributeMark || name == kTextName);
+        return m_marksAttributes && (name[0] == detail::kAttributeMark || name == detail::kTextName);
     }
     bool IsName(std::string_view name) const { return m_namesHaveColons ? IsXmlName(name) : IsQName(name); }
     void RequireName(std::string const& name) const {
-        if (m_marksAttributes && name == kTextName)
+        if (m_marksAttributes && name == detail::kTextName)
             return;
-        if (!m_marksAttributes || name[0] != kAttributeMark) {
+        if (!m_marksAttributes || name[0] != detail::kAttributeMark) {
             if (!IsName(name))
                 FailElementName(name);
         } else if (!IsName(std::string_view(name).substr(1))) {
@@ -167,7 +166,7 @@ public:
 
 private:
     bool IsAttribute(JsonMember const& member) const {
-        return m_marksAttributes && member.name[0] == kAttributeMark;
+        return m_marksAttributes && member.name[0] == detail::kAttributeMark;
     }
     void PrintElement(std::string const& name, JsonValue const& value) {
         m_places.Add(m_text.size(), value.position);
@@ -179,7 +178,7 @@ private:
             for (JsonMember const& member : value.members) {
                 if (IsAttribute(member) && member.value.kind != JsonValue::kNull)
                     PrintAttribute(member.name.substr(1), member.value.text, member.value.position);
-                else if (m_marksAttributes && member.name == kTextName)
+                else if (m_marksAttributes && member.name == detail::kTextName)
                     text = &member.value;
             }
         }
@@ -190,7 +189,7 @@ private:
         m_text += '>';
         if (value.kind == JsonValue::kObject) {
             for (JsonMember const& member : value.members) {
-                if (!IsAttribute(member) && !(m_marksAttributes && member.name == kTextName))
+                if (!IsAttribute(member) && !(m_marksAttributes && member.name == detail::kTextName))
                     Print(member.name, member.value);
             }
         }
@@ -267,7 +266,7 @@ JsonMember TakeRoot(JsonValue value, std::string rootName, bool marksAttributes)
         if (root.value.members.size() != 1)
             At(root.value.members[1].value.position, FailSeveralRoots);
         JsonMember only = std::move(root.value.members.front());
-        if (marksAttributes && (only.name[0] == kAttributeMark || only.name == kTextName))
+        if (marksAttributes && (only.name[0] == detail::kAttributeMark || only.name == detail::kTextName))
             FailNoJsonRoot();
         root = std::move(only);
     }

@@ -14,9 +14,9 @@ namespace ZvXmlLib16::platform {
 
 namespace {
 
-constexpr int kMostLinks = 40;        // what the system follows
-constexpr int kMostTries = 100;       // names of temporary files that others have taken
-constexpr mode_t kPermissions = 0666; // less the user's mask
+constexpr int kMostLinks = 40;             // what the system follows
+constexpr int kMostTries = 100;            // names of temporary files that others have taken
+constexpr mode_t kPermissionsOfNew = 0666; // less the user's mask
 constexpr mode_t kAllPermissions = 07777;
 constexpr mode_t kPermissionsOfUsers = 0777; // without set-id bits, for the owner may differ
 
@@ -80,8 +80,8 @@ bool File::OpenBeside(std::string const& target) {
     std::string const folder = FolderOf(target);
     for (int tries = 0; tries < kMostTries; ++tries) {
         m_temporary = folder + ".zvxml-" + std::to_string(::getpid()) + '-' + std::to_string(++number);
-        m_handle =
-            ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY, kPermissions);
+        m_handle = ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY,
+                          kPermissionsOfNew);
         if (m_handle >= 0)
             return true;
         if (errno != EEXIST && errno != EINTR)

@@ -31,25 +31,25 @@ private:
     sigset_t m_before;
 };
 
-struct Transfer {
-    enum Kind { kNone, kRead, kWrite };
-
-    Kind kind = kNone;
-    void* data = nullptr; // not written to by a write
-    std::size_t length = 0;
-    std::uint64_t offset = 0;
-};
-
-struct Outcome {
-    std::size_t count = 0;
-    int error = 0; // 0 for success
-};
-
 } // namespace
 
 // The open file, its thread and the one job between them.
 class OverlappedFile::Worker {
 public:
+    struct Transfer {
+        enum Kind { kNone, kRead, kWrite };
+
+        Kind kind = kNone;
+        void* data = nullptr; // not written to by a write
+        std::size_t length = 0;
+        std::uint64_t offset = 0;
+    };
+
+    struct Outcome {
+        std::size_t count = 0;
+        int error = 0; // 0 for success
+    };
+
     Worker() = default;
     Worker(Worker const&) = delete;
     Worker& operator=(Worker const&) = delete;
@@ -168,18 +168,18 @@ bool OverlappedFile::Create(char const* name, FileMode mode) {
 }
 
 void OverlappedFile::StartRead(void* data, std::size_t length, std::uint64_t offset) {
-    m_worker->Start(Transfer{Transfer::kRead, data, length, offset});
+    m_worker->Start(Worker::Transfer{Worker::Transfer::kRead, data, length, offset});
 }
 
 void OverlappedFile::StartWrite(void const* data, std::size_t length, std::uint64_t offset) {
-    m_worker->Start(Transfer{Transfer::kWrite, const_cast<void*>(data), length, offset});
+    m_worker->Start(Worker::Transfer{Worker::Transfer::kWrite, const_cast<void*>(data), length, offset});
 }
 
 bool OverlappedFile::Wait(std::size_t& count) {
     count = 0;
     if (m_worker == nullptr)
         return true;
-    Outcome const outcome = m_worker->Wait();
+    Worker::Outcome const outcome = m_worker->Wait();
     count = outcome.count;
     if (outcome.error == 0)
         return true;

@@ -1,6 +1,6 @@
 #include "zvxmllib/writers/PrefixesInForce.h"
 
-#include "zvxmllib/writers/XmlNamespaces.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 
 #include <iterator>
 #include <set>

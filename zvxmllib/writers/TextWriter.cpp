@@ -2,8 +2,8 @@
 #include "zvxmllib/writers/TextWriter.h"
 
 #include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/writers/Failures.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
 
 namespace ZvXmlLib16 {
 

@@ -1,11 +1,11 @@
 // WriterChecks, what must hold for the calls of a writer to make a document of XML.
 #include "zvxmllib/writers/WriterChecks.h"
 
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/values/binary/BinaryData.h"
 #include "zvxmllib/values/binary/Encoder.h"
 #include "zvxmllib/writers/Failures.h"
 #include "zvxmllib/writers/XmlNames.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // CXmlWriter, the output contract of a serialisation.
 #include "zvxmllib/writers/XmlWriter.h"
 
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/writers/Failures.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
 
 namespace ZvXmlLib16 {
 

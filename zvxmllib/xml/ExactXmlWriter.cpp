@@ -6,7 +6,7 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-CInstanceMonitor::Registration s_registration("CExactXmlWriter");
+CInstanceMonitor::Registration s_exactXmlWriterInstances("CExactXmlWriter");
 
 constexpr std::string_view kSectionStart = "<![CDATA[";
 constexpr std::string_view kSectionEnd = "]]>";
@@ -14,7 +14,7 @@ constexpr std::string_view kSectionEnd = "]]>";
 } // namespace
 
 CExactXmlWriter::CExactXmlWriter(CTextStream* sink, bool keepsSections)
-    : CXmlTextWriter(s_registration, sink, ExactEscapes()), m_keepsSections(keepsSections) {}
+    : CXmlTextWriter(s_exactXmlWriterInstances, sink, ExactEscapes()), m_keepsSections(keepsSections) {}
 
 CExactXmlWriter::~CExactXmlWriter() = default;
 

@@ -1,6 +1,7 @@
 // CXmlTextWriter, XML text.
 #include "zvxmllib/xml/XmlTextWriter.h"
 
+#include "zvxmllib/values/text/TextParts.h"
 #include "zvxmllib/writers/Failures.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-CInstanceMonitor::Registration s_registration("CXmlTextWriter");
+CInstanceMonitor::Registration s_xmlTextWriterInstances("CXmlTextWriter");
 
 constexpr std::string_view kCDataStart = "<![CDATA[";
 constexpr std::string_view kLineFeedInAttribute = "&#xA;";
@@ -44,14 +45,10 @@ constexpr CTextWriter::EscapeTable MakeExactTable(bool isAttribute) {
 constexpr CTextWriter::EscapeTable kExactTextTable = MakeExactTable(false);
 constexpr CTextWriter::EscapeTable kExactAttributeTable = MakeExactTable(true);
 
-bool StartsWith(std::string_view text, std::string_view start) {
-    return text.substr(0, start.size()) == start;
-}
-
 } // namespace
 
 CXmlTextWriter::CXmlTextWriter(CTextStream* sink)
-    : CXmlTextWriter(s_registration, sink, {kTextTable, kAttributeTable}) {}
+    : CXmlTextWriter(s_xmlTextWriterInstances, sink, {kTextTable, kAttributeTable}) {}
 
 CXmlTextWriter::CXmlTextWriter(Registration& registration, CTextStream* sink, Escapes escapes)
     : CTextWriter(registration, sink), m_escapes(escapes) {}
@@ -162,7 +159,7 @@ void CXmlTextWriter::WriteElementValue(std::string const& text, ItemType, bool i
 }
 
 void CXmlTextWriter::AppendText(std::string const& text) {
-    if (StartsWith(text, kCDataStart))
+    if (detail::StartsWith(text, kCDataStart))
         m_sink->Append(text);
     else
         AppendEscapedText(text);

@@ -24,15 +24,8 @@ namespace {
 constexpr std::uint32_t kSmallestRoom = 8192;
 constexpr char kHexDigits[] = "0123456789ABCDEF";
 
-// Sums are made in 64 bits: on a 32-bit machine they would wrap.
-std::uint32_t CheckedLength(std::uint64_t length) {
-    if (length > std::numeric_limits<std::uint32_t>::max())
-        throw std::bad_alloc();
-    return static_cast<std::uint32_t>(length);
-}
-
 std::uint32_t TextLength(char const* text) {
-    return text != nullptr ? CheckedLength(std::strlen(text)) : 0;
+    return text != nullptr ? detail::CheckedLength(std::strlen(text)) : 0;
 }
 
 unsigned char const* TextBytes(char const* text) {
@@ -103,7 +96,7 @@ public:
         ZV_ASSERT(m_refCount == 1);
         if (IsShared())
             FailAppendToSharedData(m_refCount);
-        std::uint32_t const newLength = CheckedLength(std::uint64_t{m_dwLen} + length);
+        std::uint32_t const newLength = detail::CheckedLength(std::uint64_t{m_dwLen} + length);
         std::unique_ptr<unsigned char[]> old;
         if (newLength > m_dwBufferLen)
             old = MoveTo(Doubled(newLength));
@@ -112,7 +105,7 @@ public:
     }
 
     unsigned char* BeginAppend(std::uint32_t least, std::uint32_t& room) {
-        std::uint32_t const needed = CheckedLength(std::uint64_t{m_dwLen} + least);
+        std::uint32_t const needed = detail::CheckedLength(std::uint64_t{m_dwLen} + least);
         if (needed > m_dwBufferLen)
             MoveTo(Doubled(needed));
         room = m_dwBufferLen - m_dwLen;
@@ -323,7 +316,7 @@ std::uint32_t CBinaryData::ConvertToHexData(char const* text, unsigned char** da
         FailHexLength();
     if (digits == 0)
         return 0;
-    std::uint32_t const length = CheckedLength(digits / 2);
+    std::uint32_t const length = detail::CheckedLength(digits / 2);
     std::unique_ptr<unsigned char[]> bytes(new unsigned char[length]);
     detail::BytesFromHex(text, digits, bytes.get());
     *data = bytes.release();

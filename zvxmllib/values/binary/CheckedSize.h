@@ -1,8 +1,9 @@
-// Sizes of results, summed in 64 bits. Header only.
+// Sizes of results, summed in 64 bits: on a 32-bit machine sums of smaller ones would wrap. Header only.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <new>
 
 namespace ZvXmlLib16::detail {
@@ -13,6 +14,13 @@ inline std::size_t CheckedSize(std::uint64_t size) {
     if (checked != size)
         throw std::bad_alloc();
     return checked;
+}
+
+// The length of binary data has 32 bits. Throws std::bad_alloc beyond them.
+inline std::uint32_t CheckedLength(std::uint64_t length) {
+    if (length > std::numeric_limits<std::uint32_t>::max())
+        throw std::bad_alloc();
+    return static_cast<std::uint32_t>(length);
 }
 
 } // namespace ZvXmlLib16::detail

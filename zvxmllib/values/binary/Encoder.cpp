@@ -5,6 +5,7 @@
 #include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/platform/CodePage.h"
 #include "zvxmllib/values/binary/BinaryData.h"
+#include "zvxmllib/values/binary/CheckedSize.h"
 
 #include <algorithm>
 #include <atomic>
@@ -36,16 +37,10 @@ bool IsLocalPageUtf8() noexcept {
     return LocalPage() == platform::kUtf8CodePage;
 }
 
-std::uint32_t CheckedLength(std::size_t length) {
-    if (length > std::numeric_limits<std::uint32_t>::max())
-        throw std::bad_alloc();
-    return static_cast<std::uint32_t>(length);
-}
-
 // Data of exactly this size, filled by `fill(unsigned char*)`.
 template <class Fill>
 CBinaryData MakeData(std::size_t size, Fill fill) {
-    std::uint32_t const length = CheckedLength(size);
+    std::uint32_t const length = detail::CheckedLength(size);
     if (length == 0)
         return CBinaryData();
     std::unique_ptr<unsigned char[]> bytes(new unsigned char[size]);

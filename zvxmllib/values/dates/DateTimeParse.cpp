@@ -4,6 +4,7 @@
 #include "zvxmllib/values/dates/Calendar.h"
 #include "zvxmllib/values/dates/DateTimeFailures.h"
 #include "zvxmllib/values/dates/DateTimeFields.h"
+#include "zvxmllib/values/text/TextParts.h"
 
 namespace ZvXmlLib16 {
 
@@ -87,10 +88,6 @@ CDateTime::DTType ReadWithoutYear(std::string_view text, DateFields& fields) {
     return CDateTime::dt_yearZero;
 }
 
-std::string_view UpToNul(std::string_view text) {
-    return text.substr(0, text.find('\0'));
-}
-
 } // namespace
 
 void CDateTime::ParseXSDDateTime(char const* text) {
@@ -102,7 +99,7 @@ void CDateTime::ParseXSDDateTime(char const* text) {
 void CDateTime::ParseXSDDateTime(std::string_view text) {
     if (detail::ReadPlainDateTime(text, *this))
         return;
-    text = UpToNul(text);
+    text = detail::UpToNul(text);
     std::size_t const separator = text.find('T');
     if (separator == std::string_view::npos)
         FailDateTimeWithoutT(text);
@@ -125,7 +122,7 @@ void CDateTime::ParseXSDDate(char const* text) {
 
 void CDateTime::ParseXSDDate(std::string_view text) {
     Clear();
-    SetXSDDate(UpToNul(text));
+    SetXSDDate(detail::UpToNul(text));
     Validate();
 }
 
@@ -139,26 +136,26 @@ void CDateTime::ParseXSDTime(char const* text) {
 
 void CDateTime::ParseXSDTime(std::string_view text) {
     Clear();
-    SetXSDTime(UpToNul(text));
+    SetXSDTime(detail::UpToNul(text));
     Validate();
 }
 
 void CDateTime::ParseXSDDateTime(std::string_view text, bool keepZoneSign) {
     ParseXSDDateTime(text);
     if (keepZoneSign)
-        KeepZoneSign(UpToNul(text));
+        KeepZoneSign(detail::UpToNul(text));
 }
 
 void CDateTime::ParseXSDDate(std::string_view text, bool keepZoneSign) {
     ParseXSDDate(text);
     if (keepZoneSign)
-        KeepZoneSign(UpToNul(text));
+        KeepZoneSign(detail::UpToNul(text));
 }
 
 void CDateTime::ParseXSDTime(std::string_view text, bool keepZoneSign) {
     ParseXSDTime(text);
     if (keepZoneSign)
-        KeepZoneSign(UpToNul(text));
+        KeepZoneSign(detail::UpToNul(text));
 }
 
 // The text has been read, and so ends in the offset if there is one.

@@ -12,7 +12,7 @@ namespace ZvXmlLib16 {
 namespace {
 
 // Sign, designators, and the digits of all fields at their widest.
-constexpr std::size_t kLongestText = 128;
+constexpr std::size_t kLongestDuration = 128;
 
 // How far the parser of a duration has come. A designator is allowed in some states only, which enforces the
 // order.
@@ -104,12 +104,12 @@ void CDateTimeSpan::Clear() noexcept {
 }
 
 std::string CDateTimeSpan::ToString() const {
-    char text[kLongestText];
+    char text[kLongestDuration];
     return std::string(text, static_cast<std::size_t>(PrintTo(text) - text));
 }
 
 std::string& CDateTimeSpan::Print(std::string& text) const {
-    char buffer[kLongestText];
+    char buffer[kLongestDuration];
     return text.assign(buffer, static_cast<std::size_t>(PrintTo(buffer) - buffer));
 }
 

@@ -1,6 +1,8 @@
 // CPrimitiveRestrictions, the record of the facets of a type, without whiteSpace and enumeration.
 #include "zvxmllib/values/facets/PrimitiveRestrictions.h"
 
+#include "zvxmllib/foundation/TextOrEmpty.h"
+
 namespace ZvXmlLib16 {
 
 namespace detail {
@@ -26,14 +28,6 @@ PreparedFacets const* PreparedSlot::Put(std::unique_ptr<PreparedFacets> facets) 
 
 } // namespace detail
 
-namespace {
-
-char const* TextOrEmpty(char const* text) {
-    return text != nullptr ? text : "";
-}
-
-} // namespace
-
 CPrimitiveRestrictions::CPrimitiveRestrictions() = default;
 
 CPrimitiveRestrictions::CPrimitiveRestrictions(char const* patternText, std::int32_t minimumLength,
@@ -41,9 +35,9 @@ CPrimitiveRestrictions::CPrimitiveRestrictions(char const* patternText, std::int
                                                char const* maximum, char const* above, char const* below,
                                                std::int32_t exactLength, std::int32_t digits,
                                                std::int32_t digitsOfFraction)
-    : pattern(TextOrEmpty(patternText)), minLength(minimumLength), maxLength(maximumLength),
-      minInclusive(TextOrEmpty(minimum)), maxInclusive(TextOrEmpty(maximum)),
-      minExclusive(TextOrEmpty(above)), maxExclusive(TextOrEmpty(below)), length(exactLength),
+    : pattern(detail::TextOrEmpty(patternText)), minLength(minimumLength), maxLength(maximumLength),
+      minInclusive(detail::TextOrEmpty(minimum)), maxInclusive(detail::TextOrEmpty(maximum)),
+      minExclusive(detail::TextOrEmpty(above)), maxExclusive(detail::TextOrEmpty(below)), length(exactLength),
       totalDigits(digits), fractionDigits(digitsOfFraction) {}
 
 CPrimitiveRestrictions::CPrimitiveRestrictions(CPrimitiveRestrictions const&) = default;

@@ -11,8 +11,6 @@ using Limb = Magnitude::Limb;
 
 namespace {
 
-constexpr std::size_t kDigitsOfLimb = Magnitude::kDigitsOfLimb;
-
 constexpr std::array<char, 200> MakePairs() {
     std::array<char, 200> pairs{};
     for (unsigned i = 0; i < 100; ++i) {
@@ -44,7 +42,7 @@ char* PrintWholeLimb(Limb limb, char* out) {
     *out = static_cast<char>('0' + high / 10000);
     PrintFour(high % 10000, out + 1);
     PrintFour(limb % 10000, out + 5);
-    return out + kDigitsOfLimb;
+    return out + Magnitude::kDigitsOfLimb;
 }
 
 std::size_t CountDigitsOf(Limb limb) {
@@ -59,12 +57,12 @@ std::size_t CountDigitsOf(Limb limb) {
 Magnitude Magnitude::OfDigits(std::string_view digits) {
     while (!digits.empty() && digits.front() == '0')
         digits.remove_prefix(1);
-    Magnitude result = OfSize((digits.size() + kDigitsOfLimb - 1) / kDigitsOfLimb);
+    Magnitude result = OfSize((digits.size() + Magnitude::kDigitsOfLimb - 1) / Magnitude::kDigitsOfLimb);
     Limb* out = result.Limbs();
     char const* end = digits.data() + digits.size();
     std::size_t left = digits.size();
-    for (; left >= kDigitsOfLimb; left -= kDigitsOfLimb) {
-        end -= kDigitsOfLimb;
+    for (; left >= Magnitude::kDigitsOfLimb; left -= Magnitude::kDigitsOfLimb) {
+        end -= Magnitude::kDigitsOfLimb;
         *out++ = ReadLimb(end);
     }
     if (left > 0) {
@@ -79,14 +77,14 @@ Magnitude Magnitude::OfDigits(std::string_view digits) {
 std::size_t CountDigits(Magnitude const& a) noexcept {
     if (a.IsZero())
         return 1;
-    return (a.Size() - 1) * kDigitsOfLimb + CountDigitsOf(a.Limbs()[a.Size() - 1]);
+    return (a.Size() - 1) * Magnitude::kDigitsOfLimb + CountDigitsOf(a.Limbs()[a.Size() - 1]);
 }
 
 std::size_t CountTrailingZeros(Magnitude const& a) noexcept {
     Limb const* limb = a.Limbs();
     std::size_t count = 0;
     for (; *limb == 0; ++limb)
-        count += kDigitsOfLimb;
+        count += Magnitude::kDigitsOfLimb;
     for (Limb rest = *limb; rest % 10 == 0; rest /= 10)
         ++count;
     return count;

@@ -1,4 +1,4 @@
-// Namespace URIs that the writers treat specially.
+// The namespaces that XML, Namespaces in XML and XML Schema reserve.
 #pragma once
 
 #include <string>
