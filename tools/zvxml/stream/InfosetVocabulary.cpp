@@ -6,7 +6,7 @@
 #include "zvxmllib/fastinfoset/InfosetChecks.h"
 #include "zvxmllib/fastinfoset/RestrictedAlphabet.h"
 #include "zvxmllib/foundation/Utf16.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include "TagBuilder.h"
 
 #include "zvxmllib/writers/XmlNames.h"
-#include "zvxmllib/writers/XmlNamespaces.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 
 #include <deque>
 #include <optional>

@@ -1,7 +1,7 @@
 // What a sink must know of an element before it writes it, and only what follows tells.
 #include "Shape.h"
 
-#include "zvxmllib/writers/XmlNamespaces.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 
 #include <unordered_set>
 #include <vector>

@@ -1,7 +1,7 @@
 // Makes start tags of names as they are written, by the rules of Namespaces in XML.
 #include "TagBuilder.h"
 
-#include "zvxmllib/writers/XmlNamespaces.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 
 #include <algorithm>
 #include <tuple>
