@@ -1,6 +1,7 @@
 // CDocumentObject, a whole document as an untyped object.
 #include "DocumentObject.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -11,6 +12,16 @@ using namespace ZvXmlLib16;
 namespace zvxml {
 
 namespace {
+
+// What formatted XML adds to the text of an element with children: before its own text, which comes last, and
+// after it. The root has depth 0.
+struct Formatting {
+    Formatting(std::size_t children, std::size_t depth)
+        : before(children == 0 ? 0 : 1 + children * (depth + 2)), behind(children == 0 ? 0 : depth) {}
+
+    std::size_t before;
+    std::size_t behind;
+};
 
 constexpr std::string_view kCDataStart = "<![CDATA[";
 constexpr std::string_view kCDataEnd = "]]>";

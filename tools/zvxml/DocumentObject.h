@@ -1,21 +1,9 @@
 // CDocumentObject, a whole document as an untyped object.
 #pragma once
 
-#include <cstddef>
-
 #include <zvxmllib/ZvXmlLib.h>
 
 namespace zvxml {
-
-// What formatted XML adds to the text of an element with children: before its own text, which comes last, and
-// after it. The root has depth 0.
-struct Formatting {
-    Formatting(std::size_t children, std::size_t depth)
-        : before(children == 0 ? 0 : 1 + children * (depth + 2)), behind(children == 0 ? 0 : depth) {}
-
-    std::size_t before;
-    std::size_t behind;
-};
 
 // The root element with all that is in it. Its base reads the first child of a document's root, as an element
 // inside a document; this class reads the root itself, and on writing passes the instructions, aliases and

@@ -1,24 +1,22 @@
-// zvxml inspect: the kind of a document, and its size in each form that the library writes.
+// zvxml inspect: the kind of a document, and its size in each form.
 #include "CommandLine.h"
 #include "Commands.h"
-#include "DocumentObject.h"
 #include "Errors.h"
 #include "Input.h"
 #include "OutputFormats.h"
-#include "Prefixes.h"
 #include "Progress.h"
-#include "TreeWalk.h"
 #include "Vocabulary.h"
-
-#include <zvxmllib/ZvXmlLibInternal.h>
+#include "stream/Documents.h"
+#include "stream/FormSizes.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <limits>
 #include <memory>
-#include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 using namespace ZvXmlLib16;
 
@@ -31,8 +29,8 @@ constexpr std::size_t kFirstEntries = 20;
 
 struct InspectOptions {
     bool listsWholeVocabulary = false;
-    std::string jsonRoot;
-    bool hasJsonComments = true;
+    bool hasSizes = true;
+    JsonOptions json;
 };
 
 std::vector<Option<InspectOptions>> const& OptionTable() {
@@ -40,45 +38,16 @@ std::vector<Option<InspectOptions>> const& OptionTable() {
         {"--vocabulary", nullptr,
          "all entries of the vocabulary that a Fast Infoset\ndocument builds, not the first ones only",
          [](InspectOptions& o, std::string const&) { o.listsWholeVocabulary = true; }},
+        {"--no-sizes", nullptr, "leave out the sizes in each form, which take a second\nreading",
+         [](InspectOptions& o, std::string const&) { o.hasSizes = false; }},
         {"--root", "NAME", "read the whole of a JSON text as the element NAME",
-         [](InspectOptions& o, std::string const& v) { o.jsonRoot = v; }},
-        {"--no-comments", nullptr, "refuse comments in a JSON text",
-         [](InspectOptions& o, std::string const&) { o.hasJsonComments = false; }},
+         [](InspectOptions& o, std::string const& v) { o.json.root = v; }},
     };
     return table;
 }
 
-// A document, with its reader if it is Fast Infoset.
-struct InspectedDocument {
-    std::unique_ptr<CXmlDocument> document;
-    bool isFromJson = false;
-    std::unique_ptr<CFastInfosetReader> reader;
-};
-
-std::string_view View(CBinaryData const& bytes) {
-    return {reinterpret_cast<char const*>(bytes.GetData()), bytes.GetLength()};
-}
-
 bool BeginsWith(std::string_view text, std::string_view start) {
     return text.substr(0, start.size()) == start;
-}
-
-struct Unwrapped {
-    char const* wrapper;
-    CBinaryData content;
-};
-
-Unwrapped Unwrap(CBinaryData const& bytes) {
-    CBinaryData copy(bytes);
-    std::uint32_t length = bytes.GetLength();
-    std::unique_ptr<unsigned char[]> data(copy.ReleaseData());
-    unsigned char* raw = data.release();
-    CZvZip::Decompress(raw, length);
-    data.reset(raw);
-    CBinaryData const content(data.get(), length, false);
-    if (content == bytes)
-        return {"none", bytes};
-    return {BeginsWith(View(bytes), "\x1F\x8B") ? "gzip" : "zlib", content};
 }
 
 // The encoding that the first bytes of XML text indicate (XML 1.0, appendix F).
@@ -100,151 +69,58 @@ std::string EncodingOf(std::string_view text) {
     return std::string(rest.substr(0, rest.find(declaration[open])));
 }
 
-struct Counts {
-    std::uint64_t elements = 0;
-    std::uint64_t attributes = 0;
-    std::uint64_t textBytes = 0;
-    unsigned long depth = 0;
-};
-
-std::size_t CountChildren(CXmlElement const& element) {
-    std::size_t count = 0;
-    for (CXmlElement const* child = element.GetFirstElement(); child != nullptr;
-         child = child->GetNextSiblingElement())
-        ++count;
-    return count;
-}
-
-Counts CountTree(InspectedDocument const& inspected) {
-    Counts counts;
-    std::string text;
-    for (TreeWalk walk(inspected.document->GetDocumentElement()); walk.Current() != nullptr; walk.Advance()) {
-        ++counts.elements;
-        counts.attributes += walk.Current()->GetAttributeCount();
-        text.clear();
-        walk.Current()->GetNodeText().AppendTo(text);
-        std::size_t length = text.size();
-        if (inspected.isFromJson) {
-            Formatting const formatting(CountChildren(*walk.Current()), walk.Depth() - 1);
-            if (std::size_t const added = formatting.before + formatting.behind; added <= length)
-                length -= added;
-        }
-        counts.textBytes += length;
-        counts.depth = std::max(counts.depth, walk.Depth());
-    }
-    return counts;
-}
-
-// A form that the library writes. A format that can be written in several ways has a row for each.
-struct WrittenForm {
-    char const* title;
-    char const* format;
-    bool isPretty;
-    XmlEncoding encoding;
-    CompressionType compression;
-};
-constexpr WrittenForm kWrittenForms[] = {
-    {"compact", "xml", false, XmlEncoding_UTF8, CompressionType_None},
-    {"UTF-16", "xml", false, XmlEncoding_UTF16, CompressionType_None},
-    {"gzip", "xml", false, XmlEncoding_UTF8, CompressionType_GZip},
-    {"zlib", "xml", false, XmlEncoding_UTF8, CompressionType_ZLib},
-    {"JSON", "json", false, XmlEncoding_UTF8, CompressionType_None},
-    {"Fast Infoset", "fi", false, XmlEncoding_UTF8, CompressionType_None},
-    {"pretty", "xml", true, XmlEncoding_UTF8, CompressionType_None}, // last: it drops white space
-};
-
-// The size of the file; none if the form cannot express this document.
-std::optional<std::uint32_t> SizeOf(WrittenForm const& form, CDocumentObject& object,
-                                    CSerializationContext const& ctx) {
-    WriteOptions options;
-    options.isPretty = form.isPretty;
-    options.encoding = form.encoding;
-    OutputFormat const& format = *FindFormatByName(form.format);
-    format.requireWritable(ctx);
-    CBinaryData bytes = ToFileBytes(format, object, options, ctx);
-    if (form.compression == CompressionType_None)
-        return bytes.GetLength();
-    try {
-        CZvZip::Compress(bytes, form.compression);
-    } catch (CZvException const&) { // compression never makes a document larger
-        return std::nullopt;
-    }
-    return bytes.GetLength();
-}
-
-void PrintSizes(InspectedDocument const& inspected) {
-    CXmlDocument const& document = *inspected.document;
-    CSerializationContext ctx;
-    UsePrefixesOf(document, ctx);
-    CSmartPtr<CDocumentObject> const object = new CDocumentObject;
-    object->ReadRootOf(document, ctx);
-    if (inspected.isFromJson)
-        object->DropFormatting();
-    std::printf("written as\n");
-    for (WrittenForm const& form : kWrittenForms) {
-        if (form.isPretty)
-            object->DropWhiteSpaceBetweenElements();
-        std::optional<std::uint32_t> const size = SizeOf(form, *object, ctx);
-        if (size)
-            std::printf("  %-12s%10u bytes\n", form.title, static_cast<unsigned>(*size));
-        else
-            std::printf("  %-12sdoes not shrink\n", form.title);
-    }
-}
-
-std::string FormOf(CBinaryData const& content) {
-    std::string_view const octets = View(content);
-    if (CXmlDocument::IsJson(content.GetData(), content.GetLength()))
+std::string DescribeForm(ByteInput const& input, JsonOptions const& json) {
+    std::string_view const start = input.GetStart();
+    switch (FormOf(input, json)) {
+    case Form::kJson:
         return "JSON text";
-    if (!CFastInfosetReader::IsFastInfoset(content.GetData(), content.GetLength()))
-        return "XML text, " + EncodingOf(octets);
-    if (octets[0] != '<')
+    case Form::kXml:
+        return "XML text, " + EncodingOf(start);
+    case Form::kInfoset:
+        break;
+    }
+    if (start[0] != '<')
         return "Fast Infoset";
-    return "Fast Infoset behind " + std::string(octets.substr(0, octets.find('>') + 1));
+    return "Fast Infoset behind " + std::string(start.substr(0, start.find('>') + 1));
 }
 
-InspectedDocument ReadInspected(std::string const& file, CBinaryData const& content,
-                                CSerializationContext const& ctx, Progress& progress) {
-    InspectedDocument result;
-    if (!CFastInfosetReader::IsFastInfoset(content.GetData(), content.GetLength())) {
-        InputDocument input = ReadDocument(file, content, ctx, progress);
-        result.document = std::move(input.document);
-        result.isFromJson = input.isFromJson;
-        return result;
-    }
-    result.document = std::make_unique<CXmlDocument>(ctx);
-    result.reader = std::make_unique<CFastInfosetReader>(ctx.GetFIContext(), *result.document);
-    try {
-        result.reader->Parse(content.GetData(), content.GetLength());
-    } catch (CZvException const& e) {
-        throw FileError(InputName(file), e.GetFullMessage());
-    }
-    return result;
+char const* NameOf(Wrapper wrapper) {
+    return wrapper == Wrapper::kGzip ? "gzip" : wrapper == Wrapper::kZlib ? "zlib" : "none";
 }
 
-void PrintReport(std::string const& file, CBinaryData const& bytes, Unwrapped const& unwrapped,
-                 InspectedDocument const& inspected) {
-    CXmlElement const& root = *inspected.document->GetDocumentElement();
-    Counts const counts = CountTree(inspected);
-    std::printf("file          %s\n", InputName(file).c_str());
-    std::printf("size          %u bytes\n", static_cast<unsigned>(bytes.GetLength()));
-    std::printf("wrapper       %s\n", unwrapped.wrapper);
-    std::printf("form          %s\n", FormOf(unwrapped.content).c_str());
-    std::printf("root          %s\n", root.GetLocalName().c_str());
-    std::printf("namespace     %s\n",
-                root.GetNamespaceURI().empty() ? "none" : root.GetNamespaceURI().c_str());
-    std::printf("elements      %llu\n", static_cast<unsigned long long>(counts.elements));
-    std::printf("attributes    %llu\n", static_cast<unsigned long long>(counts.attributes));
-    std::printf("depth         %lu\n", counts.depth);
+void PrintCount(char const* title, std::uint64_t count) {
+    std::printf("%-14s%llu\n", title, static_cast<unsigned long long>(count));
+}
+
+void PrintCounts(DocumentCounts const& counts) {
+    std::printf("root          %s\n", counts.root.c_str());
+    std::printf("namespace     %s\n", counts.ns.empty() ? "none" : counts.ns.c_str());
+    PrintCount("elements", counts.elements);
+    PrintCount("attributes", counts.attributes);
+    PrintCount("depth", counts.depth);
     std::printf("text          %llu bytes\n", static_cast<unsigned long long>(counts.textBytes));
+    if (counts.comments != 0)
+        PrintCount("comments", counts.comments);
+    if (counts.instructions != 0)
+        PrintCount("instructions", counts.instructions);
+}
+
+void PrintSizes(std::vector<FormSize> const& sizes) {
+    std::printf("written as\n");
+    for (FormSize const& size : sizes) {
+        if (size.fault.empty())
+            std::printf("  %-12s%10llu bytes\n", size.title, static_cast<unsigned long long>(size.bytes));
+        else
+            std::printf("  %-12s%s\n", size.title, size.fault.c_str());
+    }
 }
 
 } // namespace
 
 std::string InspectHelp() {
     return "Usage: zvxml inspect [OPTION]... [FILE]\n"
-           "Tells what FILE is, or standard input: the form and the wrapper that were\n"
-           "recognised, the root element, counts, and the size of the document in each form\n"
+           "Tells what FILE is (\"-\", or none, is standard input): the form and the wrapper that\n"
+           "were recognised, the root element, counts, and the size of the document in each form\n"
            "that can be written. Of a Fast Infoset document it lists the vocabulary, too: the\n"
            "names and texts that can be referred to by their numbers.\n\n" +
            OptionsHelp(OptionTable());
@@ -255,25 +131,23 @@ int Inspect(std::vector<std::string> const& arguments, Progress& progress) {
     std::vector<std::string> const operands = ReadArguments(arguments, OptionTable(), options);
     if (operands.size() > 1)
         throw UsageError("inspect takes one file");
-    std::string const file = operands.empty() ? kStandardStream : operands[0];
-
-    CSerializationContext ctx;
-    ctx.GetJsonContext().SetRootElementName(options.jsonRoot.c_str());
-    ctx.GetJsonContext().GetAllowComments(options.hasJsonComments);
-    CBinaryData const bytes = ReadBytes(file);
-    Unwrapped const unwrapped = Unwrap(bytes);
-    InspectedDocument const inspected = ReadInspected(file, unwrapped.content, ctx, progress);
-    progress.Finish();
-    PrintReport(file, bytes, unwrapped, inspected);
-    if (inspected.reader != nullptr)
-        PrintVocabulary(*inspected.reader->GetVocabulary(), options.listsWholeVocabulary
-                                                                ? std::numeric_limits<std::size_t>::max()
-                                                                : kFirstEntries);
-    try {
-        PrintSizes(inspected);
-    } catch (CZvException const& e) {
-        throw FileError(InputName(file), e.GetFullMessage());
-    }
+    ByteInput input(operands.empty() ? kStandardStream : operands[0], progress);
+    WithFile(input.GetName(), [&] {
+        std::unique_ptr<Source> const source = OpenSource(input, options.json);
+        FormSizes sizes(*source);
+        progress.Finish();
+        std::printf("file          %s\n", input.GetName().c_str());
+        std::printf("size          %llu bytes\n", static_cast<unsigned long long>(input.GetSize()));
+        std::printf("wrapper       %s\n", NameOf(input.GetWrapper()));
+        std::printf("form          %s\n", DescribeForm(input, options.json).c_str());
+        PrintCounts(sizes.GetCounts());
+        if (InfosetVocabulary const* const vocabulary = source->GetVocabulary())
+            PrintVocabulary(*vocabulary, options.listsWholeVocabulary
+                                             ? std::numeric_limits<std::size_t>::max()
+                                             : kFirstEntries);
+        if (options.hasSizes)
+            PrintSizes(sizes.Measure());
+    });
     return kExitSuccess;
 }
 

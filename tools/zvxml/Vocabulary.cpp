@@ -1,14 +1,12 @@
 #include "Vocabulary.h"
 
-#include <zvxmllib/ZvXmlLibInternal.h>
+#include "stream/InfosetVocabulary.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <string>
 #include <string_view>
-
-using namespace ZvXmlLib16;
 
 namespace zvxml {
 
@@ -33,32 +31,16 @@ std::string OnOneLine(std::string_view text) {
     return line;
 }
 
-// Empty for an absent part, and for one that an external vocabulary names but does not hold.
-std::string_view Part(ReadVocabulary::NameParts const& table, std::uint32_t index) {
-    return index == 0 || index > table.entries.size() ? std::string_view() : table.entries[index - 1].text;
-}
-
-std::string Entry(ReadVocabulary const&, std::string_view text) {
+std::string Entry(InfosetVocabulary const&, std::string const& text) {
     return OnOneLine(text);
 }
 
-std::string Entry(ReadVocabulary const&, ReadVocabulary::NamePart const& part) {
-    return OnOneLine(part.text);
-}
-
-// prefix:local {uri}
-std::string Entry(ReadVocabulary const& vocabulary, ReadVocabulary::QName const& name) {
-    std::string text(Part(vocabulary.prefixNames, name.prefix));
-    if (!text.empty())
-        text += ':';
-    text += Part(vocabulary.localNames, name.localName);
-    if (name.namespaceName != 0)
-        text.append(" {").append(Part(vocabulary.namespaceNames, name.namespaceName)).append("}");
-    return OnOneLine(text);
+std::string Entry(InfosetVocabulary const& vocabulary, InfosetVocabulary::NameEntry const& name) {
+    return OnOneLine(vocabulary.Describe(name));
 }
 
 template <class Table>
-void PrintTable(ReadVocabulary const& vocabulary, Table const& table, std::size_t most) {
+void PrintTable(InfosetVocabulary const& vocabulary, Table const& table, std::size_t most) {
     std::size_t const count = table.entries.size();
     std::printf("  %-17s %8zu\n", table.content, count);
     for (std::size_t i = 0; i < std::min(count, most); ++i)
@@ -69,15 +51,15 @@ void PrintTable(ReadVocabulary const& vocabulary, Table const& table, std::size_
 
 } // namespace
 
-void PrintVocabulary(ReadVocabulary const& vocabulary, std::size_t most) {
+void PrintVocabulary(InfosetVocabulary const& vocabulary, std::size_t most) {
     std::printf("vocabulary\n");
-    PrintTable(vocabulary, vocabulary.prefixNames, most);
-    PrintTable(vocabulary, vocabulary.namespaceNames, most);
-    PrintTable(vocabulary, vocabulary.localNames, most);
-    PrintTable(vocabulary, vocabulary.elementNames, most);
-    PrintTable(vocabulary, vocabulary.attributeNames, most);
-    PrintTable(vocabulary, vocabulary.attributeValues, most);
-    PrintTable(vocabulary, vocabulary.characterChunks, most);
+    PrintTable(vocabulary, vocabulary.prefixes, most);
+    PrintTable(vocabulary, vocabulary.uris, most);
+    PrintTable(vocabulary, vocabulary.locals, most);
+    PrintTable(vocabulary, vocabulary.elements, most);
+    PrintTable(vocabulary, vocabulary.attributes, most);
+    PrintTable(vocabulary, vocabulary.values, most);
+    PrintTable(vocabulary, vocabulary.chunks, most);
 }
 
 } // namespace zvxml

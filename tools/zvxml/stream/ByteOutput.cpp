@@ -27,9 +27,10 @@ constexpr int kMemoryLevel = 8;
 
 struct ByteOutput::Parts {
     std::string name;
-    bool isStandard;
-    bool hasUtf16;
-    bool hasCrlf;
+    std::uint64_t* count = nullptr; // instead of a file
+    bool isStandard = false;
+    bool hasUtf16 = false;
+    bool hasCrlf = false;
     bool isCompressed = false;
     platform::File file;
     z_stream stream{};
@@ -114,7 +115,9 @@ void ByteOutput::Parts::Compress(unsigned char const* data, std::size_t length, 
 void ByteOutput::Parts::Write(unsigned char const* data, std::size_t length) {
     if (length == 0)
         return;
-    if (!isStandard) {
+    if (count != nullptr) {
+        *count += length;
+    } else if (!isStandard) {
         if (!file.Write(data, length))
             Fail(file.Error());
     } else if (std::fwrite(data, 1, length, stdout) != length) {
@@ -127,11 +130,21 @@ ByteOutput::ByteOutput(std::string const& file, WriteOptions const& options, boo
     Parts& parts = *m_parts;
     parts.isStandard = file == kStandardStream;
     parts.name = parts.isStandard ? "standard output" : file;
-    parts.hasUtf16 = isText && options.encoding == XmlEncoding_UTF16;
-    parts.hasCrlf = isText && options.eol == EOLType_CRLF;
     if (!parts.isStandard && !parts.file.CreateReplacement(file.c_str()))
         parts.Fail(parts.file.Error());
-    parts.OpenCompression(options.compression);
+    Open(options, isText);
+}
+
+ByteOutput::ByteOutput(std::uint64_t& count, WriteOptions const& options, bool isText)
+    : m_room(new char[kRoom]), m_parts(std::make_unique<Parts>()) {
+    m_parts->count = &count;
+    Open(options, isText);
+}
+
+void ByteOutput::Open(WriteOptions const& options, bool isText) {
+    m_parts->hasUtf16 = isText && options.encoding == XmlEncoding_UTF16;
+    m_parts->hasCrlf = isText && options.eol == EOLType_CRLF;
+    m_parts->OpenCompression(options.compression);
 }
 
 ByteOutput::~ByteOutput() = default;
@@ -151,6 +164,8 @@ void ByteOutput::Flush() {
 void ByteOutput::Commit() {
     m_parts->Take({m_room.get(), m_used}, true);
     m_used = 0;
+    if (m_parts->count != nullptr)
+        return;
     if (m_parts->isStandard) {
         if (std::fflush(stdout) != 0)
             m_parts->Fail(errno);

@@ -4,6 +4,7 @@
 #include "../OutputFormats.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -18,6 +19,8 @@ public:
     // "-" is standard output. Of the options the line end, the encoding and the compression count; neither
     // of the first two for octets.
     ByteOutput(std::string const& file, WriteOptions const& options, bool isText);
+    // Only counts the bytes; `count` is borrowed.
+    ByteOutput(std::uint64_t& count, WriteOptions const& options, bool isText);
     ByteOutput(ByteOutput const&) = delete;
     ByteOutput& operator=(ByteOutput const&) = delete;
     ~ByteOutput();
@@ -40,6 +43,7 @@ private:
 
     static constexpr std::size_t kRoom = std::size_t{1} << 16U;
 
+    void Open(WriteOptions const& options, bool isText);
     void AppendLarge(std::string_view text);
     void Flush();
 

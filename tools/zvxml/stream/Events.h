@@ -62,6 +62,8 @@ public:
     virtual void Finish() {}
 };
 
+class InfosetVocabulary;
+
 // A document that can be read from its beginning any number of times.
 class Source {
 public:
@@ -74,6 +76,8 @@ public:
     virtual void Read(Receiver& receiver) = 0;
     // Of the event that is being sent.
     virtual Place GetPlace() const = 0;
+    // What Fast Infoset refers to by numbers, as it is after Read; null for other forms.
+    virtual InfosetVocabulary const* GetVocabulary() const { return nullptr; }
 };
 
 } // namespace zvxml

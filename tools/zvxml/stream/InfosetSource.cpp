@@ -29,6 +29,7 @@ public:
 
     void Read(Receiver& receiver) override;
     Place GetPlace() const override { return {0, m_octets->GetCount()}; }
+    InfosetVocabulary const* GetVocabulary() const override { return m_tables ? &*m_tables : nullptr; }
 
 private:
     void ReadDocument();

@@ -160,8 +160,8 @@ void InfosetVocabulary::ReadVocabulary() {
     readTexts(0x0010, values);
     readTexts(0x0008, chunks);
     readTexts(0x0004, otherStrings);
-    readItems(0x0002, [&] { ReadNameEntry(m_elements); });
-    readItems(0x0001, [&] { ReadNameEntry(m_attributes); });
+    readItems(0x0002, [&] { ReadNameEntry(elements); });
+    readItems(0x0001, [&] { ReadNameEntry(attributes); });
 }
 
 // 000000 p n: the numbers of prefix and namespace, as far as they are there, and of the local name.
@@ -181,13 +181,13 @@ void InfosetVocabulary::ReadNameEntry(NameTable& table) {
 }
 
 InfosetVocabulary::QName const& InfosetVocabulary::ReadElementName(std::uint8_t octet) {
-    return (octet & 0x3C) == 0x3C ? ReadName(m_elements, octet)
-                                  : NameAt(m_elements, m_octets.ReadInteger3(octet));
+    return (octet & 0x3C) == 0x3C ? ReadName(elements, octet)
+                                  : NameAt(elements, m_octets.ReadInteger3(octet));
 }
 
 InfosetVocabulary::QName const& InfosetVocabulary::ReadAttributeName(std::uint8_t octet) {
-    return (octet & 0x78) == 0x78 ? ReadName(m_attributes, octet)
-                                  : NameAt(m_attributes, m_octets.ReadInteger2(octet));
+    return (octet & 0x78) == 0x78 ? ReadName(attributes, octet)
+                                  : NameAt(attributes, m_octets.ReadInteger2(octet));
 }
 
 InfosetVocabulary::QName const& InfosetVocabulary::ReadName(NameTable& table, std::uint8_t octet) {
@@ -219,6 +219,12 @@ InfosetVocabulary::QName const& InfosetVocabulary::Make(NameEntry& entry) const 
         entry.isMade = true;
     }
     return entry.name;
+}
+
+std::string InfosetVocabulary::Describe(NameEntry const& entry) const {
+    NameEntry copy = entry;
+    QName const& name = Make(copy);
+    return name.uri->empty() ? name.qualified : name.qualified + " {" + *name.uri + '}';
 }
 
 std::string const& InfosetVocabulary::At(Table const& table, std::uint32_t index) const {

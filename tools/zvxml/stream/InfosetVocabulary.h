@@ -56,6 +56,19 @@ public:
         std::string const* uri;
     };
 
+    // By the numbers of its parts, 0 for none.
+    struct NameEntry {
+        std::uint32_t prefix = 0;
+        std::uint32_t uri = 0;
+        std::uint32_t local = 0;
+        bool isMade = false;
+        QName name{};
+    };
+    struct NameTable {
+        char const* content;
+        std::deque<NameEntry> entries{};
+    };
+
     // Borrowed.
     explicit InfosetVocabulary(OctetReader& octets);
     InfosetVocabulary(InfosetVocabulary const&) = delete;
@@ -73,6 +86,9 @@ public:
     std::string_view ReadText(std::string& room) { return ReadValue(otherStrings, room); }
     std::string_view ReadChunk(std::uint8_t octet, std::string& room);
 
+    // prefix:local {namespace}
+    std::string Describe(NameEntry const& entry) const;
+
     Table prefixes{"prefixes"};
     Table uris{"namespace names"};
     Table locals{"local names"};
@@ -81,21 +97,10 @@ public:
     Table values{"attribute values"};
     Table chunks{"character chunks"};
     Table otherStrings{"other strings"};
+    NameTable elements{"element names"};
+    NameTable attributes{"attribute names"};
 
 private:
-    // By the numbers of its parts, 0 for none.
-    struct NameEntry {
-        std::uint32_t prefix = 0;
-        std::uint32_t uri = 0;
-        std::uint32_t local = 0;
-        bool isMade = false;
-        QName name{};
-    };
-    struct NameTable {
-        char const* content;
-        std::deque<NameEntry> entries{};
-    };
-
     void ReadVocabulary();
     void ReadNotations();
     void ReadUnparsedEntities();
@@ -114,8 +119,6 @@ private:
     void SkipOctetString();
 
     OctetReader& m_octets;
-    NameTable m_elements{"element names"};
-    NameTable m_attributes{"attribute names"};
     std::string m_work;
     std::uint64_t m_fromIndices = 0; // octets of text that indices have stood for
 };

@@ -12,7 +12,7 @@ namespace zvxml {
 
 namespace {
 
-constexpr std::size_t kMostLevels = 1000;
+constexpr std::size_t kMostLevels = 20000;
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
 bool IsDigit(char c) noexcept {
@@ -141,7 +141,7 @@ void JsonReader::ReadValue() {
     Note();
     if (first == '{' || first == '[') {
         if (m_isObject.size() == kMostLevels)
-            Fail("objects and arrays nest more than 1000 deep");
+            Fail("objects and arrays nest more than 20000 deep");
         ++m_at;
         m_isObject.push_back(first == '{');
         m_hasItems = false;

@@ -28,7 +28,7 @@ public:
     virtual void EndArray() = 0;
 };
 
-// Lists and objects nest at most 1000 deep. Memory holds the longest string and the open levels.
+// Lists and objects nest at most 20000 deep. Memory holds the longest string and the open levels.
 class JsonReader {
 public:
     // Both are borrowed.

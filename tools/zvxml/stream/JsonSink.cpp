@@ -1,6 +1,7 @@
 // Writes JSON text by RFC 8259.
 #include "Sinks.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -50,7 +51,7 @@ private:
         if (!m_isPretty)
             return;
         m_output.Append('\n');
-        for (; depth != 0; --depth)
+        for (depth = std::min(depth, kDeepestIndent); depth != 0; --depth)
             m_output.Append(m_indent);
     }
     void BeginMember(Level& level) {

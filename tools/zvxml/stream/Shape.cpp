@@ -23,6 +23,7 @@ public:
     }
     void Close() { --m_depth; }
     bool IsEmpty() const noexcept { return m_depth == 0; }
+    std::size_t GetDepth() const noexcept { return m_depth; }
     Level& Last() { return m_levels[m_depth - 1]; }
 
 private:
@@ -74,6 +75,9 @@ public:
         : m_shape(shape), m_mode(mode), m_source(source), m_losses(losses) {}
 
     void Start(StartTag const& tag) override {
+        constexpr std::size_t kMostLevels = 9999; // each may have an array around it, which readers count
+        if (m_open.GetDepth() == kMostLevels)
+            throw DocumentError("elements nest more than 9999 deep, too deep for JSON", m_source.GetPlace());
         std::uint64_t const element = m_shape.AddElement();
         std::string_view const name = JsonName(tag.name, m_mode);
         if (!m_open.IsEmpty())

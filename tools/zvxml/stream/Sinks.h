@@ -11,6 +11,9 @@
 
 namespace zvxml {
 
+// What is deeper is indented no more, or documents of many levels would grow with the square of them.
+inline constexpr std::size_t kDeepestIndent = 100;
+
 enum class DeclarationMode { kNever, kAsRead, kAlways };
 
 // `shape` tells which elements hold elements alone, and may be indented; null for text as it is. All are

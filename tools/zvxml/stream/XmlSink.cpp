@@ -1,6 +1,7 @@
 // Writes XML text.
 #include "Sinks.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -150,7 +151,7 @@ void XmlSink::WriteAttribute(std::string_view name, std::string_view value) {
 void XmlSink::StartLine(std::size_t depth) {
     if (!m_isOnNewLine)
         m_output.Append('\n');
-    for (; depth != 0; --depth)
+    for (depth = std::min(depth, kDeepestIndent); depth != 0; --depth)
         m_output.Append(m_indent);
     m_isOnNewLine = false;
 }
