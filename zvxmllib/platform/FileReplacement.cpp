@@ -62,12 +62,12 @@ void FlushFolder(std::string const& name) noexcept {
 bool File::CreateReplacement(char const* name) {
     Close();
     std::string target = name != nullptr ? name : "";
-    if (!FollowLinks(target))
-        return Fail();
     struct stat status;
     bool const exists = ::stat(target.c_str(), &status) == 0;
     if (target.empty() || (exists && !S_ISREG(status.st_mode)))
-        return Create(target.c_str());
+        return Create(target.c_str()); // by its own name: the link of a pipe, as /dev/stdout, leads to none
+    if (!FollowLinks(target))
+        return Fail();
     if (exists && ::access(target.c_str(), W_OK) != 0)
         return Fail();
     m_target = std::move(target);

@@ -11,6 +11,9 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 using namespace ZvXmlLib16;
@@ -27,7 +30,8 @@ constexpr int kMemoryLevel = 8;
 
 struct ByteOutput::Parts {
     std::string name;
-    std::uint64_t* count = nullptr; // instead of a file
+    std::uint64_t* count = nullptr;                                               // instead of a file
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> spool{nullptr, &std::fclose}; // ahead of it
     bool isStandard = false;
     bool hasUtf16 = false;
     bool hasCrlf = false;
@@ -48,6 +52,8 @@ struct ByteOutput::Parts {
     }
 
     void OpenCompression(CompressionType type);
+    void Spool();
+    void CopySpool();
     void Take(std::string_view piece, bool isLast);
     void TakeUnits(std::string_view utf8);
     void Compress(unsigned char const* data, std::size_t length, bool isLast);
@@ -117,6 +123,9 @@ void ByteOutput::Parts::Write(unsigned char const* data, std::size_t length) {
         return;
     if (count != nullptr) {
         *count += length;
+    } else if (spool != nullptr) {
+        if (std::fwrite(data, 1, length, spool.get()) != length)
+            Fail(errno);
     } else if (!isStandard) {
         if (!file.Write(data, length))
             Fail(file.Error());
@@ -125,11 +134,32 @@ void ByteOutput::Parts::Write(unsigned char const* data, std::size_t length) {
     }
 }
 
-ByteOutput::ByteOutput(std::string const& file, WriteOptions const& options, bool isText)
+void ByteOutput::Parts::Spool() {
+    spool.reset(std::tmpfile());
+    if (spool == nullptr)
+        Fail(errno);
+}
+
+void ByteOutput::Parts::CopySpool() {
+    auto const from = std::move(spool);
+    std::rewind(from.get());
+    std::vector<unsigned char> piece(kRoom);
+    for (std::size_t length = 0; (length = std::fread(piece.data(), 1, piece.size(), from.get())) != 0;)
+        Write(piece.data(), length);
+    if (std::ferror(from.get()) != 0)
+        Fail(errno);
+}
+
+ByteOutput::ByteOutput(std::string const& file, WriteOptions const& options, bool isText, bool mayBeGivenUp)
     : m_room(new char[kRoom]), m_parts(std::make_unique<Parts>()) {
     Parts& parts = *m_parts;
     parts.isStandard = file == kStandardStream;
     parts.name = parts.isStandard ? "standard output" : file;
+    std::error_code unknown;
+    bool const isDirect = parts.isStandard || (std::filesystem::exists(file, unknown) &&
+                                               !std::filesystem::is_regular_file(file, unknown));
+    if (mayBeGivenUp && isDirect)
+        parts.Spool();
     if (!parts.isStandard && !parts.file.CreateReplacement(file.c_str()))
         parts.Fail(parts.file.Error());
     Open(options, isText);
@@ -166,6 +196,8 @@ void ByteOutput::Commit() {
     m_used = 0;
     if (m_parts->count != nullptr)
         return;
+    if (m_parts->spool != nullptr)
+        m_parts->CopySpool();
     if (m_parts->isStandard) {
         if (std::fflush(stdout) != 0)
             m_parts->Fail(errno);

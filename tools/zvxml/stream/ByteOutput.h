@@ -18,7 +18,9 @@ class ByteOutput {
 public:
     // "-" is standard output. Of the options the line end, the encoding and the compression count; neither
     // of the first two for octets.
-    ByteOutput(std::string const& file, WriteOptions const& options, bool isText);
+    // `mayBeGivenUp`: what cannot be taken back, in a pipe for instance, waits for Commit in a temporary
+    // file.
+    ByteOutput(std::string const& file, WriteOptions const& options, bool isText, bool mayBeGivenUp = false);
     // Only counts the bytes; `count` is borrowed.
     ByteOutput(std::uint64_t& count, WriteOptions const& options, bool isText);
     ByteOutput(ByteOutput const&) = delete;

@@ -29,8 +29,8 @@ char FirstOf(std::string_view text) {
     return first == std::string_view::npos ? '\0' : text[first];
 }
 
-std::unique_ptr<Receiver> MakeSink(ByteOutput& output, StreamOptions const& options, Shape const& shape,
-                                   Losses& losses) {
+std::unique_ptr<Receiver> MakeSink(ByteOutput& output, StreamOptions const& options, Indent indent,
+                                   Shape const& shape, Losses& losses) {
     WriteOptions const& write = options.write;
     if (options.form == Form::kJson)
         return MakeJsonSink(output, write, options.json.mode, options.indent, shape);
@@ -39,7 +39,31 @@ std::unique_ptr<Receiver> MakeSink(ByteOutput& output, StreamOptions const& opti
     auto const declaration = write.hasDeclaration       ? DeclarationMode::kAlways
                              : options.keepsDeclaration ? DeclarationMode::kAsRead
                                                         : DeclarationMode::kNever;
-    return MakeXmlSink(output, write, declaration, options.indent, write.isPretty ? &shape : nullptr, losses);
+    return MakeXmlSink(output, write, declaration, indent, options.indent, shape, losses);
+}
+
+// False if a guess was wrong; nothing is written then.
+bool Write(Source& source, std::string const& file, StreamOptions const& options, Indent indent,
+           Shape const& shape, Losses& losses) {
+    ByteOutput output(file, options.write, options.form != Form::kInfoset, indent == Indent::kGuess);
+    try {
+        source.Read(*MakeSink(output, options, indent, shape, losses));
+    } catch (WrongGuess const&) {
+        return false;
+    }
+    output.Commit();
+    return true;
+}
+
+// Most documents are right for the guess, which saves the reading for the shape.
+void WriteIndented(Source& source, std::string const& file, StreamOptions const& options, Losses& losses) {
+    Shape shape;
+    Losses const none = losses;
+    if (Write(source, file, options, Indent::kGuess, shape, losses))
+        return;
+    losses.Take(none);
+    source.Read(*MakeXmlShape(shape));
+    Write(source, file, options, Indent::kShape, shape, losses);
 }
 
 } // namespace
@@ -80,14 +104,14 @@ void ConvertStream(ByteInput& input, std::string const& output, StreamOptions co
     WithFile(input.GetName(), [&] {
         std::unique_ptr<Source> const source = OpenSource(input, options.json);
         Losses losses(*source, FormatOf(options.form).title, options.keepsGoing);
-        Shape shape;
-        if (options.form == Form::kJson)
-            source->Read(*MakeJsonShape(shape, options.json.mode, *source, losses));
-        else if (options.form == Form::kXml && options.write.isPretty)
-            source->Read(*MakeXmlShape(shape));
-        ByteOutput bytes(output, options.write, options.form != Form::kInfoset);
-        source->Read(*MakeSink(bytes, options, shape, losses));
-        bytes.Commit();
+        if (options.form == Form::kXml && options.write.isPretty) {
+            WriteIndented(*source, output, options, losses);
+        } else {
+            Shape shape;
+            if (options.form == Form::kJson)
+                source->Read(*MakeJsonShape(shape, options.json.mode, *source, losses));
+            Write(*source, output, options, Indent::kNone, shape, losses);
+        }
         losses.Tell(input.GetName());
     });
 }

@@ -142,8 +142,9 @@ std::vector<FormSize> FormSizes::Measure() {
         options.compression = form.compression;
         ByteOutput& output = outputs.emplace_back(sizes[i].bytes, options, form.form != Form::kInfoset);
         if (form.form == Form::kXml)
-            tee.Add(MakeXmlSink(output, options, DeclarationMode::kNever, kIndent,
-                                form.isPretty ? &m_xmlShape : nullptr, m_losses),
+            tee.Add(MakeXmlSink(output, options, DeclarationMode::kNever,
+                                form.isPretty ? Indent::kShape : Indent::kNone, kIndent, m_xmlShape,
+                                m_losses),
                     sizes[i].fault);
         else if (form.form == Form::kJson)
             tee.Add(MakeJsonSink(output, options, JsonRoundTrip_Full, kIndent, m_jsonShape), sizes[i].fault);

@@ -17,6 +17,8 @@ public:
     Losses(Source const& source, std::string form, bool keepsGoing)
         : m_source(source), m_form(std::move(form)), m_keepsGoing(keepsGoing) {}
 
+    // Takes the counts of another one for the same form.
+    void Take(Losses const& other) { m_counts = other.m_counts; }
     // Counts one, or throws DocumentError.
     void Add(Loss loss);
     // A line for each kind on standard error.

@@ -36,13 +36,9 @@ public:
     explicit XmlShape(Shape& shape) : m_shape(shape) {}
 
     void Start(StartTag const& tag) override {
-        bool keepsSpace = !m_open.IsEmpty() && m_open.Last().keepsSpace;
+        bool const keepsSpace = KeepsSpace(tag, !m_open.IsEmpty() && m_open.Last().keepsSpace);
         if (!m_open.IsEmpty())
             m_open.Last().hasElements = true;
-        for (Attribute const& attribute : tag.attributes) {
-            if (attribute.name.qualified == "xml:space")
-                keepsSpace = attribute.value == "preserve";
-        }
         m_open.Open() = {m_shape.AddElement(), false, false, keepsSpace};
     }
     void Text(std::string_view text) override {
@@ -166,6 +162,14 @@ private:
 
 bool IsBlank(std::string_view text) noexcept {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
+bool KeepsSpace(StartTag const& tag, bool isInherited) {
+    for (Attribute const& attribute : tag.attributes) {
+        if (attribute.name.qualified == "xml:space")
+            return attribute.value == "preserve";
+    }
+    return isInherited;
 }
 
 bool IsNil(StartTag const& tag) {

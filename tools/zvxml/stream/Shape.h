@@ -51,6 +51,8 @@ std::unique_ptr<Receiver> MakeJsonShape(Shape& shape, ZvXmlLib16::JsonRoundTrip 
 inline std::string_view JsonName(Name const& name, ZvXmlLib16::JsonRoundTrip mode) {
     return mode == ZvXmlLib16::JsonRoundTrip_Full ? name.qualified : name.local;
 }
+// Whether xml:space keeps the white space in an element; `isInherited` says so of the one around it.
+bool KeepsSpace(StartTag const& tag, bool isInherited);
 // Whether an element is nil, and so is null in JSON.
 bool IsNil(StartTag const& tag);
 

@@ -16,11 +16,18 @@ inline constexpr std::size_t kDeepestIndent = 100;
 
 enum class DeclarationMode { kNever, kAsRead, kAlways };
 
-// `shape` tells which elements hold elements alone, and may be indented; null for text as it is. All are
-// borrowed.
+// Which elements hold elements alone, and are indented.
+enum class Indent {
+    kNone,  // text as it is
+    kGuess, // those that begin with an element; throws WrongGuess when one of them turns out to hold text
+    kShape  // those that the shape marks
+};
+struct WrongGuess {};
+
+// All are borrowed.
 std::unique_ptr<Receiver> MakeXmlSink(ByteOutput& output, WriteOptions const& options,
-                                      DeclarationMode declaration, std::string const& indent,
-                                      Shape const* shape, Losses& losses);
+                                      DeclarationMode declaration, Indent mode, std::string const& indent,
+                                      Shape const& shape, Losses& losses);
 
 // `shape` tells which members are arrays. It is made of a JsonShape, which refuses what JSON has no place
 // for.

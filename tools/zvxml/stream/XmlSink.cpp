@@ -34,10 +34,10 @@ constexpr Escapes kAttributeEscapes = MakeEscapes(true);
 
 class XmlSink final : public Receiver {
 public:
-    XmlSink(ByteOutput& output, WriteOptions const& options, DeclarationMode declaration,
-            std::string const& indent, Shape const* shape, Losses& losses)
-        : m_output(output), m_options(options), m_declaration(declaration), m_indent(indent), m_shape(shape),
-          m_losses(losses) {
+    XmlSink(ByteOutput& output, WriteOptions const& options, DeclarationMode declaration, Indent mode,
+            std::string const& indent, Shape const& shape, Losses& losses)
+        : m_output(output), m_options(options), m_declaration(declaration), m_mode(mode), m_indent(indent),
+          m_shape(shape), m_losses(losses) {
         if (options.encoding == XmlEncoding_UTF16)
             m_output.Append("\xEF\xBB\xBF"); // the byte order mark, once it is converted
         if (declaration == DeclarationMode::kAlways)
@@ -78,6 +78,7 @@ public:
         EndProlog();
     }
     void StartSection() override {
+        HoldText();
         CloseTag();
         m_output.Append("<![CDATA[");
         m_isInSection = true;
@@ -92,8 +93,22 @@ public:
     }
 
 private:
-    bool IsPretty() const noexcept { return m_shape != nullptr; }
-    bool IsIndented() const noexcept { return IsPretty() && (m_isIndented.empty() || m_isIndented.back()); }
+    enum class Content : char {
+        kUnknown, // nothing so far but white space, which is in m_blank
+        kIndented,
+        kPlain
+    };
+    struct Level {
+        Content content;
+        bool hasElements;
+    };
+
+    bool IsPretty() const noexcept { return m_mode != Indent::kNone; }
+    bool IsIndented() const noexcept {
+        return IsPretty() && (m_levels.empty() || m_levels.back().content == Content::kIndented);
+    }
+    Content ContentOf(StartTag const& tag);
+    void HoldText();
 
     void WriteDeclaration();
     void WriteEscaped(std::string_view text, Escapes const& escapes);
@@ -110,11 +125,13 @@ private:
     ByteOutput& m_output;
     WriteOptions const m_options;
     DeclarationMode const m_declaration;
+    Indent const m_mode;
     std::string const m_indent;
-    Shape const* const m_shape;
+    Shape const& m_shape;
     Losses& m_losses;
     std::uint64_t m_elements = 0;
-    std::vector<bool> m_isIndented; // for each open element, if documents are indented
+    std::vector<Level> m_levels; // for each open element, if documents are indented
+    std::string m_blank;
     std::size_t m_depth = 0;
     bool m_isTagOpen = false;
     bool m_isInSection = false;
@@ -159,6 +176,10 @@ void XmlSink::StartLine(std::size_t depth) {
 // Before an element, a comment and the like.
 void XmlSink::BeginItem() {
     CloseTag();
+    if (IsPretty() && !m_levels.empty() && m_levels.back().content == Content::kUnknown) {
+        m_levels.back().content = Content::kIndented;
+        m_blank.clear();
+    }
     if (IsIndented())
         StartLine(m_depth);
     else if (m_isBehindRoot && m_depth == 0)
@@ -171,6 +192,26 @@ void XmlSink::EndProlog() {
         m_output.Append('\n');
         m_isOnNewLine = true;
     }
+}
+
+// Text besides white space stands in the innermost element.
+void XmlSink::HoldText() {
+    if (!IsPretty() || m_levels.back().content == Content::kPlain)
+        return;
+    if (m_levels.back().content == Content::kIndented)
+        throw WrongGuess();
+    m_levels.back().content = Content::kPlain;
+    CloseTag();
+    WriteEscaped(m_blank, kTextEscapes);
+    m_blank.clear();
+}
+
+XmlSink::Content XmlSink::ContentOf(StartTag const& tag) {
+    if (m_mode == Indent::kShape) {
+        bool const isMarked = m_shape.IsMarked(m_elements++);
+        return isMarked && IsIndented() ? Content::kIndented : Content::kPlain;
+    }
+    return IsIndented() && !KeepsSpace(tag, false) ? Content::kUnknown : Content::kPlain;
 }
 
 void XmlSink::Start(StartTag const& tag) {
@@ -188,14 +229,24 @@ void XmlSink::Start(StartTag const& tag) {
     m_isTagOpen = true;
     ++m_depth;
     if (IsPretty()) {
-        bool const isMarked = m_shape->IsMarked(m_elements++);
-        m_isIndented.push_back(isMarked && IsIndented());
+        Content const content = ContentOf(tag);
+        if (!m_levels.empty())
+            m_levels.back().hasElements = true;
+        m_levels.push_back({content, false});
     }
 }
 
 void XmlSink::Text(std::string_view text) {
-    if (text.empty() || (IsPretty() && m_isIndented.back()))
-        return; // white space between elements, which the indent replaces
+    if (text.empty())
+        return;
+    if (IsPretty() && m_levels.back().content != Content::kPlain) {
+        if (IsBlank(text)) { // between elements, the indent replaces it
+            if (m_levels.back().content == Content::kUnknown)
+                m_blank += text;
+            return;
+        }
+        HoldText();
+    }
     CloseTag();
     if (m_isInSection)
         m_output.Append(text);
@@ -204,6 +255,10 @@ void XmlSink::Text(std::string_view text) {
 }
 
 void XmlSink::End(std::string_view name) {
+    if (IsPretty() && m_levels.back().content == Content::kUnknown && !m_blank.empty())
+        HoldText();
+    if (IsIndented() && !m_levels.back().hasElements)
+        throw WrongGuess();
     --m_depth;
     if (m_isTagOpen) {
         m_output.Append("/>");
@@ -216,16 +271,16 @@ void XmlSink::End(std::string_view name) {
         m_output.Append('>');
     }
     if (IsPretty())
-        m_isIndented.pop_back();
+        m_levels.pop_back();
     m_isBehindRoot = m_depth == 0;
 }
 
 } // namespace
 
 std::unique_ptr<Receiver> MakeXmlSink(ByteOutput& output, WriteOptions const& options,
-                                      DeclarationMode declaration, std::string const& indent,
-                                      Shape const* shape, Losses& losses) {
-    return std::make_unique<XmlSink>(output, options, declaration, indent, shape, losses);
+                                      DeclarationMode declaration, Indent mode, std::string const& indent,
+                                      Shape const& shape, Losses& losses) {
+    return std::make_unique<XmlSink>(output, options, declaration, mode, indent, shape, losses);
 }
 
 } // namespace zvxml
