@@ -334,11 +334,12 @@ char const* PlainXmlReader::ReadEndTag(char const* at) {
     return at;
 }
 
+// Only from a reference does a carriage return come here.
 void PlainXmlReader::AppendText(std::string_view text) {
     if (m_isStrict)
         m_tree.AppendText(text);
-    else
-        m_tree.AppendTextExcludingCR(text);
+    else if (text != "\r")
+        m_tree.AppendTextWithoutCR(text);
 }
 
 // Up to the next markup.

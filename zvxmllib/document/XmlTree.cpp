@@ -157,11 +157,11 @@ void XmlTree::AddKeptAttribute(XmlName const* name, std::string_view value) {
         m_positions->AddAttribute(&element);
 }
 
-void XmlTree::AppendRuns(OpenElement& open, std::string_view text) {
+void XmlTree::AppendRuns(std::string_view text) {
     while (!text.empty()) {
         std::size_t const length = std::min(text.find('\r'), text.size());
         if (length != 0)
-            AppendRun(open, text.substr(0, length));
+            AppendTextWithoutCR(text.substr(0, length));
         text.remove_prefix(std::min(length + 1, text.size()));
     }
 }
@@ -183,9 +183,24 @@ void XmlTree::AppendRun(OpenElement& open, std::string_view text) {
         target.m_string->append(text);
         return;
     }
+    if (RepeatTail(open, text))
+        return;
     char* const run = NewRun(text);
     AddRun(open, run, static_cast<std::uint32_t>(text.size()));
     open.runEnd = run + text.size();
+}
+
+// As FoldRepeatedTail, for a run that comes whole.
+bool XmlTree::RepeatTail(OpenElement& open, std::string_view text) noexcept {
+    NodeText::Piece* const tail = open.tail; // null ahead of a chain
+    if (tail == nullptr || tail->length != text.size() ||
+        tail->repeat == std::numeric_limits<std::uint32_t>::max() ||
+        std::memcmp(tail->chars, text.data(), text.size()) != 0)
+        return false;
+    ++tail->repeat;
+    open.beforeTail = nullptr;
+    open.runEnd = nullptr;
+    return true;
 }
 
 // Appends a run, which cannot grow.

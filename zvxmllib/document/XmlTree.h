@@ -47,19 +47,26 @@ public:
     void AddElementAttribute(XmlName const* name, std::string_view value);
     // Appends local text to the innermost open element, without carriage returns.
     void AppendTextExcludingCR(std::string_view text) {
+        if (text.find('\r') == std::string_view::npos)
+            AppendTextWithoutCR(text);
+        else
+            AppendRuns(text);
+    }
+    // The same for text that has none, and is not empty.
+    void AppendTextWithoutCR(std::string_view text) {
         OpenElement& open = m_open.back();
-        if (text.find('\r') == std::string_view::npos && m_texts.TryExtend(open.runEnd, text.size())) {
+        if (m_texts.TryExtend(open.runEnd, text.size())) {
             open.runEnd = std::copy(text.begin(), text.end(), open.runEnd);
             *open.runLength += static_cast<std::uint32_t>(text.size());
         } else {
-            AppendRuns(open, text);
+            AppendRun(open, text);
         }
     }
 
     // The same with all that is in the text.
     void AppendText(std::string_view text) {
         if (!text.empty())
-            AppendRun(m_open.back(), text);
+            AppendTextWithoutCR(text);
         if (m_textAhead != nullptr)
             NoteText(text);
     }
@@ -145,7 +152,8 @@ private:
 
     void NoteText(std::string_view text) noexcept;
     void NoteElement(CXmlElement const* parent, CXmlElement const* element);
-    void AppendRuns(OpenElement& open, std::string_view text);
+    void AppendRuns(std::string_view text);
+    bool RepeatTail(OpenElement& open, std::string_view text) noexcept;
     void AppendRun(OpenElement& open, std::string_view text);
     void AddRun(OpenElement& open, char const* run, std::uint32_t length);
     NodeText::Piece* NewPiece(char const* chars, std::uint32_t length);
