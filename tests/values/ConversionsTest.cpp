@@ -149,7 +149,11 @@ TEST(Conversions, FloatingPointTakesDecimalFormsAndTheNamedWordsOnly) {
 TEST(Conversions, FloatingPointReadsAndPrintsAsTheRuntimeDoesInTheCLocale) {
     std::mt19937_64 random(20260101); // any seed will do
     for (int i = 0; i < 20000; ++i) {
-        std::uint64_t const bits = random();
+        std::uint64_t bits = random();
+        if (i % 2 == 0) // of ordinary size, from about 2^-16 to 2^60
+            bits = (bits & 0x800FFFFFFFFFFFFFU) | (1007 + random() % 76) << 52U;
+        if (i % 8 == 0) // a fraction that may end in a 5
+            bits &= ~std::uint64_t{0} << (random() % 52);
         double value;
         std::memcpy(&value, &bits, sizeof value);
         if (!std::isfinite(value))

@@ -5,6 +5,8 @@
 #include "tests/support/Vectors.h"
 #include "tests/support/WrittenObject.h"
 #include "zvxmllib/streams/TextStream.h"
+#include "zvxmllib/writers/StrictWriter.h"
+#include "zvxmllib/xml/ExactXmlWriter.h"
 
 #include <gmock/gmock.h>
 
@@ -90,6 +92,67 @@ TEST(XmlTextWriter, ReportsMisuse) {
     writer.WriteElementStart("a", "");
     EXPECT_EQ(MessageOf<CZvException>([&] { writer.WriteDirective("x"); }),
               "Headed directives must appear before an Element has been added.");
+}
+
+// A document of elements with these texts, each in one step where the writer can.
+template <class Writer>
+std::string WriteTexts(std::vector<std::string> const& texts, bool inOneStep, bool formatted) {
+    CTextStream sink(XmlEncoding_None);
+    sink.SetNeedsFlush(false);
+    Writer writer(&sink);
+    writer.SetFormatted(formatted);
+    writer.SetEOLType(formatted ? EOLType_CRLF : EOLType_LF);
+    writer.SetDefaultNamespace("d");
+    writer.AddNamespaceAlias("p", "known");
+    writer.WriteElementStart("root", "d");
+    std::size_t steps = 0;
+    for (std::string const& text : texts) {
+        for (char const* const ns : {"d", "known", "new", ""}) {
+            if (inOneStep && writer.TryWriteTextElement("name", ns, text)) {
+                ++steps;
+                continue;
+            }
+            writer.WriteElementStart("name", ns);
+            writer.WriteElementValue(text, ItemType_string, false);
+            writer.WriteElementEnd();
+        }
+    }
+    EXPECT_EQ(steps != 0, inOneStep);
+    writer.WriteElementEnd();
+    writer.Close();
+    return std::string(sink.GetText(), sink.GetLength());
+}
+
+TEST(XmlTextWriter, WritesTheSameInOneStep) {
+    std::vector<std::string> texts{"", "<![CDATA[x]]>", std::string(600, '&'), "\xC3\xA9"};
+    for (std::size_t length = 1; length < 40; ++length) {
+        for (std::size_t at = 0; at < length; ++at) {
+            std::string text(length, 'x');
+            text[at] = "&<>\r\n\t\"'"[(length + at) % 8];
+            texts.push_back(text);
+        }
+    }
+    std::vector<std::string> withNul = texts;
+    withNul.push_back(std::string("a\0<b", 4));
+    for (bool const formatted : {false, true}) {
+        EXPECT_EQ(WriteTexts<CXmlTextWriter>(withNul, true, formatted),
+                  WriteTexts<CXmlTextWriter>(withNul, false, formatted));
+        using Exact = StrictWriter<CExactXmlWriter>;
+        struct Strict : Exact {
+            explicit Strict(CTextStream* sink) : Exact(true, sink, true) {}
+        };
+        EXPECT_EQ(WriteTexts<Strict>(texts, true, formatted), WriteTexts<Strict>(texts, false, formatted));
+    }
+}
+
+TEST(XmlTextWriter, TakesOneStepOnlyWhereNoFlushIsDue) {
+    CTextStream sink(XmlEncoding_None);
+    CXmlTextWriter writer(&sink);
+    EXPECT_FALSE(writer.TryWriteTextElement("a", "", "the root"));
+    writer.WriteElementStart("a", "");
+    EXPECT_TRUE(writer.TryWriteTextElement("a", "", "x"));
+    writer.WriteElementValue(std::string(4000, 'x'), ItemType_string, false);
+    EXPECT_FALSE(writer.TryWriteTextElement("a", "", std::string(100, 'x')));
 }
 
 // Counts how often the writer hands its text on.

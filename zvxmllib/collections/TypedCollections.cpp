@@ -105,8 +105,11 @@ void ValueStore<Value>::WriteValues(CXmlWriter* writer, CSerializationContext co
     ValidateCount(ctx);
     std::string& buffer = writer->GetValueRoom().text;
     for (Value const& value : m_values) {
+        std::string const& text = toText(value, buffer);
+        if (writer->TryWriteTextElement(GetElementName(), m_namespace, text))
+            continue;
         writer->WriteElementStart(GetElementName(), m_namespace);
-        writer->WriteElementValue(toText(value, buffer), type, false);
+        writer->WriteElementValue(text, type, false);
         writer->WriteElementEnd();
     }
 }

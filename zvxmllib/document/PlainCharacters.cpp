@@ -92,7 +92,7 @@ PlainReference ReadPlainReference(char const* at, char const* end) noexcept {
 bool AreXmlCharacters(std::string_view text) noexcept {
     char const* const end = text.data() + text.size();
     bool isAscii = true;
-    for (char const* at = text.data(); (at = detail::PlainBytes<true>::FindEnd(at, end)) != end;) {
+    for (char const* at = text.data(); (at = detail::PlainBytes<detail::kBreaks>::FindEnd(at, end)) != end;) {
         if (*at == '\r') {
             ++at;
         } else {

@@ -10,12 +10,12 @@ namespace ZvXmlLib16 {
 
 // The first character of a text that is markup, or has to be looked at. `end` if there is none.
 inline char const* FindPlainTextEnd(char const* at, char const* end) noexcept {
-    return detail::PlainBytes<true, '<', '&', ']'>::FindEnd(at, end);
+    return detail::PlainBytes<detail::kBreaks, '<', '&', ']'>::FindEnd(at, end);
 }
 // The same of the value of an attribute, which ends at the quote.
 inline char const* FindPlainValueEnd(char const* at, char const* end, char quote) noexcept {
-    return quote == '"' ? detail::PlainBytes<false, '"', '<', '&'>::FindEnd(at, end)
-                        : detail::PlainBytes<false, '\'', '<', '&'>::FindEnd(at, end);
+    return quote == '"' ? detail::PlainBytes<0, '"', '<', '&'>::FindEnd(at, end)
+                        : detail::PlainBytes<0, '\'', '<', '&'>::FindEnd(at, end);
 }
 
 inline char const* SkipBeyondAscii(char const* at, char const* end) noexcept {

@@ -39,6 +39,8 @@ bool CElementInfo::WriteProperty(Ctx const& ctx, Object const* object, CXmlWrite
         else
             CheckRestriction(value);
     }
+    if (!isDefault && writer->TryWriteTextElement(m_name, m_namespace, text))
+        return true;
     writer->WriteElementStart(m_name, m_namespace);
     writer->WriteElementValue(text, m_hasRestrictions ? value.GetTypeAsEnum() : ZvXmlLib16::ItemType_string,
                               isDefault);

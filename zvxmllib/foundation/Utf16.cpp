@@ -92,9 +92,17 @@ bool AreEightAscii(unsigned char const* p) noexcept {
     return (word & 0x8080808080808080U) == 0;
 }
 
+bool Are32Ascii(unsigned char const* p) noexcept {
+    std::uint64_t words[4];
+    std::memcpy(words, p, sizeof words);
+    return ((words[0] | words[1] | words[2] | words[3]) & 0x8080808080808080U) == 0;
+}
+
 // Counts octets below 128 at the start, eight at a time; up to seven more may follow.
 std::size_t AsciiRun(unsigned char const* p, std::size_t length) noexcept {
     std::size_t i = 0;
+    while (i + 32 <= length && Are32Ascii(p + i))
+        i += 32;
     while (i + 8 <= length && AreEightAscii(p + i))
         i += 8;
     return i;
@@ -292,8 +300,11 @@ bool IsValidUtf8(std::string_view text) noexcept {
     std::uint64_t state = kStart;
     std::size_t i = 0;
     for (; i + 8 <= text.size(); i += 8) {
-        if ((state & kStateMask) == kStart && AreEightAscii(p + i))
-            continue;
+        if ((state & kStateMask) == kStart) {
+            i += AsciiRun(p + i, text.size() - i);
+            if (i + 8 > text.size())
+                break;
+        }
         for (std::size_t j = 0; j < 8; ++j)
             state = kTransitions[p[i + j]] >> (state & kStateMask);
         if ((state & kStateMask) == kMalformed)

@@ -187,8 +187,11 @@ void CTypedObject::WriteNode(CXmlWriter& writer, Node const& node, CSerializatio
     ElementRow const& row = Rows().elements[node.declaration];
     auto const type = static_cast<std::uint32_t>(row.type);
     SimpleTypes const& types = m_schema->GetGrammar().GetSimpleTypes();
+    std::string const& text = WrittenForm(types, type, node.text);
+    if (writer.TryWriteTextElement(row.name, row.ns, text))
+        return;
     writer.WriteElementStart(row.name, row.ns);
-    writer.WriteElementValue(WrittenForm(types, type, node.text), ItemTypeOf(types, type, node.text), false);
+    writer.WriteElementValue(text, ItemTypeOf(types, type, node.text), false);
     writer.WriteElementEnd();
 }
 

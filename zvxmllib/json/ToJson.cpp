@@ -46,6 +46,7 @@ void CXmlObjectBase::WriteJsonText(CTextStream& sink, bool formatted, EOLType eo
 std::string CXmlObjectBase::ToJson(bool formatted, EOLType eol, CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
     CTextStream sink(XmlEncoding_None);
+    sink.SetNeedsFlush(false);
     WriteJsonText(sink, formatted, eol, ctx);
     return std::string(sink.GetText(), sink.GetLength());
 }
@@ -54,6 +55,7 @@ CBinaryData CXmlObjectBase::ToJsonStream(bool formatted, XmlEncoding encoding, E
                                          CSerializationContext const& ctx, CompressionType compression) {
     detail::CheckGeneratorVersion();
     CTextStream sink(encoding);
+    sink.SetNeedsFlush(false);
     WriteJsonText(sink, formatted, eol, ctx);
     CBinaryData data = sink.GetEncodedData();
     if (compression != CompressionType_None)

@@ -44,6 +44,15 @@ public:
         m_lastBlock[m_LastBlock_DataIn++] = c;
         ++m_dwTotalBufferLen;
     }
+    // Where the next `length` bytes go if they are put there directly; null if they do not fit in one piece.
+    // Take says how many it has become.
+    char* GetRoom(std::size_t length) noexcept {
+        return length <= m_LastBlock_SizeOf - m_LastBlock_DataIn ? m_lastBlock + m_LastBlock_DataIn : nullptr;
+    }
+    void Take(std::size_t length) noexcept {
+        m_LastBlock_DataIn += length;
+        m_dwTotalBufferLen += length;
+    }
     void Assign(char const* text);
 
     // The whole text as one NUL-terminated array, owned by the buffer and valid until the next change.

@@ -24,6 +24,14 @@ public:
     void Append(std::string const& text) { m_buffer.Append(text); }
     void Append(char const* text, std::size_t length) { m_buffer.Append(text, length); }
 
+    // As those of CStringBuffer.
+    char* GetRoom(std::size_t length) noexcept { return m_buffer.GetRoom(length); }
+    void Take(std::size_t length) noexcept { m_buffer.Take(length); }
+
+    // Whether Flush does something here. True at first; who owns a sink in memory may say that it does not.
+    bool NeedsFlush() const noexcept { return m_needsFlush; }
+    void SetNeedsFlush(bool needsFlush) noexcept { m_needsFlush = needsFlush; }
+
     // The number of characters held.
     std::size_t GetLength() const noexcept { return m_buffer.GetLength(); }
     XmlEncoding GetEncoding() const noexcept { return m_encoding; }
@@ -39,6 +47,9 @@ protected:
 
     CStringBuffer m_buffer;
     XmlEncoding m_encoding;
+
+private:
+    bool m_needsFlush = true;
 };
 
 } // namespace ZvXmlLib16

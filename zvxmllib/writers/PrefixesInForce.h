@@ -54,6 +54,7 @@ public:
             m_next.push_back({alias, ns});
     }
     void Clear() noexcept { m_next.clear(); }
+    bool IsEmpty() const noexcept { return m_next.empty(); }
     // Before the root: they go before what is given for the document.
     void ReplaceGiven(CXmlWriter::NamespaceMap& aliases, std::string& defaultNamespace);
     // Enters them in the scope of an element of `elementNs` that has just been opened. Returns those that are

@@ -59,6 +59,22 @@ public:
         Base::WriteElementEnd();
         m_checks.EndElement();
     }
+    // Of the three operations that this stands for, the second one looks at the text.
+    bool TryWriteTextElement(std::string const& name, std::string const& ns,
+                             std::string const& text) override {
+        if constexpr (Base::kWritesTextElements) {
+            m_checks.StartElement(name, ns);
+            if (!m_checks.IsValue(text) || !Base::TryWriteTextElement(name, ns, text)) {
+                Base::WriteElementStart(name, ns);
+                WriteElementValue(text, ItemType_string, false);
+                Base::WriteElementEnd();
+            }
+            m_checks.EndElement();
+            return true;
+        } else {
+            return false;
+        }
+    }
     // xsi:type and xsi:nil come here, too.
     void WriteAttribute(std::string const& name, std::string const& ns, std::string const& value,
                         ItemType type) override {

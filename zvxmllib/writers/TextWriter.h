@@ -77,24 +77,30 @@ protected:
     void AppendEscaped(char const* text, EscapeTable const& table, std::string_view lineFeed,
                        AppendOther appendOther);
     void FlushIfLarge() {
-        if (m_sink->GetLength() >= kFlushLength)
+        if (m_sink->NeedsFlush() && m_sink->GetLength() >= kFlushLength)
             m_sink->Flush();
+    }
+    // Room for `length` bytes behind which no flush is due; null if there is none.
+    char* GetRoomWithoutFlush(std::size_t length) noexcept {
+        return m_sink->NeedsFlush() && m_sink->GetLength() + length >= kFlushLength ? nullptr
+                                                                                    : m_sink->GetRoom(length);
     }
 
     CTextStream* const m_sink;
     std::string m_eol{"\n"};
     bool m_formatted = true;
 
-private:
-    static constexpr std::size_t kFlushLength = 4096; // characters
-
-    // Valid until the next call.
+    // A line end and the indent of this depth. Valid until the next call.
     std::string_view LineBreak(std::int32_t depth) {
         std::size_t const length = m_eol.size() + static_cast<std::size_t>(depth) * m_indent.size();
         if (m_lineBreak.size() < length)
             LengthenLineBreak(length);
         return std::string_view(m_lineBreak.data(), length);
     }
+
+private:
+    static constexpr std::size_t kFlushLength = 4096; // characters
+
     void LengthenLineBreak(std::size_t length);
 
     EOLType m_eolType = EOLType_LF;

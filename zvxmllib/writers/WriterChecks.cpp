@@ -165,6 +165,11 @@ void WriterChecks::RequireValue(std::string const& text) const {
     RequireText(text, m_depth == 0 ? std::string() : m_open[m_depth - 1]);
 }
 
+bool WriterChecks::IsValue(std::string const& text) const {
+    CBinaryData room;
+    return FindXmlTextFault(Utf8Of(text, m_isLocalUtf8, room)).kind == XmlTextFault::kNone;
+}
+
 void WriterChecks::RequireRoot() const {
     if (!m_hasRoot)
         FailNoRoot();

@@ -41,6 +41,8 @@ public:
     void RequireTypeName(std::string const& name) const;
     // Of the innermost element.
     void RequireValue(std::string const& text) const;
+    // Whether that takes the text.
+    bool IsValue(std::string const& text) const;
     // At the end.
     void RequireRoot() const;
 

@@ -52,6 +52,10 @@ void CXmlWriter::DeclareOnNextElement(std::string const&, std::string const&) {}
 
 void CXmlWriter::BeginMixedContent() {}
 
+bool CXmlWriter::TryWriteTextElement(std::string const&, std::string const&, std::string const&) {
+    return false;
+}
+
 void CXmlWriter::SetCollectionState(int state) {
     if (m_pContext == nullptr)
         return;

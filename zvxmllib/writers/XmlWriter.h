@@ -76,6 +76,11 @@ public:
     // means something, and formatting adds none. Usual writers, and formats where it means nothing, do
     // nothing.
     virtual void BeginMixedContent();
+    // For StrictWriter, which takes the next operation over where it does something.
+    static constexpr bool kWritesTextElements = false;
+    // Writes an element that has a text and nothing else in one step, if the format has one and this element
+    // needs no more. Returns false with nothing done otherwise: then the three operations above are called.
+    virtual bool TryWriteTextElement(std::string const& name, std::string const& ns, std::string const& text);
 
     // Room for a value on its way from a property to the output, reused so that its strings keep their
     // memory. Writing another element overwrites it.
@@ -107,6 +112,8 @@ protected:
     CXmlWriterContext& PushContext();
     // Closes the innermost element; its context stays valid until the next PushContext.
     void PopContext() noexcept;
+    // An element inside the open one that needed no context of its own: counted all the same.
+    void CountContext() noexcept { ++m_contextsNotCounted; }
 
     std::string m_defaultNamespace;          // of the root element's context
     CXmlWriterContext* m_pContext = nullptr; // innermost open element, null outside the root

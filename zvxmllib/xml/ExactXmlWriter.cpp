@@ -86,6 +86,14 @@ void CExactXmlWriter::WriteElementEnd() {
     }
 }
 
+bool CExactXmlWriter::TryWriteTextElement(std::string const& name, std::string const& ns,
+                                          std::string const& text) {
+    if (m_pContext == nullptr || !m_kept.IsEmpty() ||
+        (ns.empty() && !m_pContext->GetDefaultNamespace().empty()))
+        return false;
+    return CXmlTextWriter::TryWriteTextElement(name, ns, text);
+}
+
 void CExactXmlWriter::BeginMixedContent() {
     if (!m_formatted)
         return;

@@ -30,6 +30,8 @@ public:
     void WriteProcessingInstruction(std::string const& text) override;
     void WriteElementStart(std::string const& name, std::string const& ns) override;
     void WriteElementEnd() override;
+    bool TryWriteTextElement(std::string const& name, std::string const& ns,
+                             std::string const& text) override;
 
 protected:
     void AppendDeclaration(std::string_view alias, std::string const& ns) override;

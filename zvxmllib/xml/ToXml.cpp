@@ -37,6 +37,7 @@ std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool formatted, EOLType
                                   CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
     CTextStream sink(XmlEncoding_None);
+    sink.SetNeedsFlush(false);
     WriteXmlText(sink, includeDocHeader, formatted, eol, ctx);
     return std::string(sink.GetText(), sink.GetLength());
 }
@@ -46,6 +47,7 @@ CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool formatted, X
                                         CompressionType compression) {
     detail::CheckGeneratorVersion();
     CTextStream sink(encoding);
+    sink.SetNeedsFlush(false);
     WriteXmlText(sink, includeDocHeader, formatted, eol, ctx);
     CBinaryData data = sink.GetEncodedData();
     if (compression != CompressionType_None)

@@ -1,6 +1,7 @@
 // CXmlTextWriter, XML text.
 #include "zvxmllib/xml/XmlTextWriter.h"
 
+#include "zvxmllib/foundation/ByteSearch.h"
 #include "zvxmllib/values/text/TextParts.h"
 #include "zvxmllib/writers/Failures.h"
 
@@ -131,13 +132,9 @@ void CXmlTextWriter::WriteElementStart(std::string const& name, std::string cons
 
 void CXmlTextWriter::AppendElementStart(std::string const& name, std::string const& ns, bool isRoot) {
     CXmlWriterContext& context = *m_pContext;
-    std::string_view alias; // empty for no prefix
-    bool isDeclarationDue = false;
-    if (!ns.empty() && ns != context.GetDefaultNamespace()) {
-        std::string const* const known = context.FindAlias(ns);
-        isDeclarationDue = known == nullptr;
-        alias = isDeclarationDue ? GenerateAlias(context, ns) : *known;
-    }
+    std::string const* const known = FindElementAlias(context, ns);
+    bool const isDeclarationDue = known == nullptr;
+    std::string_view const alias = isDeclarationDue ? GenerateAlias(context, ns) : *known;
     AppendIndent(context.m_depth);
     AppendStartTag(context.m_depth, name, alias);
     if (isDeclarationDue)
@@ -145,6 +142,80 @@ void CXmlTextWriter::AppendElementStart(std::string const& name, std::string con
     if (isRoot)
         AppendRootDeclarations();
     FlushIfLarge();
+}
+
+std::string const* CXmlTextWriter::FindElementAlias(CXmlWriterContext const& context, std::string const& ns) {
+    static std::string const kNoPrefix;
+    return ns.empty() || ns == context.GetDefaultNamespace() ? &kNoPrefix : context.FindAlias(ns);
+}
+
+// The same bytes as from the three operations, put together in the block of the sink. What is out of the
+// ordinary goes their way.
+bool CXmlTextWriter::TryWriteTextElement(std::string const& name, std::string const& ns,
+                                         std::string const& text) {
+    constexpr std::size_t kLongestText = 512;
+    constexpr std::size_t kLongestEscape = 6;
+    if (m_pContext == nullptr || text.empty() || text.size() > kLongestText || text[0] == kCDataStart[0])
+        return false;
+    std::string const* const alias = FindElementAlias(*m_pContext, ns);
+    if (alias == nullptr)
+        return false;
+    std::string_view const lineBreak = m_formatted ? LineBreak(m_pContext->m_depth + 1) : std::string_view();
+    std::size_t const tagLength = alias->size() + name.size() + 4; // with a colon
+    char* const room = GetRoomWithoutFlush(1 + m_eol.size() + lineBreak.size() + 2 * tagLength +
+                                           kLongestEscape * text.size() + 1);
+    if (room == nullptr)
+        return false;
+    char* out = room;
+    auto const put = [&out](std::string_view part) { out = std::copy(part.begin(), part.end(), out); };
+    if (m_pContext->m_startTagOpen) {
+        m_pContext->m_startTagOpen = false;
+        *out++ = '>';
+        if (m_formatted)
+            put(m_eol);
+    }
+    if (m_formatted)
+        put(lineBreak.substr(m_eol.size()));
+    char* const tag = out;
+    *out++ = '<';
+    if (!alias->empty()) {
+        put(*alias);
+        *out++ = ':';
+    }
+    put(name);
+    *out++ = '>';
+    std::string_view const nameAndEnd(tag + 1, static_cast<std::size_t>(out - tag - 1));
+    out = EscapeText(out, text);
+    *out++ = '<';
+    *out++ = '/';
+    put(nameAndEnd);
+    if (m_formatted)
+        put(m_eol);
+    m_sink->Take(static_cast<std::size_t>(out - room));
+    ++m_pContext->m_childCount;
+    CountContext();
+    return true;
+}
+
+// As AppendEscapedText.
+char* CXmlTextWriter::EscapeText(char* out, std::string const& text) const noexcept {
+    auto const put = [&out](std::string_view part) { out = std::copy(part.begin(), part.end(), out); };
+    if (detail::PlainBytes<detail::kBeyondAscii, '&', '<', '>'>::AreAll(text)) {
+        put(text);
+        return out;
+    }
+    for (char const c : text) {
+        unsigned char const escape = m_escapes.text[static_cast<unsigned char>(c)];
+        if (escape == kPlain)
+            *out++ = c;
+        else if (escape == kEndOfText)
+            break;
+        else if (escape == kLineFeed)
+            put(m_eol);
+        else if (escape != kDropped)
+            put(kEntities[escape - kFirstOfFormat]);
+    }
+    return out;
 }
 
 void CXmlTextWriter::WriteElementValue(std::string const& text, ItemType, bool isDefault) {

@@ -26,6 +26,9 @@ public:
     void WriteElementEnd() override;
     void WriteAttribute(std::string const& name, std::string const& ns, std::string const& value,
                         ItemType type) override;
+    static constexpr bool kWritesTextElements = true;
+    bool TryWriteTextElement(std::string const& name, std::string const& ns,
+                             std::string const& text) override;
 
     // Set it before the root element. False at first.
     bool GetWriteDefaultElementValues() const noexcept { return m_writeDefaultElementValues; }
@@ -65,6 +68,9 @@ protected:
     void AppendElementStart(std::string const& name, std::string const& ns, bool isRoot);
 
 private:
+    // The alias for an element of this namespace, empty for no prefix; null where one has to be declared.
+    static std::string const* FindElementAlias(CXmlWriterContext const& context, std::string const& ns);
+    char* EscapeText(char* out, std::string const& text) const noexcept;
     void AppendStartTag(std::int32_t depth, std::string const& name, std::string_view alias);
     void AppendEscaped(std::string const& text, EscapeTable const& table, std::string_view lineFeed);
     // Generates an alias for `ns` and declares it.
