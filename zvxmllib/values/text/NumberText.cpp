@@ -42,12 +42,12 @@ constexpr std::array<std::uint64_t, kGreatestPower + 1> MakePowers() {
     return powers;
 }
 
-constexpr auto kPowers = MakePowers();
+constexpr auto kPowersOfTen = MakePowers();
 
 // The value times a power of ten, rounded to the nearest whole number, at a tie to the even one: exactly,
 // since all the digits fit. `fraction` times a negative power of two is the value.
 std::uint64_t Scale(std::uint64_t fraction, int negativePower, int powerOfTen) {
-    Wide const product = static_cast<Wide>(fraction) * kPowers[static_cast<std::size_t>(powerOfTen)];
+    Wide const product = static_cast<Wide>(fraction) * kPowersOfTen[static_cast<std::size_t>(powerOfTen)];
     std::uint64_t const whole = static_cast<std::uint64_t>(product >> negativePower);
     Wide const rest = product & ((static_cast<Wide>(1) << negativePower) - 1);
     Wide const half = static_cast<Wide>(1) << (negativePower - 1);
@@ -67,11 +67,11 @@ char* PrintOrdinaryReal(double value, int digits, char* out) {
     // The exponent to ten, from the one to two; one too small at times.
     int exponent = ((52 - negativePower) * 1233) >> 12;
     std::uint64_t number = Scale(fraction, negativePower, digits - 1 - exponent);
-    if (number >= kPowers[static_cast<std::size_t>(digits)])
+    if (number >= kPowersOfTen[static_cast<std::size_t>(digits)])
         number = Scale(fraction, negativePower, digits - 1 - ++exponent);
     int length = digits;
     for (int const zeros : {8, 4, 2, 1}) {
-        std::uint64_t const power = kPowers[static_cast<std::size_t>(zeros)];
+        std::uint64_t const power = kPowersOfTen[static_cast<std::size_t>(zeros)];
         for (; number % power == 0; length -= zeros)
             number /= power;
     }
