@@ -1,5 +1,6 @@
 #include "schema/emit/Emitter.h"
 
+#include "schema/emit/BaseMembers.h"
 #include "schema/emit/CppText.h"
 #include "schema/emit/EmitRows.h"
 #include "schema/emit/FacetWords.h"
@@ -68,7 +69,7 @@ private:
         if (index == kNone)
             return std::string(kGenerated) + "CTypedObject";
         ClassPlan const& plan = m_mapping.GetClasses()[index];
-        return plan.ns == ns ? plan.name : "::" + plan.ns + "::" + plan.name;
+        return plan.ns == ns && !IsBaseMember(plan.name) ? plan.name : "::" + plan.ns + "::" + plan.name;
     }
     std::string EnumName(std::uint32_t index, std::string const& ns) const {
         EnumPlan const& plan = m_mapping.GetEnums()[index];
@@ -77,7 +78,8 @@ private:
             std::any_of(std::begin(kAccessors), std::end(kAccessors), [&](std::string_view prefix) {
                 return plan.name.compare(0, prefix.size(), prefix) == 0;
             });
-        return plan.ns == ns && !isLikeMember ? plan.name : "::" + plan.ns + "::" + plan.name;
+        return plan.ns == ns && !isLikeMember && !IsBaseMember(plan.name) ? plan.name
+                                                                          : "::" + plan.ns + "::" + plan.name;
     }
     std::string Codec(ValuePlan const& value, std::string const& ns) const {
         std::string const item = std::string("zv::") + NameOf(value.item);
@@ -89,7 +91,7 @@ private:
         case ValueKind::kEnum:
             return std::string(kGenerated) + "EnumCodec<" + EnumName(value.enumeration, ns) + "Traits>";
         default:
-            return std::string(kGenerated) + "Codec<ZvXmlLib16::ItemType_string>";
+            return std::string(kGenerated) + "Codec<zv::ItemType_string>";
         }
     }
     std::string ValueType(ValuePlan const& value, std::string const& ns) const {
@@ -140,7 +142,7 @@ private:
         nameIn(m_mapping.GetClasses());
         nameIn(m_mapping.GetDocuments());
         text += OpenNamespace(Home()) +
-                "\n// What the objects are bound to.\nZvXmlLib16::generated::BoundSchema const& " +
+                "\n// What the objects are bound to.\n::ZvXmlLib16::generated::BoundSchema const& " +
                 Identifier(m_stem) + "Schema();\n\n" + CloseNamespace(Home()) + "\n";
         text += InNamespaces(m_mapping.GetEnums(), [this](EnumPlan const& plan) { return Enum(plan); });
         text += InNamespaces(m_mapping.GetClasses(), [this](ClassPlan const& plan) { return Class(plan); });
@@ -166,7 +168,8 @@ private:
                     (isLong ? "\n" : value);
         }
         return text + "};\n" + "// Its texts, in the same order.\nstruct " + plan.name +
-               "Traits {\n    using Value = " + plan.name +
+               "Traits {\n    using Value = " +
+               (plan.name == "Value" || plan.name == "Texts" ? "::" + plan.ns + "::" : "") + plan.name +
                ";\n    static gen::EnumTexts Texts() noexcept;\n};\n\n";
     }
 
@@ -374,8 +377,8 @@ private:
     std::string SchemaSource() const {
         std::string text =
             "namespace {\n\nusing namespace ZvXmlLib16::grammar;\n\n" + EmitRows(m_schema.GetRows()) +
-            "\nusing Maker = ZvXmlLib16::generated::CTypedObject* (*)(TypeId, std::uint32_t);\n\n"
-            "template <class Class>\nZvXmlLib16::generated::CTypedObject* Make(TypeId type, std::uint32_t "
+            "\nusing Maker = ::ZvXmlLib16::generated::CTypedObject* (*)(TypeId, std::uint32_t);\n\n"
+            "template <class Class>\n::ZvXmlLib16::generated::CTypedObject* Make(TypeId type, std::uint32_t "
             "declaration) {\n    return new Class(" +
             SchemaFunction() + ", type, declaration);\n}\n\n";
         std::map<std::uint32_t, std::uint32_t> classes; // by row of the type
@@ -387,14 +390,16 @@ private:
             text += found == classes.end() ? "    nullptr,\n"
                                            : "    &Make<" + ClassName(found->second, {}) + ">,\n";
         }
-        text += "    nullptr};\n\nZvXmlLib16::generated::CTypedObject* MakeObject(TypeId type, std::uint32_t "
-                "declaration) {\n"
-                "    if (!IsComplex(type) || type == kAnyType)\n        return nullptr;\n"
-                "    Maker const maker = kMakers[ComplexTypeRowOf(type)];\n"
-                "    return maker == nullptr ? nullptr : maker(type, declaration);\n}\n\n} // namespace\n\n";
-        return text + OpenNamespace(Home()) + "\nZvXmlLib16::generated::BoundSchema const& " +
+        text +=
+            "    nullptr};\n\n::ZvXmlLib16::generated::CTypedObject* MakeObject(TypeId type, std::uint32_t "
+            "declaration) {\n"
+            "    if (!IsComplex(type) || type == kAnyType)\n        return nullptr;\n"
+            "    Maker const maker = kMakers[ComplexTypeRowOf(type)];\n"
+            "    return maker == nullptr ? nullptr : maker(type, declaration);\n}\n\n} // namespace\n\n";
+        return text + OpenNamespace(Home()) + "\n::ZvXmlLib16::generated::BoundSchema const& " +
                Identifier(m_stem) +
-               "Schema() {\n    static ZvXmlLib16::generated::BoundSchema const schema(kRows, &MakeObject);\n"
+               "Schema() {\n    static ::ZvXmlLib16::generated::BoundSchema const schema(kRows, "
+               "&MakeObject);\n"
                "    return schema;\n}\n\n" +
                CloseNamespace(Home()) + "\n";
     }

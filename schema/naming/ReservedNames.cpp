@@ -78,7 +78,7 @@ constexpr std::string_view kGlobals =
     "iswalnum iswalpha iswblank iswcntrl iswctype iswdigit iswgraph iswlower iswprint iswpunct iswspace "
     "iswupper iswxdigit isxdigit iszero itimerspec j0 j1 jn kill killpg labs lchmod lchown lconv ldexp "
     "ldiv lgamma linger link linkat listen llabs lldiv llogb llrint llround localeconv localtime lockf "
-    "log log10 log1p log2 logb longjmp lrint lround lseek lstat malloc mblen mbrlen mbrtowc mbsinit "
+    "log log10 log1p log2 logb longjmp lrint lround lseek lstat main malloc mblen mbrlen mbrtowc mbsinit "
     "mbsnrtowcs mbsrtowcs mbstowcs mbtowc memccpy memchr memcmp memcpy memfrob memmem memmove mempcpy "
     "memrchr memset mkdir mkdirat mkdtemp mkfifo mkfifoat mknod mknodat mkostemp mkostemps mkstemp "
     "mkstemps mktemp mktime mmsghdr modf msghdr nan nanosleep nearbyint newlocale nextafter nextdown "

@@ -53,23 +53,33 @@ std::string JsonNumber(std::string_view text) {
     return number;
 }
 
+std::string Rewritten(ItemType item, std::string_view text) {
+    std::string_view const trimmed = grammar::Trim(text);
+    if (item == ItemType_boolean)
+        return trimmed == "1" || trimmed == "true" ? "true" : "false";
+    return JsonNumber(trimmed);
+}
+
 } // namespace
 
 ItemType ItemTypeOf(grammar::SimpleTypes const& types, std::uint32_t type, std::string_view text) {
     ItemType const item = FromBuiltIn(types.GetBuiltIn(type));
     bool const isReal = item == ItemType_r4 || item == ItemType_r8;
     // INF and NaN are no numbers of JSON.
-    return isReal && text.find('N') != std::string_view::npos ? ItemType_string : item;
+    if (isReal && text.find('N') != std::string_view::npos)
+        return ItemType_string;
+    if (item == ItemType_string || type < grammar::kBuiltInCount)
+        return item;
+    // A pattern may allow "1" and not "true".
+    std::string const form = Rewritten(item, text);
+    std::string room;
+    bool const isAllowed = form == text || types.FindFault(type, form, nullptr, nullptr, room) == nullptr;
+    return isAllowed ? item : ItemType_string;
 }
 
 std::string WrittenForm(grammar::SimpleTypes const& types, std::uint32_t type, std::string const& text) {
     ItemType const item = ItemTypeOf(types, type, text);
-    if (item == ItemType_string)
-        return text;
-    std::string_view const trimmed = grammar::Trim(text);
-    if (item == ItemType_boolean)
-        return trimmed == "1" || trimmed == "true" ? "true" : "false";
-    return JsonNumber(trimmed);
+    return item == ItemType_string ? text : Rewritten(item, text);
 }
 
 } // namespace ZvXmlLib16::generated

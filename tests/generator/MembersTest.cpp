@@ -1,0 +1,35 @@
+// Classes whose names meet those of their base. That they compile is the half of it.
+#include "members.h"
+
+#include "schema/emit/BaseMembers.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using namespace ZvXmlLib16;
+
+TEST(Members, LeaveNamesOfTheSchemaTheirMeaning) {
+    std::string const xml = "<AA:object xmlns:AA=\"urn:main\" node=\"x\" type=\"x\" value=\"x\" texts=\"x\" "
+                            "library=\"x\" flag=\"1\"><inner flag=\"0\"><code>07</code></inner></AA:object>";
+    auto const object = main_::ReadObjectXml(xml);
+    EXPECT_EQ(object->GetLibrary(), main_::ZvXmlLib16::X);
+    object->SetNode(main_::Node::X);
+    object->SetType(main_::MsgType::X);
+    object->SetTexts(main_::Texts::X);
+    EXPECT_TRUE(object->GetFlag());
+    EXPECT_EQ(object->GetInner().GetCode(), 7);
+    // What a pattern allows only so is written so, in all formats.
+    EXPECT_EQ(main_::WriteObjectXml(*object), xml);
+    EXPECT_EQ(main_::WriteObjectXml(*main_::ReadObjectJson(main_::WriteObjectJson(*object))), xml);
+}
+
+TEST(Members, OfTheBaseAreKnown) {
+    for (char const* const name : {"Node", "MsgType", "AddRef", "TextOf", "CTypedObject", "CXmlObjectBase"})
+        EXPECT_TRUE(schema::IsBaseMember(name)) << name;
+    EXPECT_FALSE(schema::IsBaseMember("Severity"));
+}
+
+} // namespace
