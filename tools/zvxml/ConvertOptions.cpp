@@ -57,11 +57,9 @@ using Text = std::string;
 } // namespace
 
 std::vector<Option<Options>> const& ConvertOptionTable() {
-    static std::string const formats =
-        "the format to write (" + FormatNames() +
-        "); by default the ending\nof OUT decides, and standard output gets XML text";
     static std::vector<Option<Options>> const table = {
-        {"--to", "FORMAT", formats.c_str(),
+        {"--to", "xml|json|fi",
+         "the format to write; by default the ending of OUT decides,\nand standard output gets XML text",
          [](Options& o, Text const& v) {
              o.format = FindFormatByName(v);
              if (o.format == nullptr)
