@@ -1,6 +1,7 @@
 #include "schema/frontend/SchemaSet.h"
 
 #include "schema/frontend/BuiltInSchemas.h"
+#include "schema/frontend/DocumentText.h"
 
 #include <algorithm>
 #include <array>
@@ -116,6 +117,11 @@ SchemaSet::Loaded const* SchemaSet::Load(std::string const& file, bool isRequire
         return nullptr;
     }
     m_diagnostics.AddFile(file);
+    bytes = ReadableText(std::move(*bytes));
+    if (!bytes) {
+        m_diagnostics.Error({file}, "the schema is in UCS-4 or EBCDIC, which are not supported");
+        return nullptr;
+    }
     Diagnostics quiet;
     std::shared_ptr<OutlineNode const> root = ReadOutline(*bytes, file, isRequired ? m_diagnostics : quiet);
     if (root != nullptr && !root->IsSchema("schema")) {

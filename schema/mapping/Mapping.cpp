@@ -1,5 +1,7 @@
 #include "schema/mapping/Mapping.h"
 
+#include "zvxmllib/foundation/SimpleTypes.h"
+
 #include <algorithm>
 #include <iterator>
 #include <set>
@@ -12,6 +14,11 @@ namespace {
 
 // What the base of generated classes has for itself.
 constexpr char const* kOwnProperties[] = {"Base", "Namespace", "TargetNamespace", "ElementName", "Nil"};
+
+// By ItemType, from 1 on.
+#define ZV_NAME(name, Policy, Name, Value, KIND, slot) #name,
+constexpr char const* kItemNames[] = {ZV_SIMPLE_TYPES(ZV_NAME)};
+#undef ZV_NAME
 
 constexpr char const* kAttributeSuffix = "Attribute";
 constexpr char const* kTraits = "Traits"; // a class of each enumeration
@@ -112,9 +119,11 @@ std::uint32_t Mapping::ClassOf(TypeId type) const {
 std::uint32_t Mapping::AddClass(TypeId type, std::string const& ns, std::string const& name,
                                 std::string const& xmlName, std::string const& path) {
     auto const index = static_cast<std::uint32_t>(m_classes.size());
+    std::string const wanted = "C" + name;
     ClassPlan plan{};
     plan.ns = ns;
-    plan.name = m_names.Take(ScopeOf(ns), "class " + path, "C" + name);
+    bool const isAside = path.compare(0, 8, "element ") == 0 && ScopeOf(ns).IsTaken(wanted);
+    plan.name = m_names.Take(ScopeOf(ns), "class " + path, isAside ? wanted + "Element" : wanted);
     m_classPaths.push_back(path);
     plan.xmlName = xmlName;
     plan.type = type;
@@ -122,6 +131,7 @@ std::uint32_t Mapping::AddClass(TypeId type, std::string const& ns, std::string 
     plan.declaration = kNone;
     plan.isAbstract = m_schema.complexTypes[ComplexTypeRowOf(type)].isAbstract;
     plan.source = &m_schema.complexTypeSources[ComplexTypeRowOf(type)];
+    TellRenamed(plan.source, "class " + path, "the class of [" + xmlName + "]", wanted, plan.name);
     if (m_schema.complexTypes[ComplexTypeRowOf(type)].content == Content::kMixed)
         m_diagnostics.Warning(plan.source->position,
                               "the text of [" + xmlName + "] is kept in one piece, behind its child elements",
@@ -151,9 +161,7 @@ void Mapping::AddElementClasses() {
         if (index == kNone) {
             std::string const& ns = NamespaceFor(row.ns);
             std::string const name = CamelName(row.name);
-            bool const isTaken = ScopeOf(ns).IsTaken("C" + name);
-            index =
-                AddClass(row.type, ns, isTaken ? name + "Element" : name, row.name, "element " + StepOf(row));
+            index = AddClass(row.type, ns, name, row.name, "element " + StepOf(row));
             m_classes[index].declaration = element;
         }
     }
@@ -235,6 +243,8 @@ void Mapping::AddElementProperties(std::uint32_t index, NameScope& names) {
         std::string const path = m_classPaths[index] + "/" + StepOf(row);
         property.name =
             m_names.Take(names, "property " + path, names.IsTaken(name) ? name + "Element" : name);
+        TellRenamed(property.source, "property " + path, "the property of [" + property.xmlName + "]", name,
+                    property.name);
         if (property.kind == PropertyKind::kValueElement)
             property.value = ValueOf(static_cast<std::uint32_t>(row.type), m_classes[index].ns,
                                      m_classes[index].name.substr(1) + name, path);
@@ -257,6 +267,8 @@ void Mapping::AddAttributeProperties(std::uint32_t index, NameScope& names) {
         std::string const path = m_classPaths[index] + "/@" + StepOf(row);
         property.name =
             m_names.Take(names, "property " + path, names.IsTaken(name) ? name + kAttributeSuffix : name);
+        TellRenamed(property.source, "property " + path, "the property of [" + property.xmlName + "]", name,
+                    property.name);
         property.value = ValueOf(row.type, m_classes[index].ns, m_classes[index].name.substr(1) + name, path);
         m_classes[index].properties.push_back(std::move(property));
     }
@@ -274,6 +286,7 @@ void Mapping::AddContentProperty(std::uint32_t index, NameScope& names) {
     std::string const name = row.content == Content::kSimple ? "Value" : "Text";
     std::string const path = m_classPaths[index] + "/text()";
     property.name = m_names.Take(names, "property " + path, names.IsTaken(name) ? "Content" + name : name);
+    TellRenamed(property.source, "property " + path, "the property of the content", name, property.name);
     if (row.content == Content::kSimple)
         property.value =
             ValueOf(row.simpleType, m_classes[index].ns, m_classes[index].name.substr(1) + name, path);
@@ -340,6 +353,8 @@ std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::str
     } while (scope.IsTaken(plan.name + kTraits));
     scope.Reserve(plan.name + kTraits);
     plan.source = &m_schema.simpleTypeSources[row];
+    TellRenamed(plan.source, "enum " + path, "the enumeration [" + (isNamed ? plan.xmlName : owner) + "]",
+                name, plan.name);
     NameScope enumerators;
     std::set<std::string> seen;
     std::string room;
@@ -350,8 +365,11 @@ std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::str
             m_grammar.GetSimpleTypes().Normalize(kBuiltInCount + row, m_schema.facets[i].value, room));
         if (!seen.insert(text).second)
             continue;
-        plan.enumerators.push_back(
-            m_names.Take(enumerators, PathOfValue(path, text), EnumeratorName(text), "_"));
+        std::string const wanted = EnumeratorName(text);
+        std::string const valuePath = PathOfValue(path, text);
+        plan.enumerators.push_back(m_names.Take(enumerators, valuePath, wanted, "_"));
+        TellRenamed(&m_schema.facetSources[i], valuePath, "the enumerator of [" + text + "]", wanted,
+                    plan.enumerators.back());
         plan.texts.push_back(std::move(text));
         plan.sources.push_back(&m_schema.facetSources[i]);
     }
@@ -359,6 +377,13 @@ std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::str
     auto const index = static_cast<std::uint32_t>(m_enums.size() - 1);
     m_enumOf.emplace(row, index);
     return index;
+}
+
+void Mapping::TellRenamed(Source const* source, std::string const& path, std::string const& what,
+                          std::string const& wanted, std::string const& name) {
+    if (name != wanted && m_names.Find(path) == nullptr)
+        m_diagnostics.Warning(source->position, what + " is named " + name + ": " + wanted + " is taken",
+                              "renamed");
 }
 
 // One whose functions do not collide with those of another document or with an enumeration.
@@ -406,6 +431,8 @@ void Mapping::AddDocuments() {
         plan.element = element;
         plan.objectClass = ClassOf(row.type);
         plan.source = &m_schema.elementSources[element];
+        TellRenamed(plan.source, "document " + StepOf(row), "the functions of [" + plan.xmlName + "]",
+                    CamelName(row.name), plan.name);
         m_documents.push_back(std::move(plan));
     }
 }
@@ -444,6 +471,21 @@ void Mapping::SortClasses() {
     m_classes = std::move(sorted);
 }
 
+// For a dump.
+std::string Mapping::TextOf(ValuePlan const& plan) const {
+    std::string const item = kItemNames[plan.item - 1];
+    switch (plan.kind) {
+    case ValueKind::kEnum:
+        return m_enums[plan.enumeration].name;
+    case ValueKind::kList:
+        return "list of " + item;
+    case ValueKind::kCodec:
+        return item;
+    default:
+        return "text";
+    }
+}
+
 std::string Mapping::Dump() const {
     std::string text;
     auto const at = [](Source const* source) {
@@ -462,12 +504,14 @@ std::string Mapping::Dump() const {
         text += (plan.isAbstract ? " abstract " : " ") + at(plan.source) + "\n";
         for (PropertyPlan const& property : plan.properties) {
             char const* const kinds[] = {"attribute", "value", "object", "content", "text"};
-            text +=
-                "  " + property.name + " " + kinds[static_cast<int>(property.kind)] + " " + property.xmlName;
+            text += "  " + property.name + " " + kinds[static_cast<int>(property.kind)];
+            if (!property.xmlName.empty())
+                text += " " + property.xmlName;
             if (property.objectClass != kNone)
                 text += " " + m_classes[property.objectClass].name;
-            if (property.value.kind == ValueKind::kEnum)
-                text += " " + m_enums[property.value.enumeration].name;
+            else if (property.kind != PropertyKind::kObjectElement)
+                text += " " + TextOf(property.value);
+            text += property.isNillable ? " nillable" : "";
             text += property.isRepeatable ? " *\n" : "\n";
         }
     }

@@ -116,7 +116,11 @@ private:
     std::uint32_t EnumOf(std::uint32_t row, std::string const& ns, std::string const& owner,
                          std::string const& ownerPath);
     std::string TakeDocumentName(std::string const& ns, std::string const& path, std::string const& name);
+    // Warns if `name` is not the one `wanted`, and nobody has asked for it.
+    void TellRenamed(Source const* source, std::string const& path, std::string const& what,
+                     std::string const& wanted, std::string const& name);
     bool IsDocument(std::uint32_t element) const;
+    std::string TextOf(ValuePlan const& plan) const;
     void AddDocuments();
     void SortClasses();
 

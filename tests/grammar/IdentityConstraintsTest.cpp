@@ -54,8 +54,8 @@ public:
         m_faults.clear();
         Visit(*document.GetDocumentElement(), walk);
         std::string all;
-        for (std::string const& fault : m_faults)
-            all += (all.empty() ? "" : " ") + fault;
+        for (IdentityFault const& fault : m_faults)
+            all += (all.empty() ? "" : " ") + fault.message;
         return all;
     }
 
@@ -66,11 +66,12 @@ private:
             if (m_constraints[i].element == element.GetLocalName() && identities.count++ == 0)
                 identities.first = i;
         }
-        walk.EnterElement(element.GetLocalName(), element.GetNamespaceURI(), identities);
+        walk.EnterElement(element, identities);
         for (CXmlAttribute const* attribute : element.GetAttributes()) {
             SimpleValue value;
             value.key = "\"" + attribute->GetValue();
-            walk.AddAttribute(attribute->GetLocalName(), attribute->GetNamespaceURI(), value);
+            walk.AddAttribute(attribute->GetLocalName(), attribute->GetNamespaceURI(), &value,
+                              attribute->GetValue());
         }
         for (auto const* child = element.GetFirstElement(); child != nullptr;
              child = child->GetNextSiblingElement())
@@ -80,14 +81,15 @@ private:
         bool const isNillable = element.GetLocalName() == "nil";
         bool const hasSimpleType = element.GetFirstElement() == nullptr;
         bool const hasValue = hasSimpleType && !(isNillable && value.key.size() == 1);
-        walk.LeaveElement(hasValue ? &value : nullptr, hasSimpleType, isNillable, m_faults);
+        walk.LeaveElement(hasValue ? &value : nullptr, element.GetText(), hasSimpleType, isNillable,
+                          m_faults);
     }
 
     std::vector<Constraint> const& m_constraints;
     std::vector<IdentityRow> m_identities;
     std::vector<char const*> m_texts;
     GrammarRows m_rows;
-    std::vector<std::string> m_faults;
+    std::vector<IdentityFault> m_faults;
 };
 
 struct Row {

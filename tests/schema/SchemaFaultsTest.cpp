@@ -25,6 +25,13 @@ std::string Repeat(std::string const& definition, unsigned count) {
     return all;
 }
 
+std::string Utf16Of(std::string const& text, bool isBigEndian) {
+    std::string bytes = isBigEndian ? "\xFE\xFF" : "\xFF\xFE";
+    for (char const c : text)
+        bytes += isBigEndian ? std::string{'\0', c} : std::string{c, '\0'};
+    return bytes;
+}
+
 class SchemaFaultTest : public testing::TestWithParam<Fault> {};
 
 TEST_P(SchemaFaultTest, IsToldWithItsPlace) {
@@ -44,6 +51,10 @@ INSTANTIATE_TEST_SUITE_P(
         Fault{"another root", "<html/>", "s.xsd:1:8: error: no schema: the root element is [html]"},
         Fault{"no end", "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'>\n<xs:element",
               "s.xsd:2:12: error: unexpected end of input"},
+        Fault{"UCS-4",
+              {"\0\0\0<", 4},
+              "s.xsd: error: the schema is in UCS-4 or EBCDIC, which are not supported"},
+        Fault{"UTF-16 cut in the middle of a unit", {"<\0x", 3}, "s.xsd:1:2: error: element name expected"},
         Fault{"unknown type", SchemaText("\n  <xs:element name='r' type='t'/>"),
               "s.xsd:2:34: error: type ':t' not found"},
         Fault{"two of a name", SchemaText("<xs:element name='r'/>\n<xs:element name='r'/>"),
@@ -135,6 +146,29 @@ TEST(SchemaFaultTest, LargeOnesAreNone) {
     Schemas const values(folder, {"v.xsd"});
     EXPECT_EQ(values.Validate("<r>v9999</r>"), "");
     EXPECT_NE(values.Validate("<r>v10000</r>"), "");
+}
+
+// What the parser library cannot cope with is kept from it in any encoding.
+TEST(SchemaFaultTest, Utf16IsReadLikeUtf8) {
+    Folder const folder;
+    std::string const schema =
+        "<?xml version='1.0' encoding='UTF-16'?>\n" +
+        SchemaText("<xs:element name='r'><xs:complexType><xs:sequence maxOccurs='4000000000'>"
+                   "<xs:element name='a' type='t' "
+                   "maxOccurs='3000000000'/></xs:sequence></xs:complexType></xs:element>\n"
+                   "<xs:simpleType name='t'><xs:restriction base='xs:string'><xs:pattern "
+                   "value='(a{0,50}){0,50}'/>"
+                   "</xs:restriction></xs:simpleType>");
+    for (bool const isBigEndian : {false, true}) {
+        folder.Write("s.xsd", Utf16Of(schema, isBigEndian));
+        Schemas const schemas(folder, {"s.xsd"});
+        EXPECT_EQ(schemas.Told(), "");
+        EXPECT_EQ(schemas.Validate("<r><a>aa</a></r>"), "");
+        EXPECT_NE(schemas.Validate("<r><a>b</a></r>"), "");
+    }
+    folder.Write("s.xsd",
+                 Utf16Of("<?xml version='1.0' encoding='UTF-16'?>\n" + SchemaText("<xs:element/>"), true));
+    EXPECT_EQ(Schemas(folder, {"s.xsd"}).Told().substr(0, 18), "s.xsd:2:70: error:");
 }
 
 TEST(SchemaFaultTest, MissingOnesAreToldAndFoundByTheirPlaces) {

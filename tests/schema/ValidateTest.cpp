@@ -206,21 +206,21 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     Identity, ValidateTest,
     testing::Values(
-        Case{
-            "key, keyref and unique",
-            R"(<xs:element name="r"><xs:complexType><xs:sequence><xs:element name="a" minOccurs="0"
+        Case{"key, keyref and unique",
+             R"(<xs:element name="r"><xs:complexType><xs:sequence><xs:element name="a" minOccurs="0"
                 maxOccurs="unbounded"><xs:complexType><xs:attribute name="k" type="xs:decimal"/>
                 <xs:attribute name="u"/><xs:attribute name="f" type="xs:decimal"/></xs:complexType></xs:element>
                 </xs:sequence></xs:complexType><xs:key name="K"><xs:selector xpath="a"/><xs:field xpath="@k"/>
                 </xs:key><xs:unique name="U"><xs:selector xpath=".//a"/><xs:field xpath="@u"/></xs:unique>
                 <xs:keyref name="F" refer="K"><xs:selector xpath="a"/><xs:field xpath="@f"/></xs:keyref>
                 </xs:element>)",
-            {{"<r><a k='1' u='x' f='2.0'/><a k='2'/><a k='3'/></r>", ""},
-             {"<r><a k='1'/><a k='1.0'/></r>", "The key [K] is not unique: [1] stands twice.\nPath: /r/a[2]"},
-             {"<r><a/></r>", "The key [K] lacks its field [@k].\nPath: /r/a"},
-             {"<r><a k='1' u='x'/><a k='2' u='x'/></r>",
-              "The unique [U] is not unique: [x] stands twice.\nPath: /r/a[2]"},
-             {"<r><a k='1' f='2'/></r>", "The keyref [F] has no key [2] to refer to.\nPath: /r"}}},
+             {{"<r><a k='1' u='x' f='2.0'/><a k='2'/><a k='3'/></r>", ""},
+              {"<r><a k='1'/><a k='1.0'/></r>",
+               "The key [K] is not unique: [1.0] stands twice.\nPath: /r/a[2]"},
+              {"<r><a/></r>", "The key [K] lacks its field [@k].\nPath: /r/a"},
+              {"<r><a k='1' u='x'/><a k='2' u='x'/></r>",
+               "The unique [U] is not unique: [x] stands twice.\nPath: /r/a[2]"},
+              {"<r><a k='1' f='2'/></r>", "The keyref [F] has no key [2] to refer to.\nPath: /r/a"}}},
         Case{"ID and IDREF",
              R"(<xs:element name="r"><xs:complexType><xs:sequence><xs:element name="a" maxOccurs="3">
                 <xs:complexType><xs:attribute name="i" type="xs:ID"/><xs:attribute name="f" type="xs:IDREFS"/>

@@ -1,5 +1,6 @@
 #include "zvxmllib/grammar/IdentityConstraints.h"
 
+#include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/grammar/IdentityPath.h"
 
 #include <algorithm>
@@ -33,11 +34,6 @@ IdentityPaths::~IdentityPaths() = default;
 
 namespace {
 
-struct ElementNames {
-    std::string_view name;
-    std::string_view ns;
-};
-
 // The keys of one constraint below one element. One that several of its children hand up counts in none of
 // them: it does not get further up.
 struct KeyTable {
@@ -67,6 +63,7 @@ struct KeyTable {
 
 struct FieldValue {
     std::string key;
+    std::string text;      // as it is written
     std::size_t nodes = 0; // that it selects
     bool isSet = false;
     bool isNillable = false;
@@ -80,31 +77,27 @@ std::string JoinKeys(std::vector<FieldValue> const& fields) {
 }
 
 // As a message shows them.
-// Texts, names and numbers as they are; keys of other types mean little to a reader.
-std::string ShowKey(std::string const& key) {
-    std::string_view const text = std::string_view(key).substr(key.find('\0') + 1);
-    if (text.empty() || std::string_view("\"/3B").find(text[0]) == std::string_view::npos)
-        return "...";
-    bool const isWhole = text[0] != '"' && text.back() == '.';
-    return std::string(text.substr(1, text.size() - (isWhole ? 2 : 1)));
-}
-
 std::string ShowKeys(std::vector<FieldValue> const& fields) {
     std::string text;
     for (FieldValue const& field : fields)
-        text += (text.empty() ? "" : ", ") + ShowKey(field.key);
+        text += (text.empty() ? "" : ", ") + field.text;
     return "[" + text + "]";
 }
 
 } // namespace
 
 struct IdentityWalk::State {
+    struct Reference {
+        CXmlElement const* element;
+        std::string key;
+        std::string text; // of the key
+    };
     // A constraint in force: below the element at this depth.
     struct Scope {
         std::uint32_t identity;
         std::size_t depth;
         std::unordered_set<std::string> keys;
-        std::vector<std::pair<std::string, std::string>> references; // key and text
+        std::vector<Reference> references;
     };
     // An element that a selector has found.
     struct Target {
@@ -129,12 +122,13 @@ struct IdentityWalk::State {
 
     // Whether the innermost element is at the path from the element at `depth`.
     bool IsAt(IdentityPath const& path, std::size_t depth) const noexcept {
-        std::size_t const levels = names.size() - depth;
+        std::size_t const levels = elements.size() - depth;
         if (path.isDeep ? levels < path.steps.size() : levels != path.steps.size())
             return false;
-        std::size_t const first = names.size() - path.steps.size();
+        std::size_t const first = elements.size() - path.steps.size();
         for (std::size_t i = 0; i < path.steps.size(); ++i) {
-            if (!path.steps[i].Matches(names[first + i].name, names[first + i].ns))
+            if (!path.steps[i].Matches(elements[first + i]->GetLocalName(),
+                                       elements[first + i]->GetNamespaceURI()))
                 return false;
         }
         return true;
@@ -152,19 +146,19 @@ struct IdentityWalk::State {
     }
     void Select();
     void FindFields();
-    void Set(FieldOf const& place, SimpleValue const* value, bool isNillable);
-    void AddNoSimpleType(FieldOf const& place, std::vector<std::string>& faults) const {
+    void Set(FieldOf const& place, SimpleValue const* value, std::string_view text, bool isNillable);
+    void AddNoSimpleType(FieldOf const& place, std::vector<IdentityFault>& faults) const {
         Scope const& scope = scopes[targets[place.target].scope];
-        faults.push_back(NameOf(scope) + " has an element without a simple type for its " +
-                         NameOf(scope, place.field) + ".");
+        faults.push_back({elements.back(), NameOf(scope) + " has an element without a simple type for its " +
+                                               NameOf(scope, place.field) + "."});
     }
-    void EndTarget(std::vector<std::string>& faults);
-    void EndScopes(std::vector<std::string>& faults);
+    void EndTarget(std::vector<IdentityFault>& faults);
+    void EndScopes(std::vector<IdentityFault>& faults);
     void HandUp();
 
     IdentityPaths const& paths;
-    std::vector<ElementNames> names; // of the open elements
-    std::vector<Frame> frames;       // those of the open elements, from the first scope on
+    std::vector<CXmlElement const*> elements; // the open ones
+    std::vector<Frame> frames;                // those of the open elements, from the first scope on
     std::vector<Scope> scopes;
     std::vector<Target> targets;
     std::vector<AttributeField> attributeFields;
@@ -177,8 +171,8 @@ void IdentityWalk::State::Select() {
             return IsAt(path, scopes[i].depth);
         });
         if (isSelected)
-            targets.push_back(
-                {i, names.size(), std::vector<FieldValue>(paths.m_paths[scopes[i].identity].fields.size())});
+            targets.push_back({i, elements.size(),
+                               std::vector<FieldValue>(paths.m_paths[scopes[i].identity].fields.size())});
     }
 }
 
@@ -200,7 +194,8 @@ void IdentityWalk::State::FindFields() {
     }
 }
 
-void IdentityWalk::State::Set(FieldOf const& place, SimpleValue const* value, bool isNillable) {
+void IdentityWalk::State::Set(FieldOf const& place, SimpleValue const* value, std::string_view text,
+                              bool isNillable) {
     Target& target = targets[place.target];
     FieldValue& field = target.fields[place.field];
     field.isNillable = field.isNillable || isNillable;
@@ -208,9 +203,10 @@ void IdentityWalk::State::Set(FieldOf const& place, SimpleValue const* value, bo
         return;
     field.isSet = true;
     field.key = value->key;
+    field.text = text;
 }
 
-void IdentityWalk::State::EndTarget(std::vector<std::string>& faults) {
+void IdentityWalk::State::EndTarget(std::vector<IdentityFault>& faults) {
     Target const target = std::move(targets.back());
     targets.pop_back();
     Scope& scope = scopes[target.scope];
@@ -221,26 +217,29 @@ void IdentityWalk::State::EndTarget(std::vector<std::string>& faults) {
         FieldValue const& field = target.fields[i];
         isComplete = isComplete && field.isSet && field.nodes == 1;
         if (field.nodes > 1)
-            faults.push_back(NameOf(scope) + " has several nodes for its " + NameOf(scope, i) + ".");
+            faults.push_back(
+                {elements.back(), NameOf(scope) + " has several nodes for its " + NameOf(scope, i) + "."});
         else if (isKey && field.isNillable)
-            faults.push_back(NameOf(scope) + " has a nillable element for its " + NameOf(scope, i) + ".");
-        else if (isKey && !field.isSet)
-            faults.push_back(NameOf(scope) + " lacks its " + NameOf(scope, i) + ".");
+            faults.push_back({elements.back(),
+                              NameOf(scope) + " has a nillable element for its " + NameOf(scope, i) + "."});
+        else if (isKey && field.nodes == 0) // one whose value is at fault has been told
+            faults.push_back({elements.back(), NameOf(scope) + " lacks its " + NameOf(scope, i) + "."});
     }
     if (!isComplete)
         return;
     std::string key = JoinKeys(target.fields);
     if (kind == IdentityKind::kKeyRef)
-        scope.references.emplace_back(std::move(key), ShowKeys(target.fields));
+        scope.references.push_back({elements.back(), std::move(key), ShowKeys(target.fields)});
     else if (!scope.keys.insert(std::move(key)).second)
-        faults.push_back(NameOf(scope) + " is not unique: " + ShowKeys(target.fields) + " stands twice.");
+        faults.push_back({elements.back(),
+                          NameOf(scope) + " is not unique: " + ShowKeys(target.fields) + " stands twice."});
 }
 
 // Those of the innermost element, which ends. Its keys are known by now, so its references can be looked up.
-void IdentityWalk::State::EndScopes(std::vector<std::string>& faults) {
+void IdentityWalk::State::EndScopes(std::vector<IdentityFault>& faults) {
     Frame& frame = frames.back();
     std::size_t first = scopes.size();
-    while (first != 0 && scopes[first - 1].depth == names.size())
+    while (first != 0 && scopes[first - 1].depth == elements.size())
         --first;
     for (std::size_t i = first; i < scopes.size(); ++i) {
         if (!paths.m_paths[scopes[i].identity].isReferred)
@@ -255,9 +254,10 @@ void IdentityWalk::State::EndScopes(std::vector<std::string>& faults) {
             continue;
         KeyTable& table = frame.tables[paths.m_rows.identities[scopes[i].identity].refer];
         table.DropConflicts();
-        for (auto const& [key, text] : scopes[i].references) {
-            if (table.keys.count(key) == 0)
-                faults.push_back(NameOf(scopes[i]) + " has no key " + text + " to refer to.");
+        for (Reference const& reference : scopes[i].references) {
+            if (table.keys.count(reference.key) == 0)
+                faults.push_back({reference.element,
+                                  NameOf(scopes[i]) + " has no key " + reference.text + " to refer to."});
         }
     }
     scopes.resize(first);
@@ -287,19 +287,20 @@ bool IdentityWalk::WantsValue() const noexcept {
     return !m_state->frames.empty() && !m_state->frames.back().fields.empty();
 }
 
-void IdentityWalk::EnterElement(std::string_view name, std::string_view ns, Range identities) {
+void IdentityWalk::EnterElement(CXmlElement const& element, Range identities) {
     State& state = *m_state;
-    state.names.push_back({name, ns});
+    state.elements.push_back(&element);
     if (state.frames.empty() && identities.count == 0)
         return;
     state.frames.emplace_back();
     for (std::uint32_t i = 0; i < identities.count; ++i)
-        state.scopes.push_back({identities.first + i, state.names.size(), {}, {}});
+        state.scopes.push_back({identities.first + i, state.elements.size(), {}, {}});
     state.Select();
     state.FindFields();
 }
 
-void IdentityWalk::AddAttribute(std::string_view name, std::string_view ns, SimpleValue const& value) {
+void IdentityWalk::AddAttribute(std::string_view name, std::string_view ns, SimpleValue const* value,
+                                std::string_view text) {
     // Several alternatives of a field may select the same attribute.
     State::AttributeField const* last = nullptr;
     for (State::AttributeField const& field : m_state->attributeFields) {
@@ -307,27 +308,27 @@ void IdentityWalk::AddAttribute(std::string_view name, std::string_view ns, Simp
                             last->place.field == field.place.field;
         if (isSame || !field.name->Matches(name, ns))
             continue;
-        m_state->Set(field.place, &value, false);
+        m_state->Set(field.place, value, text, false);
         last = &field;
     }
 }
 
-void IdentityWalk::LeaveElement(SimpleValue const* value, bool hasSimpleType, bool isNillable,
-                                std::vector<std::string>& faults) {
+void IdentityWalk::LeaveElement(SimpleValue const* value, std::string_view text, bool hasSimpleType,
+                                bool isNillable, std::vector<IdentityFault>& faults) {
     State& state = *m_state;
     if (!state.frames.empty()) {
         for (State::FieldOf const& field : state.frames.back().fields) {
-            state.Set(field, value, isNillable);
+            state.Set(field, value, text, isNillable);
             if (!hasSimpleType)
                 state.AddNoSimpleType(field, faults);
         }
-        while (!state.targets.empty() && state.targets.back().depth == state.names.size())
+        while (!state.targets.empty() && state.targets.back().depth == state.elements.size())
             state.EndTarget(faults);
         state.EndScopes(faults);
         state.HandUp();
         state.attributeFields.clear();
     }
-    state.names.pop_back();
+    state.elements.pop_back();
 }
 
 } // namespace ZvXmlLib16::grammar

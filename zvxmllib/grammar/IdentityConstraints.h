@@ -10,7 +10,17 @@
 #include <string_view>
 #include <vector>
 
+namespace ZvXmlLib16 {
+class CXmlElement;
+}
+
 namespace ZvXmlLib16::grammar {
+
+// A constraint that does not hold, and the element that is at fault.
+struct IdentityFault {
+    CXmlElement const* element;
+    std::string message;
+};
 
 // The identity constraints of a grammar with their paths taken apart. Any number of threads may use it.
 class IdentityPaths {
@@ -41,15 +51,17 @@ public:
     bool IsActive() const noexcept;
 
     // `identities` are those of the element's declaration, an empty range for none.
-    void EnterElement(std::string_view name, std::string_view ns, Range identities);
-    // Directly behind EnterElement, for each attribute, also one that is there by its default.
-    void AddAttribute(std::string_view name, std::string_view ns, SimpleValue const& value);
+    void EnterElement(CXmlElement const& element, Range identities);
+    // Directly behind EnterElement, for each attribute, also one that is there by its default. `value` is
+    // null if it is at fault itself; messages show `text`.
+    void AddAttribute(std::string_view name, std::string_view ns, SimpleValue const* value,
+                      std::string_view text);
     // Whether the value of the open element is asked for.
     bool WantsValue() const noexcept;
     // `value` is null for a nilled element, and where there is none. A field may select no element that has
     // no simple type. `faults` gets a message for each constraint that turns out not to hold.
-    void LeaveElement(SimpleValue const* value, bool hasSimpleType, bool isNillable,
-                      std::vector<std::string>& faults);
+    void LeaveElement(SimpleValue const* value, std::string_view text, bool hasSimpleType, bool isNillable,
+                      std::vector<IdentityFault>& faults);
 
 private:
     struct State;

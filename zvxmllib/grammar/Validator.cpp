@@ -126,14 +126,14 @@ void Validator::ValidateElement(CXmlElement& element, std::uint32_t declaration,
     ++m_depth;
     Range const identities =
         declaration == kNone ? Range{} : m_grammar.GetRows().elements[declaration].identities;
-    m_identities.EnterElement(element.GetLocalName(), element.GetNamespaceURI(), identities);
+    m_identities.EnterElement(element, identities);
     bool const hasType = FindType(element, target);
     if (m_receiver != nullptr)
         m_receiver->OnElement(element, {declaration, target.type, target.isNil, particleDeclaration});
     if (hasType)
         ValidateContent(element, target);
     else
-        LeaveElement(element, target, nullptr);
+        LeaveElement(target, nullptr);
     if (m_receiver != nullptr)
         m_receiver->OnElementEnd();
     --m_depth;
@@ -312,8 +312,11 @@ void Validator::ValidateAttributeValue(CXmlElement& element, CXmlAttribute& attr
     m_value = {};
     char const* const fault = types.FindFault(row.type, attribute.GetValueView(), &scope,
                                               needsValue ? &m_value : nullptr, m_message);
-    if (fault != nullptr)
+    if (fault != nullptr) {
+        if (m_identities.IsActive())
+            m_identities.AddAttribute(row.name, row.ns, nullptr, {});
         return Fail(attribute, fault);
+    }
     if (!needsValue)
         return;
     if (types.GetBuiltIn(row.type) == BuiltIn::kID && ++m_idAttributes > 1)
@@ -324,7 +327,7 @@ void Validator::ValidateAttributeValue(CXmlElement& element, CXmlAttribute& attr
              "The attribute " + Quote(row.name) + " has the fixed value " + Quote(row.value) + ".");
     NoteIds(element, m_value);
     if (m_identities.IsActive())
-        m_identities.AddAttribute(row.name, row.ns, m_value);
+        m_identities.AddAttribute(row.name, row.ns, &m_value, attribute.GetValueView());
 }
 
 // Tests for required ones, too.
@@ -343,7 +346,7 @@ void Validator::AddDefaultAttributes(CXmlElement& element, Range uses, std::vect
             m_value = {};
             if (m_grammar.GetSimpleTypes().FindFault(row.type, row.value, nullptr, &m_value, m_message) ==
                 nullptr)
-                m_identities.AddAttribute(row.name, row.ns, m_value);
+                m_identities.AddAttribute(row.name, row.ns, &m_value, row.value);
         }
     }
 }
@@ -371,14 +374,14 @@ void Validator::CheckReferences() {
     }
 }
 
-void Validator::LeaveElement(CXmlElement& element, Target const& target, SimpleValue const* value,
-                             bool hasSimpleType) {
-    std::vector<std::string> faults;
+void Validator::LeaveElement(Target const& target, SimpleValue const* value,
+                             bool hasSimpleType, std::string_view text) {
+    std::vector<IdentityFault> faults;
     bool const isNillable =
         target.declaration != kNone && m_grammar.GetRows().elements[target.declaration].isNillable;
-    m_identities.LeaveElement(value, hasSimpleType, isNillable, faults);
-    for (std::string& fault : faults)
-        Fail(element, std::move(fault));
+    m_identities.LeaveElement(value, text, hasSimpleType, isNillable, faults);
+    for (IdentityFault& fault : faults)
+        Fail(*fault.element, std::move(fault.message));
 }
 
 bool Validator::HasSimpleType(TypeId type) const noexcept {
@@ -390,7 +393,7 @@ bool Validator::HasSimpleType(TypeId type) const noexcept {
 void Validator::ValidateNilContent(CXmlElement& element, Target const& target) {
     if (element.GetFirstElement() != nullptr || !element.GetNodeText().IsEmpty())
         Fail(element, "The element " + Quote(element.GetLocalName()) + " is nil, but has content.");
-    LeaveElement(element, target, nullptr, HasSimpleType(target.type));
+    LeaveElement(target, nullptr, HasSimpleType(target.type));
 }
 
 void Validator::ValidateSimpleContent(CXmlElement& element, Target const& target, std::uint32_t type) {
@@ -400,7 +403,7 @@ void Validator::ValidateSimpleContent(CXmlElement& element, Target const& target
     if (element.GetFirstElement() != nullptr) {
         Fail(*element.GetFirstElement(), "The element " + Quote(element.GetFirstElement()->GetLocalName()) +
                                              " is not expected here; expected is a value.");
-        return LeaveElement(element, target, nullptr);
+        return LeaveElement(target, nullptr);
     }
     std::string_view text = TextOf(element);
     bool const isConstrained = row != nullptr && row->constraint != ValueConstraint::kNoValue;
@@ -417,13 +420,13 @@ void Validator::ValidateSimpleContent(CXmlElement& element, Target const& target
         types.FindFault(type, text, isDefault ? nullptr : &scope, needsValue ? &value : nullptr, m_message);
     if (fault != nullptr) {
         Fail(element, fault);
-        return LeaveElement(element, target, nullptr);
+        return LeaveElement(target, nullptr);
     }
     if (isFixed && !IsEqual(element, type, value, row->value))
         Fail(element, "The element " + Quote(row->name) + " has the fixed value " + Quote(row->value) + ".");
     if (needsValue)
         NoteIds(element, value);
-    LeaveElement(element, target, needsValue ? &value : nullptr);
+    LeaveElement(target, needsValue ? &value : nullptr, true, Trim(text));
 }
 
 void Validator::ValidateComplexContent(CXmlElement& element, Target const& target,
@@ -448,7 +451,7 @@ void Validator::ValidateComplexContent(CXmlElement& element, Target const& targe
         if (row.constraint == ValueConstraint::kFixed)
             CheckFixedText(element, row, TextOf(element));
     }
-    LeaveElement(element, target, nullptr, false);
+    LeaveElement(target, nullptr, false);
 }
 
 void Validator::ValidateChildren(CXmlElement& element, TypeId type, std::uint32_t particle) {

@@ -111,8 +111,8 @@ private:
     void NoteIds(CXmlElement& element, SimpleValue const& value);
     void CheckReferences();
     // `hasSimpleType` is true, too, where that is not known for a failure.
-    void LeaveElement(CXmlElement& element, Target const& target, SimpleValue const* value,
-                      bool hasSimpleType = true);
+    void LeaveElement(Target const& target, SimpleValue const* value,
+                      bool hasSimpleType = true, std::string_view text = {});
     bool HasSimpleType(TypeId type) const noexcept;
     std::string_view TextOf(CXmlElement const& element);
     template <class Node>
