@@ -117,6 +117,13 @@ TEST(StrictValues, AreReadFromTheTextsOfTheirTypesAlone) {
     }
 }
 
+TEST(StrictValues, KeepTheCarriageReturnsOfPreservedTexts) {
+    OrderOf model({new CElementInfoSeqPrimOpt("n", "", 0, false, ItemType_string, nullptr,
+                                              CWhitespaceUtils::WhitespaceRule_Preserve,
+                                              CPrimitiveRestrictions(), nullptr)});
+    ExpectTwice(model, {{"<order><n>a&#xD;\n&#xD;b </n></order>", "<order><n>a\nb </n></order>", ""}});
+}
+
 TEST(StrictValues, FailuresSayWhy) {
     struct Row {
         ItemType type;

@@ -139,6 +139,7 @@ TEST(StrictXml, RefusesCallsThatMakeNoDocument) {
              Row{aliased("1p", "urn:x"), "Invalid Namespace alias [1p]."},
              Row{aliased("xmlns", "urn:x"), "Invalid Namespace alias [xmlns]."},
              Row{aliased("xml", "urn:x"), "Invalid Namespace alias [xml]."},
+             Row{aliased("p", ""), "Invalid Namespace alias [p]."},
              Row{[](CXmlTextWriter& writer) {
                      writer.AddNamespaceAlias("p", "urn:x");
                      writer.AddNamespaceAlias("p", "urn:y");
@@ -149,6 +150,11 @@ TEST(StrictXml, RefusesCallsThatMakeNoDocument) {
                      writer.WriteAttribute("k", "http://www.w3.org/2000/xmlns/", "", ItemType_string);
                  },
                  "Invalid Namespace [http://www.w3.org/2000/xmlns/]."},
+             Row{[](CXmlTextWriter& writer) {
+                     writer.WriteElementStart("a", "");
+                     writer.WriteTypeAttribute("\xFF", "t", ItemType_string);
+                 },
+                 "The text of [t] is not valid in the local encoding."},
              Row{[](CXmlTextWriter& writer) { writer.WriteProcessingInstruction("<?xml version='1.0'?>"); },
                  "Invalid Processing Instruction [<?xml version='1.0'?>]."},
              Row{[](CXmlTextWriter& writer) { writer.WriteProcessingInstruction("<?a b?><evil/>"); },
@@ -167,9 +173,10 @@ TEST(StrictXml, RefusesCallsThatMakeNoDocument) {
              Row{[](CXmlTextWriter& writer) {
                      writer.WriteElementStart("a", "");
                      writer.WriteComment("x & y");
+                     writer.WriteProcessingInstruction("<?p q?>");
                      writer.WriteElementEnd();
                  },
-                 "<a><!--x & y--></a>"},
+                 "<a><!--x & y--><?p q?></a>"},
          })
         EXPECT_EQ(Written(row.calls), row.outcome);
 }

@@ -57,8 +57,7 @@ CXmlElement* CXmlTypeCollection::ReadTexts(CXmlElement* current, CSerializationC
 
 CXmlElement* CXmlTypeCollection::ReadStrictly(CXmlElement* current, CSerializationContext const& ctx,
                                               TakeElement take, bool isInGroup) {
-    bool const isText = m_itemType == ItemType_string || m_itemType == ItemType_char;
-    auto const rule = isText ? m_whitespaceRule : CWhitespaceUtils::WhitespaceRule_Collapse;
+    auto const rule = detail::StrictRule(m_whitespaceRule, m_itemType);
     return ReadEach(current, ctx, isInGroup, [&](CXmlElement const& element, std::string& room) {
         CheckValueElement(ctx, element, m_itemType, false);
         detail::RuledText const ruled(rule, element.GetNodeText().Read(room));

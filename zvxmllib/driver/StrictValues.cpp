@@ -18,9 +18,7 @@ using ZvXmlLib16::ZvVariant;
 
 template <class Place>
 void detail::StrictValue::ReadAt(ZvVariant& value, std::string_view text, Place const& place) const {
-    bool const keepsBlanks = type == ZvXmlLib16::ItemType_string || type == ZvXmlLib16::ItemType_char;
-    ZvXmlLib16::detail::RuledText const ruled(keepsBlanks ? rule : CWhitespaceUtils::WhitespaceRule_Collapse,
-                                              text);
+    ZvXmlLib16::detail::RuledText const ruled(ZvXmlLib16::detail::StrictRule(rule, type), text);
     ZvXmlLib16::detail::StrictFromText(value, ruled.Get(), type);
     try {
         Check(value, ruled.Get());

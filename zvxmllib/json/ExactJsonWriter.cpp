@@ -1,8 +1,12 @@
 #include "zvxmllib/json/ExactJsonWriter.h"
 
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/json/Failures.h"
 #include "zvxmllib/values/text/NumberText.h"
 #include "zvxmllib/writers/Failures.h"
+
+#include <charconv>
+#include <system_error>
 
 namespace ZvXmlLib16 {
 
@@ -29,8 +33,11 @@ bool Take(std::string_view& text, std::string_view choice) noexcept {
     return true;
 }
 
-// RFC 8259, section 6.
+// RFC 8259, section 6. Many programs refuse what is beyond a double.
 bool IsNumber(std::string_view text) noexcept {
+    double value;
+    if (std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc::result_out_of_range)
+        return false;
     Take(text, "-");
     if (!Take(text, "0") && !TakeDigits(text))
         return false;
@@ -66,12 +73,13 @@ void CExactJsonWriter::Close() {
 }
 
 void CExactJsonWriter::SetDefaultNamespace(std::string const& ns) {
-    CTextWriter::SetDefaultNamespace(ns);
-    if (m_pContext != nullptr)
-        AppendDeclaration({}, ns);
+    if (m_pContext == nullptr) // it would move an element that is open
+        CTextWriter::SetDefaultNamespace(ns);
 }
 
 void CExactJsonWriter::AddNamespaceAlias(std::string const& alias, std::string const& ns) {
+    if (m_pContext != nullptr && !m_inForce.IsNew(alias, ns))
+        return;
     CTextWriter::AddNamespaceAlias(alias, ns);
     if (m_pContext != nullptr)
         AppendDeclaration(alias, ns);
@@ -118,6 +126,10 @@ void CExactJsonWriter::WriteElementEnd() {
     if (m_open.empty())
         FailEndOutsideElement();
     std::string const member = std::move(m_open.back().member);
+    if (m_open.back().isNil && !m_open.back().text.empty()) { // null would leave no room for the text
+        m_open.back().isNil = false;
+        AddAttribute(AttributeMemberOf("nil", kSchemaInstanceNamespace), {JsonValue::kString, "true", {}});
+    }
     JsonValue value = Finish(m_open.back());
     m_open.pop_back();
     m_inForce.EndElement(m_pContext->m_depth);
@@ -131,16 +143,15 @@ void CExactJsonWriter::WriteElementEnd() {
 void CExactJsonWriter::WriteAttribute(std::string const& name, std::string const& ns,
                                       std::string const& value, ItemType type) {
     RequireOpenStartTag();
-    std::string member = m_roundTrip == JsonRoundTrip_None ? "" : "@";
-    if (IsFull() && !ns.empty())
-        member += AliasOf(ns) + ':';
-    member += name;
-    AddAttribute(member, ScalarOf(value, type));
+    AddAttribute(AttributeMemberOf(name, ns), ScalarOf(value, type));
 }
 
 void CExactJsonWriter::WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) {
-    if (IsFull())
-        CTextWriter::WriteTypeAttribute(ns, typeName, type);
+    if (!IsFull())
+        return;
+    if (ns.empty() && m_pContext != nullptr && !m_pContext->GetDefaultNamespace().empty())
+        FailAliasOfTwo({}, m_pContext->GetDefaultNamespace(), ns); // a name without a prefix is one of it
+    CTextWriter::WriteTypeAttribute(ns, typeName, type);
 }
 
 void CExactJsonWriter::WriteNilAttribute() {
@@ -152,6 +163,10 @@ void CExactJsonWriter::RequireOpenStartTag() const {
     if (m_open.empty() || m_open.back().hasText ||
         m_open.back().object.members.size() != m_open.back().attributes)
         FailAttributeAfterContent();
+}
+
+bool CExactJsonWriter::IsKnownUndeclared(std::string const& ns) const {
+    return ns == kXmlNamespace;
 }
 
 void CExactJsonWriter::AppendDeclaration(std::string_view alias, std::string const& ns) {
@@ -175,6 +190,11 @@ std::string CExactJsonWriter::MemberOf(std::string const& name, std::string cons
     m_pContext->SetDefaultNamespace(ns);
     AppendDeclaration({}, ns);
     return name;
+}
+
+std::string CExactJsonWriter::AttributeMemberOf(std::string const& name, std::string const& ns) {
+    std::string const mark = m_roundTrip == JsonRoundTrip_None ? "" : "@";
+    return IsFull() && !ns.empty() ? mark + AliasOf(ns) + ':' + name : mark + name;
 }
 
 std::string const& CExactJsonWriter::AliasOf(std::string const& ns) {

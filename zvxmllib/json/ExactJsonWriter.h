@@ -25,7 +25,7 @@ public:
     ~CExactJsonWriter() override;
 
     void Close() override;
-    // Inside an element these two are declared on it.
+    // Inside an element the first one does nothing, and the second one is declared on it.
     void SetDefaultNamespace(std::string const& ns) override;
     void AddNamespaceAlias(std::string const& alias, std::string const& ns) override;
     void DeclareOnNextElement(std::string const& alias, std::string const& ns) override;
@@ -44,6 +44,7 @@ protected:
     void RequireOpenStartTag() const override;
     std::string const& AliasForType(std::string const& ns) override { return AliasOf(ns); }
     void AppendDeclaration(std::string_view alias, std::string const& ns) override;
+    bool IsKnownUndeclared(std::string const& ns) const override;
 
 private:
     // An element that is open.
@@ -60,6 +61,7 @@ private:
 
     bool IsFull() const noexcept { return m_roundTrip == JsonRoundTrip_Full; }
     std::string MemberOf(std::string const& name, std::string const& ns);
+    std::string AttributeMemberOf(std::string const& name, std::string const& ns);
     std::string const& AliasOf(std::string const& ns);
     void AddAttribute(std::string const& name, JsonValue value);
     void AddChild(std::string const& name, JsonValue value, bool isAnnounced);

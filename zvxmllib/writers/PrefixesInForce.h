@@ -24,6 +24,10 @@ public:
     Binding& At(std::string_view prefix) { return Entry(prefix).second; }
     // On the element of this depth, the innermost one. Returns the binding, which is in force from now on.
     Binding& Declare(std::string_view prefix, std::string const& ns, std::int32_t depth);
+    // Whether an alias that is given inside an element has to be declared there. Throws
+    // CZvInvalidParamException if it stands for another namespace: names that are written already may have
+    // it.
+    bool IsNew(std::string const& alias, std::string const& ns);
     // What the element of this depth declared is no longer in force.
     void EndElement(std::int32_t depth);
 
@@ -58,11 +62,14 @@ public:
     // Before the root: they go before what is given for the document.
     void ReplaceGiven(CXmlWriter::NamespaceMap& aliases, std::string& defaultNamespace);
     // Enters them in the scope of an element of `elementNs` that has just been opened. Returns those that are
-    // to be written, valid until the next call. An element in no namespace takes no default one.
+    // to be written, valid until the next call. An element in no namespace takes no default one. Throws
+    // CZvInvalidParamException for a prefix of two namespaces.
     std::vector<Declaration> const& Enter(CXmlWriter::CXmlWriterContext& context,
                                           std::string const& elementNs, PrefixesInForce& inForce);
 
 private:
+    void DropRepeated();
+
     std::vector<Declaration> m_next;
     std::vector<Declaration> m_entered;
 };

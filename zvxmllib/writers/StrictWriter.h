@@ -1,6 +1,7 @@
 // StrictWriter, a writer that refuses the calls which no document of XML would come of. Header only.
 #pragma once
 
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/writers/Failures.h"
 #include "zvxmllib/writers/WriterChecks.h"
 #include "zvxmllib/writers/XmlWriter.h"
@@ -29,6 +30,8 @@ public:
         Base::SetDefaultNamespace(ns);
     }
     void AddNamespaceAlias(std::string const& alias, std::string const& ns) override {
+        if (alias.empty() && ns == kXmlNamespace) // none, but this one has its alias always
+            return;
         m_checks.RequireAlias(alias, ns);
         if (this->m_pContext == nullptr)
             m_checks.AddDocumentAlias(alias, ns);
@@ -82,7 +85,7 @@ public:
         Base::WriteAttribute(name, ns, value, type);
     }
     void WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) override {
-        m_checks.RequireTypeName(typeName);
+        m_checks.RequireType(ns, typeName);
         Base::WriteTypeAttribute(ns, typeName, type);
     }
 

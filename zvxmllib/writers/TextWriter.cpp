@@ -59,9 +59,13 @@ void CTextWriter::AppendRootDeclarations() {
     if (!m_defaultNamespace.empty())
         AppendDeclaration({}, m_defaultNamespace);
     for (auto const& [ns, alias] : m_namespaceMap) {
-        if (!alias.empty() && !BeginsWithXmlNamespace(ns))
+        if (!alias.empty() && !IsKnownUndeclared(ns))
             AppendDeclaration(alias, ns);
     }
+}
+
+bool CTextWriter::IsKnownUndeclared(std::string const& ns) const {
+    return BeginsWithXmlNamespace(ns);
 }
 
 void CTextWriter::LengthenLineBreak(std::size_t length) {

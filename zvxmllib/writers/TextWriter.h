@@ -52,6 +52,8 @@ protected:
     virtual std::string const& AliasForType(std::string const& ns) = 0;
     // Declares an alias as part of the start of an element; an empty alias declares the default namespace.
     virtual void AppendDeclaration(std::string_view alias, std::string const& ns) = 0;
+    // Whether an alias that is known before the root needs no declaration.
+    virtual bool IsKnownUndeclared(std::string const& ns) const;
 
     // The aliases known before the root. One generated for the root is in the root's scope only.
     void AppendRootDeclarations();

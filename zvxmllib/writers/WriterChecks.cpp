@@ -74,12 +74,13 @@ void WriterChecks::RequireNamespace(std::string const& ns, std::string const& ow
         FailNamespaceOfXml(ns);
 }
 
-// "xml" is bound to its namespace, and nothing else is (Namespaces in XML, 3). An empty alias counts as none.
+// "xml" is bound to its namespace, and nothing else is; a prefix can not be taken away (Namespaces in XML 1.0,
+// 3 and 6.1). An empty alias counts as none.
 void WriterChecks::RequireAlias(std::string const& alias, std::string const& ns) const {
     if (alias.empty())
         return;
     RequireNamespace(ns, alias);
-    if (!IsName(alias) || alias == "xmlns" || (alias == "xml") != (ns == kXmlNamespace))
+    if (ns.empty() || !IsName(alias) || alias == "xmlns" || (alias == "xml") != (ns == kXmlNamespace))
         FailAlias(alias);
 }
 
@@ -100,8 +101,6 @@ void WriterChecks::RequireDefaultNamespace(std::string const& ns) const {
 void WriterChecks::RequireDeclaration(std::string const& alias, std::string const& ns) const {
     if (alias.empty())
         RequireDefaultNamespace(ns);
-    else if (ns.empty())
-        FailAlias(alias);
     else
         RequireAlias(alias, ns);
 }
@@ -156,9 +155,10 @@ void WriterChecks::AddAttribute(std::string const& name, std::string const& ns, 
         FailTwinAttribute(name);
 }
 
-void WriterChecks::RequireTypeName(std::string const& name) const {
+void WriterChecks::RequireType(std::string const& ns, std::string const& name) const {
     if (!IsName(name))
         FailElementNameOfXml(name);
+    RequireNamespace(ns, name);
 }
 
 void WriterChecks::RequireValue(std::string const& text) const {

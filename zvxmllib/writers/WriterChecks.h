@@ -38,7 +38,7 @@ public:
     void StartElement(std::string const& name, std::string const& ns);
     void EndElement();
     void AddAttribute(std::string const& name, std::string const& ns, std::string const& value);
-    void RequireTypeName(std::string const& name) const;
+    void RequireType(std::string const& ns, std::string const& name) const;
     // Of the innermost element.
     void RequireValue(std::string const& text) const;
     // Whether that takes the text.

@@ -1,6 +1,8 @@
 #include "zvxmllib/xml/ExactXmlWriter.h"
 
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/values/binary/Encoder.h"
+#include "zvxmllib/writers/Failures.h"
 
 namespace ZvXmlLib16 {
 
@@ -24,6 +26,8 @@ void CExactXmlWriter::SetDefaultNamespace(std::string const& ns) {
 }
 
 void CExactXmlWriter::AddNamespaceAlias(std::string const& alias, std::string const& ns) {
+    if (m_pContext != nullptr && !m_inForce.IsNew(alias, ns))
+        return;
     CXmlTextWriter::AddNamespaceAlias(alias, ns);
     if (m_pContext != nullptr) {
         RequireOpenStartTag();
@@ -47,8 +51,11 @@ void CExactXmlWriter::WriteComment(std::string const& text) {
 }
 
 void CExactXmlWriter::WriteProcessingInstruction(std::string const& text) {
+    if (m_pContext == nullptr)
+        return CXmlTextWriter::WriteProcessingInstruction(text);
     CloseOpenStartTag();
-    CXmlTextWriter::WriteProcessingInstruction(text);
+    WriteRawLine(text); // line ends would be text of the element
+    FlushIfLarge();
 }
 
 void CExactXmlWriter::DeclareOnNextElement(std::string const& alias, std::string const& ns) {
@@ -94,6 +101,13 @@ bool CExactXmlWriter::TryWriteTextElement(std::string const& name, std::string c
     return CXmlTextWriter::TryWriteTextElement(name, ns, text);
 }
 
+// A name without a prefix is one of the default namespace.
+void CExactXmlWriter::WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) {
+    if (ns.empty() && m_pContext != nullptr && !m_pContext->GetDefaultNamespace().empty())
+        FailAliasOfTwo({}, m_pContext->GetDefaultNamespace(), ns);
+    CXmlTextWriter::WriteTypeAttribute(ns, typeName, type);
+}
+
 void CExactXmlWriter::BeginMixedContent() {
     if (!m_formatted)
         return;
@@ -104,6 +118,10 @@ void CExactXmlWriter::BeginMixedContent() {
 std::string CExactXmlWriter::GetEncodingName() const {
     return m_sink->GetEncoding() == XmlEncoding_None ? GetLocalEncodingName()
                                                      : CXmlTextWriter::GetEncodingName();
+}
+
+bool CExactXmlWriter::IsKnownUndeclared(std::string const& ns) const {
+    return ns == kXmlNamespace;
 }
 
 void CExactXmlWriter::AppendDeclaration(std::string_view alias, std::string const& ns) {

@@ -32,9 +32,11 @@ public:
     void WriteElementEnd() override;
     bool TryWriteTextElement(std::string const& name, std::string const& ns,
                              std::string const& text) override;
+    void WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) override;
 
 protected:
     void AppendDeclaration(std::string_view alias, std::string const& ns) override;
+    bool IsKnownUndeclared(std::string const& ns) const override;
     void AppendText(std::string const& text) override;
     std::string GetEncodingName() const override;
 

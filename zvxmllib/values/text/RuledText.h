@@ -1,6 +1,7 @@
 // A text after its whitespace rule, not copied if the rule changes nothing; and a text followed by a NUL.
 #pragma once
 
+#include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/values/text/Whitespace.h"
 
 #include <algorithm>
@@ -11,6 +12,15 @@ namespace ZvXmlLib16::detail {
 
 inline bool IsKnownRule(CWhitespaceUtils::WhitespaceRule rule) noexcept {
     return rule >= CWhitespaceUtils::WhitespaceRule_None && rule <= CWhitespaceUtils::WhitespaceRule_Collapse;
+}
+
+// The rule for a value of this type in a strict context: all but texts are collapsed, and what is preserved
+// keeps its carriage returns.
+constexpr CWhitespaceUtils::WhitespaceRule StrictRule(CWhitespaceUtils::WhitespaceRule rule,
+                                                      ItemType type) noexcept {
+    if (type != ItemType_string && type != ItemType_char)
+        return CWhitespaceUtils::WhitespaceRule_Collapse;
+    return rule == CWhitespaceUtils::WhitespaceRule_Preserve ? CWhitespaceUtils::WhitespaceRule_None : rule;
 }
 
 // Borrows the given text where it can, so that text must outlive it.

@@ -1,0 +1,100 @@
+// Real documents in a strict context, from format to format and back, compared by other parsers: those of the
+// examples, or those in the folder that the environment variable ZVXMLLIB_DOCUMENTS names.
+#include "tests/strict/Twice.h"
+#include "tests/support/Infoset.h"
+#include "zvxmllib/collections/Element.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+using namespace entries;
+
+namespace {
+
+// Until untyped elements keep the places of their texts.
+constexpr TextPlaces kKept = TextPlaces::Behind;
+
+std::vector<std::filesystem::path> Documents() {
+    char const* const given = std::getenv("ZVXMLLIB_DOCUMENTS");
+    std::vector<std::filesystem::path> documents;
+    for (auto const& entry :
+         std::filesystem::directory_iterator(given == nullptr ? ZV_EXAMPLE_DATA_DIR : given)) {
+        if (entry.is_regular_file() && entry.path().extension() != ".md")
+            documents.push_back(entry.path());
+    }
+    std::sort(documents.begin(), documents.end());
+    return documents;
+}
+
+std::string ReadAll(std::filesystem::path const& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// Whether names that come again stand beside each other, and no text stands ahead of a child.
+bool HasPlaceInJson(Infoset const& element) {
+    std::set<std::string> names;
+    for (std::size_t i = 0; i < element.children.size(); ++i) {
+        std::string const& name = element.children[i].name;
+        bool const isRun = i != 0 && element.children[i - 1].name == name;
+        if ((!names.insert(name).second && !isRun) || !infoset_detail::IsBlank(element.texts[i]) ||
+            !HasPlaceInJson(element.children[i]))
+            return false;
+    }
+    return true;
+}
+
+void ExpectSame(std::optional<Infoset> const& written, Infoset const& before, TextPlaces places) {
+    ASSERT_TRUE(written.has_value());
+    EXPECT_TRUE(Print(*written, places) == Print(before, places));
+    EXPECT_TRUE(KeepsPrefixes(before, *written));
+}
+
+using Reading = std::function<void(CXmlObjectBase& element, CSerializationContext const& ctx)>;
+
+std::string XmlOf(Reading const& read) {
+    CSmartPtr<CElement> const element(new CElement(""));
+    read(*element, Strict());
+    return element->ToXml(false, false, EOLType_LF, Strict());
+}
+
+TEST(StrictDocuments, StayTheSameInEveryFormat) {
+    int inJson = 0;
+    for (std::filesystem::path const& path : Documents()) {
+        SCOPED_TRACE(path);
+        std::optional<Infoset> const before = InfosetOfXml(ReadAll(path));
+        ASSERT_TRUE(before.has_value());
+        CSmartPtr<CElement> const element(new CElement(""));
+        element->FromXmlFile(path.c_str(), Strict());
+        ExpectSame(InfosetOfXml(element->ToXml(true, false, EOLType_LF, Strict())), *before, kKept);
+        ExpectSame(InfosetOfXml(element->ToXml(true, true, EOLType_LF, Strict())), *before,
+                   TextPlaces::Unformed);
+        for (CompressionType const compression :
+             {CompressionType_None, CompressionType_GZip, CompressionType_ZLib}) {
+            for (CBinaryData const& octets :
+                 {element->ToXmlStream(true, false, XmlEncoding_UTF16, EOLType_LF, Strict(), compression),
+                  element->ToFastInfosetStream(FInfoDecl_None, Strict(), compression)})
+                ExpectSame(
+                    InfosetOfXml(XmlOf([&](auto& again, auto& ctx) { again.FromXmlStream(octets, ctx); })),
+                    *before, kKept);
+        }
+        if (!HasPlaceInJson(*before)) {
+            EXPECT_THROW(element->ToJson(false, EOLType_LF, Strict()), CZvInvalidStateException);
+            continue;
+        }
+        ++inJson;
+        for (bool const isFormatted : {false, true}) {
+            std::string const json = element->ToJson(isFormatted, EOLType_LF, Strict());
+            ExpectSame(InfosetOfJson(json), *before, TextPlaces::Unformed);
+            ExpectSame(
+                InfosetOfXml(XmlOf([&](auto& again, auto& ctx) { again.FromJson(json.c_str(), ctx); })),
+                *before, TextPlaces::Unformed);
+        }
+    }
+    EXPECT_GT(inJson, 0);
+}
+
+} // namespace
