@@ -5,6 +5,7 @@
 # Documents    xml, plain, json, fastinfoset; inflate: compressed data; formats: one against the other
 # Values       integers, reals, binary (with boolean), dates (with duration): texts; values: printed and read;
 #              facets: a value and bounds; patterns
+# Strict       strict_writing: calls and objects, written and read elsewhere; strict_reading: documents, written again
 #
 # A run begins with fuzz/seeds/TARGET and with what earlier ones have kept in build/fuzz/corpus_TARGET. Inputs that
 # show a fault stay in build/fuzz/found.
@@ -12,6 +13,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 need_build_packages
 need_clang
+need_header nlohmann/json.hpp nlohmann-json3-dev
 install_missing_packages
 
 target=${1:?usage: fuzz.sh TARGET [SECONDS [OPTION ...]]}

@@ -1,7 +1,9 @@
 // XML text by the usual rules and by the strict ones.
 #include "tests/strict/Twice.h"
 #include "tests/support/LocalEncoding.h"
+#include "tests/support/Script.h"
 #include "tests/support/TemporaryFile.h"
+#include "tests/support/WrittenObject.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/streams/AsyncFiles.h"
 #include "zvxmllib/streams/TextStream.h"
@@ -179,6 +181,49 @@ TEST(StrictXml, RefusesCallsThatMakeNoDocument) {
                  "<a><!--x & y--><?p q?></a>"},
          })
         EXPECT_EQ(Written(row.calls), row.outcome);
+}
+
+TEST(StrictXml, KeepsWhatIsCalledInTextFormats) {
+    struct Row {
+        char const* calls;
+        std::string xml;
+        std::string json;
+    };
+    constexpr char kTwoMeanings[] = "The Namespace alias [p] stands for [u] and for [v].";
+    constexpr char kNoPrefix[] = "The Namespace alias [] stands for [u] and for [].";
+    for (Row const& row : {
+             Row{"(a % 'x')",
+                 R"(<a xmlns:AA="http://www.w3.org/2001/XMLSchema-instance" AA:nil="true">x</a>)",
+                 R"({"a": {"@xmlns:AA": "http://www.w3.org/2001/XMLSchema-instance","@AA:nil": "true",)"
+                 R"("#text": "x"}})"},
+             Row{"(a *u (b))", "<a><b/></a>", R"({"a": {"b": {}}})"},
+             Row{"!p=u (u|a !p=v)", kTwoMeanings, kTwoMeanings},
+             Row{"!p=u (u|a !p=u)", R"(<p:a xmlns:p="u"/>)", R"({"p:a": {"@xmlns:p": "u"}})"},
+             Row{"*u (u|a ^t)", kNoPrefix, kNoPrefix},
+             Row{"!p=http://www.w3.org/XML/1998/namespace/of/another (a)",
+                 R"(<a xmlns:p="http://www.w3.org/XML/1998/namespace/of/another"/>)",
+                 R"({"a": {"@xmlns:p": "http://www.w3.org/XML/1998/namespace/of/another"}})"},
+             Row{"(a #1E400)", "<a>1E400</a>", R"({"a": "1E400"})"},
+         }) {
+        CSmartPtr<WrittenObject> const object(new WrittenObject(Script(row.calls)));
+        auto const outcome = [](std::function<std::string()> const& write) {
+            try {
+                return write();
+            } catch (CZvException const& failure) {
+                return failure.GetMessage();
+            }
+        };
+        EXPECT_EQ(outcome([&] { return object->ToXml(false, false, EOLType_LF, Strict()); }), row.xml)
+            << row.calls;
+        EXPECT_EQ(outcome([&] { return object->ToJson(false, EOLType_LF, Strict()); }), row.json)
+            << row.calls;
+    }
+    auto const declared = [](CXmlTextWriter& writer) {
+        for (char const* const ns : {"u", "v"})
+            writer.DeclareOnNextElement("p", ns);
+        writer.WriteElementStart("a", "");
+    };
+    EXPECT_EQ(Written(declared), kTwoMeanings);
 }
 
 TEST(StrictXml, NamesTheEncodingOfLocalText) {
