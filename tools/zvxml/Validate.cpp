@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "Errors.h"
 #include "Input.h"
+#include "Messages.h"
 #include "Progress.h"
 #include "SchemaOptions.h"
 
@@ -47,15 +48,6 @@ std::vector<Option<ValidateOptions>> const& ValidateOptionTable() {
     return table;
 }
 
-void PrintFailure(std::string const& file, std::uint64_t line, std::uint64_t column, std::string message) {
-    for (std::size_t end = 0; (end = message.find('\n')) != std::string::npos;)
-        message.replace(end, 1, " ");
-    std::string text = file + ":";
-    if (line != 0)
-        text += std::to_string(line) + ":" + std::to_string(column) + ":";
-    std::fprintf(stderr, "%s %s\n", text.c_str(), message.c_str());
-}
-
 // The message behind its path.
 std::string TextOf(std::string const& path, std::string message) {
     std::string const tail = "\nPath: " + path;
@@ -90,13 +82,14 @@ bool ValidateFile(std::string const& file, grammar::Grammar const& grammar, Vali
         std::printf("%s: valid\n", name.c_str());
         return true;
     } catch (FileError const& e) {
-        PrintFailure(name, 0, 0, std::string(e.what()).substr(name.size() + 2));
+        TellError(e.what());
     } catch (CZvException const& e) {
         if (!keepsPositions)
             return ValidateFile(file, grammar, options, progress, true);
         auto const print = [&](std::string const& path, std::uint64_t line, std::uint64_t column,
                                std::string const& message) {
-            PrintFailure(name, hasPositions ? line : 0, column, TextOf(path, message));
+            Place const place = hasPositions ? Place{line, column} : Place{};
+            TellError(PlaceText(name, place) + TextOf(path, message));
         };
         if (ctx.GetFailures().empty())
             print(e.GetPath(), e.GetLine(), e.GetColumn(), e.GetFullMessage());
@@ -114,7 +107,7 @@ std::string ValidateHelp() {
            "Nothing is fetched from a network.\n\n" +
            OptionsHelp(ValidateOptionTable()) +
            "\nFor each document there is a line \"FILE: valid\", or on standard error a line with\n"
-           "its first failure, with path, line and column.\n"
+           "its first failure, \"zvxml: FILE:LINE:COLUMN: PATH: what\".\n"
            "Exit status: 0 if all are valid, 1 if one is not or cannot be read, 2 for a command\n"
            "line that makes no sense, 3 for a schema that cannot be used.\n";
 }

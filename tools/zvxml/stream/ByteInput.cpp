@@ -68,6 +68,10 @@ void ByteInput::Fail(std::string const& message) const {
     throw FileError(m_name, message);
 }
 
+void ByteInput::FinishProgress() noexcept {
+    m_progress.Finish();
+}
+
 void ByteInput::Open(std::string const& file) {
     bool const isStandard = file == kStandardStream;
     std::error_code unknown;

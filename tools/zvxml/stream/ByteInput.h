@@ -36,6 +36,8 @@ public:
     // The first bytes of the content, at most 4096; the place does not change.
     std::string const& GetStart() const noexcept { return m_start; }
     void Rewind();
+    // Ahead of messages.
+    void FinishProgress() noexcept;
     // The next piece, empty at the end; valid until the next call.
     std::string_view Read();
 

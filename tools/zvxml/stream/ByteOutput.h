@@ -33,6 +33,8 @@ public:
         m_room[m_used++] = c;
     }
     void Append(std::string_view text) {
+        if (text.empty())
+            return;
         if (text.size() > kRoom - m_used)
             return AppendLarge(text);
         std::memcpy(m_room.get() + m_used, text.data(), text.size());

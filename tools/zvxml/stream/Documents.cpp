@@ -112,6 +112,7 @@ void ConvertStream(ByteInput& input, std::string const& output, StreamOptions co
                 source->Read(*MakeJsonShape(shape, options.json.mode, *source, losses));
             Write(*source, output, options, Indent::kNone, shape, losses);
         }
+        input.FinishProgress();
         losses.Tell(input.GetName());
     });
 }

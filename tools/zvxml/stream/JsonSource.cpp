@@ -4,8 +4,8 @@
 #include "JsonReader.h"
 #include "TagBuilder.h"
 
-#include "zvxmllib/writers/XmlNames.h"
 #include "zvxmllib/foundation/XmlNamespaces.h"
+#include "zvxmllib/writers/XmlNames.h"
 
 #include <deque>
 #include <optional>
