@@ -23,3 +23,6 @@ build/release/benchmarks/bench_values
 build/release/benchmarks/bench_patterns
 build/release/benchmarks/bench_fi_writing
 build/release/benchmarks/bench_json_reading
+if command -v xmllint >/dev/null && [ -x /usr/bin/time ]; then
+    scripts/bench_tool.sh
+fi
