@@ -1,11 +1,12 @@
 # zvxmllib_generate(TARGET t SCHEMAS file... [NAME stem] [NAMESPACES uri=a::b ...] [LOCATIONS from=file ...]
-#     [PARTS n] [OPTIONS option...] [OUT_DIR dir])
+#     [EXTERNS uri=header ...] [PARTS n] [OPTIONS option...] [OUT_DIR dir])
 #
 # Compiles XML schemas to C++ classes and adds them to the target, whose include path then has STEM.h. They are made
 # anew when one of the schemas changes, also one that is included. The program is zvxmllib::zvxml-gen, or, when
-# cross-compiling, the file that ZVXMLLIB_GEN_EXECUTABLE names.
+# cross-compiling, the file that ZVXMLLIB_GEN_EXECUTABLE names. EXTERNS names headers that another target generates;
+# link the target with that one.
 function(zvxmllib_generate)
-    cmake_parse_arguments(PARSE_ARGV 0 arg "" "TARGET;NAME;PARTS;OUT_DIR" "SCHEMAS;NAMESPACES;LOCATIONS;OPTIONS")
+    cmake_parse_arguments(PARSE_ARGV 0 arg "" "TARGET;NAME;PARTS;OUT_DIR" "SCHEMAS;NAMESPACES;LOCATIONS;EXTERNS;OPTIONS")
     if(NOT arg_TARGET OR NOT arg_SCHEMAS OR arg_UNPARSED_ARGUMENTS)
         message(FATAL_ERROR "zvxmllib_generate takes TARGET and SCHEMAS; not understood: ${arg_UNPARSED_ARGUMENTS}")
     endif()
@@ -35,6 +36,9 @@ function(zvxmllib_generate)
     set(options ${arg_OPTIONS})
     foreach(namespace IN LISTS arg_NAMESPACES)
         list(APPEND options --namespace "${namespace}")
+    endforeach()
+    foreach(extern IN LISTS arg_EXTERNS)
+        list(APPEND options --extern "${extern}")
     endforeach()
     foreach(location IN LISTS arg_LOCATIONS)
         string(FIND "${location}" "=" at REVERSE)

@@ -8,6 +8,7 @@
 #include "zvxmllib/foundation/SimpleTypes.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <iterator>
 #include <map>
 #include <set>
@@ -40,8 +41,15 @@ char const* NameOf(ItemType type) {
 
 class Emitter {
 public:
-    Emitter(Schema const& schema, Mapping const& mapping, std::string const& stem, unsigned parts)
-        : m_schema(schema), m_mapping(mapping), m_stem(stem), m_parts(parts) {}
+    Emitter(Schema const& schema, Mapping const& mapping, std::string const& stem, unsigned parts,
+            std::vector<ExternSet> const& externs)
+        : m_schema(schema), m_mapping(mapping), m_stem(stem), m_parts(parts), m_externs(externs) {
+        auto const isOwn = [](auto const& plan) { return !plan.isForeign; };
+        std::copy_if(mapping.GetClasses().begin(), mapping.GetClasses().end(), std::back_inserter(m_classes),
+                     isOwn);
+        std::copy_if(mapping.GetEnums().begin(), mapping.GetEnums().end(), std::back_inserter(m_enums),
+                     isOwn);
+    }
 
     std::vector<EmittedFile> Emit() const {
         std::vector<EmittedFile> files;
@@ -120,15 +128,13 @@ private:
 
     std::string ForwardHeader() const {
         std::string text = Title() + "#pragma once\n\n";
-        text += InNamespaces(m_mapping.GetEnums(),
-                             [](EnumPlan const& plan) { return "enum class " + plan.name + ";\n"; });
-        text += InNamespaces(m_mapping.GetClasses(),
-                             [](ClassPlan const& plan) { return "class " + plan.name + ";\n"; });
+        text += InNamespaces(m_enums, [](EnumPlan const& plan) { return "enum class " + plan.name + ";\n"; });
+        text += InNamespaces(m_classes, [](ClassPlan const& plan) { return "class " + plan.name + ";\n"; });
         return text;
     }
 
     std::string Header() const {
-        std::string text = Title() + "#pragma once\n\n#include \"" + m_stem + "-fwd.h\"\n\n" +
+        std::string text = Title() + "#pragma once\n\n#include \"" + m_stem + "-fwd.h\"\n\n" + Includes() +
                            "#include <zvxmllib/ZvXmlLib.h>\n#include <zvxmllib/generated/Generated.h>\n\n" +
                            "#include <cstddef>\n#include <cstdint>\n#include <string>\n\n";
         std::set<std::string> named;
@@ -138,19 +144,43 @@ private:
                     text += OpenNamespace(item.ns) + kAliases + CloseNamespace(item.ns) + "\n";
             }
         };
-        nameIn(m_mapping.GetEnums());
-        nameIn(m_mapping.GetClasses());
+        nameIn(m_enums);
+        nameIn(m_classes);
         nameIn(m_mapping.GetDocuments());
         text += OpenNamespace(Home()) +
                 "\n// What the objects are bound to.\n::ZvXmlLib16::generated::BoundSchema const& " +
-                Identifier(m_stem) + "Schema();\n\n" + CloseNamespace(Home()) + "\n";
-        text += InNamespaces(m_mapping.GetEnums(), [this](EnumPlan const& plan) { return Enum(plan); });
-        text += InNamespaces(m_mapping.GetClasses(), [this](ClassPlan const& plan) { return Class(plan); });
-        text += InNamespaces(m_mapping.GetClasses(),
-                             [this](ClassPlan const& plan) { return InlineMembers(plan); });
+                Identifier(m_stem) + "Schema();\n\n" + RowsConstant() + CloseNamespace(Home()) + "\n";
+        text += InNamespaces(m_enums, [this](EnumPlan const& plan) { return Enum(plan); });
+        text += InNamespaces(m_classes, [this](ClassPlan const& plan) { return Class(plan); });
+        text += InNamespaces(m_classes, [this](ClassPlan const& plan) { return InlineMembers(plan); });
         text += InNamespaces(m_mapping.GetDocuments(),
                              [this](DocumentPlan const& plan) { return Functions(plan); });
         return text;
+    }
+
+    std::string Includes() const {
+        std::string text;
+        for (ExternSet const& set : m_externs)
+            text += "#include \"" + set.header + "\"\n";
+        return text.empty() ? text : text + "\n";
+    }
+    static std::string Hex(std::uint32_t number) {
+        char text[16];
+        std::snprintf(text, sizeof text, "0x%08XU", static_cast<unsigned>(number));
+        return text;
+    }
+    // Sets that share classes have the same rows for them; the compiler sees to it.
+    std::string RowsConstant() const {
+        std::string text = "// Tells rows apart, for sets that build on these.\nconstexpr std::uint32_t " +
+                           Identifier(m_stem) + "Rows = " + Hex(m_schema.HashRows(m_schema.CountAll())) +
+                           ";\n";
+        for (std::size_t i = 0; i < m_externs.size(); ++i)
+            text +=
+                "static_assert(::" + m_externs[i].ns + "::" + Identifier(m_externs[i].stem) +
+                "Rows == " + Hex(m_schema.HashRows(m_schema.before[i])) + ",\n    " +
+                Literal(m_externs[i].header + " was generated from another schema, or with other options") +
+                ");\n";
+        return text + "\n";
     }
 
     std::string Enum(EnumPlan const& plan) const {
@@ -341,9 +371,8 @@ private:
         std::string text = Title() + "#include \"" + m_stem + ".h\"\n\n";
         if (part == 0)
             text += SchemaSource();
-        text += Spread(m_mapping.GetEnums(), part, [this](EnumPlan const& plan) { return EnumSource(plan); });
-        text += Spread(m_mapping.GetClasses(), part,
-                       [this](ClassPlan const& plan) { return ConstructorSource(plan); });
+        text += Spread(m_enums, part, [this](EnumPlan const& plan) { return EnumSource(plan); });
+        text += Spread(m_classes, part, [this](ClassPlan const& plan) { return ConstructorSource(plan); });
         return text;
     }
     // A name goes to the same part whatever else there is.
@@ -399,22 +428,34 @@ private:
         return text + OpenNamespace(Home()) + "\n::ZvXmlLib16::generated::BoundSchema const& " +
                Identifier(m_stem) +
                "Schema() {\n    static ::ZvXmlLib16::generated::BoundSchema const schema(kRows, "
-               "&MakeObject);\n"
+               "&MakeObject" +
+               Base() +
+               ");\n"
                "    return schema;\n}\n\n" +
                CloseNamespace(Home()) + "\n";
+    }
+
+    // The schema that this one builds on, as an argument.
+    std::string Base() const {
+        return m_externs.empty()
+                   ? std::string()
+                   : ", &::" + m_externs.back().ns + "::" + Identifier(m_externs.back().stem) + "Schema()";
     }
 
     Schema const& m_schema;
     Mapping const& m_mapping;
     std::string m_stem;
     unsigned m_parts;
+    std::vector<ExternSet> const& m_externs;
+    std::vector<ClassPlan> m_classes; // without those of other sets
+    std::vector<EnumPlan> m_enums;
 };
 
 } // namespace
 
 std::vector<EmittedFile> Emit(Schema const& schema, Mapping const& mapping, std::string const& stem,
-                              unsigned parts) {
-    return Emitter(schema, mapping, stem, parts).Emit();
+                              unsigned parts, std::vector<ExternSet> const& externs) {
+    return Emitter(schema, mapping, stem, parts, externs).Emit();
 }
 
 std::vector<std::string> OutputNames(std::string const& stem, unsigned parts) {

@@ -14,10 +14,17 @@ struct EmittedFile {
     std::string text;
 };
 
+// A set generated before.
+struct ExternSet {
+    std::string header; // as #include takes it
+    std::string stem;
+    std::string ns; // its home, in C++
+};
+
 // STEM.h, STEM-fwd.h, STEM-1.cpp ... STEM-PARTS.cpp. The same bytes for the same schema and options
-// everywhere.
+// everywhere. `externs` are those of Schema::before, in the same order.
 std::vector<EmittedFile> Emit(Schema const& schema, Mapping const& mapping, std::string const& stem,
-                              unsigned parts);
+                              unsigned parts, std::vector<ExternSet> const& externs = {});
 
 // Their names, without making them.
 std::vector<std::string> OutputNames(std::string const& stem, unsigned parts);

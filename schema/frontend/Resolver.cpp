@@ -27,7 +27,24 @@ Resolver::Resolver(SchemaSet const& set, Schema& schema, Diagnostics& diagnostic
     : m_set(set), m_schema(schema), m_diagnostics(diagnostics) {}
 
 void Resolver::ResolveAll() {
-    for (auto const& [space, definition] : m_set.GetGlobals()) {
+    std::size_t first = 0;
+    for (std::size_t const end : m_set.GetGroupEnds()) {
+        ResolveGlobals(first, end);
+        first = end;
+        m_schema.before.push_back({static_cast<std::uint32_t>(m_schema.simpleTypes.size()),
+                                   static_cast<std::uint32_t>(m_schema.complexTypes.size()),
+                                   static_cast<std::uint32_t>(m_schema.elements.size())});
+    }
+    ResolveGlobals(first, m_set.GetGlobals().size());
+    ResolveConstraints();
+    AddGlobalAttributes();
+    LinkKeyReferences();
+}
+
+// Those, with what they need.
+void Resolver::ResolveGlobals(std::size_t first, std::size_t end) {
+    for (std::size_t i = first; i < end; ++i) {
+        auto const& [space, definition] = m_set.GetGlobals()[i];
         if (!m_set.IsCurrent(space, *definition))
             continue;
         std::string const name = definition->node->Get("name");
@@ -42,9 +59,6 @@ void Resolver::ResolveAll() {
     // Completing a type adds others behind it.
     for (std::uint32_t type = 0; type < m_complexTypes.size(); ++type)
         Complete(type);
-    ResolveConstraints();
-    AddGlobalAttributes();
-    LinkKeyReferences();
 }
 
 void Resolver::Error(Place const& place, std::string text) {

@@ -25,6 +25,7 @@ public:
     void ResolveAll();
 
 private:
+    void ResolveGlobals(std::size_t first, std::size_t end);
     // A node in its document.
     struct Place {
         SchemaDocument const* document;

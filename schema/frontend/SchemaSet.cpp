@@ -53,6 +53,18 @@ void SchemaSet::Add(std::string const& file) {
     AddDocument(file, ns, false, {file});
 }
 
+void SchemaSet::AddBefore(std::vector<std::string> const& files) {
+    for (std::string const& file : files) {
+        Loaded const* const loaded = Load(file, true);
+        if (loaded == nullptr || loaded->root == nullptr)
+            continue;
+        std::string const ns = loaded->root->Get("targetNamespace");
+        AddRoot(ns, file);
+        AddDocument(file, ns, false, {file});
+    }
+    m_groupEnds.push_back(m_globals.size());
+}
+
 void SchemaSet::Close() {
     auto const isXml = [](Root const& root) { return root.ns == kXmlNamespace; };
     if (m_needsXmlSchema && std::none_of(m_roots.begin(), m_roots.end(), isXml))

@@ -67,6 +67,8 @@ public:
 
     // A schema of the user, with all that it includes, imports and redefines. Tells what cannot be read.
     void Add(std::string const& file);
+    // Ahead of these: schemas whose components come first, in a group of their own.
+    void AddBefore(std::vector<std::string> const& files);
     // Behind the last: adds what is built in where no document has it.
     void Close();
 
@@ -77,6 +79,8 @@ public:
     Definition const* Find(Space space, QName const& name) const;
     // Of all documents, in the order of the source.
     std::vector<std::pair<Space, Definition const*>> const& GetGlobals() const noexcept { return m_globals; }
+    // How many of them each group of AddBefore ends behind.
+    std::vector<std::size_t> const& GetGroupEnds() const noexcept { return m_groupEnds; }
     bool IsCurrent(Space space, Definition const& definition) const;
     // What a QName in an attribute of the document means.
     QName Resolve(SchemaDocument const& document, OutlineNode const& node, std::string_view text) const;
@@ -124,6 +128,7 @@ private:
     std::map<std::pair<Space, QName>, Definition const*> m_current;
     std::vector<std::unique_ptr<Definition>> m_definitions;
     std::vector<std::pair<Space, Definition const*>> m_globals;
+    std::vector<std::size_t> m_groupEnds;
     std::vector<Root> m_roots;
     std::vector<std::string> m_targetNamespaces;
     bool m_needsXmlSchema = false;

@@ -88,20 +88,36 @@ Mapping::Mapping(Schema const& schema, std::map<std::string, std::string> namesp
       m_orders(m_grammar), m_namespaces(std::move(namespaces)), m_stem(std::move(stem)) {
     m_home = NamespaceFor(schema.targetNamespaces.front());
     ScopeOf(m_home).Reserve(Identifier(m_stem) + "Schema"); // a function
+    ScopeOf(m_home).Reserve(Identifier(m_stem) + "Rows");   // a constant
+    if (!m_schema.before.empty())
+        AddAll(true);
+    AddAll(false);
+    AddDocuments();
+    SortClasses();
+}
+
+// All classes of the sets generated before, or all others. The first get the names that they got then.
+void Mapping::AddAll(bool isForeign) {
+    m_isForeign = isForeign;
+    auto const first = static_cast<std::uint32_t>(m_classes.size());
     AddNamedTypes();
     AddElementClasses();
-    for (std::uint32_t i = 0; i < m_classes.size(); ++i)
+    for (std::uint32_t i = first; i < m_classes.size(); ++i)
         AddAnonymousClasses(i);
-    for (std::uint32_t i = 0; i < m_classes.size(); ++i) {
+    for (std::uint32_t i = first; i < m_classes.size(); ++i) {
         TypeId const base = m_schema.complexTypes[ComplexTypeRowOf(m_classes[i].type)].base;
         m_classes[i].base = ClassOf(base);
     }
     m_propertyNames.resize(m_classes.size());
     m_hasProperties.resize(m_classes.size(), false);
-    for (std::uint32_t i = 0; i < m_classes.size(); ++i)
+    for (std::uint32_t i = first; i < m_classes.size(); ++i)
         AddProperties(i);
-    AddDocuments();
-    SortClasses();
+}
+
+bool Mapping::IsForeign(TypeId type) const {
+    RowCounts const counts = m_schema.CountForeign();
+    return IsComplex(type) ? type != kAnyType && ComplexTypeRowOf(type) < counts.complexTypes
+                           : static_cast<std::uint32_t>(type) < kBuiltInCount + counts.simpleTypes;
 }
 
 std::string const& Mapping::NamespaceFor(std::string const& uri) {
@@ -129,6 +145,7 @@ std::uint32_t Mapping::AddClass(TypeId type, std::string const& ns, std::string 
     plan.type = type;
     plan.base = kNone;
     plan.declaration = kNone;
+    plan.isForeign = m_isForeign;
     plan.isAbstract = m_schema.complexTypes[ComplexTypeRowOf(type)].isAbstract;
     plan.source = &m_schema.complexTypeSources[ComplexTypeRowOf(type)];
     TellRenamed(plan.source, "class " + path, "the class of [" + xmlName + "]", wanted, plan.name);
@@ -143,6 +160,8 @@ std::uint32_t Mapping::AddClass(TypeId type, std::string const& ns, std::string 
 
 void Mapping::AddNamedTypes() {
     for (TypeId const type : m_schema.globalTypes) {
+        if (IsForeign(type) != m_isForeign)
+            continue;
         if (!IsComplex(type)) {
             ValueOf(static_cast<std::uint32_t>(type), {}, {}, {}); // an enumeration takes its name now
             continue;
@@ -155,7 +174,8 @@ void Mapping::AddNamedTypes() {
 void Mapping::AddElementClasses() {
     for (std::uint32_t const element : m_schema.globalElements) {
         ElementRow const& row = m_schema.elements[element];
-        if (!IsComplex(row.type) || row.type == kAnyType)
+        bool const isForeign = element < m_schema.CountForeign().elements;
+        if (!IsComplex(row.type) || row.type == kAnyType || isForeign != m_isForeign)
             continue;
         std::uint32_t index = ClassOf(row.type);
         if (index == kNone) {
@@ -345,6 +365,7 @@ std::uint32_t Mapping::EnumOf(std::uint32_t row, std::string const& ns, std::str
     bool const isNamed = *type.name != '\0';
     plan.ns = isNamed || ns.empty() ? NamespaceFor(type.ns) : ns;
     plan.xmlName = type.name;
+    plan.isForeign = m_isForeign;
     std::string const name = EnumeratorName(isNamed ? type.name : owner); // no class: it has no prefix
     std::string const path = isNamed ? "type " + StepOf(type) : ownerPath;
     NameScope& scope = ScopeOf(plan.ns);
@@ -422,7 +443,7 @@ bool Mapping::IsDocument(std::uint32_t element) const {
 void Mapping::AddDocuments() {
     for (std::uint32_t const element : m_schema.globalElements) {
         ElementRow const& row = m_schema.elements[element];
-        if (row.isAbstract || !IsDocument(element))
+        if (row.isAbstract || !IsDocument(element) || element < m_schema.CountForeign().elements)
             continue;
         DocumentPlan plan;
         plan.ns = NamespaceFor(row.ns);

@@ -21,7 +21,8 @@ namespace ZvXmlLib16::schema {
 struct EnumPlan {
     std::string ns; // of C++
     std::string name;
-    std::string xmlName; // empty for an anonymous type
+    std::string xmlName;    // empty for an anonymous type
+    bool isForeign = false; // of a set generated before
     std::vector<std::string> texts;
     std::vector<std::string> enumerators;
     std::vector<Source const*> sources; // of the texts
@@ -59,6 +60,7 @@ struct ClassPlan {
     std::uint32_t base = grammar::kNone;        // index in `classes`
     std::uint32_t declaration = grammar::kNone; // of the element that a new object is
     bool isAbstract = false;
+    bool isForeign = false;               // of a set generated before
     std::vector<PropertyPlan> properties; // without those of the base
     Source const* source = nullptr;
     std::size_t owner = 0; // the classes that stand ahead of it
@@ -91,6 +93,8 @@ public:
     std::vector<DocumentPlan> const& GetDocuments() const noexcept { return m_documents; }
     // The namespace in which the schema itself stands.
     std::string const& GetHomeNamespace() const noexcept { return m_home; }
+    // That of C++ for the namespace of a schema.
+    std::string const& NamespaceFor(std::string const& uri);
 
     // The whole as text, for people and tests.
     std::string Dump() const;
@@ -98,8 +102,9 @@ public:
 private:
     struct ClassNames;
 
-    std::string const& NamespaceFor(std::string const& uri);
+    void AddAll(bool isForeign);
     NameScope& ScopeOf(std::string const& ns) { return m_scopes[ns]; }
+    bool IsForeign(grammar::TypeId type) const;
     void AddNamedTypes();
     void AddElementClasses();
     std::uint32_t AddClass(grammar::TypeId type, std::string const& ns, std::string const& name,
@@ -132,6 +137,7 @@ private:
     std::map<std::string, std::string> m_namespaces;
     std::string m_stem;
     std::string m_home;
+    bool m_isForeign = false; // what is added now
     std::map<std::string, NameScope> m_scopes;
     std::vector<ClassPlan> m_classes;
     std::vector<std::string> m_classPaths; // for the table of names, until the classes are sorted

@@ -88,6 +88,16 @@ public:
         documents.push_back(row);
         AddElement(row);
     }
+    // Rows of other sets keep their numbers.
+    void AddForeign() {
+        RowCounts const counts = m_schema.CountForeign();
+        for (std::uint32_t row = 0; row < counts.elements; ++row)
+            AddElement(row);
+        for (std::uint32_t row = 0; row < counts.complexTypes; ++row)
+            AddType(ComplexTypeId(row));
+        for (std::uint32_t row = 0; row < counts.simpleTypes; ++row)
+            AddSimpleType(kBuiltInCount + row);
+    }
     void AddWhatTheyNeed() {
         AddAttributes(m_schema.globalAttributes);
         do {
@@ -372,6 +382,7 @@ std::string KeepOnly(Schema& schema, std::vector<std::string> const& names) {
         if (!isFound)
             return wanted;
     }
+    selection.AddForeign();
     selection.AddWhatTheyNeed();
     selection.DropTheOthers();
     return {};

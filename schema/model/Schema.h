@@ -26,6 +26,13 @@ struct GroupSource {
     std::string ns;
 };
 
+// How many rows of each kind.
+struct RowCounts {
+    std::uint32_t simpleTypes = 0;
+    std::uint32_t complexTypes = 0;
+    std::uint32_t elements = 0;
+};
+
 // The rows of a grammar with what the schema tools need beyond them: vectors of the same length as the rows.
 // Owns the texts. Rows stand in the order in which they were resolved; GlobalsInOrder gives that of the
 // source.
@@ -65,6 +72,17 @@ public:
     std::vector<grammar::TypeId> globalTypes;
     // Global elements that documents begin with; without a list those of `targetNamespaces`.
     std::optional<std::vector<std::uint32_t>> documentElements;
+
+    // Where the rows end that stand in sets generated before: these sets have rows of the same numbers. One
+    // for each set, each with those ahead of it.
+    std::vector<RowCounts> before;
+    RowCounts CountForeign() const { return before.empty() ? RowCounts() : before.back(); }
+    RowCounts CountAll() const {
+        return {static_cast<std::uint32_t>(simpleTypes.size()),
+                static_cast<std::uint32_t>(complexTypes.size()), static_cast<std::uint32_t>(elements.size())};
+    }
+    // Tells apart sets of rows that generated classes cannot share: the names and types of as many of them.
+    std::uint32_t HashRows(RowCounts const& counts) const;
 
 private:
     std::deque<std::string> m_kept;

@@ -46,11 +46,11 @@ TEST(KeepOnly, JudgesDocumentsOfThePartAsTheWholeDoes) {
     EXPECT_EQ(schema::Mapping(*kept, {}, "s", names, diagnostics).Dump(), R"(enum o::Word s.xsd:11
   All = "all"
 class o::CBase s.xsd:2
-  N value n *
-  K attribute k
+  N value n i4 *
+  K attribute k text
 class o::CShape abstract s.xsd:6
 class o::CCircle : o::CShape s.xsd:7
-  R attribute r
+  R attribute r r8
 class o::CRoot s.xsd:18
   P object p CBase *
   Head object head

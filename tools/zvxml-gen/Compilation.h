@@ -18,6 +18,7 @@ struct Compilation {
     std::unique_ptr<ZvXmlLib16::schema::Schema> schema;
     ZvXmlLib16::schema::NameTable names;
     std::unique_ptr<ZvXmlLib16::schema::Mapping> mapping;
+    std::vector<ZvXmlLib16::schema::ExternSet> externs;
     std::vector<std::string> inputs; // the schemas that were read
 };
 

@@ -15,7 +15,7 @@ constexpr unsigned kMostParts = 1000;
 std::pair<std::string, std::string> SplitAtEquals(char const* option, std::string const& text) {
     std::size_t const equals = text.rfind('=');
     if (equals == std::string::npos || equals + 1 == text.size())
-        throw UsageError(std::string(option) + " takes URI=NAME, not '" + text + "'");
+        throw UsageError(std::string(option) + " takes URI=VALUE, not '" + text + "'");
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
@@ -74,6 +74,8 @@ std::vector<Option<GeneratorOptions>> const& OptionTable() {
          [](Options& o, Text const& v) { o.schema.catalogs.push_back(v); }},
         {"--only", "NAME...", "these global elements and types, with what they need",
          [](Options& o, Text const& v) { o.only.push_back(v); }},
+        {"--extern", "URI=HEADER", "a namespace that was generated before, to that header",
+         [](Options& o, Text const& v) { o.externs.push_back(SplitAtEquals("--extern", v)); }},
         {"--parts", "N", "spread the code over N source files (1)",
          [](Options& o, Text const& v) { o.parts = ParseParts(v); }},
         {"--names", "FILE", "take names from this table", [](Options& o, Text const& v) { o.namesFile = v; }},

@@ -7,6 +7,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zvxml {
@@ -17,6 +18,8 @@ struct GeneratorOptions {
     std::string name; // of the files; empty for that of the first schema
     std::map<std::string, std::string> namespaces;
     std::vector<std::string> only; // global elements and types; empty for all
+    std::vector<std::pair<std::string, std::string>>
+        externs; // a namespace, and the header it was generated to
     unsigned parts = 1;
     bool listsOutputs = false;
     bool dumpsModel = false;

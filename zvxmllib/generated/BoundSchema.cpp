@@ -9,14 +9,18 @@
 
 namespace ZvXmlLib16::generated {
 
-BoundSchema::BoundSchema(grammar::GrammarRows const& rows, ObjectMaker maker)
-    : m_grammar(rows), m_orders(m_grammar), m_maker(maker) {
+BoundSchema::BoundSchema(grammar::GrammarRows const& rows, ObjectMaker maker, BoundSchema const* base)
+    : m_grammar(rows), m_orders(m_grammar), m_maker(maker), m_base(base) {
     for (grammar::ElementRow const& row : rows.elements)
         m_isQualified = m_isQualified && *row.ns != '\0';
     SetGeneratorVersion(kLibraryMajorVersion, kLibraryMinorVersion);
 }
 
 BoundSchema::~BoundSchema() = default;
+
+bool BoundSchema::Extends(BoundSchema const& other) const noexcept {
+    return this == &other || (m_base != nullptr && m_base->Extends(other));
+}
 
 CSmartPtr<CTypedObject> BoundSchema::MakeObject(grammar::TypeId type, std::uint32_t declaration) const {
     CTypedObject* const made = m_maker == nullptr ? nullptr : m_maker(type, declaration);

@@ -29,14 +29,18 @@ enum class InputOrder { kAsWritten, kAny, kAnyWithoutNamespaces };
 // Made once for a schema; any number of threads may then use it.
 class BoundSchema {
 public:
-    // `rows` are borrowed. `maker` null makes plain objects.
-    explicit BoundSchema(grammar::GrammarRows const& rows, ObjectMaker maker = nullptr);
+    // `rows` are borrowed. `maker` null makes plain objects. `base` is a schema whose rows these begin with,
+    // so that objects of both can be put together; null for none.
+    explicit BoundSchema(grammar::GrammarRows const& rows, ObjectMaker maker = nullptr,
+                         BoundSchema const* base = nullptr);
     BoundSchema(BoundSchema const&) = delete;
     BoundSchema& operator=(BoundSchema const&) = delete;
     ~BoundSchema();
 
     grammar::Grammar const& GetGrammar() const noexcept { return m_grammar; }
     grammar::ContentOrders const& GetContentOrders() const noexcept { return m_orders; }
+    // Whether it is `other`, or begins with its rows.
+    bool Extends(BoundSchema const& other) const noexcept;
     // Whether all elements are in some namespace, so that one of these can be the default.
     bool IsQualified() const noexcept { return m_isQualified; }
     CSmartPtr<CTypedObject> MakeObject(grammar::TypeId type, std::uint32_t declaration) const;
@@ -52,6 +56,7 @@ private:
     grammar::Grammar const m_grammar;
     grammar::ContentOrders const m_orders;
     ObjectMaker const m_maker;
+    BoundSchema const* const m_base;
     bool m_isQualified = true;
 };
 

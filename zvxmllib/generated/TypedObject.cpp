@@ -122,10 +122,19 @@ void CTypedObject::PutText(std::uint32_t declaration, std::string text) {
 
 // An object of a member of the substitution group keeps its name; another one takes that of the declaration.
 void CTypedObject::AppendObject(std::uint32_t declaration, CTypedObject* object) {
+    if (object == nullptr)
+        throw CZvInvalidParamException("The element [" + std::string(Rows().elements[declaration].name) +
+                                       "] needs an object.");
+    // Where the rows of one schema begin with those of the other, both objects go by the larger one.
+    if (m_schema->Extends(*object->m_schema))
+        object->m_schema = m_schema;
+    else if (object->m_schema->Extends(*m_schema))
+        m_schema = object->m_schema;
+    else
+        throw CZvInvalidParamException("The object [" + object->GetElementName() +
+                                       "] belongs to another schema.");
     ElementRow const& row = Rows().elements[declaration];
     Grammar const& grammar = m_schema->GetGrammar();
-    if (object == nullptr)
-        throw CZvInvalidParamException("The element [" + std::string(row.name) + "] needs an object.");
     std::uint32_t const own = object->m_declaration;
     bool const isMember = own != kNone && grammar.Accept(declaration, grammar.SymbolOf(own)) == own;
     if (!isMember && !grammar.IsDerivedFrom(object->m_type, row.type, row.block))
@@ -291,6 +300,8 @@ CTypedObject& CTypedObject::AppendNew(std::uint32_t declaration) {
 void CTypedObject::NameAs(std::uint32_t element) const {
     if (m_declaration == element)
         return;
+    if (element >= Rows().elements.count)
+        throw CZvInvalidParamException("The object [" + GetElementName() + "] belongs to another schema.");
     ElementRow const& row = Rows().elements[element];
     if (!m_schema->GetGrammar().IsDerivedFrom(m_type, row.type, row.block))
         throw CZvInvalidParamException("The type [" + m_schema->GetGrammar().NameOfType(m_type) +
