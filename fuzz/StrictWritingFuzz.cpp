@@ -133,6 +133,20 @@ private:
         element.name = Expanded(ns, name);
         m_open.push_back(&Element().AddChild(std::move(element)));
     }
+    void TextElement(CXmlWriter& writer, Choices& choices) const {
+        std::string const ns = choices.TakeNamespace();
+        std::string const name = choices.TakeName();
+        std::string const text = choices.TakeText();
+        if (!writer.TryWriteTextElement(name, ns, text)) {
+            writer.WriteElementStart(name, ns);
+            writer.WriteElementValue(text, ItemType_string, false);
+            writer.WriteElementEnd();
+        }
+        Infoset element;
+        element.name = Expanded(ns, name);
+        element.AddText(text);
+        Element().AddChild(std::move(element));
+    }
     void Attribute(CXmlWriter& writer, Choices& choices) const {
         std::string const ns = choices.TakeNamespace();
         std::string const name = choices.TakeName();
@@ -147,6 +161,7 @@ private:
         case 2:
             return Start(writer, choices);
         case 3:
+            return TextElement(writer, choices);
         case 4:
             writer.WriteElementEnd();
             m_open.pop_back();

@@ -1,14 +1,8 @@
-// Real documents in a strict context, from format to format and back, compared by other parsers: those of the
-// examples, or those in the folder that the environment variable ZVXMLLIB_DOCUMENTS names.
+// Real documents in a strict context, from format to format and back, compared by other parsers.
 #include "tests/strict/Twice.h"
 #include "tests/support/Infoset.h"
+#include "tests/support/RealDocuments.h"
 #include "zvxmllib/collections/Element.h"
-
-#include <algorithm>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 using namespace entries;
 
@@ -16,23 +10,6 @@ namespace {
 
 // Until untyped elements keep the places of their texts.
 constexpr TextPlaces kKept = TextPlaces::Behind;
-
-std::vector<std::filesystem::path> Documents() {
-    char const* const given = std::getenv("ZVXMLLIB_DOCUMENTS");
-    std::vector<std::filesystem::path> documents;
-    for (auto const& entry :
-         std::filesystem::directory_iterator(given == nullptr ? ZV_EXAMPLE_DATA_DIR : given)) {
-        if (entry.is_regular_file() && entry.path().extension() != ".md")
-            documents.push_back(entry.path());
-    }
-    std::sort(documents.begin(), documents.end());
-    return documents;
-}
-
-std::string ReadAll(std::filesystem::path const& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // Whether names that come again stand beside each other, and no text stands ahead of a child.
 bool HasPlaceInJson(Infoset const& element) {
@@ -63,7 +40,7 @@ std::string XmlOf(Reading const& read) {
 
 TEST(StrictDocuments, StayTheSameInEveryFormat) {
     int inJson = 0;
-    for (std::filesystem::path const& path : Documents()) {
+    for (std::filesystem::path const& path : RealDocuments()) {
         SCOPED_TRACE(path);
         std::optional<Infoset> const before = InfosetOfXml(ReadAll(path));
         ASSERT_TRUE(before.has_value());

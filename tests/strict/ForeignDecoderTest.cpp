@@ -4,6 +4,7 @@
 
 #include "examples/purchase_order/PurchaseOrder.h"
 #include "tests/support/Bytes.h"
+#include "tests/support/RealDocuments.h"
 #include "tests/support/Script.h"
 #include "tests/support/TemporaryFile.h"
 #include "tests/support/WrittenObject.h"
@@ -14,9 +15,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace ZvXmlLib16 {
 namespace {
@@ -45,14 +43,10 @@ CSerializationContext Strict() {
 }
 
 TEST(ForeignDecoder, ReadsRealDocuments) {
-    for (auto const& entry : std::filesystem::directory_iterator(ZV_EXAMPLE_DATA_DIR)) {
-        if (entry.path().extension() == ".md")
-            continue;
-        std::ifstream stream(entry.path(), std::ios::binary);
-        std::string const xml{std::istreambuf_iterator<char>(stream), {}};
+    for (std::filesystem::path const& path : RealDocuments()) {
         CSmartPtr<CElement> const element(new CElement(""));
-        element->FromXml(xml.c_str());
-        EXPECT_EQ(DecodedElsewhere(*element, Strict()), TreeOfFile(entry.path().c_str())) << entry.path();
+        element->FromXmlFile(path.c_str(), Strict());
+        EXPECT_EQ(DecodedElsewhere(*element, Strict()), TreeOfFile(path.c_str())) << path;
     }
 }
 

@@ -1,0 +1,28 @@
+// Documents that people have written.
+#pragma once
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+// Those of the examples, or those in the folder that the environment variable ZVXMLLIB_DOCUMENTS names.
+inline std::vector<std::filesystem::path> RealDocuments() {
+    char const* const given = std::getenv("ZVXMLLIB_DOCUMENTS");
+    std::vector<std::filesystem::path> documents;
+    for (auto const& entry :
+         std::filesystem::directory_iterator(given == nullptr ? ZV_EXAMPLE_DATA_DIR : given)) {
+        if (entry.is_regular_file() && entry.path().extension() != ".md")
+            documents.push_back(entry.path());
+    }
+    std::sort(documents.begin(), documents.end());
+    return documents;
+}
+
+inline std::string ReadAll(std::filesystem::path const& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
