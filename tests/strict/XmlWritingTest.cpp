@@ -74,9 +74,9 @@ TEST(StrictXml, WritesNoMarkupThatIsNotMeant) {
 }
 
 // What the calls of a writer give, or the failure.
-std::string Written(std::function<void(CXmlTextWriter&)> const& calls) {
-    CTextStream sink(XmlEncoding_UTF8);
-    StrictWriter<CExactXmlWriter> writer(true, &sink, false);
+using Calls = std::function<void(CXmlTextWriter&)>;
+
+std::string WrittenBy(CXmlTextWriter& writer, CTextStream& sink, Calls const& calls) {
     try {
         writer.Begin(false, EOLType_LF, Strict());
         calls(writer);
@@ -85,6 +85,18 @@ std::string Written(std::function<void(CXmlTextWriter&)> const& calls) {
     } catch (CZvException const& failure) {
         return failure.GetMessage();
     }
+}
+
+std::string Written(Calls const& calls) {
+    CTextStream sink(XmlEncoding_UTF8);
+    StrictWriter<CExactXmlWriter> writer(true, &sink, false);
+    return WrittenBy(writer, sink, calls);
+}
+
+std::string WrittenUsually(Calls const& calls) {
+    CTextStream sink(XmlEncoding_UTF8);
+    CXmlTextWriter writer(&sink);
+    return WrittenBy(writer, sink, calls);
 }
 
 TEST(StrictXml, KeepsEveryElementInItsNamespace) {
@@ -130,57 +142,56 @@ TEST(StrictXml, KeepsEveryElementInItsNamespace) {
 }
 
 TEST(StrictXml, RefusesCallsThatMakeNoDocument) {
-    auto const aliased = [](char const* alias, char const* ns) {
-        return [=](CXmlTextWriter& writer) { writer.AddNamespaceAlias(alias, ns); };
+    auto const instruction = [](char const* text) {
+        return [=](CXmlTextWriter& writer) {
+            writer.WriteProcessingInstruction(text);
+            Script("(a)")(writer);
+        };
     };
     struct Row {
-        std::function<void(CXmlTextWriter&)> calls;
-        char const* outcome;
+        Calls calls;
+        char const* usual;
+        char const* strict;
     };
     for (Row const& row : {
-             Row{aliased("1p", "urn:x"), "Invalid Namespace alias [1p]."},
-             Row{aliased("xmlns", "urn:x"), "Invalid Namespace alias [xmlns]."},
-             Row{aliased("xml", "urn:x"), "Invalid Namespace alias [xml]."},
-             Row{aliased("p", ""), "Invalid Namespace alias [p]."},
-             Row{[](CXmlTextWriter& writer) {
-                     writer.AddNamespaceAlias("p", "urn:x");
-                     writer.AddNamespaceAlias("p", "urn:y");
-                 },
+             Row{Script("!1p=urn:x (a)"), R"(<a xmlns:1p="urn:x"/>)", "Invalid Namespace alias [1p]."},
+             Row{Script("!xmlns=urn:x (a)"), R"(<a xmlns:xmlns="urn:x"/>)",
+                 "Invalid Namespace alias [xmlns]."},
+             Row{Script("!xml=urn:x (a)"), R"(<a xmlns:xml="urn:x"/>)", "Invalid Namespace alias [xml]."},
+             Row{Script("!p= (a)"), R"(<a xmlns:p=""/>)", "Invalid Namespace alias [p]."},
+             Row{Script("!p=urn:x !p=urn:y (a)"), R"(<a xmlns:p="urn:x" xmlns:p="urn:y"/>)",
                  "The Namespace alias [p] stands for [urn:x] and for [urn:y]."},
-             Row{[](CXmlTextWriter& writer) {
-                     writer.WriteElementStart("a", "");
-                     writer.WriteAttribute("k", "http://www.w3.org/2000/xmlns/", "", ItemType_string);
-                 },
+             Row{Script("!p=http://www.w3.org/2000/xmlns/ (a @http://www.w3.org/2000/xmlns/|k=)"),
+                 R"(<a xmlns:p="http://www.w3.org/2000/xmlns/" p:k=""/>)",
                  "Invalid Namespace [http://www.w3.org/2000/xmlns/]."},
-             Row{[](CXmlTextWriter& writer) {
-                     writer.WriteElementStart("a", "");
-                     writer.WriteTypeAttribute("\xFF", "t", ItemType_string);
-                 },
-                 "The text of [t] is not valid in the local encoding."},
-             Row{[](CXmlTextWriter& writer) { writer.WriteProcessingInstruction("<?xml version='1.0'?>"); },
+             Row{Script("!p=\xFF (a ^\xFF|t)"),
+                 "<a xmlns:p=\"\xFF\" xmlns:AA=\"http://www.w3.org/2001/XMLSchema-instance\" "
+                 "AA:type=\"p:t\"/>",
+                 "The text of [p] is not valid in the local encoding."},
+             Row{instruction("<?xml version='1.0'?>"), "<?xml version='1.0'?>\n\n<a/>",
                  "Invalid Processing Instruction [<?xml version='1.0'?>]."},
-             Row{[](CXmlTextWriter& writer) { writer.WriteProcessingInstruction("<?a b?><evil/>"); },
+             Row{instruction("<?a b?><evil/>"), "<?a b?><evil/>\n\n<a/>",
                  "Invalid Processing Instruction [<?a b?><evil/>]."},
-             Row{[](CXmlTextWriter& writer) { writer.WriteComment("x--y"); }, "Invalid Comment [x--y]."},
-             Row{[](CXmlTextWriter& writer) { writer.WriteInlineSchema("<s/>"); },
-                 "The inline schema can not be written inside a start tag."},
-             Row{[](CXmlTextWriter&) {}, "The document has no root element."},
              Row{[](CXmlTextWriter& writer) {
-                     for (char const* const name : {"a", "b"}) {
-                         writer.WriteElementStart(name, "");
-                         writer.WriteElementEnd();
-                     }
+                     writer.WriteComment("x--y");
+                     Script("(a)")(writer);
                  },
-                 "The document has a root element, [b] is a second one."},
+                 "<!--x--y-->\n<a/>", "Invalid Comment [x--y]."},
+             Row{Script("(a $)"), "<a \n<s/>\n/>",
+                 "The inline schema can not be written inside a start tag."},
+             Row{Script(""), "", "The document has no root element."},
+             Row{Script("(a) (b)"), "<a/><b/>", "The document has a root element, [b] is a second one."},
              Row{[](CXmlTextWriter& writer) {
                      writer.WriteElementStart("a", "");
                      writer.WriteComment("x & y");
-                     writer.WriteProcessingInstruction("<?p q?>");
-                     writer.WriteElementEnd();
+                     Script("?)")(writer);
                  },
-                 "<a><!--x & y--><?p q?></a>"},
-         })
-        EXPECT_EQ(Written(row.calls), row.outcome);
+                 "<a<!--x &amp; y-->\n<?p?>\n\n/>", "<a><!--x & y--><?p?></a>"},
+         }) {
+        EXPECT_EQ(WrittenUsually(row.calls), row.usual) << row.strict;
+        EXPECT_EQ(Written(row.calls), row.strict) << row.usual;
+    }
+    EXPECT_EQ(Written(Script("(a ^\xFF|t)")), "The text of [t] is not valid in the local encoding.");
 }
 
 TEST(StrictXml, KeepsWhatIsCalledInTextFormats) {

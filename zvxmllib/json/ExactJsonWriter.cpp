@@ -51,7 +51,10 @@ bool IsNumber(std::string_view text) noexcept {
     return text.empty();
 }
 
+// A format may leave a decimal its point without a digit behind it, which JSON does not.
 JsonValue ScalarOf(std::string const& text, ItemType type) {
+    if (type == ItemType_decimal && text.size() > 1 && text.back() == '.')
+        return ScalarOf(text.substr(0, text.size() - 1), type);
     bool const isBare = StandsBare(type) && (text == "true" || text == "false" || IsNumber(text));
     return {isBare ? JsonValue::kBare : JsonValue::kString, text, {}};
 }
