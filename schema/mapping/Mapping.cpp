@@ -149,10 +149,6 @@ std::uint32_t Mapping::AddClass(TypeId type, std::string const& ns, std::string 
     plan.isAbstract = m_schema.complexTypes[ComplexTypeRowOf(type)].isAbstract;
     plan.source = &m_schema.complexTypeSources[ComplexTypeRowOf(type)];
     TellRenamed(plan.source, "class " + path, "the class of [" + xmlName + "]", wanted, plan.name);
-    if (m_schema.complexTypes[ComplexTypeRowOf(type)].content == Content::kMixed)
-        m_diagnostics.Warning(plan.source->position,
-                              "the text of [" + xmlName + "] is kept in one piece, behind its child elements",
-                              "mixed-order-lost");
     m_classes.push_back(std::move(plan));
     m_classOf.emplace(type, index);
     return index;

@@ -153,4 +153,29 @@ TEST(GeneratedClasses, ReadJsonOfOtherPrograms) {
         R"(<namespace>n</namespace></shop>)");
 }
 
+TEST(GeneratedClasses, KeepTextsAndChildrenOfMixedContentInOrder) {
+    std::string const start = R"(<note xmlns="urn:shop">)";
+    std::string const xml = start + "a <b>bold</b> and <i>slanted</i> word</note>";
+    auto const note = shop::ReadNoteXml(xml);
+    EXPECT_EQ(shop::WriteNoteXml(*note), xml);
+    EXPECT_EQ(shop::WriteNoteXml(*shop::ReadNote(shop::WriteNoteFastInfoset(*note).GetData(),
+                                                 shop::WriteNoteFastInfoset(*note).GetLength())),
+              xml);
+    std::string order;
+    for (auto const& piece : note->ContentPieces())
+        order += "[" + (piece.node == nullptr ? std::string(piece.text) : piece.node->text) + "]";
+    EXPECT_EQ(order, "[a ][bold][ and ][slanted][ word]");
+    EXPECT_EQ(FailureOf([&] { shop::WriteNoteJson(*note); }),
+              "The place of the text in [note] can not be expressed in JSON.");
+    note->GetI().clear();
+    EXPECT_EQ(shop::WriteNoteXml(*note), start + "a <b>bold</b> and  word</note>");
+    note->SetText("All ");
+    note->GetI().Add("new");
+    note->AddMixedText(", ");
+    note->GetB().Add("really");
+    EXPECT_EQ(shop::WriteNoteXml(*note), start + "<b>bold</b><i>new</i>All , <b>really</b></note>");
+    EXPECT_EQ(FailureOf([] { shop::NewShirt()->AddMixedText("x"); }),
+              "The element [shirt] has no mixed content.");
+}
+
 } // namespace

@@ -206,6 +206,8 @@ void CElement::SetName(char const* name) {
 void CElement::SetText(char const* text) {
     FireOnChangeText(text);
     m_text = detail::TextOrEmpty(text);
+    if (m_rules != nullptr)
+        m_rules->textPlaces.clear();
 }
 
 void CElement::SetNamespace(char const* ns) {
@@ -263,6 +265,8 @@ void CElement::CopyContent(CElement const& other) {
     m_collectionsHaveNoNamespace = other.m_collectionsHaveNoNamespace;
     if (!other.GetDeclarations().empty())
         OwnRules().declarations = other.GetDeclarations();
+    if (!other.GetTextPlaces().empty())
+        OwnRules().textPlaces = other.GetTextPlaces();
     AdoptCollections(std::move(attributes), std::move(elements));
 }
 
@@ -280,6 +284,7 @@ void CElement::CopyXmlElement(CXmlElement* element) {
     element->GetNodeText().AppendTo(m_text);
     ClearCollections();
     KeepDeclarations(*element);
+    KeepTextPlaces(*element);
     for (std::size_t i = 0; i < element->GetAttributeCount(); ++i) {
         CXmlAttribute const& attribute = *element->GetAttributeAt(i);
         GetAttributes()->Add(attribute.GetLocalName().c_str(), attribute.GetValue().c_str(),
@@ -326,6 +331,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* current, CSerializ
     current->GetNodeText().AppendTo(m_text);
     if (ctx.GetStrict())
         KeepDeclarations(*current);
+    KeepTextPlaces(*current);
     m_name = current->ShareLocalName();
     ChangeNamespace(current->ShareNamespaceURI());
     return current->GetNextSiblingElement();
@@ -349,9 +355,13 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSerializatio
         m_attributes->ToXml_Int(writer, false, ns, ctx, false);
     if (!m_text.empty() && HasChildElements())
         writer->BeginMixedContent();
-    if (m_elements != nullptr)
-        m_elements->ToXml_Int(writer, false, ns, ctx, optionalChoice);
-    writer->WriteElementValue(m_text, ItemType_string, false);
+    if (!GetTextPlaces().empty() && HasChildElements() && ctx.GetStrict()) {
+        WriteMixedContent(*writer, ns, ctx);
+    } else {
+        if (m_elements != nullptr)
+            m_elements->ToXml_Int(writer, false, ns, ctx, optionalChoice);
+        writer->WriteElementValue(m_text, ItemType_string, false);
+    }
     writer->WriteElementEnd();
 }
 

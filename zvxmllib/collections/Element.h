@@ -2,6 +2,7 @@
 #pragma once
 
 #include "zvxmllib/collections/Attribute.h"
+#include "zvxmllib/document/TextPlace.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/InstanceMonitor.h"
 #include "zvxmllib/foundation/SharedText.h"
@@ -13,8 +14,9 @@
 namespace ZvXmlLib16 {
 
 // A node of an editable tree of names, texts and namespaces: attributes, child elements, and one text, which
-// is written after the children. Held by CSmartPtr; belongs to one thread at a time. References to its
-// strings are valid until they are set. Restrictions are lists as in CAttributeCol.
+// is written after the children, or in a strict context where its parts stand between them. Held by
+// CSmartPtr; belongs to one thread at a time. References to its strings are valid until they are set.
+// Restrictions are lists as in CAttributeCol.
 //
 // Reading, writing and cloning throw CZvException for trees that are nested too deep; see kMaxNestingDepth.
 class ZV_API CElement : public CXmlObjectBase, public CInstanceMonitor {
@@ -40,7 +42,15 @@ public:
     std::string const& GetText() const noexcept { return m_text; }
     // The restrictions are not tested.
     void SetName(char const* name);
+    // The places of its parts are forgotten.
     void SetText(char const* text);
+    // Adds a part behind the text and the children that are there now.
+    void AddText(char const* text);
+    // Where the parts of the text stand, if not all behind the children; WalkContent reads both in order.
+    // Reading in a strict context keeps them, writing in a strict context follows them, in XML and Fast
+    // Infoset; JSON has no place for text other than white space ahead of a child. A part stays behind as
+    // many children as it was, whatever becomes of them.
+    std::vector<TextPlace> const& GetTextPlaces() const noexcept;
     void SetNamespace(char const* ns);
 
     // A prefix, or the default namespace, that names in texts and values of this element and its content
@@ -110,6 +120,8 @@ private:
     void ClearCollections();
     void ChangeNamespace(detail::SharedText ns);
     void KeepDeclarations(CXmlElement const& element);
+    void KeepTextPlaces(CXmlElement const& element);
+    void WriteMixedContent(CXmlWriter& writer, char const* ns, CSerializationContext const& ctx) const;
     void WriteDeclarations(CXmlWriter& writer) const;
     void WriteFragment(CXmlTextWriter& writer, CSerializationContext const& ctx, bool optionalChoice) const;
     detail::SharedText CollectionNamespace() const noexcept {
@@ -117,12 +129,13 @@ private:
     }
 
     // What few elements have: a restriction, a target namespace, the default namespace of a fragment,
-    // declarations.
+    // declarations, places of texts.
     struct Rules {
         std::string allowedNamespaces{"##any"};
         std::string targetNamespace;
         std::string defaultNamespace;
         std::vector<Declaration> declarations;
+        std::vector<TextPlace> textPlaces;
     };
     Rules& OwnRules();
     char const* AllowedNamespaces() const noexcept;

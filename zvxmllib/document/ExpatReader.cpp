@@ -204,7 +204,7 @@ void CExpatReader::Init() {
 // entity is passed over in silence, nor a character that local text does not have. Of other encodings that of
 // local text is read, if it is one of single octets: what writes local text names it.
 void CExpatReader::InitStrict() {
-    m_tree->NoteTextAheadOfChildren();
+    m_tree->KeepTextPlaces();
     m_scopes = &m_tree->KeepScopes();
     XML_SetElementHandler(m_parser.get(), Handlers::StartScope, Handlers::EndElement);
     XML_SetNamespaceDeclHandler(m_parser.get(), Handlers::DeclareInScope, Handlers::EndNamespace);
@@ -370,7 +370,7 @@ void CExpatReader::RefuseEntity(std::string_view name) const {
 }
 
 void CExpatReader::Mark(std::string_view mark) {
-    m_tree->AppendTextExcludingCR(mark);
+    m_tree->AppendText(mark);
 }
 
 } // namespace ZvXmlLib16

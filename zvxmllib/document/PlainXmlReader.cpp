@@ -69,7 +69,7 @@ PlainXmlReader::PlainXmlReader(CXmlDocument& document, std::string_view xml)
     : m_doc(document), m_tree(*document.m_tree), m_begin(xml.data()), m_end(xml.data() + xml.size()),
       m_isStrict(document.m_pContext->GetStrict()), m_scopes(m_tree.GetNames()) {
     if (m_isStrict) {
-        m_tree.NoteTextAheadOfChildren();
+        m_tree.KeepTextPlaces();
         m_prefixScopes = &m_tree.KeepScopes();
     }
 }

@@ -17,8 +17,14 @@ CXmlDocument const* CXmlElement::GetDocument() const noexcept {
     return &m_name->tree->GetDocument();
 }
 
-bool CXmlElement::HasTextAheadOfChild() const noexcept {
-    return m_name->tree->HasTextAheadOfChild(*this);
+std::vector<TextPlace> CXmlElement::GetTextPlaces() const {
+    detail::TextPlaces const* const places = m_name->tree->GetTextPlaces();
+    return places == nullptr ? std::vector<TextPlace>() : places->Of(*this);
+}
+
+bool CXmlElement::HasTextAheadOfChild() const {
+    detail::TextPlaces const* const places = m_name->tree->GetTextPlaces();
+    return places != nullptr && places->HasTextAheadOfChild(*this);
 }
 
 detail::PrefixScopes const* CXmlElement::GetScopes() const noexcept {

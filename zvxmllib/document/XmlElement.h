@@ -2,6 +2,7 @@
 #pragma once
 
 #include "zvxmllib/document/NodeText.h"
+#include "zvxmllib/document/TextPlace.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/InstanceMonitor.h"
 #include "zvxmllib/foundation/SharedText.h"
@@ -55,7 +56,10 @@ public:
     std::string GetXPath() const;
     // Whether text other than white space stands ahead of a child. Known in the documents of strict contexts
     // alone.
-    bool HasTextAheadOfChild() const noexcept;
+    bool HasTextAheadOfChild() const;
+    // Where its text stands between its children; empty if all of it stands behind them. Known in the
+    // documents of strict contexts alone. WalkContent reads text and children in order.
+    std::vector<TextPlace> GetTextPlaces() const;
     // The element of such a path, from this one on, which begins it. Null if there is none.
     CXmlElement const* FindByPath(std::string_view path) const;
     // The namespace that a prefix stands for at this element, empty if there is none; the empty prefix is the

@@ -76,26 +76,18 @@ CXmlElement* XmlTree::AddElement(XmlName const* name) {
         open.lastChild = element;
     }
     if (m_isNoted)
-        NoteElement(parent, element);
+        NoteElement(element);
     m_open.emplace_back().element = element;
     ++m_liveElements;
     ++m_createdElements;
     return element;
 }
 
-void XmlTree::NoteText(std::string_view text) noexcept {
-    bool const isBlank = std::all_of(text.begin(), text.end(), CWhitespaceUtils::IsWhiteSpace);
-    m_open.back().hasText = m_open.back().hasText || !isBlank;
-}
-
-void XmlTree::NoteElement(CXmlElement const* parent, CXmlElement const* element) {
+void XmlTree::NoteElement(CXmlElement const* element) {
     if (m_positions != nullptr)
         m_positions->AddElement(element);
-    if (m_textAhead == nullptr)
-        return;
-    m_textAhead->erase(element); // another may have had its storage
-    if (parent != nullptr && m_open.back().hasText)
-        m_textAhead->insert(parent);
+    if (m_textPlaces != nullptr)
+        m_textPlaces->AddElement(element);
 }
 
 void XmlTree::KeepPositions(IPositionSource const& source) {
@@ -225,8 +217,8 @@ void XmlTree::AddRun(OpenElement& open, char const* run, std::uint32_t length) {
 }
 
 void XmlTree::AppendKeptText(std::string_view text) {
-    if (m_textAhead != nullptr)
-        NoteText(text);
+    if (m_textPlaces != nullptr)
+        m_textPlaces->AddText(text);
     OpenElement& open = m_open.back();
     ZV_ASSERT(open.element->m_text.m_form != NodeText::Form::kString);
     if (!text.empty())
@@ -255,6 +247,8 @@ void XmlTree::FoldRepeatedTail(OpenElement& open) noexcept {
 CXmlElement* XmlTree::EndElement() {
     CXmlElement* const element = m_open.back().element;
     m_open.pop_back();
+    if (m_textPlaces != nullptr)
+        m_textPlaces->EndElement();
     return element;
 }
 
@@ -276,6 +270,8 @@ void XmlTree::ForgetClosed(KeptList<Part>& kept, std::size_t sinceCount) noexcep
 bool XmlTree::RemoveLastChildElement() {
     if (m_open.empty())
         return false;
+    if (m_textPlaces != nullptr)
+        m_textPlaces->RemoveLastElement();
     OpenElement& open = m_open.back();
     (open.beforeLastChild == nullptr ? open.element->m_firstChild : open.beforeLastChild->m_nextSibling) =
         nullptr;

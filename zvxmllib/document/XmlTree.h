@@ -5,6 +5,7 @@
 #include "zvxmllib/document/NameTable.h"
 #include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/PrefixScopes.h"
+#include "zvxmllib/document/TextPlaces.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
 
@@ -14,7 +15,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace ZvXmlLib16::detail {
@@ -67,8 +67,8 @@ public:
     void AppendText(std::string_view text) {
         if (!text.empty())
             AppendTextWithoutCR(text);
-        if (m_textAhead != nullptr)
-            NoteText(text);
+        if (m_textPlaces != nullptr)
+            m_textPlaces->AddText(text);
     }
 
     // For readers whose texts repeat, or lie in their input as they are: copies text into the storage of the
@@ -86,15 +86,13 @@ public:
     // only directly after its EndElement. Returns false for the root, which stays.
     bool RemoveLastChildElement();
 
-    // From now on the tree remembers which elements have text, other than white space, ahead of a child.
-    void NoteTextAheadOfChildren() {
-        m_textAhead = std::make_unique<std::unordered_set<CXmlElement const*>>();
+    // From now on the tree remembers where texts stand between children.
+    void KeepTextPlaces() {
+        m_textPlaces = std::make_unique<TextPlaces>();
         m_isNoted = true;
     }
-    // False where it does not.
-    bool HasTextAheadOfChild(CXmlElement const& element) const {
-        return m_textAhead != nullptr && m_textAhead->count(&element) != 0;
-    }
+    // Null if it does not.
+    TextPlaces const* GetTextPlaces() const noexcept { return m_textPlaces.get(); }
 
     // From now on the tree remembers the scopes of prefixes, which the reader tells.
     PrefixScopes& KeepScopes() {
@@ -130,7 +128,6 @@ private:
         // where its length stands. A run lies in one chunk, so its length cannot overflow.
         char* runEnd = nullptr;
         std::uint32_t* runLength = nullptr;
-        bool hasText = false; // noted where text ahead of children is
     };
     // The state of the storage when an element was opened; kept in streaming mode only.
     struct StreamingMark {
@@ -150,8 +147,7 @@ private:
     template <class Part>
     using KeptList = std::list<Kept<Part>>; // what a list holds keeps its place
 
-    void NoteText(std::string_view text) noexcept;
-    void NoteElement(CXmlElement const* parent, CXmlElement const* element);
+    void NoteElement(CXmlElement const* element);
     void AppendRuns(std::string_view text);
     bool RepeatTail(OpenElement& open, std::string_view text) noexcept;
     void AppendRun(OpenElement& open, std::string_view text);
@@ -171,10 +167,10 @@ private:
     CXmlElement* m_root = nullptr;
     std::vector<OpenElement> m_open;
     std::vector<StreamingMark> m_marks; // one for each open element, and one for the element closed last
-    std::unique_ptr<std::unordered_set<CXmlElement const*>> m_textAhead; // null where nobody wants to know
-    std::unique_ptr<PrefixScopes> m_scopes;                              // likewise
-    std::unique_ptr<NodePositions> m_positions;                          // null where nobody wants them
-    bool m_isNoted = false; // there are positions, or notes of text ahead of children
+    std::unique_ptr<TextPlaces> m_textPlaces; // null where nobody wants to know, as the next two
+    std::unique_ptr<PrefixScopes> m_scopes;
+    std::unique_ptr<NodePositions> m_positions;
+    bool m_isNoted = false; // there are positions, or places of texts
     KeptList<std::string> m_keptStrings;
     KeptList<std::vector<CXmlAttribute*>> m_keptFaces;
 

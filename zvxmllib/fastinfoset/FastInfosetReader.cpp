@@ -90,7 +90,7 @@ bool CFastInfosetReader::Parse(unsigned char const* data, std::size_t length) {
     m_noText = m_tree->GetNames().Keep({});
     CountsSettler const settler(*m_tree);
     if (m_doc.m_pContext->GetStrict()) {
-        m_tree->NoteTextAheadOfChildren();
+        m_tree->KeepTextPlaces();
         m_scopes = &m_tree->KeepScopes();
         m_checks = std::make_unique<InfosetChecks>(m_tree->GetNames());
         m_vocabulary = std::make_unique<ReadVocabulary>(); // until the document names another one

@@ -46,6 +46,7 @@ void ObjectBuilder::OnElement(CXmlElement& element, Assessment const& assessment
     object->m_attributes.clear();
     object->m_nodes.clear();
     object->m_text.clear();
+    object->m_textPlaces.clear();
     object->m_prefixes.clear();
     CTypedObject* const raw = object;
     if (m_frames.empty())
@@ -99,8 +100,9 @@ void ObjectBuilder::OnValue(std::string_view text, std::uint32_t type) {
     m_frames.push_back({nullptr, assessment});
 }
 
-void ObjectBuilder::OnText(std::string_view text) {
+void ObjectBuilder::OnText(CXmlElement& element, std::string_view text) {
     Outer().m_text = text;
+    Outer().m_textPlaces = element.GetTextPlaces();
 }
 
 void ObjectBuilder::OnElementEnd() {

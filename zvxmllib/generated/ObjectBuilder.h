@@ -34,7 +34,7 @@ private:
     void OnAttribute(CXmlAttribute& attribute, grammar::AttributeRow const* row) override;
     void OnDefaultAttribute(grammar::AttributeRow const&) override {}
     void OnValue(std::string_view text, std::uint32_t type) override;
-    void OnText(std::string_view text) override;
+    void OnText(CXmlElement& element, std::string_view text) override;
     void OnElementEnd() override;
     void OnSkipped(CXmlElement& element) override;
 

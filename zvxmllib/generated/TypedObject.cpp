@@ -78,17 +78,23 @@ CTypedObject::Node const* CTypedObject::Find(std::uint32_t declaration) const no
     return index < m_nodes.size() ? &m_nodes[index] : nullptr;
 }
 
-// Behind the last of that name, or else of those that the schema has ahead of it.
+// Behind the last of that name, of the same repeatable choice, or else of those that the schema has ahead of
+// it.
 std::size_t CTypedObject::PlaceFor(Symbol symbol) const {
     std::vector<ContentEntry> const& order = m_schema->GetContentOrders().Of(m_type);
-    auto const rankOf = [&order](Symbol of) {
-        auto const found = std::find_if(order.begin(), order.end(),
-                                        [of](ContentEntry const& entry) { return entry.symbol == of; });
-        return found - order.begin();
+    auto const entryOf = [&order](Symbol of) {
+        return std::find_if(order.begin(), order.end(),
+                            [of](ContentEntry const& entry) { return entry.symbol == of; });
     };
-    auto const rank = rankOf(symbol);
+    auto const own = entryOf(symbol);
+    auto const isAhead = [&](Symbol other) {
+        auto const entry = entryOf(other);
+        bool const isSameChoice = own != order.end() && entry != order.end() && own->choice != kNone &&
+                                  entry->choice == own->choice;
+        return other == symbol || isSameChoice || entry <= own;
+    };
     std::size_t place = m_nodes.size();
-    while (place != 0 && m_nodes[place - 1].symbol != symbol && rankOf(m_nodes[place - 1].symbol) > rank)
+    while (place != 0 && !isAhead(m_nodes[place - 1].symbol))
         --place;
     return place;
 }
@@ -98,8 +104,11 @@ void CTypedObject::Insert(std::uint32_t declaration, CSmartPtr<CXmlObjectBase> o
     std::uint32_t actual = declaration;
     if (object != nullptr)
         actual = static_cast<CTypedObject&>(*object).DeclarationId();
-    m_nodes.insert(m_nodes.begin() + static_cast<std::ptrdiff_t>(PlaceFor(symbol)),
+    std::size_t const place = PlaceFor(symbol);
+    m_nodes.insert(m_nodes.begin() + static_cast<std::ptrdiff_t>(place),
                    Node{symbol, actual, std::move(object), std::move(text)});
+    for (TextPlace& part : m_textPlaces)
+        part.children += part.children > place ? 1U : 0U;
 }
 
 void CTypedObject::AppendText(std::uint32_t declaration, std::string text) {
@@ -151,17 +160,26 @@ void CTypedObject::AppendObject(std::uint32_t declaration, CTypedObject* object)
 void CTypedObject::PutObject(std::uint32_t declaration, CTypedObject* object) {
     CSmartPtr<CTypedObject> const kept(object);
     std::vector<Node> const before = m_nodes;
+    std::vector<TextPlace> const placesBefore = m_textPlaces;
     DropAll(declaration);
     try {
         AppendObject(declaration, object);
     } catch (CZvException const&) {
         m_nodes = before;
+        m_textPlaces = placesBefore;
         throw;
     }
 }
 
 void CTypedObject::DropAll(std::uint32_t declaration) {
     Symbol const symbol = m_schema->GetGrammar().SymbolOf(declaration);
+    std::uint32_t kept = 0;
+    auto part = m_textPlaces.begin();
+    for (std::uint32_t i = 0; part != m_textPlaces.end(); ++i) {
+        for (; part != m_textPlaces.end() && part->children == i; ++part)
+            part->children = kept;
+        kept += i < m_nodes.size() && m_nodes[i].symbol != symbol ? 1U : 0U;
+    }
     m_nodes.erase(std::remove_if(m_nodes.begin(), m_nodes.end(),
                                  [symbol](Node const& node) { return node.symbol == symbol; }),
                   m_nodes.end());
@@ -212,6 +230,35 @@ void CTypedObject::PutContentText(std::string text) {
     if (type != kNone)
         TestValue(type, text, GetElementName().c_str());
     m_text = std::move(text);
+    m_textPlaces.clear();
+}
+
+bool CTypedObject::IsMixed() const noexcept {
+    return m_type == kAnyType ||
+           (IsComplex(m_type) && Rows().complexTypes[ComplexTypeRowOf(m_type)].content == Content::kMixed);
+}
+
+std::vector<CTypedObject::Piece> CTypedObject::ContentPieces() const {
+    std::vector<Piece> pieces;
+    WalkContent(
+        IsMixed() ? m_text : std::string_view(), m_textPlaces, m_nodes.size(),
+        [&pieces](std::string_view text) {
+            pieces.push_back({text, nullptr});
+        },
+        [&](std::size_t index) {
+            pieces.push_back({{}, &m_nodes[index]});
+        });
+    return pieces;
+}
+
+void CTypedObject::AddMixedText(std::string_view text) {
+    if (!IsMixed())
+        throw CZvInvalidStateException("The element [" + GetElementName() + "] has no mixed content.");
+    auto const children = static_cast<std::uint32_t>(m_nodes.size());
+    if (m_textPlaces.empty())
+        AddTextPlace(m_textPlaces, children, m_text.size());
+    AddTextPlace(m_textPlaces, children, text.size());
+    m_text += text;
 }
 
 namespace {

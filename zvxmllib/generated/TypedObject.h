@@ -2,6 +2,7 @@
 #pragma once
 
 #include "zvxmllib/binding/XmlObjectBase.h"
+#include "zvxmllib/document/TextPlace.h"
 #include "zvxmllib/foundation/SmartPtr.h"
 #include "zvxmllib/generated/BoundSchema.h"
 #include "zvxmllib/grammar/GrammarRows.h"
@@ -59,6 +60,16 @@ public:
     std::vector<Attribute> const& AllAttributes() const noexcept { return m_attributes; }
     // Of simple content; of mixed content all text.
     std::string const& ContentText() const noexcept { return m_text; }
+
+    // A part of mixed content: a text, or one of ContentNodes.
+    struct Piece {
+        std::string_view text;
+        Node const* node; // null for a text
+    };
+    // In document order. Valid until the object changes.
+    std::vector<Piece> ContentPieces() const;
+    // A text behind all that is there. Throws CZvInvalidStateException where the type is not mixed.
+    void AddMixedText(std::string_view text);
 
     // Gives it the name of this global element. Throws CZvInvalidParamException if its type does not fit.
     void NameAs(std::uint32_t element) const;
@@ -129,8 +140,11 @@ private:
     std::uint32_t SimpleTypeId() const noexcept;
     void TestValue(std::uint32_t type, std::string_view text, char const* name) const;
     std::size_t PlaceFor(grammar::Symbol symbol) const;
+    bool IsMixed() const noexcept;
     void Insert(std::uint32_t declaration, CSmartPtr<CXmlObjectBase> object, std::string text);
-    void WriteNodes(CXmlWriter& writer, CSerializationContext const& ctx) const;
+    void WriteNodes(CXmlWriter& writer, std::size_t first, std::size_t end,
+                    CSerializationContext const& ctx) const;
+    void WriteMixedContent(CXmlWriter& writer, CSerializationContext const& ctx) const;
     void WriteNode(CXmlWriter& writer, Node const& node, CSerializationContext const& ctx) const;
     void CheckContent(std::string const& path, unsigned depth) const;
     void CheckAttributes(std::string const& path) const;
@@ -143,6 +157,7 @@ private:
     std::vector<Attribute> m_attributes;
     std::vector<Node> m_nodes;
     std::string m_text;
+    std::vector<TextPlace> m_textPlaces;                         // in mixed content, if not behind all nodes
     std::vector<std::pair<std::string, std::string>> m_prefixes; // that names in its values need
 };
 

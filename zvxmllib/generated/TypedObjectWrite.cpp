@@ -9,6 +9,7 @@
 #include "zvxmllib/writers/XmlWriter.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace ZvXmlLib16::generated {
 
@@ -115,16 +116,13 @@ void CTypedObject::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns,
     if (m_isNil) {
         writer->WriteNilAttribute();
     } else {
-        if (!m_text.empty() && !m_nodes.empty())
-            writer->BeginMixedContent();
-        WriteNodes(*writer, ctx);
         std::uint32_t const type = SimpleTypeId();
         SimpleTypes const& types = m_schema->GetGrammar().GetSimpleTypes();
         if (type != kNone)
             writer->WriteElementValue(WrittenForm(types, type, m_text), ItemTypeOf(types, type, m_text),
                                       false);
-        else if (!m_text.empty())
-            writer->WriteElementValue(m_text, ItemType_string, false);
+        else
+            WriteMixedContent(*writer, ctx);
     }
     writer->WriteElementEnd();
 }
@@ -155,12 +153,11 @@ void CTypedObject::AttributesToXml_Int(CXmlWriter* writer, CSerializationContext
 }
 
 // Those of one name that follow each other are a collection, where the schema has several of them.
-void CTypedObject::WriteNodes(CXmlWriter& writer, CSerializationContext const& ctx) const {
-    if (m_nodes.empty())
-        return;
+void CTypedObject::WriteNodes(CXmlWriter& writer, std::size_t first, std::size_t end,
+                              CSerializationContext const& ctx) const {
     std::vector<ContentEntry> const& entries = m_schema->GetContentOrders().Of(m_type);
-    std::size_t i = 0;
-    while (i < m_nodes.size()) {
+    std::size_t i = first;
+    while (i < end) {
         Symbol const symbol = m_nodes[i].symbol;
         bool const isCollection =
             symbol != kNone &&
@@ -174,11 +171,27 @@ void CTypedObject::WriteNodes(CXmlWriter& writer, CSerializationContext const& c
         do {
             WriteNode(writer, m_nodes[i], ctx);
             ++i;
-        } while (isCollection && i < m_nodes.size() && m_nodes[i].symbol == symbol &&
+        } while (isCollection && i < end && m_nodes[i].symbol == symbol &&
                  m_nodes[i].declaration == declaration);
         if (isCollection)
             writer.SetCollectionState(CollectionState_Ended);
     }
+}
+
+// Children with no text between them are written together.
+void CTypedObject::WriteMixedContent(CXmlWriter& writer, CSerializationContext const& ctx) const {
+    if (!m_text.empty() && !m_nodes.empty())
+        writer.BeginMixedContent();
+    std::size_t first = 0;
+    std::size_t next = 0;
+    WalkContent(
+        m_text, ctx.GetStrict() ? m_textPlaces : std::vector<TextPlace>(), m_nodes.size(),
+        [&](std::string_view text) {
+            WriteNodes(writer, std::exchange(first, next), next, ctx);
+            writer.WriteElementValue(std::string(text), ItemType_string, false);
+        },
+        [&next](std::size_t index) { next = index + 1; });
+    WriteNodes(writer, first, next, ctx);
 }
 
 void CTypedObject::WriteNode(CXmlWriter& writer, Node const& node, CSerializationContext const& ctx) const {

@@ -32,6 +32,8 @@ ContentOrders::Entries ContentOrders::OfParticle(std::uint32_t particle) const {
     for (ContentEntry& entry : entries) {
         entry.isRepeatable = entry.isRepeatable || row.maxOccurs > 1;
         entry.isOptional = entry.isOptional || row.minOccurs == 0;
+        if (row.kind == ParticleKind::kChoice && row.maxOccurs > 1)
+            entry.choice = particle;
     }
     return entries;
 }
@@ -57,6 +59,8 @@ ContentOrders::Entries const& ContentOrders::OfGroup(ParticleRow const& group) c
             ContentEntry& entry = entries[place->second];
             entry.isRepeatable = entry.isRepeatable || part.isRepeatable || !isChoice;
             entry.isOptional = entry.isOptional && part.isOptional;
+            if (entry.choice != part.choice)
+                entry.choice = kNone;
             branches[place->second] += part.isOptional ? 0 : 1;
         }
     }

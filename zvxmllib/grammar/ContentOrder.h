@@ -17,6 +17,7 @@ struct ContentEntry {
     std::uint32_t declaration = kNone; // of the first particle
     bool isRepeatable = false;         // there can be several
     bool isOptional = false;           // there can be none
+    std::uint32_t choice = kNone;      // the particle of the outermost repeatable choice that they are in
 };
 
 // Made for one grammar; any number of threads may ask at once.

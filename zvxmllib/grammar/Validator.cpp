@@ -374,8 +374,8 @@ void Validator::CheckReferences() {
     }
 }
 
-void Validator::LeaveElement(Target const& target, SimpleValue const* value,
-                             bool hasSimpleType, std::string_view text) {
+void Validator::LeaveElement(Target const& target, SimpleValue const* value, bool hasSimpleType,
+                             std::string_view text) {
     std::vector<IdentityFault> faults;
     bool const isNillable =
         target.declaration != kNone && m_grammar.GetRows().elements[target.declaration].isNillable;
@@ -445,7 +445,7 @@ void Validator::ValidateComplexContent(CXmlElement& element, Target const& targe
         ValidateChildren(element, target.type, type->particle);
     }
     if (kind == Content::kMixed && m_receiver != nullptr)
-        m_receiver->OnText(TextOf(element));
+        m_receiver->OnText(element, TextOf(element));
     if (target.declaration != kNone) {
         ElementRow const& row = m_grammar.GetRows().elements[target.declaration];
         if (row.constraint == ValueConstraint::kFixed)

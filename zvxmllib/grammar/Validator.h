@@ -40,8 +40,8 @@ public:
     virtual void OnDefaultAttribute(AttributeRow const& row) = 0;
     // Simple content, with the default in place of nothing.
     virtual void OnValue(std::string_view text, std::uint32_t type) = 0;
-    // The text of mixed content.
-    virtual void OnText(std::string_view text) = 0;
+    // The text of mixed content, behind all children.
+    virtual void OnText(CXmlElement& element, std::string_view text) = 0;
     virtual void OnElementEnd() = 0;
     // In place of all these: an element that is passed over with its content.
     virtual void OnSkipped(CXmlElement& element) = 0;
@@ -111,8 +111,8 @@ private:
     void NoteIds(CXmlElement& element, SimpleValue const& value);
     void CheckReferences();
     // `hasSimpleType` is true, too, where that is not known for a failure.
-    void LeaveElement(Target const& target, SimpleValue const* value,
-                      bool hasSimpleType = true, std::string_view text = {});
+    void LeaveElement(Target const& target, SimpleValue const* value, bool hasSimpleType = true,
+                      std::string_view text = {});
     bool HasSimpleType(TypeId type) const noexcept;
     std::string_view TextOf(CXmlElement const& element);
     template <class Node>
