@@ -136,6 +136,16 @@ std::string MainText(Mapping const& mapping, std::string const& stem, DocumentPl
     return Fill(kMain, {{"stem", stem}, {"read", read}, {"write", write}});
 }
 
+// As one word of a command.
+std::string ForShell(std::string const& text) {
+    if (text.find_first_of(" '\"$&;()<>|*?\\`") == std::string::npos)
+        return text;
+    std::string quoted = "'";
+    for (char const c : text)
+        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return quoted + "'";
+}
+
 std::string ReadSample(std::string const& file) {
     std::ifstream stream(file, std::ios::binary);
     std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
@@ -203,10 +213,11 @@ int MakeProject(std::vector<std::string> const& arguments) {
     if (options.locksNames)
         files.push_back({std::filesystem::absolute(options.namesFile).string(), compilation.names.Write()});
     WriteFiles(files, folder);
-    char const* const dir = folder.c_str();
-    std::printf("Made %s. Build and run it:\n  cmake -S %s -B %s/build && cmake --build %s/build\n  "
-                "%s/build/%s %s\n",
-                dir, dir, dir, dir, dir, target.c_str(), sample.c_str());
+    std::string const build = ForShell((std::filesystem::path(folder) / "build").string());
+    std::string const program = ForShell((std::filesystem::path(folder) / "build" / target).string());
+    std::printf("Made %s. Build and run it:\n  cmake -S %s -B %s && cmake --build %s\n  %s %s\n",
+                folder.c_str(), ForShell(folder).c_str(), build.c_str(), build.c_str(), program.c_str(),
+                ForShell(sample).c_str());
     return kExitSuccess;
 }
 
