@@ -17,6 +17,9 @@ namespace zvxml {
 namespace {
 
 bool HasText(std::string const& path, std::string const& text) {
+    std::error_code ignored;
+    if (std::filesystem::is_directory(path, ignored))
+        return false;
     std::ifstream stream(path, std::ios::binary);
     return stream &&
            std::string{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()} == text;
@@ -44,8 +47,12 @@ public:
         for (auto folder = m_folders.rbegin(); folder != m_folders.rend(); ++folder)
             std::filesystem::remove(*folder, ignored); // those that are empty
     }
+    // Makes the folders on the way.
     void Add(std::string const& target, std::string const& text) {
         MakeFolder(std::filesystem::path(target).parent_path());
+        AddInPlace(target, text);
+    }
+    void AddInPlace(std::string const& target, std::string const& text) {
         std::error_code ignored;
         if (std::filesystem::is_directory(target, ignored))
             throw FileError(target, "is a folder");
@@ -114,7 +121,11 @@ void WriteFiles(std::vector<EmittedFile> const& files, std::string const& folder
     NewFiles changed;
     for (EmittedFile const& file : files) {
         std::string const path = InFolder(folder, file.name);
-        if (!HasText(path, file.text))
+        if (HasText(path, file.text))
+            continue;
+        if (std::filesystem::path(file.name).is_absolute())
+            changed.AddInPlace(path, file.text);
+        else
             changed.Add(path, file.text);
     }
     changed.Place();
@@ -132,12 +143,11 @@ bool AreOnDisk(std::vector<EmittedFile> const& files, std::string const& folder)
     return areSame;
 }
 
-void WriteDependencies(std::string const& file, std::string const& target,
-                       std::vector<std::string> const& inputs) {
+std::string DependencyRule(std::string const& target, std::vector<std::string> const& inputs) {
     std::string text = EscapeForMake(target) + ":";
     for (std::string const& input : inputs)
         text += " \\\n  " + EscapeForMake(input);
-    WriteText(file, text + "\n");
+    return text + "\n";
 }
 
 } // namespace zvxml

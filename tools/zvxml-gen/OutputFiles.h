@@ -17,13 +17,12 @@ std::string InFolder(std::string const& folder, std::string const& name);
 void ReadNames(GeneratorOptions const& options, ZvXmlLib16::schema::NameTable& names,
                ZvXmlLib16::schema::Diagnostics& diagnostics);
 
-// Makes the folder if need be. Writes all of the files or none; one whose text is the same is left alone.
-// Throws FileError.
+// Makes the folder if need be, and those that names of files have, unless they are absolute. Writes all of
+// the files or none; one whose text is the same is left alone. Throws FileError.
 void WriteFiles(std::vector<ZvXmlLib16::schema::EmittedFile> const& files, std::string const& folder);
 // Whether the files are there with these texts. Names those that are not on standard error.
 bool AreOnDisk(std::vector<ZvXmlLib16::schema::EmittedFile> const& files, std::string const& folder);
-// A rule for make: `target` is made from `inputs`. Throws FileError.
-void WriteDependencies(std::string const& file, std::string const& target,
-                       std::vector<std::string> const& inputs);
+// A rule for make: `target` is made from `inputs`.
+std::string DependencyRule(std::string const& target, std::vector<std::string> const& inputs);
 
 } // namespace zvxml

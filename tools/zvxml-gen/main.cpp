@@ -49,12 +49,13 @@ int Generate(GeneratorOptions const& options) {
         files.push_back({std::filesystem::absolute(options.namesFile).string(), compilation.names.Write()});
     if (options.checks)
         return AreOnDisk(files, options.folder) ? kExitSuccess : kExitFailure;
-    WriteFiles(files, options.folder);
     if (!options.dependencyFile.empty())
-        WriteDependencies(options.dependencyFile,
-                          options.dependencyTarget.empty() ? InFolder(options.folder, files[0].name)
-                                                           : options.dependencyTarget,
-                          compilation.inputs);
+        files.push_back(
+            {std::filesystem::absolute(options.dependencyFile).string(),
+             DependencyRule(options.dependencyTarget.empty() ? InFolder(options.folder, files[0].name)
+                                                             : options.dependencyTarget,
+                            compilation.inputs)});
+    WriteFiles(files, options.folder);
     return kExitSuccess;
 }
 
