@@ -1,6 +1,6 @@
 #include "schema/emit/FacetWords.h"
 
-#include "schema/frontend/BuiltInNames.h"
+#include "zvxmllib/grammar/BuiltInNames.h"
 
 #include <array>
 #include <vector>

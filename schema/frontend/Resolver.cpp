@@ -1,6 +1,6 @@
 #include "schema/frontend/Resolver.h"
 
-#include "schema/frontend/BuiltInNames.h"
+#include "zvxmllib/grammar/BuiltInNames.h"
 
 #include <sstream>
 

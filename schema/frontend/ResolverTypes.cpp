@@ -1,5 +1,5 @@
-#include "schema/frontend/BuiltInNames.h"
 #include "schema/frontend/Resolver.h"
+#include "zvxmllib/grammar/BuiltInNames.h"
 
 #include <sstream>
 

@@ -1,5 +1,7 @@
 #include "zvxmllib/grammar/Grammar.h"
 
+#include "zvxmllib/grammar/BuiltInNames.h"
+
 #include <algorithm>
 #include <functional>
 #include <map>
@@ -8,53 +10,6 @@
 namespace ZvXmlLib16::grammar {
 
 namespace {
-
-constexpr char const* kBuiltInNames[] = {"anySimpleType",
-                                         "string",
-                                         "normalizedString",
-                                         "token",
-                                         "language",
-                                         "NMTOKEN",
-                                         "NMTOKENS",
-                                         "Name",
-                                         "NCName",
-                                         "ID",
-                                         "IDREF",
-                                         "IDREFS",
-                                         "ENTITY",
-                                         "ENTITIES",
-                                         "QName",
-                                         "NOTATION",
-                                         "anyURI",
-                                         "boolean",
-                                         "decimal",
-                                         "integer",
-                                         "nonPositiveInteger",
-                                         "negativeInteger",
-                                         "nonNegativeInteger",
-                                         "positiveInteger",
-                                         "long",
-                                         "int",
-                                         "short",
-                                         "byte",
-                                         "unsignedLong",
-                                         "unsignedInt",
-                                         "unsignedShort",
-                                         "unsignedByte",
-                                         "float",
-                                         "double",
-                                         "duration",
-                                         "dateTime",
-                                         "date",
-                                         "time",
-                                         "gYearMonth",
-                                         "gYear",
-                                         "gMonthDay",
-                                         "gMonth",
-                                         "gDay",
-                                         "hexBinary",
-                                         "base64Binary"};
-static_assert(std::size(kBuiltInNames) == kBuiltInCount);
 
 constexpr std::string_view kSchemaNamespace = "http://www.w3.org/2001/XMLSchema";
 
@@ -114,7 +69,7 @@ void Grammar::AddNames() {
     }
     m_types.emplace(Name{"anyType", kSchemaNamespace}, kAnyType);
     for (std::uint32_t i = 0; i < kBuiltInCount; ++i)
-        m_types.emplace(Name{kBuiltInNames[i], kSchemaNamespace}, static_cast<TypeId>(i));
+        m_types.emplace(Name{NameOf(static_cast<BuiltIn>(i)), kSchemaNamespace}, static_cast<TypeId>(i));
     for (std::uint32_t i = 0; i < m_rows.simpleTypes.count; ++i) {
         SimpleTypeRow const& row = m_rows.simpleTypes[i];
         if (*row.name != '\0')
@@ -188,7 +143,7 @@ std::string Grammar::NameOfType(TypeId type) const {
     if (type == kAnyType)
         return "anyType";
     if (!IsComplex(type) && static_cast<std::uint32_t>(type) < kBuiltInCount)
-        return kBuiltInNames[type];
+        return NameOf(static_cast<BuiltIn>(type));
     char const* name = nullptr;
     char const* ns = nullptr;
     if (IsComplex(type)) {

@@ -44,64 +44,6 @@ void AppendFacet(Facet facet, char const* limit, std::string& message) {
 
 } // namespace
 
-char const* NameOf(BuiltIn type) noexcept {
-    static constexpr char const* kNames[] = {"anySimpleType",
-                                             "string",
-                                             "normalizedString",
-                                             "token",
-                                             "language",
-                                             "NMTOKEN",
-                                             "NMTOKENS",
-                                             "Name",
-                                             "NCName",
-                                             "ID",
-                                             "IDREF",
-                                             "IDREFS",
-                                             "ENTITY",
-                                             "ENTITIES",
-                                             "QName",
-                                             "NOTATION",
-                                             "anyURI",
-                                             "boolean",
-                                             "decimal",
-                                             "integer",
-                                             "nonPositiveInteger",
-                                             "negativeInteger",
-                                             "nonNegativeInteger",
-                                             "positiveInteger",
-                                             "long",
-                                             "int",
-                                             "short",
-                                             "byte",
-                                             "unsignedLong",
-                                             "unsignedInt",
-                                             "unsignedShort",
-                                             "unsignedByte",
-                                             "float",
-                                             "double",
-                                             "duration",
-                                             "dateTime",
-                                             "date",
-                                             "time",
-                                             "gYearMonth",
-                                             "gYear",
-                                             "gMonthDay",
-                                             "gMonth",
-                                             "gDay",
-                                             "hexBinary",
-                                             "base64Binary"};
-    static_assert(sizeof kNames / sizeof *kNames == kBuiltInCount);
-    return kNames[static_cast<std::size_t>(type)];
-}
-
-char const* NameOf(Facet facet) noexcept {
-    static constexpr char const* kNames[] = {"length",       "minLength",    "maxLength",      "pattern",
-                                             "enumeration",  "minInclusive", "maxInclusive",   "minExclusive",
-                                             "maxExclusive", "totalDigits",  "fractionDigits", "whiteSpace"};
-    static_assert(sizeof kNames / sizeof *kNames == static_cast<std::size_t>(Facet::kWhiteSpace) + 1);
-    return kNames[static_cast<std::size_t>(facet)];
-}
-
 void FailPattern(std::string const& pattern, std::string const& error) {
     std::string message = "The pattern ";
     AppendShort(pattern, message);

@@ -1,6 +1,7 @@
 // What is said of texts that are no values of a type, and of facets that cannot be used.
 #pragma once
 
+#include "zvxmllib/grammar/BuiltInNames.h"
 #include "zvxmllib/grammar/GrammarRows.h"
 
 #include <cstddef>
@@ -8,10 +9,6 @@
 #include <string_view>
 
 namespace ZvXmlLib16::grammar {
-
-// As XML Schema names them.
-char const* NameOf(BuiltIn type) noexcept;
-char const* NameOf(Facet facet) noexcept;
 
 [[noreturn]] void FailPattern(std::string const& pattern, std::string const& error);
 [[noreturn]] void FailFacet(Facet facet, char const* value, char const* type);

@@ -1,9 +1,9 @@
-#include "schema/frontend/BuiltInNames.h"
+#include "zvxmllib/grammar/BuiltInNames.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace ZvXmlLib16::schema {
+namespace ZvXmlLib16::grammar {
 
 namespace {
 
@@ -53,11 +53,12 @@ constexpr char const* kBuiltIns[] = {"anySimpleType",
                                      "gDay",
                                      "hexBinary",
                                      "base64Binary"};
-static_assert(std::size(kBuiltIns) == grammar::kBuiltInCount);
+static_assert(std::size(kBuiltIns) == kBuiltInCount);
 
 constexpr char const* kFacets[] = {"length",       "minLength",    "maxLength",      "pattern",
                                    "enumeration",  "minInclusive", "maxInclusive",   "minExclusive",
                                    "maxExclusive", "totalDigits",  "fractionDigits", "whiteSpace"};
+static_assert(std::size(kFacets) == static_cast<std::size_t>(Facet::kWhiteSpace) + 1);
 
 template <class Enumerator, std::size_t count>
 bool FindIn(char const* const (&names)[count], std::string_view name, Enumerator& found) noexcept {
@@ -70,20 +71,20 @@ bool FindIn(char const* const (&names)[count], std::string_view name, Enumerator
 
 } // namespace
 
-bool FindBuiltIn(std::string_view name, grammar::BuiltIn& type) noexcept {
+bool FindBuiltIn(std::string_view name, BuiltIn& type) noexcept {
     return FindIn(kBuiltIns, name, type);
 }
 
-char const* NameOf(grammar::BuiltIn type) noexcept {
+char const* NameOf(BuiltIn type) noexcept {
     return kBuiltIns[static_cast<std::size_t>(type)];
 }
 
-bool FindFacet(std::string_view name, grammar::Facet& facet) noexcept {
+bool FindFacet(std::string_view name, Facet& facet) noexcept {
     return FindIn(kFacets, name, facet);
 }
 
-char const* NameOf(grammar::Facet facet) noexcept {
+char const* NameOf(Facet facet) noexcept {
     return kFacets[static_cast<std::size_t>(facet)];
 }
 
-} // namespace ZvXmlLib16::schema
+} // namespace ZvXmlLib16::grammar
