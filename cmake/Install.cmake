@@ -4,11 +4,11 @@ include(CMakePackageConfigHelpers)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/zvxmllib")
 
 install(TARGETS zvxmllib zvxmllib_generated EXPORT zvxmllibTargets
-    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
-    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-    ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-    FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
-install(EXPORT zvxmllibTargets NAMESPACE zvxmllib:: DESTINATION "${package_dir}")
+    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT library
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT library NAMELINK_COMPONENT development
+    ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development
+    FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
+install(EXPORT zvxmllibTargets NAMESPACE zvxmllib:: DESTINATION "${package_dir}" COMPONENT development)
 
 # A static library leaves the libraries that it calls to the program; a shared one brings them along.
 set(ZVXMLLIB_IS_STATIC OFF)
@@ -20,22 +20,28 @@ if(NOT BUILD_SHARED_LIBS)
     string(REPLACE "libpcre2" "libpcre2-8" pattern_package "${pattern_package}")
     set(ZVXMLLIB_PC_REQUIRES "Requires: expat zlib ${pattern_package}")
     set(ZVXMLLIB_PC_LIBS " -pthread")
-    install(FILES "${PROJECT_SOURCE_DIR}/cmake/PatternLibrary.cmake" DESTINATION "${package_dir}")
+    install(FILES "${PROJECT_SOURCE_DIR}/cmake/PatternLibrary.cmake" DESTINATION "${package_dir}"
+        COMPONENT development)
 endif()
 
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/zvxmllibConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/zvxmllibConfig.cmake" INSTALL_DESTINATION "${package_dir}")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/zvxmllibConfigVersion.cmake"
-    COMPATIBILITY SameMajorVersion)
+    COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/zvxmllibConfig.cmake" "${PROJECT_BINARY_DIR}/zvxmllibConfigVersion.cmake"
     "${PROJECT_SOURCE_DIR}/cmake/ZvXmlLibGenerate.cmake"
-    DESTINATION "${package_dir}")
+    DESTINATION "${package_dir}" COMPONENT development)
 
 # Relative, so that the installed tree can be moved.
 file(RELATIVE_PATH ZVXMLLIB_PC_TO_PREFIX "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 configure_file("${PROJECT_SOURCE_DIR}/cmake/zvxmllib.pc.in" "${PROJECT_BINARY_DIR}/zvxmllib.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/zvxmllib.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+install(FILES "${PROJECT_BINARY_DIR}/zvxmllib.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
+    COMPONENT development)
 
-install(FILES LICENSE NOTICE README.md DESTINATION "${CMAKE_INSTALL_DOCDIR}")
-install(DIRECTORY docs DESTINATION "${CMAKE_INSTALL_DOCDIR}")
-install(DIRECTORY examples DESTINATION "${CMAKE_INSTALL_DOCDIR}" PATTERN data EXCLUDE)
+install(FILES LICENSE NOTICE README.md CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT documents)
+install(DIRECTORY docs DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT documents)
+install(DIRECTORY examples DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT documents PATTERN data EXCLUDE)
+
+if(PROJECT_IS_TOP_LEVEL)
+    include(Packages)
+endif()
