@@ -287,8 +287,8 @@ private:
         m_nil = known;
         if (known.empty()) {
             m_nil = "xsi";
-            for (int number = 1; m_tags.FindUri(m_nil) != nullptr; ++number)
-                m_nil = "xsi" + std::to_string(number);
+            while (m_tags.FindUri(m_nil) != nullptr)
+                m_nil = "xsi" + std::to_string(++m_nilNumber);
             m_nilPrefix = m_nil;
             m_tags.Declare(m_nilPrefix, kSchemaInstanceNamespace);
         }
@@ -305,6 +305,7 @@ private:
     std::uint64_t m_objects = 0;
     std::string m_nil;
     std::string m_nilPrefix;
+    std::uint64_t m_nilNumber = 0;
 };
 
 class JsonSource final : public Source {

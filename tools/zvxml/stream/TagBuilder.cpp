@@ -14,6 +14,7 @@ constexpr std::string_view kXmlUri = ZvXmlLib16::kXmlNamespace;
 constexpr std::string_view kXmlnsUri = ZvXmlLib16::kXmlnsNamespace;
 constexpr std::string_view kXmlns = "xmlns";
 constexpr std::size_t kFewAttributes = 8;
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
 std::string Quoted(std::string_view text) {
     return "'" + std::string(text) + "'";
@@ -57,28 +58,40 @@ void TagBuilder::Declare(std::string_view prefix, std::string_view uri) {
                             Quoted(uri));
     if (uri.empty() && !prefix.empty())
         throw DocumentError("the prefix " + Quoted(prefix) + " cannot stand for no namespace");
-    for (std::size_t i = m_open.back(); i < m_count; ++i) {
-        if (m_bindings[i].prefix == prefix)
-            throw DocumentError("the prefix " + Quoted(prefix) + " is declared twice");
-    }
+    if (std::size_t const place = Find(prefix); place != kNone && place >= m_open.back())
+        throw DocumentError("the prefix " + Quoted(prefix) + " is declared twice");
     if (m_count == m_bindings.size())
         m_bindings.emplace_back();
+    m_places[std::string(prefix)].push_back(m_count);
     m_bindings[m_count].prefix = prefix; // the room of old ones is used again
     m_bindings[m_count++].uri = uri;
     m_tag.declarations.push_back({prefix, uri});
 }
 
-std::string const* TagBuilder::FindUri(std::string_view prefix) const {
-    static std::string const ofXml(kXmlUri);
+// Most documents have a few prefixes, which are faster looked at than looked up.
+std::size_t TagBuilder::Find(std::string_view prefix) const {
+    constexpr std::size_t kFew = 12;
+    if (m_count > kFew) {
+        auto const found = m_places.find(std::string(prefix));
+        return found == m_places.end() ? kNone : found->second.back();
+    }
     for (std::size_t i = m_count; i-- != 0;) {
         if (m_bindings[i].prefix == prefix)
-            return &m_bindings[i].uri;
+            return i;
     }
+    return kNone;
+}
+
+std::string const* TagBuilder::FindUri(std::string_view prefix) const {
+    static std::string const ofXml(kXmlUri);
+    if (std::size_t const place = Find(prefix); place != kNone)
+        return &m_bindings[place].uri;
     return prefix == "xml" ? &ofXml : nullptr;
 }
 
 std::string_view TagBuilder::FindPrefix(std::string_view uri) const {
-    for (std::size_t i = m_count; i-- != 0;) {
+    constexpr std::size_t kMostLookedAt = 64;
+    for (std::size_t i = m_count; i-- != 0 && m_count - i <= kMostLookedAt;) {
         Binding const& binding = m_bindings[i];
         if (binding.uri == uri && !binding.prefix.empty() && *FindUri(binding.prefix) == uri)
             return binding.prefix;
@@ -124,7 +137,12 @@ void TagBuilder::RequireDifferentAttributes() {
 }
 
 void TagBuilder::Close() {
-    m_count = m_open.back();
+    for (; m_count != m_open.back(); --m_count) {
+        auto const places = m_places.find(m_bindings[m_count - 1].prefix);
+        places->second.pop_back();
+        if (places->second.empty())
+            m_places.erase(places);
+    }
     m_open.pop_back();
 }
 

@@ -7,6 +7,7 @@
 #include <deque>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace zvxml {
@@ -23,7 +24,8 @@ public:
     StartTag const& Finish();
     void Close();
 
-    // The prefix that stands for a namespace, empty if there is none. The default namespace is none.
+    // A prefix that stands for a namespace, empty if none of the last declarations is one. The default
+    // namespace has none.
     std::string_view FindPrefix(std::string_view uri) const;
     // Null for a prefix that is not declared.
     std::string const* FindUri(std::string_view prefix) const;
@@ -35,11 +37,14 @@ private:
         std::string uri;
     };
 
+    // The place of the innermost binding, or kNone.
+    std::size_t Find(std::string_view prefix) const;
     void Resolve(Name& name, bool isAttribute) const;
     void RequireDifferentAttributes();
 
     std::deque<Binding> m_bindings; // the innermost last; only the first m_count are in force
     std::size_t m_count = 0;
+    std::unordered_map<std::string, std::vector<std::size_t>> m_places; // of each prefix, the innermost last
     std::vector<std::size_t> m_open; // for each open element, how many there were before
     StartTag m_tag;
     std::vector<Name const*> m_sorted;
