@@ -5,7 +5,6 @@ set(CPACK_PACKAGE_VENDOR "The zvxmllib developers")
 set(CPACK_PACKAGE_CONTACT "The zvxmllib developers <zvxmllib@localhost>" CACHE STRING
     "Who answers for the packages: a name and an address")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
-set(CPACK_PACKAGING_INSTALL_PREFIX "${CMAKE_INSTALL_PREFIX}")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_RESOURCE_FILE_LICENSE "${PROJECT_SOURCE_DIR}/LICENSE")
 
