@@ -53,7 +53,7 @@ template <class Read>
 void RequireReadable(std::string_view text, std::string const& meant, Read read) {
     std::string again;
     try {
-        again = Printed(InfosetOfXml(XmlOf(*ReadUntyped(read))), TextPlaces::Behind);
+        again = Printed(InfosetOfXml(XmlOf(*ReadUntyped(read))), TextPlaces::Exact);
     } catch (CZvException const& failure) {
         again = failure.GetFullMessage();
     }

@@ -60,9 +60,9 @@ void TryUntyped(Input const& input) {
     if (!xml)
         return;
     std::optional<Infoset> const written = InfosetOfXml(*xml);
-    std::string const tree = Printed(written, TextPlaces::Behind);
+    std::string const tree = Printed(written, TextPlaces::Exact);
     if (before) {
-        RequireEqual(WithoutMinusZeros(tree), WithoutMinusZeros(Print(*before, TextPlaces::Behind)), *xml);
+        RequireEqual(WithoutMinusZeros(tree), WithoutMinusZeros(Print(*before, TextPlaces::Exact)), *xml);
         Require(KeepsPrefixes(*before, *written));
     }
     RequireReadable(*xml, tree,
@@ -77,7 +77,7 @@ void TryUntyped(Input const& input) {
         return;
     std::string const jsonTree = Printed(written, TextPlaces::ByJson);
     std::optional<Infoset> const fromJson = InfosetOfJson(*json);
-    RequireEqual(Printed(fromJson, TextPlaces::Behind), jsonTree, *json);
+    RequireEqual(Printed(fromJson, TextPlaces::Exact), jsonTree, *json);
     Require(KeepsPrefixes(*written, *fromJson));
     RequireReadable(*json, jsonTree,
                     [&](CXmlObjectBase& again, auto const& ctx) { again.FromJson(json->c_str(), ctx); });

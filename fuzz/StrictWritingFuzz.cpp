@@ -244,14 +244,14 @@ void TryXml(CXmlObjectBase& object, CSerializationContext const& ctx, bool isFor
     if (!ctx.GetStripCDATA()) // texts that begin with the mark are sections
         return RequireEqual(InfosetOfXml(*xml) ? "a document" : "none", "a document", *xml);
     RequireEqual(Printed(InfosetOfXml(*xml), TextPlaces::Exact), meant(TextPlaces::Exact), *xml);
-    RequireReadable(*xml, meant(TextPlaces::Behind),
+    RequireReadable(*xml, meant(TextPlaces::Exact),
                     [&](CXmlObjectBase& again, CSerializationContext const& strict) {
                         again.FromXml(xml->c_str(), strict);
                     });
     CBinaryData const octets =
         object.ToXmlStream(true, isFormatted, XmlEncoding_UTF16, EOLType_CRLF, ctx, CompressionType_GZip);
     if (!isFormatted)
-        RequireReadable(*xml, meant(TextPlaces::Behind),
+        RequireReadable(*xml, meant(TextPlaces::Exact),
                         [&](CXmlObjectBase& again, CSerializationContext const& strict) {
                             again.FromXmlStream(octets, strict);
                         });
@@ -263,7 +263,7 @@ void TryJson(CXmlObjectBase& object, CSerializationContext const& ctx, bool isFo
         Attempt([&] { return object.ToJson(isFormatted, EOLType_LF, ctx); });
     if (!json)
         return;
-    RequireEqual(WithoutMinusZeros(Printed(InfosetOfJson(*json), TextPlaces::Behind)),
+    RequireEqual(WithoutMinusZeros(Printed(InfosetOfJson(*json), TextPlaces::Exact)),
                  WithoutMinusZeros(meant(TextPlaces::ByJson)), *json);
     RequireReadable(*json, meant(TextPlaces::ByJson),
                     [&](CXmlObjectBase& again, CSerializationContext const& strict) {
@@ -276,7 +276,7 @@ void TryFastInfoset(CXmlObjectBase& object, CSerializationContext const& ctx, Me
     std::optional<CBinaryData> const octets =
         Attempt([&] { return object.ToFastInfosetStream(FInfoDecl_None, ctx, CompressionType_None); });
     if (octets)
-        RequireReadable(TextOf(*octets), meant(TextPlaces::Behind),
+        RequireReadable(TextOf(*octets), meant(TextPlaces::Exact),
                         [&](CXmlObjectBase& again, CSerializationContext const& strict) {
                             again.FromXmlStream(*octets, strict);
                         });

@@ -8,9 +8,6 @@ using namespace entries;
 
 namespace {
 
-// Until untyped elements keep the places of their texts.
-constexpr TextPlaces kKept = TextPlaces::Behind;
-
 // Whether names that come again stand beside each other, and no text stands ahead of a child.
 bool HasPlaceInJson(Infoset const& element) {
     std::set<std::string> names;
@@ -46,7 +43,8 @@ TEST(StrictDocuments, StayTheSameInEveryFormat) {
         ASSERT_TRUE(before.has_value());
         CSmartPtr<CElement> const element(new CElement(""));
         element->FromXmlFile(path.c_str(), Strict());
-        ExpectSame(InfosetOfXml(element->ToXml(true, false, EOLType_LF, Strict())), *before, kKept);
+        ExpectSame(InfosetOfXml(element->ToXml(true, false, EOLType_LF, Strict())), *before,
+                   TextPlaces::Exact);
         ExpectSame(InfosetOfXml(element->ToXml(true, true, EOLType_LF, Strict())), *before,
                    TextPlaces::Unformed);
         for (CompressionType const compression :
@@ -56,7 +54,7 @@ TEST(StrictDocuments, StayTheSameInEveryFormat) {
                   element->ToFastInfosetStream(FInfoDecl_None, Strict(), compression)})
                 ExpectSame(
                     InfosetOfXml(XmlOf([&](auto& again, auto& ctx) { again.FromXmlStream(octets, ctx); })),
-                    *before, kKept);
+                    *before, TextPlaces::Exact);
         }
         if (!HasPlaceInJson(*before)) {
             EXPECT_THROW(element->ToJson(false, EOLType_LF, Strict()), CZvInvalidStateException);
@@ -65,7 +63,7 @@ TEST(StrictDocuments, StayTheSameInEveryFormat) {
         ++inJson;
         for (bool const isFormatted : {false, true}) {
             std::string const json = element->ToJson(isFormatted, EOLType_LF, Strict());
-            ExpectSame(InfosetOfJson(json), *before, TextPlaces::Unformed);
+            ExpectSame(InfosetOfJson(json), *before, TextPlaces::ByJson);
             ExpectSame(
                 InfosetOfXml(XmlOf([&](auto& again, auto& ctx) { again.FromJson(json.c_str(), ctx); })),
                 *before, TextPlaces::Unformed);

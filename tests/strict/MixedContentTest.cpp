@@ -79,8 +79,9 @@ TEST(MixedContent, IsBuiltAndChanged) {
 }
 
 TEST(MixedContent, HasNoPlaceInJsonButForWhiteSpace) {
-    CSmartPtr<CElement> const blank = ElementOf("<p>\n <b/>\n <c/>end</p>", Strict());
-    EXPECT_EQ(blank->ToJson(false, EOLType_LF, Strict()), R"({"p": {"b": "","c": "","#text": "end"}})");
+    CSmartPtr<CElement> const blank = ElementOf("<p>\n <b>\n <i/>\n </b>\n <c/>end</p>", Strict());
+    EXPECT_EQ(blank->ToJson(false, EOLType_LF, Strict()),
+              R"({"p": {"b": {"i": ""},"c": "","#text": "end"}})");
     CSmartPtr<CElement> const mixed = ElementOf("<p>a<b/></p>", Strict());
     EXPECT_EQ(MessageOf<CZvInvalidStateException>([&] { mixed->ToJson(false, EOLType_LF, Strict()); }),
               "The place of the text in [p] can not be expressed in JSON.");

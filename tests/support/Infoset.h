@@ -32,9 +32,8 @@ struct Infoset {
 // How much of the places of text a comparison sees.
 enum class TextPlaces {
     Exact,
-    Behind,  // the text of an element is one piece
-    ByJson,  // so it is, and white space ahead of a child is left out
-    Unformed // white space beside children is left out
+    Unformed, // white space beside children is left out
+    ByJson    // so it is, and the rest stands behind the children
 };
 
 inline std::string Expanded(std::string_view uri, std::string_view local) {
@@ -79,13 +78,11 @@ inline void Print(Infoset const& element, TextPlaces places, std::string& out) {
     std::string text;
     for (std::size_t i = 0; i < element.texts.size(); ++i) {
         bool const isLast = i == element.children.size();
-        bool const isBlank = infoset_detail::IsBlank(element.texts[i]);
-        bool const isLeftOut = isBlank && (places == TextPlaces::ByJson
-                                               ? !isLast
-                                               : places == TextPlaces::Unformed && element.texts.size() > 1);
+        bool const isLeftOut = places != TextPlaces::Exact && element.texts.size() > 1 &&
+                               infoset_detail::IsBlank(element.texts[i]);
         if (!isLeftOut)
             text += element.texts[i];
-        if (places == TextPlaces::Exact || places == TextPlaces::Unformed || isLast) {
+        if (places != TextPlaces::ByJson || isLast) {
             if (!text.empty())
                 out += '\'' + text + '\'';
             text.clear();

@@ -102,7 +102,7 @@ void CExactJsonWriter::WriteInlineSchema(std::string const&) {}
 void CExactJsonWriter::WriteElementStart(std::string const& name, std::string const& ns) {
     bool const isRoot = m_open.empty();
     if (!isRoot)
-        ForgetBlankText();
+        ForgetBlankText(true);
     else
         m_kept.ReplaceGiven(m_namespaceMap, m_defaultNamespace);
     m_hasRoot = true;
@@ -129,6 +129,8 @@ void CExactJsonWriter::WriteElementEnd() {
     if (m_open.empty())
         FailEndOutsideElement();
     std::string const member = std::move(m_open.back().member);
+    if (m_open.back().object.members.size() != m_open.back().attributes)
+        ForgetBlankText(false);
     if (m_open.back().isNil && !m_open.back().text.empty()) { // null would leave no room for the text
         m_open.back().isNil = false;
         AddAttribute(AttributeMemberOf("nil", kSchemaInstanceNamespace), {JsonValue::kString, "true", {}});
@@ -247,11 +249,14 @@ void CExactJsonWriter::AddChild(std::string const& name, JsonValue value, bool i
     members.push_back({name, std::move(value)});
 }
 
-// White space between children has no place in JSON and means nothing there.
-void CExactJsonWriter::ForgetBlankText() {
+// White space beside children has no place in JSON and means nothing there. Other text may stand behind them.
+void CExactJsonWriter::ForgetBlankText(bool isAheadOfChild) {
     Open& element = m_open.back();
-    if (element.text.find_first_not_of(kBlanks) != std::string::npos)
-        FailTextPlaceInJson(element.member);
+    if (element.text.find_first_not_of(kBlanks) != std::string::npos) {
+        if (isAheadOfChild)
+            FailTextPlaceInJson(element.member);
+        return;
+    }
     element.text.clear();
     element.hasText = false;
 }

@@ -65,7 +65,7 @@ private:
     std::string const& AliasOf(std::string const& ns);
     void AddAttribute(std::string const& name, JsonValue value);
     void AddChild(std::string const& name, JsonValue value, bool isAnnounced);
-    void ForgetBlankText();
+    void ForgetBlankText(bool isAheadOfChild);
     JsonValue Finish(Open& element) const;
     void Print(JsonValue const& value, std::int32_t depth);
     void PrintMember(JsonMember const& member, std::int32_t depth, bool hasName);
