@@ -214,6 +214,8 @@ TEST(StrictXml, KeepsWhatIsCalledInTextFormats) {
              Row{"!p=http://www.w3.org/XML/1998/namespace/of/another (a)",
                  R"(<a xmlns:p="http://www.w3.org/XML/1998/namespace/of/another"/>)",
                  R"({"a": {"@xmlns:p": "http://www.w3.org/XML/1998/namespace/of/another"}})"},
+             Row{"!=http://www.w3.org/XML/1998/namespace (http://www.w3.org/XML/1998/namespace|a)",
+                 "<xml:a/>", R"({"xml:a": {}})"},
              Row{"(a #1E400)", "<a>1E400</a>", R"({"a": "1E400"})"},
          }) {
         CSmartPtr<WrittenObject> const object(new WrittenObject(Script(row.calls)));
