@@ -12,8 +12,10 @@ namespace {
 using namespace ZvXmlLib16;
 
 TEST(Members, LeaveNamesOfTheSchemaTheirMeaning) {
-    std::string const xml = "<AA:object xmlns:AA=\"urn:main\" node=\"x\" type=\"x\" value=\"x\" texts=\"x\" "
-                            "library=\"x\" flag=\"1\"><inner flag=\"0\"><code>07</code></inner></AA:object>";
+    std::string const xml =
+        "<AA:object xmlns:AA=\"urn:main\" node=\"x\" type=\"x\" value=\"x\" texts=\"x\" "
+        "library=\"x\" flag=\"1\"><inner flag=\"0\"><code>07</code>"
+        "<kind xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">xs:int</kind></inner></AA:object>";
     auto const object = main_::ReadObjectXml(xml);
     EXPECT_EQ(object->GetLibrary(), main_::ZvXmlLib16::X);
     object->SetNode(main_::Node::X);
@@ -21,7 +23,7 @@ TEST(Members, LeaveNamesOfTheSchemaTheirMeaning) {
     object->SetTexts(main_::Texts::X);
     EXPECT_TRUE(object->GetFlag());
     EXPECT_EQ(object->GetInner().GetCode(), 7);
-    // What a pattern allows only so is written so, in all formats.
+    // What a pattern allows only so is written so, in all formats; prefixes of names stay.
     EXPECT_EQ(main_::WriteObjectXml(*object), xml);
     EXPECT_EQ(main_::WriteObjectXml(*main_::ReadObjectJson(main_::WriteObjectJson(*object))), xml);
 }

@@ -23,6 +23,23 @@ constexpr unsigned kMostDepth = 1000;
     throw CZvInvalidStateException(CZvException(message, path));
 }
 
+// The prefixes that an element will be written with, as far as its values need them.
+class KeptPrefixes final : public INamespaceScope {
+public:
+    using List = std::vector<std::pair<std::string, std::string>>;
+    explicit KeptPrefixes(List const& prefixes) noexcept : m_prefixes(prefixes) {}
+
+    bool FindNamespace(std::string_view prefix, std::string& ns) const override {
+        auto const found = std::find_if(m_prefixes.begin(), m_prefixes.end(),
+                                        [prefix](auto const& kept) { return kept.first == prefix; });
+        ns = found == m_prefixes.end() ? std::string() : found->second;
+        return found != m_prefixes.end() || prefix.empty();
+    }
+
+private:
+    List const& m_prefixes;
+};
+
 } // namespace
 
 void CTypedObject::CheckContent() const {
@@ -41,7 +58,10 @@ void CTypedObject::CheckContent(std::string const& path, unsigned depth) const {
         m_declaration != kNone && Rows().elements[m_declaration].constraint != ValueConstraint::kNoValue;
     if (simple != kNone && !m_isNil && !(m_text.empty() && hasDefault)) {
         std::string room;
-        char const* const fault = grammar.GetSimpleTypes().FindFault(simple, m_text, nullptr, nullptr, room);
+        KeptPrefixes const prefixes(m_prefixes);
+        bool const hasNames = !m_prefixes.empty() && grammar.GetSimpleTypes().HasQNames(simple);
+        char const* const fault =
+            grammar.GetSimpleTypes().FindFault(simple, m_text, hasNames ? &prefixes : nullptr, nullptr, room);
         if (fault != nullptr)
             Fail(fault, path);
     }
