@@ -58,4 +58,19 @@ TEST(ToolValidate, ComparesNamesThatSchemasState) {
     }
 }
 
+// Other programs read it: each line begins with the name of the document.
+TEST(ToolValidate, TellsVerdictsByFile) {
+    ScratchDirectory const directory;
+    directory.Write("s.xsd", SchemaText("<xs:element name='e' type='xs:int'/>"));
+    directory.Write("good.xml", "<e>1</e>");
+    directory.Write("bad.xml", "<e>\n x</e>");
+    directory.Write("cut.xml", "<e>");
+    ToolResult const result = directory.Run("validate --schema s.xsd good.xml bad.xml none.xml cut.xml");
+    EXPECT_EQ(result.out, "good.xml: valid\n");
+    EXPECT_EQ(result.err, "bad.xml:1:1: /e: The value [x] is not a valid int.\n"
+                          "none.xml: No such file or directory\n"
+                          "cut.xml:1:4: no element found at line 1\n");
+    EXPECT_EQ(result.exitCode, 1);
+}
+
 } // namespace

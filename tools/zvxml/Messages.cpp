@@ -32,13 +32,17 @@ std::string OnOneLine(std::string text) {
     return text;
 }
 
-void Tell(char const* color, char const* kind, std::string const& message) {
+void Tell(char const* program, char const* color, char const* kind, std::string const& message) {
     std::string const text = OnOneLine(message);
+    char const* const gap = *program == '\0' ? "" : " ";
     if (HasColor())
-        std::fprintf(stderr, "%szvxml:%s %s%s%s%s\n", kBold, kPlain, color, kind, text.c_str(), kPlain);
+        std::fprintf(stderr, "%s%s%s%s%s%s%s%s\n", kBold, program, kPlain, gap, color, kind, text.c_str(),
+                     kPlain);
     else
-        std::fprintf(stderr, "zvxml: %s%s\n", kind, text.c_str());
+        std::fprintf(stderr, "%s%s%s%s\n", program, gap, kind, text.c_str());
 }
+
+constexpr char kProgram[] = "zvxml:";
 
 } // namespace
 
@@ -47,11 +51,15 @@ void SetColorMode(ColorMode mode) {
 }
 
 void TellError(std::string const& message) {
-    Tell(kRed, "", message);
+    Tell(kProgram, kRed, "", message);
 }
 
 void TellWarning(std::string const& message) {
-    Tell(kMagenta, "warning: ", message);
+    Tell(kProgram, kMagenta, "warning: ", message);
+}
+
+void TellVerdict(std::string const& message) {
+    Tell("", kRed, "", message);
 }
 
 void TellHint(std::string const& hint) {

@@ -82,14 +82,14 @@ bool ValidateFile(std::string const& file, grammar::Grammar const& grammar, Vali
         std::printf("%s: valid\n", name.c_str());
         return true;
     } catch (FileError const& e) {
-        TellError(e.what());
+        TellVerdict(e.what());
     } catch (CZvException const& e) {
         if (!keepsPositions)
             return ValidateFile(file, grammar, options, progress, true);
         auto const print = [&](std::string const& path, std::uint64_t line, std::uint64_t column,
                                std::string const& message) {
             Place const place = hasPositions ? Place{line, column} : Place{};
-            TellError(PlaceText(name, place) + TextOf(path, message));
+            TellVerdict(PlaceText(name, place) + TextOf(path, message));
         };
         if (ctx.GetFailures().empty())
             print(e.GetPath(), e.GetLine(), e.GetColumn(), e.GetFullMessage());
@@ -107,7 +107,7 @@ std::string ValidateHelp() {
            "Nothing is fetched from a network.\n\n" +
            OptionsHelp(ValidateOptionTable()) +
            "\nFor each document there is a line \"FILE: valid\", or on standard error a line with\n"
-           "its first failure, \"zvxml: FILE:LINE:COLUMN: PATH: what\".\n"
+           "its first failure, \"FILE:LINE:COLUMN: PATH: what\".\n"
            "Exit status: 0 if all are valid, 1 if one is not or cannot be read, 2 for a command\n"
            "line that makes no sense, 3 for a schema that cannot be used.\n";
 }
