@@ -179,6 +179,14 @@ TEST(StrictValues, AreWrittenSoThatTheyAreReadAgain) {
     auto const date = [](CDateTime const& day) { return [day](ZvVariant& value) { value.SetDate(day); }; };
     CDateTime february(2023, 1, 31);
     february += CDateTimeSpan(0, 1, 0, 0, 0, 0);
+    auto const span = [](unsigned long long seconds, unsigned short milli, unsigned short micro,
+                         unsigned short nano) {
+        CDateTimeSpan const value(0, 0, 0, 0, 0, seconds, milli, micro, nano);
+        return [value](ZvVariant& variant) { variant.SetDuration(value); };
+    };
+    CDateTime longFraction("2024-01-01T00:00:00");
+    longFraction.SetMilliSecond(5000);
+    constexpr unsigned long long kMost = std::numeric_limits<unsigned long long>::max();
     for (Row const& row : std::vector<Row>{
              {ItemType_r8, r8(0.1 + 0.2), N("0.3"), N("0.30000000000000004")},
              {ItemType_r8, r8(-95.431362), N("-95.43136199999999"), N("-95.431362")},
@@ -197,6 +205,14 @@ TEST(StrictValues, AreWrittenSoThatTheyAreReadAgain) {
               no("2023-02-01T00:00:00", "date")},
              {ItemType_duration, [](ZvVariant& value) { value.SetDuration(CDateTimeSpan()); }, N("P"),
               N("PT0S")},
+             {ItemType_duration, span(0, 5000, 0, 0), N("PT0.5S"), N("PT5S")},
+             {ItemType_duration, span(1, 999, 999, 1001), N("PT1.9999991001S"), N("PT2.000000001S")},
+             {ItemType_duration, span(kMost, 0, 999, 0), N("PT18446744073709551615.000999S"),
+              N("PT18446744073709551615.000999S")},
+             {ItemType_duration, span(kMost, 1000, 0, 0), N("PT18446744073709551615.1S"),
+              no("PT18446744073709551615.1S", "duration")},
+             {ItemType_datetime, [=](ZvVariant& value) { value.SetDateTime(longFraction); },
+              N("2024-01-01T00:00:00.5"), no("2024-01-01T00:00:00.5", "datetime")},
              {ItemType_char, [](ZvVariant& value) { value.SetChar('x'); }, "Unknown type [char].", N("x")},
          }) {
         EXPECT_EQ(Written(row.type, row.set, false, row.format), row.usual);

@@ -9,6 +9,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace ZvXmlLib16 {
 
@@ -44,6 +45,25 @@ std::string const& ShortestText(Real value, std::string& buffer) {
     return buffer.assign(text, static_cast<std::size_t>(end - text));
 }
 
+bool HasLongFraction(CDateTimeSpan const& span) noexcept {
+    return span.GetMilliSeconds() > 999 || span.GetMicroSeconds() > 999 || span.GetNanoSeconds() > 999;
+}
+
+// Carries what a group of the fraction of a second has beyond three digits. False if the seconds have no
+// room.
+bool CarryFraction(CDateTimeSpan& span) noexcept {
+    unsigned const micro = span.GetMicroSeconds() + span.GetNanoSeconds() / 1000u;
+    unsigned const milli = span.GetMilliSeconds() + micro / 1000;
+    unsigned const seconds = milli / 1000;
+    if (seconds > std::numeric_limits<unsigned long long>::max() - span.GetSeconds())
+        return false;
+    span.SetNanoSeconds(static_cast<unsigned short>(span.GetNanoSeconds() % 1000));
+    span.SetMicroSeconds(static_cast<unsigned short>(micro % 1000));
+    span.SetMilliSeconds(static_cast<unsigned short>(milli % 1000));
+    span.SetSeconds(span.GetSeconds() + seconds);
+    return true;
+}
+
 std::string const& TextOf(ZvVariant const& value, ItemType type, char const* format, std::string& buffer) {
     bool const hasFormat = format != nullptr && *format != '\0';
     switch (value.IsNil() ? ItemType_invalid : value.GetTypeAsEnum()) {
@@ -55,6 +75,8 @@ std::string const& TextOf(ZvVariant const& value, ItemType type, char const* for
                                                           : ShortestText(value.GetR8(), buffer);
     case ItemType_duration:
         value.ToText(format, buffer);
+        if (CDateTimeSpan span = *value.FindDuration(); HasLongFraction(span) && CarryFraction(span))
+            span.Print(buffer);
         return buffer.back() == 'P' ? buffer = "PT0S" : buffer;
     case ItemType_year:
         value.ToText(format, buffer);
@@ -62,6 +84,18 @@ std::string const& TextOf(ZvVariant const& value, ItemType type, char const* for
     default:
         return value.ToText(format, buffer);
     }
+}
+
+// Whether a group of the fraction of a second has more digits than it has places, which the text hides.
+bool HidesFraction(ZvVariant const& value) {
+    if (CDateTimeSpan const* const duration = value.FindDuration()) {
+        CDateTimeSpan span = *duration;
+        return !CarryFraction(span);
+    }
+    CDateTime const* const date = value.FindDateTime();
+    return date != nullptr &&
+           (date->GetType() == CDateTime::dt_dateTime || date->GetType() == CDateTime::dt_time) &&
+           (date->GetMilliSecond() > 999 || date->GetMicroSecond() > 999 || date->GetNanoSecond() > 999);
 }
 
 // Whether the text of a value may be none of its type: where the class holds more, or a format makes the
@@ -141,7 +175,7 @@ void StrictFromText(ZvVariant& value, std::string_view text, ItemType type) {
 std::string const& ToStrictText(char const* name, ZvVariant const& value, ItemType type, char const* format,
                                 std::string& buffer) {
     std::string const& text = TextOf(value, type, format, buffer);
-    if (NeedsProof(type, value.GetTypeAsEnum(), format) && !IsValidText(type, text))
+    if (NeedsProof(type, value.GetTypeAsEnum(), format) && (!IsValidText(type, text) || HidesFraction(value)))
         FailWrittenText(text, name, TypeNameOf(type));
     return text;
 }
