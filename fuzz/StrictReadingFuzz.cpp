@@ -83,6 +83,23 @@ void TryUntyped(Input const& input) {
                     [&](CXmlObjectBase& again, auto const& ctx) { again.FromJson(json->c_str(), ctx); });
 }
 
+// Sections that are kept as they are, unless other text looks like one.
+void TrySections(Input const& input) {
+    CSerializationContext ctx = Strict();
+    ctx.SetStripCDATA(false);
+    std::optional<std::string> const xml = Attempt([&] {
+        return XmlOf(*ReadUntyped([&](CXmlObjectBase& object, auto const&) { input.ReadInto(object, ctx); }),
+                     ctx);
+    });
+    if (!xml)
+        return;
+    std::optional<Infoset> const before = input.Parsed();
+    std::string const tree = Printed(before, TextPlaces::Exact);
+    if (before && tree.find("<![CDATA[") == std::string::npos)
+        RequireEqual(WithoutMinusZeros(Printed(InfosetOfXml(*xml), TextPlaces::Exact)),
+                     WithoutMinusZeros(tree), *xml);
+}
+
 // Whether all elements and attributes of the first one are in the second one, but for what schemas give a
 // meaning.
 bool Keeps(Infoset const& after, Infoset const& before) {
@@ -117,6 +134,7 @@ void TryTyped(Input const& input) {
 extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t size) {
     Input const input(TextOf(data, size));
     TryUntyped(input);
+    TrySections(input);
     TryTyped(input);
     return 0;
 }

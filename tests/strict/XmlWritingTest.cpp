@@ -69,8 +69,13 @@ TEST(StrictXml, WritesNoMarkupThatIsNotMeant) {
     }
     CSerializationContext sections = Strict();
     sections.SetStripCDATA(false);
-    EXPECT_EQ(XmlOf(*Named("a", "<![CDATA[<b>]]>]]><c/>"), sections),
-              "<a><![CDATA[<b>]]>]]&gt;&lt;c/&gt;</a>");
+    for (auto const& [text, xml] : {
+             std::pair("<![CDATA[<b>]]>]]><c/>", "<![CDATA[<b>]]>]]&gt;&lt;c/&gt;"),
+             std::pair("<x><![CDATA[<b>]]>&<![CDATA[]]>", "&lt;x&gt;<![CDATA[<b>]]>&amp;<![CDATA[]]>"),
+             std::pair("<![CDATA[<b>\r]]>", "&lt;![CDATA[&lt;b&gt;&#xD;]]&gt;"),
+             std::pair("<![CDATA[<b>", "&lt;![CDATA[&lt;b&gt;"),
+         })
+        EXPECT_EQ(XmlOf(*Named("a", text), sections), "<a>" + std::string(xml) + "</a>");
 }
 
 // What the calls of a writer give, or the failure.

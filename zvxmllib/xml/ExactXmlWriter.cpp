@@ -136,18 +136,23 @@ void CExactXmlWriter::AppendDeclaration(std::string_view alias, std::string cons
     m_inForce.Declare(alias, ns, m_pContext->m_depth);
 }
 
-// A section ends at the first end there is, whatever was meant.
+// A section ends at the first end there is, whatever was meant. One that has a carriage return would lose it.
 void CExactXmlWriter::AppendText(std::string const& text) {
-    std::size_t const end = m_keepsSections && text.compare(0, kSectionStart.size(), kSectionStart) == 0
-                                ? text.find(kSectionEnd)
-                                : std::string::npos;
-    if (end == std::string::npos) {
-        AppendEscapedText(text);
-        return;
+    std::size_t done = 0;
+    while (m_keepsSections) {
+        std::size_t const start = text.find(kSectionStart, done);
+        std::size_t const end = start == std::string::npos ? start : text.find(kSectionEnd, start);
+        if (end == std::string::npos)
+            break;
+        std::string const section = text.substr(start, end + kSectionEnd.size() - start);
+        AppendEscapedText(text.substr(done, start - done));
+        if (section.find('\r') == std::string::npos)
+            m_sink->Append(section);
+        else
+            AppendEscapedText(section);
+        done = start + section.size();
     }
-    std::size_t const length = end + kSectionEnd.size();
-    m_sink->Append(text.data(), length);
-    AppendEscapedText(text.substr(length));
+    AppendEscapedText(done == 0 ? text : text.substr(done));
 }
 
 } // namespace ZvXmlLib16

@@ -16,8 +16,8 @@ namespace ZvXmlLib16 {
 // encoding of local text. Names and characters are looked at by StrictWriter.
 class CExactXmlWriter : public CXmlTextWriter {
 public:
-    // `sink` is borrowed and outlives the writer. With `keepsSections`, a text that begins with a CDATA
-    // section has that section written as one.
+    // `sink` is borrowed and outlives the writer. With `keepsSections`, the CDATA sections in texts are
+    // written as such.
     CExactXmlWriter(CTextStream* sink, bool keepsSections);
     ~CExactXmlWriter() override;
 
