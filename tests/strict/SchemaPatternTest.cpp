@@ -87,6 +87,8 @@ TEST(SchemaPattern, RefusesWhatIsNoExpression) {
                                       "[]",
                                       "[^]",
                                       "[a]]",
+                                      "[]a]",
+                                      "[[a]",
                                       "[a-]b]",
                                       "[z-a]",
                                       "[a-c-e]",
