@@ -17,6 +17,8 @@ namespace {
 
 constexpr char16_t kMalformed = 0xFFFD;
 constexpr int kTwoBytes = -2;
+constexpr std::uint32_t kEucJp = 51932;
+constexpr unsigned char kThreeBytes = 0x8F; // in EUC-JP, ahead of two more
 
 struct Page {
     std::string_view name; // in lower case
@@ -24,7 +26,7 @@ struct Page {
 };
 constexpr std::array kPages = {Page{"koi8-r", 20866}, Page{"koi8-u", 21866}, Page{"shift_jis", 932},
                                Page{"gbk", 936},      Page{"gb2312", 936},   Page{"euc-kr", 949},
-                               Page{"big5", 950}};
+                               Page{"big5", 950},     Page{"euc-jp", kEucJp}};
 
 // "windows-1252" and "ISO-8859-15" say their number.
 std::uint32_t PageOf(std::string name) {
@@ -51,7 +53,9 @@ int CharacterOf(std::uint32_t page, std::string_view bytes) {
 }
 
 int XMLCALL Convert(void* data, char const* bytes) {
-    return CharacterOf(*static_cast<std::uint32_t*>(data), {bytes, 2});
+    std::uint32_t const page = *static_cast<std::uint32_t*>(data);
+    bool const isThree = page == kEucJp && static_cast<unsigned char>(*bytes) == kThreeBytes;
+    return CharacterOf(page, {bytes, isThree ? 3U : 2U});
 }
 
 void XMLCALL Release(void* data) {
@@ -64,12 +68,14 @@ bool FillEncoding(char const* name, XML_Encoding& encoding) {
     std::uint32_t const page = PageOf(name);
     if (page == 0 || platform::ResolveCodePage(page) != page)
         return false;
-    bool const hasPairs = page < 1000;
+    bool const hasPairs = page < 1000 || page == kEucJp;
     for (int byte = 0; byte < 256; ++byte) {
         char const text = static_cast<char>(byte);
         int const character = byte < 128 ? byte : CharacterOf(page, {&text, 1});
         encoding.map[byte] = character == -1 && hasPairs ? kTwoBytes : character;
     }
+    if (page == kEucJp)
+        encoding.map[kThreeBytes] = -3;
     encoding.data = new std::uint32_t(page);
     encoding.convert = hasPairs ? &Convert : nullptr;
     encoding.release = &Release;

@@ -10,7 +10,7 @@ namespace zvxml {
 
 // Well-formed by XML 1.0 and Namespaces in XML. Entities that the document declares itself are replaced; a
 // reference to one that is not read is refused, with its name. Reads the encodings of the parser and
-// single-byte and double-byte code pages. `input` is borrowed.
+// those of Encodings.h. `input` is borrowed.
 std::unique_ptr<Source> MakeXmlSource(ByteInput& input);
 
 } // namespace zvxml
