@@ -407,8 +407,8 @@ void Mapping::TellRenamed(Source const* source, std::string const& path, std::st
 std::string Mapping::TakeDocumentName(std::string const& ns, std::string const& path,
                                       std::string const& name) {
     std::string const functions[][2] = {
-        {"Read", ""},     {"Read", "Xml"},   {"Read", "Json"},        {"Write", ""},
-        {"Write", "Xml"}, {"Write", "Json"}, {"Write", "FastInfoset"}};
+        {"New", ""},   {"Read", ""},     {"Read", "Xml"},   {"Read", "Json"},
+        {"Write", ""}, {"Write", "Xml"}, {"Write", "Json"}, {"Write", "FastInfoset"}};
     NameScope& scope = ScopeOf(ns);
     std::string const* const given = m_names.Find(path);
     std::string taken = given != nullptr ? *given : name;
