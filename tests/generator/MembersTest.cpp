@@ -28,6 +28,29 @@ TEST(Members, LeaveNamesOfTheSchemaTheirMeaning) {
     EXPECT_EQ(main_::WriteObjectXml(*main_::ReadObjectJson(main_::WriteObjectJson(*object))), xml);
 }
 
+// An element that stands in several places of a sequence: setters fill them one by one, in any order.
+TEST(Members, StandInTheirPlacesOfTheSequence) {
+    std::string const whole =
+        "<AA:twice xmlns:AA=\"urn:main\"><a>1</a><b>2</b><a>3</a><c>4</c><a>5</a><d>6</d></AA:twice>";
+    for (std::string const steps : {"abacad", "aaabcd", "cbaaad", "daaacb", "bcdaaa", "acdaba"}) {
+        auto const object = main_::NewTwice();
+        int a = 1;
+        for (char const step : steps) {
+            if (step == 'a') {
+                object->GetA().Add(a);
+                a += 2;
+            } else if (step == 'b') {
+                object->SetB(2);
+            } else if (step == 'c') {
+                object->SetC(4);
+            } else {
+                object->GetD().Add(6);
+            }
+        }
+        EXPECT_EQ(main_::WriteTwiceXml(*object), whole) << steps;
+    }
+}
+
 TEST(Members, OfTheBaseAreKnown) {
     for (char const* const name : {"Node", "MsgType", "AddRef", "TextOf", "CTypedObject", "CXmlObjectBase"})
         EXPECT_TRUE(schema::IsBaseMember(name)) << name;

@@ -78,23 +78,47 @@ CTypedObject::Node const* CTypedObject::Find(std::uint32_t declaration) const no
     return index < m_nodes.size() ? &m_nodes[index] : nullptr;
 }
 
+namespace {
+
+std::size_t IndexIn(std::vector<ContentEntry> const& order, Symbol symbol) {
+    auto const found = std::find_if(order.begin(), order.end(),
+                                    [symbol](ContentEntry const& entry) { return entry.symbol == symbol; });
+    return static_cast<std::size_t>(found - order.begin());
+}
+
+// The place in the order of the schema of an element of that name that has `earlier` others ahead of it.
+std::size_t RankOf(std::vector<ContentEntry> const& order, std::size_t index, std::size_t earlier) {
+    if (index == order.size() || earlier == 0 || order[index].laterBehind.empty())
+        return 2 * index;
+    std::vector<Symbol> const& behind = order[index].laterBehind;
+    return 2 * IndexIn(order, behind[std::min(earlier, behind.size()) - 1]) + 1;
+}
+
+} // namespace
+
 // Behind the last of that name, of the same repeatable choice, or else of those that the schema has ahead of
 // it.
 std::size_t CTypedObject::PlaceFor(Symbol symbol) const {
     std::vector<ContentEntry> const& order = m_schema->GetContentOrders().Of(m_type);
-    auto const entryOf = [&order](Symbol of) {
-        return std::find_if(order.begin(), order.end(),
-                            [of](ContentEntry const& entry) { return entry.symbol == of; });
+    auto const earlierThan = [this, &order](std::size_t place, std::size_t index, Symbol of) {
+        if (index == order.size() || order[index].laterBehind.empty())
+            return std::size_t{0};
+        return static_cast<std::size_t>(std::count_if(m_nodes.begin(),
+                                                      m_nodes.begin() + static_cast<std::ptrdiff_t>(place),
+                                                      [of](Node const& node) { return node.symbol == of; }));
     };
-    auto const own = entryOf(symbol);
-    auto const isAhead = [&](Symbol other) {
-        auto const entry = entryOf(other);
-        bool const isSameChoice = own != order.end() && entry != order.end() && own->choice != kNone &&
-                                  entry->choice == own->choice;
-        return other == symbol || isSameChoice || entry <= own;
+    std::size_t const own = IndexIn(order, symbol);
+    std::size_t const ownRank = RankOf(order, own, earlierThan(m_nodes.size(), own, symbol));
+    auto const isAhead = [&](std::size_t place) {
+        Symbol const other = m_nodes[place].symbol;
+        std::size_t const entry = IndexIn(order, other);
+        bool const isSameChoice = own != order.size() && entry != order.size() &&
+                                  order[own].choice != kNone && order[entry].choice == order[own].choice;
+        return other == symbol || isSameChoice ||
+               RankOf(order, entry, earlierThan(place, entry, other)) <= ownRank;
     };
     std::size_t place = m_nodes.size();
-    while (place != 0 && !isAhead(m_nodes[place - 1].symbol))
+    while (place != 0 && !isAhead(place - 1))
         --place;
     return place;
 }

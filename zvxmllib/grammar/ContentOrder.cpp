@@ -31,12 +31,31 @@ ContentOrders::Entries ContentOrders::OfParticle(std::uint32_t particle) const {
         entries = OfGroup(row);
     for (ContentEntry& entry : entries) {
         entry.isRepeatable = entry.isRepeatable || row.maxOccurs > 1;
+        if (row.maxOccurs > 1)
+            entry.laterBehind.clear();
         entry.isOptional = entry.isOptional || row.minOccurs == 0;
         if (row.kind == ParticleKind::kChoice && row.maxOccurs > 1)
             entry.choice = particle;
     }
     return entries;
 }
+
+namespace {
+
+// `part` comes once more, behind `last`.
+void AddLaterPlace(ContentEntry& entry, ContentEntry const& part, bool isChoice, Symbol last) {
+    auto const isOnceAPlace = [](ContentEntry const& of) {
+        return !of.isRepeatable || !of.laterBehind.empty();
+    };
+    if (isChoice || !isOnceAPlace(entry) || !isOnceAPlace(part)) {
+        entry.laterBehind.clear();
+        return;
+    }
+    entry.laterBehind.push_back(last);
+    entry.laterBehind.insert(entry.laterBehind.end(), part.laterBehind.begin(), part.laterBehind.end());
+}
+
+} // namespace
 
 // One occurrence of the group.
 ContentOrders::Entries const& ContentOrders::OfGroup(ParticleRow const& group) const {
@@ -57,6 +76,7 @@ ContentOrders::Entries const& ContentOrders::OfGroup(ParticleRow const& group) c
                 continue;
             }
             ContentEntry& entry = entries[place->second];
+            AddLaterPlace(entry, part, isChoice, entries.back().symbol);
             entry.isRepeatable = entry.isRepeatable || part.isRepeatable || !isChoice;
             entry.isOptional = entry.isOptional && part.isOptional;
             if (entry.choice != part.choice)

@@ -18,6 +18,9 @@ struct ContentEntry {
     bool isRepeatable = false;         // there can be several
     bool isOptional = false;           // there can be none
     std::uint32_t choice = kNone;      // the particle of the outermost repeatable choice that they are in
+    // Where the name stands once in each of several places of a sequence (a, b, a): what the second one, and
+    // all further ones, stand behind.
+    std::vector<Symbol> laterBehind{};
 };
 
 // Made for one grammar; any number of threads may ask at once.
