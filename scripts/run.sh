@@ -23,11 +23,11 @@ show() {
 
 # From a schema to a running program: the classes, a project around them, and what it does with a document.
 show "$root/build/release/tools/zvxml-gen/zvxml-gen" new "$scratch/alerts" \
-    --namespace urn:oasis:names:tc:emergency:cap:1.2=cap examples/data/cap-1.2.xsd
+    --namespace urn:oasis:names:tc:emergency:cap:1.2=cap --sample examples/data/cap-tsunami.xml examples/data/cap-1.2.xsd
 cmake --install build/release --prefix "$scratch/installed" >/dev/null
 show cmake -G Ninja -S "$scratch/alerts" -B "$scratch/alerts/build" -DCMAKE_PREFIX_PATH="$scratch/installed" | sed -n '1,2p;$p'
 show cmake --build "$scratch/alerts/build" | sed -n '1,2p;$p'
-show "$scratch/alerts/build/alerts" examples/data/cap-tsunami.xml | sed -n 1,16p
+show "$scratch/alerts/build/alerts" "$scratch/alerts/cap-tsunami.xml" "$scratch/copy.xml" | sed -n 1,16p
 echo "  ..."
 show "$zvxml" validate --schema examples/data/cap-1.2.xsd examples/data/cap-tsunami.xml examples/data/cap-australia.xml
 
