@@ -8,7 +8,7 @@ namespace {
 
 using namespace schema_test;
 
-char const* const kSchema = R"(
+char const* const kOrders = R"(
 <xs:complexType name='Base'><xs:sequence><xs:element name='n' type='o:Num' maxOccurs='2'/></xs:sequence>
   <xs:attribute name='k' type='o:Un'/></xs:complexType>
 <xs:complexType name='Gone'><xs:complexContent><xs:extension base='o:Base'><xs:sequence>
@@ -35,7 +35,7 @@ char const* const kSchema = R"(
 
 TEST(KeepOnly, JudgesDocumentsOfThePartAsTheWholeDoes) {
     Folder const folder;
-    folder.Write("s.xsd", SchemaText(kSchema, "xmlns:o='urn:o' targetNamespace='urn:o'"));
+    folder.Write("s.xsd", SchemaText(kOrders, "xmlns:o='urn:o' targetNamespace='urn:o'"));
     Schemas const whole(folder, {"s.xsd"});
     schema::Diagnostics diagnostics;
     auto const part = schema::ReadSchemas({folder.Of("s.xsd")}, {}, diagnostics);
