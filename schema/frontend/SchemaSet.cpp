@@ -69,6 +69,14 @@ void SchemaSet::Close() {
     auto const isXml = [](Root const& root) { return root.ns == kXmlNamespace; };
     if (m_needsXmlSchema && std::none_of(m_roots.begin(), m_roots.end(), isXml))
         Add(kXmlSchemaFile);
+    for (auto const& [ns, position] : m_openImports) {
+        std::string const& wanted = ns;
+        if (std::none_of(m_roots.begin(), m_roots.end(),
+                         [&wanted](Root const& root) { return root.ns == wanted; }))
+            m_diagnostics.Warning(
+                position, "there is no schema for the namespace [" + ns + "]; give its place by --location",
+                "missing-schema");
+    }
 }
 
 Definition const* SchemaSet::Find(Space space, QName const& name) const {
@@ -220,8 +228,11 @@ void SchemaSet::AddImport(SchemaDocument const& document, OutlineNode const& nod
         return;
     }
     if (!file) {
-        // Without a location the namespace is that of another document.
-        if (!location.empty() && ns != kSchemaNamespace)
+        if (ns == kSchemaNamespace || ns == kInstanceNamespace)
+            return;
+        if (location.empty()) // the namespace is that of another document
+            m_openImports.emplace_back(ns, document.At(node));
+        else
             m_diagnostics.Warning(document.At(node),
                                   "there is no schema at [" + location + "] for the namespace [" + ns +
                                       "]; give its place by --location",

@@ -131,6 +131,7 @@ private:
     std::vector<std::size_t> m_groupEnds;
     std::vector<Root> m_roots;
     std::vector<std::string> m_targetNamespaces;
+    std::vector<std::pair<std::string, Position>> m_openImports; // those without a location
     bool m_needsXmlSchema = false;
 };
 

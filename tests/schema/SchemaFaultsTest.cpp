@@ -189,6 +189,11 @@ TEST(SchemaFaultTest, MissingOnesAreToldAndFoundByTheirPlaces) {
     folder.Write("c.xsd", SchemaText("<xs:include schemaLocation='.'/>"));
     EXPECT_EQ(Schemas(folder, {"c.xsd"}).Told(),
               "c.xsd:1:89: warning: there is no schema at [.] [-Wmissing-schema]\n");
+    folder.Write("d.xsd", SchemaText("<xs:import namespace='urn:b'/>"));
+    EXPECT_EQ(Schemas(folder, {"d.xsd"}).Told(),
+              "d.xsd:1:87: warning: there is no schema for the namespace "
+              "[urn:b]; give its place by --location [-Wmissing-schema]\n");
+    EXPECT_EQ(Schemas(folder, {"d.xsd", "elsewhere.xsd"}).Told(), "");
     for (std::string const from : {"http://example.com/b.xsd", "urn:b", "catalog"}) {
         schema::SchemaFiles places;
         schema::Diagnostics diagnostics;
