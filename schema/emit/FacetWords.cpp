@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kMostValues = 8; // of an enumeration
 constexpr std::size_t kMostMembers = 5;
-constexpr unsigned kMostLevels = 2;      // of types one within the other
+constexpr unsigned kMostNestedTypes = 2; // of types one within the other
 constexpr std::size_t kMostLength = 120; // of one text
 constexpr std::size_t kMostWords = 1000; // of all
 
@@ -31,14 +31,14 @@ std::string Counted(std::string const& number, std::string const& unit) {
     return number + " " + unit + (number == "1" ? "" : "s");
 }
 
-class Words {
+class SimpleTypeWords {
 public:
-    explicit Words(Schema const& schema) : m_schema(schema) {}
+    explicit SimpleTypeWords(Schema const& schema) : m_schema(schema) {}
 
     std::string Of(std::uint32_t type, unsigned level) {
         m_words.clear();
         m_values.fill(nullptr);
-        if (level > kMostLevels)
+        if (level > kMostNestedTypes)
             return {};
         std::uint32_t const root = ReadSteps(type);
         std::string const inside = Inside(root, level);
@@ -106,13 +106,13 @@ private:
             return {};
         SimpleTypeRow const& row = RowOf(root);
         if (row.item != kNone) {
-            std::string const item = Words(m_schema).Of(row.item, level + 1);
+            std::string const item = SimpleTypeWords(m_schema).Of(row.item, level + 1);
             return "list of " + NameOfType(row.item) + (item.empty() ? "" : " (" + item + ")");
         }
         std::string all;
         for (std::uint32_t i = 0; i < row.members.count && i < kMostMembers; ++i) {
             std::uint32_t const member = m_schema.indexes[row.members.first + i];
-            std::string words = Words(m_schema).Of(member, level + 1);
+            std::string words = SimpleTypeWords(m_schema).Of(member, level + 1);
             if (words.empty())
                 words = "any " + NameOfType(member);
             all += (all.empty() ? "either " : "; or ") + words;
@@ -192,7 +192,7 @@ private:
 } // namespace
 
 std::string FacetWords(Schema const& schema, std::uint32_t type) {
-    return Shorten(Words(schema).Of(type, 0), kMostWords);
+    return Shorten(SimpleTypeWords(schema).Of(type, 0), kMostWords);
 }
 
 std::string ConstraintWords(ValueConstraint constraint, char const* value) {
