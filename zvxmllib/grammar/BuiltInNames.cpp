@@ -8,52 +8,52 @@ namespace ZvXmlLib16::grammar {
 namespace {
 
 // In the order of the enumerators.
-constexpr char const* kBuiltIns[] = {"anySimpleType",
-                                     "string",
-                                     "normalizedString",
-                                     "token",
-                                     "language",
-                                     "NMTOKEN",
-                                     "NMTOKENS",
-                                     "Name",
-                                     "NCName",
-                                     "ID",
-                                     "IDREF",
-                                     "IDREFS",
-                                     "ENTITY",
-                                     "ENTITIES",
-                                     "QName",
-                                     "NOTATION",
-                                     "anyURI",
-                                     "boolean",
-                                     "decimal",
-                                     "integer",
-                                     "nonPositiveInteger",
-                                     "negativeInteger",
-                                     "nonNegativeInteger",
-                                     "positiveInteger",
-                                     "long",
-                                     "int",
-                                     "short",
-                                     "byte",
-                                     "unsignedLong",
-                                     "unsignedInt",
-                                     "unsignedShort",
-                                     "unsignedByte",
-                                     "float",
-                                     "double",
-                                     "duration",
-                                     "dateTime",
-                                     "date",
-                                     "time",
-                                     "gYearMonth",
-                                     "gYear",
-                                     "gMonthDay",
-                                     "gMonth",
-                                     "gDay",
-                                     "hexBinary",
-                                     "base64Binary"};
-static_assert(std::size(kBuiltIns) == kBuiltInCount);
+constexpr char const* kNamesOfBuiltIns[] = {"anySimpleType",
+                                            "string",
+                                            "normalizedString",
+                                            "token",
+                                            "language",
+                                            "NMTOKEN",
+                                            "NMTOKENS",
+                                            "Name",
+                                            "NCName",
+                                            "ID",
+                                            "IDREF",
+                                            "IDREFS",
+                                            "ENTITY",
+                                            "ENTITIES",
+                                            "QName",
+                                            "NOTATION",
+                                            "anyURI",
+                                            "boolean",
+                                            "decimal",
+                                            "integer",
+                                            "nonPositiveInteger",
+                                            "negativeInteger",
+                                            "nonNegativeInteger",
+                                            "positiveInteger",
+                                            "long",
+                                            "int",
+                                            "short",
+                                            "byte",
+                                            "unsignedLong",
+                                            "unsignedInt",
+                                            "unsignedShort",
+                                            "unsignedByte",
+                                            "float",
+                                            "double",
+                                            "duration",
+                                            "dateTime",
+                                            "date",
+                                            "time",
+                                            "gYearMonth",
+                                            "gYear",
+                                            "gMonthDay",
+                                            "gMonth",
+                                            "gDay",
+                                            "hexBinary",
+                                            "base64Binary"};
+static_assert(std::size(kNamesOfBuiltIns) == kBuiltInCount);
 
 constexpr char const* kFacets[] = {"length",       "minLength",    "maxLength",      "pattern",
                                    "enumeration",  "minInclusive", "maxInclusive",   "minExclusive",
@@ -72,11 +72,11 @@ bool FindIn(char const* const (&names)[count], std::string_view name, Enumerator
 } // namespace
 
 bool FindBuiltIn(std::string_view name, BuiltIn& type) noexcept {
-    return FindIn(kBuiltIns, name, type);
+    return FindIn(kNamesOfBuiltIns, name, type);
 }
 
 char const* NameOf(BuiltIn type) noexcept {
-    return kBuiltIns[static_cast<std::size_t>(type)];
+    return kNamesOfBuiltIns[static_cast<std::size_t>(type)];
 }
 
 bool FindFacet(std::string_view name, Facet& facet) noexcept {
