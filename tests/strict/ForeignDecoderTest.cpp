@@ -47,7 +47,7 @@ CSerializationContext Strict() {
 }
 
 TEST(ForeignDecoder, ReadsRealDocuments) {
-    for (std::filesystem::path const& path : RealDocuments()) {
+    for (std::string const& path : RealDocuments()) {
         CSmartPtr<CElement> const element(new CElement(""));
         element->FromXmlFile(path.c_str(), Strict());
         TemporaryFile const xml;

@@ -93,15 +93,3 @@ std::vector<std::string> DescribeDocument(std::string const& file, Texts texts) 
     }
     return lines;
 }
-
-std::vector<std::string> RealDocuments() {
-    std::vector<std::string> files;
-    for (char const* directory : {ZV_EXAMPLE_DATA_DIR, ZV_CORPUS_DIR})
-        if (std::filesystem::exists(directory))
-            for (std::filesystem::directory_entry const& entry :
-                 std::filesystem::directory_iterator(directory))
-                if (entry.is_regular_file() && entry.path().extension() != ".md")
-                    files.push_back(entry.path().string());
-    std::sort(files.begin(), files.end());
-    return files;
-}

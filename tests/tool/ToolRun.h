@@ -1,6 +1,8 @@
 // Runs the tool in a scratch directory and compares the documents that it makes.
 #pragma once
 
+#include "tests/support/RealDocuments.h"
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -38,6 +40,3 @@ enum class Texts { All, OfElementsWithoutChildren, WithoutLineFeeds };
 
 // Elements with their namespaces, attributes and texts, a line each, as the library reads them.
 std::vector<std::string> DescribeDocument(std::string const& file, Texts texts = Texts::All);
-
-// The documents in examples/data and, where it is there, in the corpus beside the repository.
-std::vector<std::string> RealDocuments();
