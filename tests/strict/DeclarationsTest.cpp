@@ -106,4 +106,38 @@ TEST(StrictDeclarations, HideWhatHasTheirPrefix) {
     }
 }
 
+// The writer would make up AA for another namespace.
+TEST(StrictDeclarations, StayWithAttributesThatAWildcardTakes) {
+    Model model;
+    model.attributes = {Attribute("a", 1, true),
+                        new CAttributeInfoAny("any", "", 0, true, "##any", "", nullptr)};
+    model.init = [](Probe& probe) {
+        probe.properties[0].SetXmlCollection(new CAttributeCol("", "##any", ""));
+    };
+    model.Finish();
+    ExpectTwice(model, {
+                           {R"(<order xmlns:p="urn:p" k="p:v"/>)", R"(<order k="p:v"/>)", ""},
+                           {R"(<order xmlns:p="urn:p" xmlns:q="urn:q" p:k="v" a="5"/>)",
+                            R"(<order a="5" xmlns:AA="urn:p" AA:k="v"/>)",
+                            R"(<order a="5" xmlns:AA="urn:p" AA:k="v"/>)"},
+                           {R"(<order xmlns:AA="urn:1" xmlns:p="urn:2" p:k="AA:v"/>)",
+                            R"(<order xmlns:AA="urn:2" AA:k="AA:v"/>)",
+                            R"(<order xmlns:AA="urn:1" xmlns:AB="urn:2" AB:k="AA:v"/>)"},
+                           {R"(<order k="zz:v http://x"/>)", "", ""},
+                       });
+    CSmartPtr<Probe> const probe(new Probe(model));
+    probe->FromXml(R"(<order xmlns:p="urn:p" k="p:v"/>)", Strict());
+    std::string const& xml = probe->ToXml(false, false, EOLType_LF, Strict());
+    CSmartPtr<Probe> const again(new Probe(model));
+    again->FromXmlStream(probe->ToFastInfosetStream(FInfoDecl_None, Strict(), CompressionType_None),
+                         Strict());
+    EXPECT_EQ(again->ToXml(false, false, EOLType_LF, Strict()), xml);
+    CSmartPtr<CXmlObjectBase> const held = probe->properties[0].GetXmlObject();
+    auto& attributes = dynamic_cast<CAttributeCol&>(*held);
+    attributes.DeclarePrefix("p", "urn:other");
+    CSmartPtr<Probe> const copied(new Probe(model));
+    copied->properties[0].SetXmlCollection(attributes.Clone());
+    EXPECT_EQ(copied->ToXml(false, false, EOLType_LF, Strict()), R"(<order xmlns:p="urn:other" k="p:v"/>)");
+}
+
 } // namespace

@@ -6,8 +6,10 @@
 #include "zvxmllib/foundation/InstanceMonitor.h"
 #include "zvxmllib/foundation/SharedText.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ZvXmlLib16 {
 
@@ -78,8 +80,22 @@ public:
     CZvIterator<CAttribute> begin() const { return CZvIterator<CAttribute>(m_pHead); }
     CZvIterator<CAttribute> end() const { return CZvIterator<CAttribute>(nullptr); }
 
-    // A new collection with clones of the items.
+    // A new collection with clones of the items, and the declarations.
     CSmartPtr<CAttributeCol> Clone() const;
+
+    struct Declaration {
+        detail::SharedText prefix; // empty for the default namespace
+        detail::SharedText namespaceURI;
+    };
+    // A prefix that names in the values need; in place of the one of this prefix. Writing in a strict context
+    // declares it on the element of the class that has this collection for its wildcard, unless it is in
+    // force. Untyped elements have declarations of their own.
+    void DeclarePrefix(char const* prefix, char const* namespaceURI);
+    // Those in force at the element of a document of a strict context that stand before a colon in the
+    // values.
+    void KeepDeclarations(CXmlElement const& element);
+    // Ahead of the element.
+    void WriteDeclarations(CXmlWriter& writer) const;
 
 protected:
     ~CAttributeCol() override;
@@ -97,6 +113,7 @@ private:
 
     std::string m_allowedNamespaces;
     std::string m_targetNamespace;
+    std::unique_ptr<std::vector<Declaration>> m_declarations; // null for none
 };
 
 } // namespace ZvXmlLib16

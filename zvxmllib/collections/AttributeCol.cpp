@@ -81,6 +81,8 @@ CSmartPtr<CAttributeCol> CAttributeCol::Clone() const {
         clone->m_namespace = m_namespace;
     for (CAttribute* const attribute : *this)
         clone->Add(attribute->Clone());
+    if (m_declarations != nullptr)
+        clone->m_declarations = std::make_unique<std::vector<Declaration>>(*m_declarations);
     return clone;
 }
 

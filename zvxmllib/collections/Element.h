@@ -55,10 +55,7 @@ public:
 
     // A prefix, or the default namespace, that names in texts and values of this element and its content
     // need. An empty URI takes the default namespace away.
-    struct Declaration {
-        detail::SharedText prefix; // empty for the default namespace
-        detail::SharedText namespaceURI;
-    };
+    using Declaration = CAttributeCol::Declaration;
     // Reading in a strict context keeps the declarations made on the element, and those above it that stand
     // before a colon in its text and attributes or that xsi:type needs. Writing in a strict context declares
     // them there, unless they are in force.

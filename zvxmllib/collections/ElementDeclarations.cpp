@@ -1,8 +1,10 @@
-// CElement: the prefixes that its names in texts and values need.
+// CElement and CAttributeCol: the prefixes that their names in texts and values need.
+#include "zvxmllib/collections/Attribute.h"
 #include "zvxmllib/collections/Element.h"
 #include "zvxmllib/document/PrefixScopes.h"
 #include "zvxmllib/document/XmlAttribute.h"
 #include "zvxmllib/document/XmlElement.h"
+#include "zvxmllib/foundation/TextOrEmpty.h"
 #include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
@@ -32,11 +34,14 @@ void FindPrefixes(std::string_view text, Found found) {
     }
 }
 
-// The declarations of an element, and those above it that its texts need.
+// The declarations that texts of an element need, and all of its own if they are asked for.
 class NeededDeclarations {
 public:
-    NeededDeclarations(detail::PrefixScopes const& scopes, CXmlElement const& element)
-        : m_scopes(scopes), m_element(element), m_needed(scopes.GetDeclared(element)) {
+    enum class Begin { kWithNone, kWithItsOwn };
+    NeededDeclarations(detail::PrefixScopes const& scopes, CXmlElement const& element, Begin begin)
+        : m_scopes(scopes), m_element(element) {
+        if (begin == Begin::kWithItsOwn)
+            m_needed = scopes.GetDeclared(element);
         for (detail::PrefixDeclaration const& declaration : m_needed)
             m_prefixes.insert(*declaration.prefix);
     }
@@ -58,6 +63,18 @@ private:
     std::unordered_set<std::string_view> m_prefixes; // looked up already
 };
 
+// In place of the one of this prefix.
+void Declare(std::vector<CElement::Declaration>& declarations, std::string_view prefix,
+             std::string_view uri) {
+    auto const known = std::find_if(
+        declarations.begin(), declarations.end(),
+        [prefix](CElement::Declaration const& declaration) { return declaration.prefix.Get() == prefix; });
+    if (known != declarations.end())
+        known->namespaceURI = uri;
+    else
+        declarations.push_back({detail::SharedText(prefix), detail::SharedText(uri)});
+}
+
 } // namespace
 
 std::vector<CElement::Declaration> const& CElement::GetDeclarations() const noexcept {
@@ -66,16 +83,7 @@ std::vector<CElement::Declaration> const& CElement::GetDeclarations() const noex
 }
 
 void CElement::DeclarePrefix(char const* prefix, char const* namespaceURI) {
-    std::vector<Declaration>& declarations = OwnRules().declarations;
-    std::string_view const name = prefix == nullptr ? "" : prefix;
-    char const* const uri = namespaceURI == nullptr ? "" : namespaceURI;
-    auto const known =
-        std::find_if(declarations.begin(), declarations.end(),
-                     [name](Declaration const& declaration) { return declaration.prefix.Get() == name; });
-    if (known != declarations.end())
-        known->namespaceURI = uri;
-    else
-        declarations.push_back({name, uri});
+    Declare(OwnRules().declarations, detail::TextOrEmpty(prefix), detail::TextOrEmpty(namespaceURI));
 }
 
 // Behind the text. A type without a prefix is one of the default namespace.
@@ -85,7 +93,7 @@ void CElement::KeepDeclarations(CXmlElement const& element) {
     detail::PrefixScopes const* const scopes = element.GetScopes();
     if (scopes == nullptr)
         return;
-    NeededDeclarations needed(*scopes, element);
+    NeededDeclarations needed(*scopes, element, NeededDeclarations::Begin::kWithItsOwn);
     needed.AddText(m_text);
     for (std::size_t i = 0; i < element.GetAttributeCount(); ++i) {
         CXmlAttribute const& attribute = *element.GetAttributeAt(i);
@@ -102,6 +110,30 @@ void CElement::KeepDeclarations(CXmlElement const& element) {
 
 void CElement::WriteDeclarations(CXmlWriter& writer) const {
     for (Declaration const& declaration : GetDeclarations())
+        writer.DeclareOnNextElement(declaration.prefix, declaration.namespaceURI);
+}
+
+void CAttributeCol::DeclarePrefix(char const* prefix, char const* namespaceURI) {
+    if (m_declarations == nullptr)
+        m_declarations = std::make_unique<std::vector<Declaration>>();
+    Declare(*m_declarations, detail::TextOrEmpty(prefix), detail::TextOrEmpty(namespaceURI));
+}
+
+void CAttributeCol::KeepDeclarations(CXmlElement const& element) {
+    detail::PrefixScopes const* const scopes = element.GetScopes();
+    if (scopes == nullptr)
+        return;
+    NeededDeclarations needed(*scopes, element, NeededDeclarations::Begin::kWithNone);
+    for (CAttribute const* const attribute : *this)
+        needed.AddText(attribute->m_value);
+    for (detail::PrefixDeclaration const& declaration : needed.Get())
+        DeclarePrefix(declaration.prefix->c_str(), declaration.uri->c_str());
+}
+
+void CAttributeCol::WriteDeclarations(CXmlWriter& writer) const {
+    if (m_declarations == nullptr)
+        return;
+    for (Declaration const& declaration : *m_declarations)
         writer.DeclareOnNextElement(declaration.prefix, declaration.namespaceURI);
 }
 

@@ -21,6 +21,11 @@ CSmartPtr<ZvXmlLib16::CXmlObjectBase> CollectionOf(ZvVariant const& value) {
     return value.GetXmlObject();
 }
 
+CSmartPtr<ZvXmlLib16::CAttributeCol> AttributesOf(ZvVariant const& value) {
+    CSmartPtr<CXmlObjectBase> const collection = CollectionOf(value);
+    return dynamic_cast<ZvXmlLib16::CAttributeCol*>(static_cast<CXmlObjectBase*>(collection));
+}
+
 } // namespace
 
 CAttributeInfoPrimitive::CAttributeInfoPrimitive(char const* name, char const* ns, std::int32_t propertyIndex,
@@ -149,9 +154,7 @@ bool CAttributeInfoAny::AttributeFromXml(CSerializationContext const& ctx, CXmlG
         return false;
     ZvVariant value;
     InvokePropertyGet(object, value);
-    CSmartPtr<CXmlObjectBase> const collection = CollectionOf(value);
-    auto* const attributes =
-        dynamic_cast<ZvXmlLib16::CAttributeCol*>(static_cast<CXmlObjectBase*>(collection));
+    CSmartPtr<ZvXmlLib16::CAttributeCol> const attributes = AttributesOf(value);
     if (attributes == nullptr)
         FailNoAttributeCollection();
     attributes->Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
@@ -160,5 +163,19 @@ bool CAttributeInfoAny::AttributeFromXml(CSerializationContext const& ctx, CXmlG
 }
 
 void CAttributeInfoAny::Validate(CSerializationContext const&, bool) const {}
+
+void CAttributeInfoAny::KeepDeclarations(CXmlGeneratedClass const* object, CXmlElement const& element) const {
+    ZvVariant value;
+    ReadProperty(object, value);
+    if (CSmartPtr<ZvXmlLib16::CAttributeCol> const attributes = AttributesOf(value))
+        attributes->KeepDeclarations(element);
+}
+
+void CAttributeInfoAny::WriteDeclarations(CXmlGeneratedClass const* object, CXmlWriter& writer) const {
+    ZvVariant value;
+    ReadProperty(object, value);
+    if (CSmartPtr<ZvXmlLib16::CAttributeCol> const attributes = AttributesOf(value))
+        attributes->WriteDeclarations(writer);
+}
 
 } // namespace ZvXmlLib16Data

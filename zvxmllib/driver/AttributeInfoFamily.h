@@ -75,6 +75,10 @@ public:
     // A wildcard requires nothing.
     void Validate(CSerializationContext const& ctx, bool found) const override;
 
+    // In a strict context: the prefixes that the values need, as CAttributeCol keeps and writes them.
+    void KeepDeclarations(CXmlGeneratedClass const* object, CXmlElement const& element) const;
+    void WriteDeclarations(CXmlGeneratedClass const* object, CXmlWriter& writer) const;
+
 private:
     std::string const m_allowedNamespaces;
     std::string const m_targetNamespace;

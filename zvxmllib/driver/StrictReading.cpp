@@ -5,6 +5,7 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/HiddenChildren.h"
 #include "zvxmllib/document/XmlAttribute.h"
+#include "zvxmllib/driver/AttributeWildcards.h"
 #include "zvxmllib/driver/ElementInfo.h"
 #include "zvxmllib/driver/EntryFlags.h"
 #include "zvxmllib/driver/Failures.h"
@@ -80,6 +81,10 @@ CXmlElement* CXmlGeneratedClass::ReadStrictly(CXmlElement* element, CXmlElement*
         return ReadGroupStrictly(element, current, ctx, optionalChoice, info);
     CheckType(ctx, *element, info);
     ProcessAttributesFromXml(ctx, element, info.GetFromXmlFailIfAttributeUnknown());
+    if (element->GetAttributeCount() != 0)
+        ForEachWildcard(GetClassAttributeInfo(), [&](CAttributeInfoAny const& wildcard) {
+            wildcard.KeepDeclarations(this, *element);
+        });
     INillable* const nillable = FindNillable(info);
     if (nillable != nullptr && nillable->GetIsNil()) {
         CheckNilElement(*element);

@@ -1,6 +1,7 @@
 // The driver over the tables of a generated class: writing.
 #include "zvxmllib/collections/Attribute.h"
 #include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/driver/AttributeWildcards.h"
 #include "zvxmllib/driver/ElementInfo.h"
 #include "zvxmllib/driver/Failures.h"
 #include "zvxmllib/driver/StrictValues.h"
@@ -41,6 +42,10 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* 
         if (isElement) {
             if (isRoot)
                 WriteProlog(*writer, ctx);
+            if (ctx.GetStrict())
+                ForEachWildcard(Mutable().GetClassAttributeInfo(), [&](CAttributeInfoAny const& wildcard) {
+                    wildcard.WriteDeclarations(this, *writer);
+                });
             writer->WriteElementStart(GetElementName(), ns == nullptr ? "" : ns);
             if (isRoot)
                 CXmlObjectBase::ToXml_Int(ctx.GetAdditionalRootAttributes()->GetBase(), writer, false, ns,
