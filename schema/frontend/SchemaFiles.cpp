@@ -14,7 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr unsigned kMostCatalogs = 20; // one within the other
+constexpr unsigned kMostCatalogDepth = 20; // one within the other
+constexpr std::size_t kMostCatalogs = 1000;
 constexpr char const kCatalogNamespace[] = "urn:oasis:names:tc:entity:xmlns:xml:catalog";
 
 int HexValue(char c) {
@@ -88,13 +89,17 @@ void SchemaFiles::AddCatalog(std::string const& file, Diagnostics& diagnostics) 
 }
 
 void SchemaFiles::AddCatalog(std::string const& file, Diagnostics& diagnostics, unsigned depth) {
+    if (depth == kMostCatalogDepth || m_catalogFiles.size() == kMostCatalogs)
+        return diagnostics.Error({}, "the catalogs nest too deeply, or are too many");
+    if (!m_catalogFiles.insert(file).second)
+        return;
     std::optional<std::string> const bytes = Read(file);
     if (!bytes)
         return diagnostics.Error({file}, "the catalog cannot be read");
     std::unique_ptr<OutlineNode> const root = ReadOutline(*bytes, file, diagnostics);
     if (root == nullptr)
         return;
-    if (root->ns != kCatalogNamespace || root->name != "catalog" || depth == kMostCatalogs)
+    if (root->ns != kCatalogNamespace || root->name != "catalog")
         return diagnostics.Error({file, root->line, root->column}, "no OASIS XML catalog");
     std::vector<OutlineNode const*> pending{root.get()};
     while (!pending.empty()) {

@@ -5,6 +5,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,6 +35,7 @@ private:
 
     std::map<std::string, std::string> m_mapped; // of the user
     std::map<std::string, std::string> m_catalog;
+    std::set<std::string> m_catalogFiles;                        // read already
     std::vector<std::pair<std::string, std::string>> m_rewrites; // start of a URI, what replaces it
 };
 

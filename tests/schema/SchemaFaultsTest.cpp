@@ -181,7 +181,8 @@ TEST(SchemaFaultTest, MissingOnesAreToldAndFoundByTheirPlaces) {
                  SchemaText("<xs:element name='x' type='xs:int'/>", "targetNamespace='urn:b'"));
     folder.Write("catalog.xml",
                  "<catalog xmlns='urn:oasis:names:tc:entity:xmlns:xml:catalog'><rewriteURI "
-                 "uriStartString='http://example.com/b' rewritePrefix='elsewhere'/></catalog>");
+                 "uriStartString='http://example.com/b' rewritePrefix='elsewhere'/>"
+                 "<nextCatalog catalog='catalog.xml'/><nextCatalog catalog='catalog.xml'/></catalog>");
     EXPECT_EQ(Schemas(folder, {"a.xsd"}).Told(),
               "a.xsd:1:129: warning: there is no schema at [http://example.com/b.xsd] for the namespace "
               "[urn:b]; give its place by --location [-Wmissing-schema]\n");
