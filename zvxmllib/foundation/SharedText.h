@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <new>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -60,8 +61,9 @@ private:
     };
 
     static std::string const& Empty() noexcept {
-        static std::string const& empty =
-            *new std::string; // never ends: objects of static storage may hold it
+        // Never ends: objects of static storage may hold it.
+        alignas(std::string) static unsigned char storage[sizeof(std::string)];
+        static std::string const& empty = *new (storage) std::string;
         return empty;
     }
 
