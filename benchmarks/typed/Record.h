@@ -65,6 +65,11 @@ private:
 class CRecordCol : public ZvXmlLib16::CXmlCollection {
 public:
     CRecordCol() : CXmlCollection("record", kRecordNamespace, 0, -1) {}
+    template <class Call>
+    void ForEach(Call call) const {
+        for (CNode const* node = m_pHead; node != nullptr; node = node->m_pNext)
+            call(static_cast<CRecord const&>(*node->m_item));
+    }
     using CXmlObjectBase::GetBase;
     ZvXmlLib16::CXmlObjectBase* GetBase() override { return this; }
 
