@@ -7,16 +7,32 @@
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/foundation/Exceptions.h"
 
+#include <functional>
+
 namespace ZvXmlLib16::generated {
 
 BoundSchema::BoundSchema(grammar::GrammarRows const& rows, ObjectMaker maker, BoundSchema const* base)
     : m_grammar(rows), m_orders(m_grammar), m_maker(maker), m_base(base) {
-    for (grammar::ElementRow const& row : rows.elements)
+    m_elementNames.reserve(rows.elements.count);
+    for (grammar::ElementRow const& row : rows.elements) {
         m_isQualified = m_isQualified && *row.ns != '\0';
+        m_elementNames.push_back({row.name, &*m_namespaces.emplace(row.ns).first});
+    }
+    m_attributeNames.reserve(rows.attributes.count);
+    for (grammar::AttributeRow const& row : rows.attributes)
+        m_attributeNames.push_back({row.name, &*m_namespaces.emplace(row.ns).first});
     SetGeneratorVersion(kLibraryMajorVersion, kLibraryMinorVersion);
 }
 
 BoundSchema::~BoundSchema() = default;
+
+DeclaredName const* BoundSchema::FindNameOfAttribute(grammar::AttributeRow const& row) const noexcept {
+    auto const& rows = m_grammar.GetRows().attributes;
+    std::less<grammar::AttributeRow const*> const isAhead;
+    if (rows.count == 0 || isAhead(&row, rows.rows) || !isAhead(&row, rows.rows + rows.count))
+        return nullptr;
+    return &m_attributeNames[static_cast<std::size_t>(&row - rows.rows)];
+}
 
 bool BoundSchema::Extends(BoundSchema const& other) const noexcept {
     return this == &other || (m_base != nullptr && m_base->Extends(other));

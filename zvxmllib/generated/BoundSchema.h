@@ -7,7 +7,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
+#include <vector>
 
 namespace ZvXmlLib16 {
 class CSerializationContext;
@@ -26,6 +28,12 @@ using ObjectMaker = CTypedObject* (*)(grammar::TypeId type, std::uint32_t declar
 // namespaces.
 enum class InputOrder { kAsWritten, kAny, kAnyWithoutNamespaces };
 
+// The names of a declaration as writers want them.
+struct DeclaredName {
+    std::string name;
+    std::string const* ns; // shared by all of the namespace
+};
+
 // Made once for a schema; any number of threads may then use it.
 class BoundSchema {
 public:
@@ -43,6 +51,11 @@ public:
     bool Extends(BoundSchema const& other) const noexcept;
     // Whether all elements are in some namespace, so that one of these can be the default.
     bool IsQualified() const noexcept { return m_isQualified; }
+    DeclaredName const& NameOfElement(std::uint32_t element) const noexcept {
+        return m_elementNames[element];
+    }
+    // Null for a row of another schema, such as one that this extends.
+    DeclaredName const* FindNameOfAttribute(grammar::AttributeRow const& row) const noexcept;
     CSmartPtr<CTypedObject> MakeObject(grammar::TypeId type, std::uint32_t declaration) const;
 
     // The document's root as an object. Its name has to be that of a global element, or `element` if that is
@@ -57,6 +70,9 @@ private:
     grammar::ContentOrders const m_orders;
     ObjectMaker const m_maker;
     BoundSchema const* const m_base;
+    std::set<std::string> m_namespaces;
+    std::vector<DeclaredName> m_elementNames;   // by row
+    std::vector<DeclaredName> m_attributeNames; // by row
     bool m_isQualified = true;
 };
 

@@ -34,52 +34,50 @@ ItemType FromBuiltIn(BuiltIn type) {
 }
 
 // Digits of a decimal, with what JSON wants around the point and without what it forbids.
-std::string JsonNumber(std::string_view text) {
-    std::string number;
+void ToJsonNumber(std::string_view text, std::string& number) {
+    number.clear();
     if (!text.empty() && (text[0] == '-' || text[0] == '+')) {
         if (text[0] == '-')
-            number = "-";
+            number += '-';
         text.remove_prefix(1);
     }
     while (text.size() > 1 && text[0] == '0' && detail::IsDigit(text[1]))
         text.remove_prefix(1);
     if (!text.empty() && !detail::IsDigit(text[0]))
         number += '0';
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        bool const isBarePoint = text[i] == '.' && (i + 1 == text.size() || !detail::IsDigit(text[i + 1]));
-        if (!isBarePoint)
-            number += text[i];
-    }
-    return number;
-}
-
-std::string Rewritten(ItemType item, std::string_view text) {
-    std::string_view const trimmed = grammar::Trim(text);
-    if (item == ItemType_boolean)
-        return trimmed == "1" || trimmed == "true" ? "true" : "false";
-    return JsonNumber(trimmed);
+    std::size_t const point = text.find('.');
+    bool const isBare =
+        point != std::string_view::npos && (point + 1 == text.size() || !detail::IsDigit(text[point + 1]));
+    number.append(text.substr(0, point));
+    if (point != std::string_view::npos)
+        number.append(text.substr(isBare ? point + 1 : point));
 }
 
 } // namespace
 
-ItemType ItemTypeOf(grammar::SimpleTypes const& types, std::uint32_t type, std::string_view text) {
-    ItemType const item = FromBuiltIn(types.GetBuiltIn(type));
+ItemType ToWrittenForm(grammar::SimpleTypes const& types, std::uint32_t type, std::string_view text,
+                       std::string& written) {
+    ItemType item = FromBuiltIn(types.GetBuiltIn(type));
     bool const isReal = item == ItemType_r4 || item == ItemType_r8;
     // INF and NaN are no numbers of JSON.
     if (isReal && text.find('N') != std::string_view::npos)
-        return ItemType_string;
-    if (item == ItemType_string || type < grammar::kBuiltInCount)
+        item = ItemType_string;
+    if (item == ItemType_string) {
+        written.assign(text);
         return item;
+    }
+    std::string_view const trimmed = grammar::Trim(text);
+    if (item == ItemType_boolean)
+        written = trimmed == "1" || trimmed == "true" ? "true" : "false";
+    else
+        ToJsonNumber(trimmed, written);
     // A pattern may allow "1" and not "true".
-    std::string const form = Rewritten(item, text);
     std::string room;
-    bool const isAllowed = form == text || types.FindFault(type, form, nullptr, nullptr, room) == nullptr;
-    return isAllowed ? item : ItemType_string;
-}
-
-std::string WrittenForm(grammar::SimpleTypes const& types, std::uint32_t type, std::string const& text) {
-    ItemType const item = ItemTypeOf(types, type, text);
-    return item == ItemType_string ? text : Rewritten(item, text);
+    if (type < grammar::kBuiltInCount || written == text ||
+        types.FindFault(type, written, nullptr, nullptr, room) == nullptr)
+        return item;
+    written.assign(text);
+    return ItemType_string;
 }
 
 } // namespace ZvXmlLib16::generated

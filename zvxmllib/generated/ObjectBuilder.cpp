@@ -39,16 +39,14 @@ void ObjectBuilder::OnElement(CXmlElement& element, Assessment const& assessment
     object->m_type = assessment.type;
     object->m_declaration = assessment.declaration;
     object->m_isNil = assessment.isNil;
-    object->SetElementName(element.GetLocalName().c_str());
-    object->m_ns = assessment.declaration == kNone
-                       ? element.GetNamespaceURI()
-                       : m_schema.GetGrammar().GetRows().elements[assessment.declaration].ns;
-    object->m_attributes.clear();
-    object->m_nodes.clear();
-    object->m_text.clear();
-    object->m_textPlaces.clear();
-    object->m_prefixes.clear();
+    object->m_schema = &m_schema; // of which that of a class made before is a part
+    object->BecomeEmpty();
     CTypedObject* const raw = object;
+    if (raw == m_target || assessment.declaration == kNone)
+        raw->SetElementName(element.GetLocalName().c_str());
+    if (assessment.declaration == kNone && !element.GetNamespaceURI().empty())
+        raw->OwnRare().ns = element.GetNamespaceURI();
+    MakeRoom(element, *raw);
     if (m_frames.empty())
         m_root = object;
     else
@@ -56,32 +54,49 @@ void ObjectBuilder::OnElement(CXmlElement& element, Assessment const& assessment
     m_frames.push_back({raw, assessment});
 }
 
+// Exactly for what follows.
+void ObjectBuilder::MakeRoom(CXmlElement const& element, CTypedObject& object) {
+    std::size_t children = 0;
+    for (CXmlElement const* child = element.GetFirstElement(); child != nullptr;
+         child = child->GetNextSiblingElement())
+        ++children;
+    object.m_nodes.reserve(children);
+    object.m_attributes.reserve(element.GetAttributeCount());
+}
+
+void ObjectBuilder::OnPlainValue(std::uint32_t declaration, std::uint32_t particleDeclaration,
+                                 std::string_view text) {
+    Outer().m_nodes.push_back(
+        {m_schema.GetGrammar().SymbolOf(particleDeclaration), declaration, {}, ValueText(text)});
+}
+
 CTypedObject& ObjectBuilder::Outer() {
     return *m_frames.back().object;
 }
 
 void ObjectBuilder::AddNode(Assessment const& assessment, CSmartPtr<CXmlObjectBase> object,
-                            std::string text) {
+                            std::string_view text) {
     Symbol const symbol = assessment.particleDeclaration == kNone
                               ? kNone
                               : m_schema.GetGrammar().SymbolOf(assessment.particleDeclaration);
-    Outer().m_nodes.push_back({symbol, assessment.declaration, std::move(object), std::move(text)});
+    Outer().m_nodes.push_back({symbol, assessment.declaration, std::move(object), ValueText(text)});
 }
 
 void ObjectBuilder::OnAttribute(CXmlAttribute& attribute, AttributeRow const* row) {
     CTypedObject& object = Outer();
     std::string room;
     SimpleTypes const& types = m_schema.GetGrammar().GetSimpleTypes();
-    std::string value(row == nullptr ? attribute.GetValueView()
-                                     : types.Normalize(row->type, attribute.GetValueView(), room));
+    std::string_view const value = row == nullptr
+                                       ? attribute.GetValueView()
+                                       : types.Normalize(row->type, attribute.GetValueView(), room);
     bool const hasNames = row == nullptr || m_schema.GetGrammar().GetSimpleTypes().HasQNames(row->type);
     if (hasNames)
         KeepPrefixes(value);
     if (row != nullptr)
-        object.m_attributes.push_back({row, {}, {}, std::move(value)});
+        object.m_attributes.push_back({row, {}, {}, ValueText(value)});
     else
         object.m_attributes.push_back(
-            {nullptr, attribute.GetLocalName(), attribute.GetNamespaceURI(), std::move(value)});
+            {nullptr, attribute.GetLocalName(), attribute.GetNamespaceURI(), ValueText(value)});
 }
 
 void ObjectBuilder::OnValue(std::string_view text, std::uint32_t type) {
@@ -96,13 +111,15 @@ void ObjectBuilder::OnValue(std::string_view text, std::uint32_t type) {
     }
     Assessment const assessment = frame.assessment;
     m_frames.pop_back();
-    AddNode(assessment, {}, std::string(text));
+    AddNode(assessment, {}, text);
     m_frames.push_back({nullptr, assessment});
 }
 
 void ObjectBuilder::OnText(CXmlElement& element, std::string_view text) {
     Outer().m_text = text;
-    Outer().m_textPlaces = element.GetTextPlaces();
+    std::vector<TextPlace> places = element.GetTextPlaces();
+    if (!places.empty())
+        Outer().OwnRare().textPlaces = std::move(places);
 }
 
 void ObjectBuilder::OnElementEnd() {
@@ -128,7 +145,7 @@ void ObjectBuilder::KeepPrefixes(std::string_view text) {
         std::string const ns =
             prefix == "xml" ? std::string() : m_element->LookupNamespaceFromAlias(prefix.c_str());
         if (!ns.empty())
-            object.m_prefixes.emplace_back(prefix, ns);
+            object.OwnRare().prefixes.emplace_back(prefix, ns);
         text.remove_prefix(std::min(end + 1, text.size()));
     }
 }

@@ -31,6 +31,8 @@ private:
     };
 
     void OnElement(CXmlElement& element, grammar::Assessment const& assessment) override;
+    void OnPlainValue(std::uint32_t declaration, std::uint32_t particleDeclaration,
+                      std::string_view text) override;
     void OnAttribute(CXmlAttribute& attribute, grammar::AttributeRow const* row) override;
     void OnDefaultAttribute(grammar::AttributeRow const&) override {}
     void OnValue(std::string_view text, std::uint32_t type) override;
@@ -40,7 +42,9 @@ private:
 
     bool IsPlainValue(CXmlElement const& element, grammar::Assessment const& assessment) const;
     CTypedObject& Outer();
-    void AddNode(grammar::Assessment const& assessment, CSmartPtr<CXmlObjectBase> object, std::string text);
+    void AddNode(grammar::Assessment const& assessment, CSmartPtr<CXmlObjectBase> object,
+                 std::string_view text);
+    static void MakeRoom(CXmlElement const& element, CTypedObject& object);
     void KeepPrefixes(std::string_view text);
 
     BoundSchema const& m_schema;

@@ -17,16 +17,33 @@ using namespace grammar;
 
 CTypedObject::CTypedObject(BoundSchema const& schema, TypeId type, std::uint32_t declaration)
     : m_schema(&schema), m_type(type), m_declaration(declaration) {
-    if (declaration == kNone)
-        return;
-    SetElementName(Rows().elements[declaration].name);
-    m_ns = Rows().elements[declaration].ns;
+    if (declaration != kNone)
+        SetElementName(Rows().elements[declaration].name);
 }
 
 CTypedObject::~CTypedObject() = default;
 
 std::string CTypedObject::GetNamespace() {
-    return m_ns;
+    return Namespace();
+}
+
+namespace {
+
+std::string const kNoText;
+
+} // namespace
+
+std::string const& CTypedObject::Namespace() const noexcept {
+    if (m_declaration != kNone)
+        return *m_schema->NameOfElement(m_declaration).ns;
+    return m_rare == nullptr ? kNoText : m_rare->ns;
+}
+
+void CTypedObject::BecomeEmpty() noexcept {
+    m_attributes.clear();
+    m_nodes.clear();
+    m_text.clear();
+    m_rare.reset();
 }
 
 void CTypedObject::SetNil(bool isNil) {
@@ -123,15 +140,18 @@ std::size_t CTypedObject::PlaceFor(Symbol symbol) const {
     return place;
 }
 
-void CTypedObject::Insert(std::uint32_t declaration, CSmartPtr<CXmlObjectBase> object, std::string text) {
+void CTypedObject::Insert(std::uint32_t declaration, CSmartPtr<CXmlObjectBase> object,
+                          std::string_view text) {
     Symbol const symbol = m_schema->GetGrammar().SymbolOf(declaration);
     std::uint32_t actual = declaration;
     if (object != nullptr)
         actual = static_cast<CTypedObject&>(*object).DeclarationId();
     std::size_t const place = PlaceFor(symbol);
     m_nodes.insert(m_nodes.begin() + static_cast<std::ptrdiff_t>(place),
-                   Node{symbol, actual, std::move(object), std::move(text)});
-    for (TextPlace& part : m_textPlaces)
+                   Node{symbol, actual, std::move(object), ValueText(text)});
+    if (m_rare == nullptr)
+        return;
+    for (TextPlace& part : m_rare->textPlaces)
         part.children += part.children > place ? 1U : 0U;
 }
 
@@ -140,7 +160,7 @@ void CTypedObject::AppendText(std::uint32_t declaration, std::string text) {
     if (IsComplex(row.type))
         throw CZvInvalidParamException("The element [" + std::string(row.name) + "] is not a value.");
     TestValue(static_cast<std::uint32_t>(row.type), text, row.name);
-    Insert(declaration, {}, std::move(text));
+    Insert(declaration, {}, text);
 }
 
 void CTypedObject::PutText(std::uint32_t declaration, std::string text) {
@@ -150,7 +170,7 @@ void CTypedObject::PutText(std::uint32_t declaration, std::string text) {
     ElementRow const& row = Rows().elements[declaration];
     TestValue(static_cast<std::uint32_t>(row.type), text, row.name);
     m_nodes[index].object = nullptr;
-    m_nodes[index].text = std::move(text);
+    m_nodes[index].text = ValueText(text);
 }
 
 // An object of a member of the substitution group keeps its name; another one takes that of the declaration.
@@ -176,7 +196,6 @@ void CTypedObject::AppendObject(std::uint32_t declaration, CTypedObject* object)
     if (!isMember) {
         object->m_declaration = declaration;
         object->SetElementName(row.name);
-        object->m_ns = row.ns;
     }
     Insert(declaration, CSmartPtr<CXmlObjectBase>(object), {});
 }
@@ -184,25 +203,28 @@ void CTypedObject::AppendObject(std::uint32_t declaration, CTypedObject* object)
 void CTypedObject::PutObject(std::uint32_t declaration, CTypedObject* object) {
     CSmartPtr<CTypedObject> const kept(object);
     std::vector<Node> const before = m_nodes;
-    std::vector<TextPlace> const placesBefore = m_textPlaces;
+    std::vector<TextPlace> const placesBefore = TextPlaces();
     DropAll(declaration);
     try {
         AppendObject(declaration, object);
     } catch (CZvException const&) {
         m_nodes = before;
-        m_textPlaces = placesBefore;
+        if (m_rare != nullptr)
+            m_rare->textPlaces = placesBefore;
         throw;
     }
 }
 
 void CTypedObject::DropAll(std::uint32_t declaration) {
     Symbol const symbol = m_schema->GetGrammar().SymbolOf(declaration);
-    std::uint32_t kept = 0;
-    auto part = m_textPlaces.begin();
-    for (std::uint32_t i = 0; part != m_textPlaces.end(); ++i) {
-        for (; part != m_textPlaces.end() && part->children == i; ++part)
-            part->children = kept;
-        kept += i < m_nodes.size() && m_nodes[i].symbol != symbol ? 1U : 0U;
+    if (m_rare != nullptr) {
+        std::uint32_t kept = 0;
+        auto part = m_rare->textPlaces.begin();
+        for (std::uint32_t i = 0; part != m_rare->textPlaces.end(); ++i) {
+            for (; part != m_rare->textPlaces.end() && part->children == i; ++part)
+                part->children = kept;
+            kept += i < m_nodes.size() && m_nodes[i].symbol != symbol ? 1U : 0U;
+        }
     }
     m_nodes.erase(std::remove_if(m_nodes.begin(), m_nodes.end(),
                                  [symbol](Node const& node) { return node.symbol == symbol; }),
@@ -220,19 +242,20 @@ CTypedObject& CTypedObject::Obtain(std::uint32_t declaration) {
     return static_cast<CTypedObject&>(*node->object);
 }
 
-std::string const* CTypedObject::FindAttribute(std::uint32_t attribute) const noexcept {
+ValueText const* CTypedObject::FindAttribute(std::uint32_t attribute) const noexcept {
     AttributeRow const& row = Rows().attributes[attribute];
     for (Attribute const& candidate : m_attributes) {
         // A derived type has rows of its own.
-        if (candidate.row != nullptr && std::string_view(candidate.row->name) == row.name &&
-            std::string_view(candidate.row->ns) == row.ns)
+        if (candidate.row == &row ||
+            (candidate.row != nullptr && std::string_view(candidate.row->name) == row.name &&
+             std::string_view(candidate.row->ns) == row.ns))
             return &candidate.value;
     }
     return nullptr;
 }
 
 void CTypedObject::DropAttribute(std::uint32_t attribute) {
-    std::string const* const value = FindAttribute(attribute);
+    ValueText const* const value = FindAttribute(attribute);
     m_attributes.erase(
         std::remove_if(m_attributes.begin(), m_attributes.end(),
                        [value](Attribute const& candidate) { return &candidate.value == value; }),
@@ -242,11 +265,11 @@ void CTypedObject::DropAttribute(std::uint32_t attribute) {
 void CTypedObject::PutAttribute(std::uint32_t attribute, std::string text) {
     AttributeRow const& row = Rows().attributes[attribute];
     TestValue(row.type, text, row.name);
-    std::string const* const value = FindAttribute(attribute);
+    ValueText const* const value = FindAttribute(attribute);
     if (value != nullptr)
-        const_cast<std::string&>(*value) = std::move(text);
+        const_cast<ValueText&>(*value) = ValueText(text);
     else
-        m_attributes.push_back({&row, {}, {}, std::move(text)});
+        m_attributes.push_back({&row, {}, {}, ValueText(text)});
 }
 
 void CTypedObject::PutContentText(std::string text) {
@@ -254,7 +277,19 @@ void CTypedObject::PutContentText(std::string text) {
     if (type != kNone)
         TestValue(type, text, GetElementName().c_str());
     m_text = std::move(text);
-    m_textPlaces.clear();
+    if (m_rare != nullptr)
+        m_rare->textPlaces.clear();
+}
+
+std::vector<TextPlace> const& CTypedObject::TextPlaces() const noexcept {
+    static std::vector<TextPlace> const s_none;
+    return m_rare == nullptr ? s_none : m_rare->textPlaces;
+}
+
+CTypedObject::Rare& CTypedObject::OwnRare() {
+    if (m_rare == nullptr)
+        m_rare = std::make_unique<Rare>();
+    return *m_rare;
 }
 
 bool CTypedObject::IsMixed() const noexcept {
@@ -265,7 +300,7 @@ bool CTypedObject::IsMixed() const noexcept {
 std::vector<CTypedObject::Piece> CTypedObject::ContentPieces() const {
     std::vector<Piece> pieces;
     WalkContent(
-        IsMixed() ? m_text : std::string_view(), m_textPlaces, m_nodes.size(),
+        IsMixed() ? m_text : std::string_view(), TextPlaces(), m_nodes.size(),
         [&pieces](std::string_view text) {
             pieces.push_back({text, nullptr});
         },
@@ -279,21 +314,16 @@ void CTypedObject::AddMixedText(std::string_view text) {
     if (!IsMixed())
         throw CZvInvalidStateException("The element [" + GetElementName() + "] has no mixed content.");
     auto const children = static_cast<std::uint32_t>(m_nodes.size());
-    if (m_textPlaces.empty())
-        AddTextPlace(m_textPlaces, children, m_text.size());
-    AddTextPlace(m_textPlaces, children, text.size());
+    std::vector<TextPlace>& places = OwnRare().textPlaces;
+    if (places.empty())
+        AddTextPlace(places, children, m_text.size());
+    AddTextPlace(places, children, text.size());
     m_text += text;
 }
 
-namespace {
-
-std::string const kNoText;
-
-} // namespace
-
-std::string const& CTypedObject::TextAt(std::size_t index) const {
+std::string CTypedObject::TextAt(std::size_t index) const {
     Node const& node = m_nodes[index];
-    return node.object == nullptr ? node.text : static_cast<CTypedObject&>(*node.object).m_text;
+    return node.object == nullptr ? node.text.Get() : static_cast<CTypedObject&>(*node.object).m_text;
 }
 
 CTypedObject const* CTypedObject::ChildAt(std::size_t index) const noexcept {
@@ -325,14 +355,14 @@ std::size_t CTypedObject::IndexOf(std::uint32_t declaration, std::size_t number)
     return index;
 }
 
-std::string const& CTypedObject::TextOf(std::uint32_t declaration) const noexcept {
+std::string CTypedObject::TextOf(std::uint32_t declaration) const {
     std::size_t const index = NextIndex(declaration, 0);
-    return index < m_nodes.size() ? TextAt(index) : kNoText;
+    return index < m_nodes.size() ? TextAt(index) : std::string();
 }
 
 std::string CTypedObject::AttributeOf(std::uint32_t attribute) const {
-    std::string const* const value = FindAttribute(attribute);
-    return value == nullptr ? Rows().attributes[attribute].value : *value;
+    ValueText const* const value = FindAttribute(attribute);
+    return value == nullptr ? Rows().attributes[attribute].value : value->Get();
 }
 
 bool CTypedObject::IsNilAt(std::uint32_t declaration) const noexcept {
@@ -380,7 +410,6 @@ void CTypedObject::NameAs(std::uint32_t element) const {
     auto& self = const_cast<CTypedObject&>(*this); // the name is no part of its value
     self.m_declaration = element;
     self.SetElementName(row.name);
-    self.m_ns = row.ns;
 }
 
 } // namespace ZvXmlLib16::generated

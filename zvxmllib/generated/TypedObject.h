@@ -5,6 +5,7 @@
 #include "zvxmllib/document/TextPlace.h"
 #include "zvxmllib/foundation/SmartPtr.h"
 #include "zvxmllib/generated/BoundSchema.h"
+#include "zvxmllib/generated/ValueText.h"
 #include "zvxmllib/grammar/GrammarRows.h"
 
 #include <cstddef>
@@ -30,13 +31,13 @@ public:
         grammar::Symbol symbol;    // the name in the content model; kNone for what a wildcard took
         std::uint32_t declaration; // index of the element, kNone for none
         CSmartPtr<CXmlObjectBase> object;
-        std::string text; // of a value
+        ValueText text; // of a value
     };
     struct Attribute {
         grammar::AttributeRow const* row; // null for one that the schema does not declare
         std::string name;                 // of such a one
         std::string ns;
-        std::string value;
+        ValueText value;
     };
 
     // An empty element of this type. `declaration` is the index of its element, kNone for none.
@@ -105,14 +106,14 @@ protected:
     // The object of that name; made if there is none.
     CTypedObject& Obtain(std::uint32_t declaration);
     // Null if it is not there and has no default.
-    std::string const* FindAttribute(std::uint32_t attribute) const noexcept;
+    ValueText const* FindAttribute(std::uint32_t attribute) const noexcept;
     void PutAttribute(std::uint32_t attribute, std::string text);
     void DropAttribute(std::uint32_t attribute);
     // Of simple content.
     void PutContentText(std::string text);
 
     // Of a generated class's own accessors. TextOf is empty where there is nothing.
-    std::string const& TextOf(std::uint32_t declaration) const noexcept;
+    std::string TextOf(std::uint32_t declaration) const;
     // Of an absent attribute its default.
     std::string AttributeOf(std::uint32_t attribute) const;
     bool IsNilAt(std::uint32_t declaration) const noexcept;
@@ -122,7 +123,7 @@ protected:
     CTypedObject* FindObject(std::uint32_t declaration) const noexcept;
     // By the index in ContentNodes, or the number among those of one name.
     std::size_t IndexOf(std::uint32_t declaration, std::size_t number) const;
-    std::string const& TextAt(std::size_t index) const;
+    std::string TextAt(std::size_t index) const;
     CTypedObject& ObjectAt(std::size_t index) const;
     CTypedObject& AppendNew(std::uint32_t declaration);
 
@@ -141,24 +142,33 @@ private:
     void TestValue(std::uint32_t type, std::string_view text, char const* name) const;
     std::size_t PlaceFor(grammar::Symbol symbol) const;
     bool IsMixed() const noexcept;
-    void Insert(std::uint32_t declaration, CSmartPtr<CXmlObjectBase> object, std::string text);
+    void Insert(std::uint32_t declaration, CSmartPtr<CXmlObjectBase> object, std::string_view text);
+    std::string const& Namespace() const noexcept;
+    void BecomeEmpty() noexcept;
+    void BeginDocument(CXmlWriter& writer, CSerializationContext const& ctx) const;
+    void WriteTypeName(CXmlWriter& writer) const;
     void WriteNodes(CXmlWriter& writer, std::size_t first, std::size_t end,
                     CSerializationContext const& ctx) const;
     void WriteMixedContent(CXmlWriter& writer, CSerializationContext const& ctx) const;
     void WriteNode(CXmlWriter& writer, Node const& node, CSerializationContext const& ctx) const;
-    void CheckContent(std::string const& path, unsigned depth) const;
-    void CheckAttributes(std::string const& path) const;
+    class ContentCheck;
 
     BoundSchema const* m_schema;
     grammar::TypeId m_type;
     std::uint32_t m_declaration;
     bool m_isNil = false;
-    std::string m_ns; // of the element
     std::vector<Attribute> m_attributes;
     std::vector<Node> m_nodes;
     std::string m_text;
-    std::vector<TextPlace> m_textPlaces;                         // in mixed content, if not behind all nodes
-    std::vector<std::pair<std::string, std::string>> m_prefixes; // that names in its values need
+    // What few have.
+    struct Rare {
+        std::string ns;                                            // of an element without a declaration
+        std::vector<std::pair<std::string, std::string>> prefixes; // that names in its values need
+        std::vector<TextPlace> textPlaces; // of mixed content, if not behind all nodes
+    };
+    std::vector<TextPlace> const& TextPlaces() const noexcept;
+    Rare& OwnRare();
+    std::unique_ptr<Rare> m_rare;
 };
 
 } // namespace ZvXmlLib16::generated

@@ -9,6 +9,8 @@
 #include "zvxmllib/writers/XmlWriter.h"
 
 #include <algorithm>
+#include <deque>
+#include <functional>
 #include <utility>
 
 namespace ZvXmlLib16::generated {
@@ -16,12 +18,6 @@ namespace ZvXmlLib16::generated {
 using namespace grammar;
 
 namespace {
-
-constexpr unsigned kMostDepth = 1000;
-
-[[noreturn]] void Fail(std::string const& message, std::string const& path) {
-    throw CZvInvalidStateException(CZvException(message, path));
-}
 
 // The prefixes that an element will be written with, as far as its values need them.
 class KeptPrefixes final : public INamespaceScope {
@@ -42,93 +38,124 @@ private:
 
 } // namespace
 
-void CTypedObject::CheckContent() const {
-    CheckContent("/" + GetElementName(), 0);
-}
+// Tests objects before they are written.
+class CTypedObject::ContentCheck {
+public:
+    void Run(CTypedObject const& object) { Check(object, nullptr, 0); }
 
-void CTypedObject::CheckContent(std::string const& path, unsigned depth) const {
-    if (depth == kMostDepth)
-        Fail("Elements nest deeper than " + std::to_string(kMostDepth) + " levels.", path);
-    if (m_declaration != kNone && Rows().elements[m_declaration].isAbstract)
-        Fail("The element [" + GetElementName() + "] is abstract.", path);
-    CheckAttributes(path);
-    Grammar const& grammar = m_schema->GetGrammar();
-    std::uint32_t const simple = SimpleTypeId();
-    bool const hasDefault =
-        m_declaration != kNone && Rows().elements[m_declaration].constraint != ValueConstraint::kNoValue;
-    if (simple != kNone && !m_isNil && !(m_text.empty() && hasDefault)) {
-        std::string room;
-        KeptPrefixes const prefixes(m_prefixes);
-        bool const hasNames = !m_prefixes.empty() && grammar.GetSimpleTypes().HasQNames(simple);
+private:
+    // The way from the object that is written.
+    struct Path {
+        CTypedObject const& object;
+        Path const* outer;
+    };
+
+    static constexpr unsigned kMostDepth = 1000;
+
+    static std::string TextOf(Path const& path) {
+        return (path.outer == nullptr ? "" : TextOf(*path.outer)) + "/" + path.object.GetElementName();
+    }
+    [[noreturn]] static void Fail(std::string const& message, Path const& path) {
+        throw CZvInvalidStateException(CZvException(message, TextOf(path)));
+    }
+
+    void Check(CTypedObject const& object, Path const* outer, unsigned depth) {
+        Path const path{object, outer};
+        if (depth == kMostDepth)
+            Fail("Elements nest deeper than " + std::to_string(kMostDepth) + " levels.", path);
+        if (object.m_declaration != kNone && object.Rows().elements[object.m_declaration].isAbstract)
+            Fail("The element [" + object.GetElementName() + "] is abstract.", path);
+        CheckAttributes(path);
+        CheckValue(path);
+        if (!IsComplex(object.m_type) || object.m_type == kAnyType || object.m_isNil)
+            return;
+        CheckNodes(path);
+        for (Node const& node : object.m_nodes) {
+            // What has a declaration is a typed object.
+            CTypedObject const* const child =
+                node.object == nullptr ? nullptr
+                : node.declaration != kNone
+                    ? static_cast<CTypedObject const*>(static_cast<CXmlObjectBase*>(node.object))
+                    : dynamic_cast<CTypedObject const*>(static_cast<CXmlObjectBase*>(node.object));
+            if (child != nullptr)
+                Check(*child, &path, depth + 1);
+        }
+    }
+
+    void CheckValue(Path const& path) {
+        CTypedObject const& object = path.object;
+        std::uint32_t const simple = object.SimpleTypeId();
+        bool const hasDefault =
+            object.m_declaration != kNone &&
+            object.Rows().elements[object.m_declaration].constraint != ValueConstraint::kNoValue;
+        if (simple == kNone || object.m_isNil || (object.m_text.empty() && hasDefault))
+            return;
+        SimpleTypes const& types = object.m_schema->GetGrammar().GetSimpleTypes();
+        static KeptPrefixes::List const s_none;
+        KeptPrefixes const prefixes(object.m_rare == nullptr ? s_none : object.m_rare->prefixes);
+        bool const hasNames =
+            object.m_rare != nullptr && !object.m_rare->prefixes.empty() && types.HasQNames(simple);
         char const* const fault =
-            grammar.GetSimpleTypes().FindFault(simple, m_text, hasNames ? &prefixes : nullptr, nullptr, room);
+            types.FindFault(simple, object.m_text, hasNames ? &prefixes : nullptr, nullptr, m_message);
         if (fault != nullptr)
             Fail(fault, path);
     }
-    if (!IsComplex(m_type) || m_type == kAnyType || m_isNil)
-        return;
-    ComplexTypeRow const& row = Rows().complexTypes[ComplexTypeRowOf(m_type)];
-    if (row.isAbstract)
-        Fail("The type [" + grammar.NameOfType(m_type) + "] is abstract.", path);
-    std::vector<ElementName> names;
-    for (Node const& node : m_nodes) {
-        if (node.declaration != kNone) {
-            ElementRow const& element = Rows().elements[node.declaration];
-            names.push_back({grammar.SymbolOf(node.declaration), element.name, element.ns});
-        } else {
-            names.push_back({kNone, {}, {}});
+
+    void CheckNodes(Path const& path) {
+        CTypedObject const& object = path.object;
+        Grammar const& grammar = object.m_schema->GetGrammar();
+        ComplexTypeRow const& row = object.Rows().complexTypes[ComplexTypeRowOf(object.m_type)];
+        if (row.isAbstract)
+            Fail("The type [" + grammar.NameOfType(object.m_type) + "] is abstract.", path);
+        m_names.clear();
+        m_namespaces.clear(); // of objects without a declaration
+        for (Node const& node : object.m_nodes) {
+            if (node.declaration != kNone) {
+                DeclaredName const& name = object.m_schema->NameOfElement(node.declaration);
+                m_names.push_back({grammar.SymbolOf(node.declaration), name.name, *name.ns});
+            } else {
+                m_namespaces.push_back(node.object == nullptr ? std::string() : node.object->GetNamespace());
+                m_names.push_back({kNone, {}, m_namespaces.back()});
+            }
+        }
+        NoContentReceiver receiver;
+        ContentFault fault;
+        if (!ContentWalk(grammar, receiver, m_room).Walk(row.particle, m_names.data(), m_names.size(), fault))
+            Fail(fault.message, path);
+    }
+
+    static void CheckAttributes(Path const& path) {
+        CTypedObject const& object = path.object;
+        if (!IsComplex(object.m_type) || object.m_type == kAnyType)
+            return;
+        Range const uses = object.Rows().complexTypes[ComplexTypeRowOf(object.m_type)].attributes;
+        for (std::uint32_t i = uses.first; i < uses.first + uses.count; ++i) {
+            AttributeRow const& row = object.Rows().attributes[i];
+            if (row.isRequired && object.FindAttribute(i) == nullptr)
+                Fail("The attribute [" + std::string(row.name) + "] is missing.", path);
         }
     }
-    // Names of what has no declaration are those of objects.
-    std::vector<std::string> namespaces(m_nodes.size());
-    for (std::size_t i = 0; i < m_nodes.size(); ++i) {
-        if (m_nodes[i].declaration != kNone || m_nodes[i].object == nullptr)
-            continue;
-        namespaces[i] = m_nodes[i].object->GetNamespace();
-        names[i].ns = namespaces[i];
-    }
-    NoContentReceiver receiver;
-    ContentFault fault;
-    if (!ContentWalk(grammar, receiver).Walk(row.particle, names.data(), names.size(), fault))
-        Fail(fault.message, path);
-    for (Node const& node : m_nodes) {
-        auto const* const child =
-            dynamic_cast<CTypedObject const*>(static_cast<CXmlObjectBase*>(node.object));
-        if (child != nullptr)
-            child->CheckContent(path + "/" + child->GetElementName(), depth + 1);
-    }
-}
 
-void CTypedObject::CheckAttributes(std::string const& path) const {
-    if (!IsComplex(m_type) || m_type == kAnyType)
-        return;
-    Range const uses = Rows().complexTypes[ComplexTypeRowOf(m_type)].attributes;
-    for (std::uint32_t i = uses.first; i < uses.first + uses.count; ++i) {
-        if (Rows().attributes[i].isRequired && FindAttribute(i) == nullptr)
-            Fail("The attribute [" + std::string(Rows().attributes[i].name) + "] is missing.", path);
-    }
+    // Used by one object after the other.
+    std::vector<ElementName> m_names;
+    std::deque<std::string> m_namespaces;
+    std::vector<std::uint32_t> m_room;
+    std::string m_message;
+};
+
+void CTypedObject::CheckContent() const {
+    ContentCheck().Run(*this);
 }
 
 void CTypedObject::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns,
                              CSerializationContext const& ctx, bool optionalChoice) const {
-    if (isRoot) {
-        if (ctx.GetStrict())
-            CheckContent();
-        for (std::string const& instruction : ctx.GetProcessingInstructions())
-            writer->WriteProcessingInstruction(instruction);
-        for (auto const& [uri, alias] : ctx.GetNamespaceAliases().GetEntries()) {
-            if (!alias.empty())
-                writer->AddNamespaceAlias(alias, uri);
-        }
-        std::string const defaultNamespace = ctx.GetDefaultNamespaceURI();
-        if (!defaultNamespace.empty())
-            writer->SetDefaultNamespace(defaultNamespace);
-        else if (m_schema->IsQualified() && ctx.GetNamespaceAliases().GetEntries().empty())
-            writer->SetDefaultNamespace(m_ns);
+    if (isRoot)
+        BeginDocument(*writer, ctx);
+    if (m_rare != nullptr) {
+        for (auto const& [prefix, uri] : m_rare->prefixes)
+            writer->DeclareOnNextElement(prefix, uri);
     }
-    for (auto const& [prefix, uri] : m_prefixes)
-        writer->DeclareOnNextElement(prefix, uri);
-    writer->WriteElementStart(GetElementName(), m_ns);
+    writer->WriteElementStart(GetElementName(), Namespace());
     if (isRoot)
         CXmlObjectBase::ToXml_Int(ctx.GetAdditionalRootAttributes()->GetBase(), writer, false, ns, ctx,
                                   optionalChoice);
@@ -137,53 +164,85 @@ void CTypedObject::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns,
         writer->WriteNilAttribute();
     } else {
         std::uint32_t const type = SimpleTypeId();
-        SimpleTypes const& types = m_schema->GetGrammar().GetSimpleTypes();
-        if (type != kNone)
-            writer->WriteElementValue(WrittenForm(types, type, m_text), ItemTypeOf(types, type, m_text),
-                                      false);
-        else
+        if (type != kNone) {
+            std::string& room = writer->GetValueRoom().text;
+            ItemType const item = ToWrittenForm(m_schema->GetGrammar().GetSimpleTypes(), type, m_text, room);
+            writer->WriteElementValue(room, item, false);
+        } else {
             WriteMixedContent(*writer, ctx);
+        }
     }
     writer->WriteElementEnd();
 }
 
+void CTypedObject::BeginDocument(CXmlWriter& writer, CSerializationContext const& ctx) const {
+    if (ctx.GetStrict())
+        CheckContent();
+    for (std::string const& instruction : ctx.GetProcessingInstructions())
+        writer.WriteProcessingInstruction(instruction);
+    for (auto const& [uri, alias] : ctx.GetNamespaceAliases().GetEntries()) {
+        if (!alias.empty())
+            writer.AddNamespaceAlias(alias, uri);
+    }
+    std::string const defaultNamespace = ctx.GetDefaultNamespaceURI();
+    if (!defaultNamespace.empty())
+        writer.SetDefaultNamespace(defaultNamespace);
+    else if (m_schema->IsQualified() && ctx.GetNamespaceAliases().GetEntries().empty())
+        writer.SetDefaultNamespace(Namespace());
+}
+
 void CTypedObject::AttributesToXml_Int(CXmlWriter* writer, CSerializationContext const&) const {
-    Grammar const& grammar = m_schema->GetGrammar();
     bool const isDeclaredType = m_declaration != kNone && Rows().elements[m_declaration].type == m_type;
-    if (!isDeclaredType && (m_declaration != kNone || m_type != kAnyType)) {
-        std::string const name = grammar.NameOfType(m_type);
-        std::size_t const end = name.find('}');
-        std::string const ns = end != std::string::npos                  ? name.substr(1, end - 1)
-                               : IsComplex(m_type) && m_type != kAnyType ? std::string()
-                               : static_cast<std::uint32_t>(m_type) < kBuiltInCount || m_type == kAnyType
-                                   ? "http://www.w3.org/2001/XMLSchema"
-                                   : "";
-        writer->WriteTypeAttribute(ns, end == std::string::npos ? name : name.substr(end + 1),
-                                   ItemType_string);
-    }
-    SimpleTypes const& types = grammar.GetSimpleTypes();
+    if (!isDeclaredType && (m_declaration != kNone || m_type != kAnyType))
+        WriteTypeName(*writer);
+    if (m_attributes.empty())
+        return;
+    SimpleTypes const& types = m_schema->GetGrammar().GetSimpleTypes();
+    std::string& room = writer->GetValueRoom().text;
     for (Attribute const& attribute : m_attributes) {
-        AttributeRow const* const row = attribute.row;
-        if (row == nullptr)
-            writer->WriteAttribute(attribute.name, attribute.ns, attribute.value, ItemType_string);
+        if (attribute.row == nullptr) {
+            writer->WriteAttribute(attribute.name, attribute.ns, attribute.value.Get(), ItemType_string);
+            continue;
+        }
+        ItemType const item = ToWrittenForm(types, attribute.row->type, attribute.value, room);
+        DeclaredName const* const name = m_schema->FindNameOfAttribute(*attribute.row);
+        if (name != nullptr)
+            writer->WriteAttribute(name->name, *name->ns, room, item);
         else
-            writer->WriteAttribute(row->name, row->ns, WrittenForm(types, row->type, attribute.value),
-                                   ItemTypeOf(types, row->type, attribute.value));
+            writer->WriteAttribute(attribute.row->name, attribute.row->ns, room, item);
     }
+}
+
+// xsi:type.
+void CTypedObject::WriteTypeName(CXmlWriter& writer) const {
+    std::string const name = m_schema->GetGrammar().NameOfType(m_type);
+    std::size_t const end = name.find('}');
+    std::string const ns = end != std::string::npos                  ? name.substr(1, end - 1)
+                           : IsComplex(m_type) && m_type != kAnyType ? std::string()
+                           : static_cast<std::uint32_t>(m_type) < kBuiltInCount || m_type == kAnyType
+                               ? "http://www.w3.org/2001/XMLSchema"
+                               : "";
+    writer.WriteTypeAttribute(ns, end == std::string::npos ? name : name.substr(end + 1), ItemType_string);
 }
 
 // Those of one name that follow each other are a collection, where the schema has several of them.
 void CTypedObject::WriteNodes(CXmlWriter& writer, std::size_t first, std::size_t end,
                               CSerializationContext const& ctx) const {
+    if (first == end)
+        return;
     std::vector<ContentEntry> const& entries = m_schema->GetContentOrders().Of(m_type);
+    std::size_t entry = 0; // where the last one was: most nodes stand in the order of the entries
     std::size_t i = first;
     while (i < end) {
         Symbol const symbol = m_nodes[i].symbol;
-        bool const isCollection =
-            symbol != kNone &&
-            std::any_of(entries.begin(), entries.end(), [symbol](ContentEntry const& entry) {
-                return entry.symbol == symbol && entry.isRepeatable;
-            });
+        bool isCollection = false;
+        for (std::size_t tried = 0; symbol != kNone && tried < entries.size(); ++tried) {
+            if (entries[entry].symbol == symbol) {
+                isCollection = entries[entry].isRepeatable;
+                break;
+            }
+            entry = entry + 1 < entries.size() ? entry + 1 : 0;
+        }
         // Members of a substitution group have names of their own.
         std::uint32_t const declaration = m_nodes[i].declaration;
         if (isCollection)
@@ -200,12 +259,14 @@ void CTypedObject::WriteNodes(CXmlWriter& writer, std::size_t first, std::size_t
 
 // Children with no text between them are written together.
 void CTypedObject::WriteMixedContent(CXmlWriter& writer, CSerializationContext const& ctx) const {
-    if (!m_text.empty() && !m_nodes.empty())
+    if (m_text.empty())
+        return WriteNodes(writer, 0, m_nodes.size(), ctx);
+    if (!m_nodes.empty())
         writer.BeginMixedContent();
     std::size_t first = 0;
     std::size_t next = 0;
     WalkContent(
-        m_text, ctx.GetStrict() ? m_textPlaces : std::vector<TextPlace>(), m_nodes.size(),
+        m_text, ctx.GetStrict() ? TextPlaces() : std::vector<TextPlace>(), m_nodes.size(),
         [&](std::string_view text) {
             WriteNodes(writer, std::exchange(first, next), next, ctx);
             writer.WriteElementValue(std::string(text), ItemType_string, false);
@@ -217,14 +278,14 @@ void CTypedObject::WriteMixedContent(CXmlWriter& writer, CSerializationContext c
 void CTypedObject::WriteNode(CXmlWriter& writer, Node const& node, CSerializationContext const& ctx) const {
     if (node.object != nullptr)
         return CXmlObjectBase::ToXml_Int(node.object->GetBase(), &writer, false, "", ctx, false);
-    ElementRow const& row = Rows().elements[node.declaration];
-    auto const type = static_cast<std::uint32_t>(row.type);
-    SimpleTypes const& types = m_schema->GetGrammar().GetSimpleTypes();
-    std::string const& text = WrittenForm(types, type, node.text);
-    if (writer.TryWriteTextElement(row.name, row.ns, text))
+    DeclaredName const& name = m_schema->NameOfElement(node.declaration);
+    auto const type = static_cast<std::uint32_t>(Rows().elements[node.declaration].type);
+    std::string& room = writer.GetValueRoom().text;
+    ItemType const item = ToWrittenForm(m_schema->GetGrammar().GetSimpleTypes(), type, node.text, room);
+    if (writer.TryWriteTextElement(name.name, *name.ns, room))
         return;
-    writer.WriteElementStart(row.name, row.ns);
-    writer.WriteElementValue(text, ItemTypeOf(types, type, node.text), false);
+    writer.WriteElementStart(name.name, *name.ns);
+    writer.WriteElementValue(room, item, false);
     writer.WriteElementEnd();
 }
 

@@ -4,7 +4,22 @@
 
 namespace ZvXmlLib16::grammar {
 
+ContentOrders::ContentOrders(Grammar const& grammar)
+    : m_grammar(grammar), m_known(new Known[grammar.GetRows().complexTypes.count + 1]()) {}
+
 std::vector<ContentEntry> const& ContentOrders::Of(TypeId type) const {
+    if (!IsComplex(type))
+        return Make(type);
+    Known& known = m_known[static_cast<std::size_t>(kAnyType - type)];
+    Entries const* entries = known.load(std::memory_order_acquire);
+    if (entries == nullptr) {
+        entries = &Make(type);
+        known.store(entries, std::memory_order_release);
+    }
+    return *entries;
+}
+
+ContentOrders::Entries const& ContentOrders::Make(TypeId type) const {
     std::lock_guard<std::recursive_mutex> const lock(m_lock);
     auto const known = m_types.find(type);
     if (known != m_types.end())

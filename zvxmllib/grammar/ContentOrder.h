@@ -3,8 +3,11 @@
 
 #include "zvxmllib/grammar/Grammar.h"
 
+#include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <tuple>
 #include <vector>
@@ -27,7 +30,7 @@ struct ContentEntry {
 class ContentOrders {
 public:
     // `grammar` is borrowed.
-    explicit ContentOrders(Grammar const& grammar) : m_grammar(grammar) {}
+    explicit ContentOrders(Grammar const& grammar);
 
     // In the order of the schema. Empty for simple types; anyType has wildcards. Valid as long as this
     // object.
@@ -35,14 +38,18 @@ public:
 
 private:
     using Entries = std::vector<ContentEntry>;
+    using Known = std::atomic<Entries const*>;
     using Key = std::tuple<std::uint32_t, std::uint32_t, ParticleKind>;
 
+    Entries const& Make(TypeId type) const;
     Entries OfParticle(std::uint32_t particle) const;
     Entries const& OfGroup(ParticleRow const& group) const;
 
     Grammar const& m_grammar;
     mutable std::recursive_mutex m_lock;
     mutable std::map<TypeId, Entries> m_types;
+    // By complex type; null for what nobody has asked for. Those that are known are read without the lock.
+    std::unique_ptr<Known[]> const m_known;
     mutable std::map<Key, Entries> m_groups;
 };
 

@@ -46,14 +46,12 @@ void ContentWalk::Advance() {
 // As many occurrences as there are. False with m_message if there are not enough.
 bool ContentWalk::Take(std::uint32_t particle) {
     ParticleRow const& row = m_grammar.GetRows().particles[particle];
+    if (row.kind == ParticleKind::kElement)
+        return TakeElements(particle, row);
     std::uint32_t count = 0;
     while (count < row.maxOccurs && CanBegin(row)) {
         std::size_t const before = m_current;
-        if (row.kind == ParticleKind::kElement) {
-            std::uint32_t const declaration = m_grammar.Accept(row.first, Name().symbol);
-            m_receiver.OnElement(m_current, particle, declaration);
-            Advance();
-        } else if (row.kind == ParticleKind::kWildcard) {
+        if (row.kind == ParticleKind::kWildcard) {
             m_receiver.OnWildcard(m_current, particle);
             Advance();
         } else {
@@ -70,6 +68,20 @@ bool ContentWalk::Take(std::uint32_t particle) {
     if (count < row.maxOccurs)
         m_skipped.push_back(particle);
     return count >= row.minOccurs || m_grammar.IsEmptiable(row) || Miss(particle);
+}
+
+bool ContentWalk::TakeElements(std::uint32_t particle, ParticleRow const& row) {
+    std::uint32_t count = 0;
+    for (; count < row.maxOccurs && !IsAtEnd(); ++count) {
+        std::uint32_t const declaration = m_grammar.Accept(row.first, Name().symbol);
+        if (declaration == kNone)
+            break;
+        m_receiver.OnElement(m_current, particle, declaration);
+        Advance();
+    }
+    if (count < row.maxOccurs)
+        m_skipped.push_back(particle);
+    return count >= row.minOccurs || Miss(particle);
 }
 
 bool ContentWalk::TakeOnce(std::uint32_t particle) {

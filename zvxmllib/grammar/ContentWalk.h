@@ -42,9 +42,9 @@ struct ContentFault {
 // proportional to the children.
 class ContentWalk {
 public:
-    // Both are borrowed.
-    ContentWalk(Grammar const& grammar, IContentReceiver& receiver) noexcept
-        : m_grammar(grammar), m_receiver(receiver) {}
+    // All are borrowed. Walks that do not overlap can share `room`.
+    ContentWalk(Grammar const& grammar, IContentReceiver& receiver, std::vector<std::uint32_t>& room) noexcept
+        : m_grammar(grammar), m_receiver(receiver), m_skipped(room) {}
 
     // Places all children, of which `names` is borrowed. False, with the fault, if they do not fit; those
     // ahead of it have been placed.
@@ -52,6 +52,7 @@ public:
 
 private:
     bool Take(std::uint32_t particle);
+    bool TakeElements(std::uint32_t particle, ParticleRow const& row);
     bool TakeOnce(std::uint32_t particle);
     bool TakeAll(ParticleRow const& group);
     void Advance();
@@ -68,7 +69,7 @@ private:
     ElementName const* m_names = nullptr;
     std::size_t m_count = 0;
     std::size_t m_current = 0;
-    std::vector<std::uint32_t> m_skipped; // particles that could have taken the current child
+    std::vector<std::uint32_t>& m_skipped; // particles that could have taken the current child
     std::string m_message;
 };
 

@@ -177,10 +177,9 @@ bool Grammar::IsDerivedFrom(TypeId type, TypeId base, std::uint8_t blocked) cons
     return true;
 }
 
-std::uint32_t Grammar::Accept(std::uint32_t declared, Symbol symbol) const noexcept {
-    if (m_symbolOf[declared] == symbol)
-        return declared;
-    auto const& members = m_members[declared];
+// Of the substitution group.
+std::uint32_t Grammar::FindMember(std::uint32_t head, Symbol symbol) const noexcept {
+    auto const& members = m_members[head];
     if (members.empty() || symbol == kNone)
         return kNone;
     auto const found =

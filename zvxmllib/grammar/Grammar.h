@@ -57,7 +57,9 @@ public:
 
     // The declaration for an element where the particle has the declaration `declared`: that, a member of its
     // substitution group, or kNone.
-    std::uint32_t Accept(std::uint32_t declared, Symbol symbol) const noexcept;
+    std::uint32_t Accept(std::uint32_t declared, Symbol symbol) const noexcept {
+        return m_symbolOf[declared] == symbol ? declared : FindMember(declared, symbol);
+    }
     std::uint32_t AcceptLocalName(std::uint32_t declared, std::string_view name) const noexcept;
     bool Allows(WildcardRow const& wildcard, std::string_view ns) const noexcept;
 
@@ -88,6 +90,7 @@ private:
         bool isEmptiable = true;
     };
 
+    std::uint32_t FindMember(std::uint32_t head, Symbol symbol) const noexcept;
     static std::uint32_t Find(NameMap const& map, std::string_view name, std::string_view ns) noexcept;
     void AddNames();
     void AddSubstitutions();

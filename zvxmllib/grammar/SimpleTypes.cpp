@@ -13,6 +13,9 @@ SimpleTypes::SimpleTypes(GrammarRows const& rows)
     std::sort(m_notations.begin(), m_notations.end());
     AddBuiltInTypes(m_types);
     AddTypesOfRows(rows, m_notations, m_types);
+    m_quickTests.reserve(m_types.size());
+    for (auto const& type : m_types)
+        m_quickTests.emplace_back(*type);
 }
 
 SimpleTypes::~SimpleTypes() = default;
@@ -26,6 +29,8 @@ void SimpleTypes::Check(std::uint32_t type, std::string_view text, INamespaceSco
 
 char const* SimpleTypes::FindFault(std::uint32_t type, std::string_view text, INamespaceScope const* scope,
                                    SimpleValue* value, std::string& room) const {
+    if (value == nullptr && FitsAtAGlance(type, text))
+        return nullptr;
     TestOutput output;
     output.message = &room;
     if (value != nullptr) {
@@ -76,6 +81,8 @@ bool SimpleTypes::HasQNames(std::uint32_t type) const noexcept {
 }
 
 std::string_view SimpleTypes::Normalize(std::uint32_t type, std::string_view text, std::string& room) const {
+    if (FitsAtAGlance(type, text))
+        return text;
     SimpleType const* tested = m_types[type].get();
     if (tested->variety == Variety::kUnion) // by the member that accepts the text
         tested = SimpleTypeTest(nullptr, m_notations).Accept(*tested, text, TestOutput());

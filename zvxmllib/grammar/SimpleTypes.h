@@ -2,6 +2,7 @@
 #pragma once
 
 #include "zvxmllib/grammar/GrammarRows.h"
+#include "zvxmllib/grammar/QuickTest.h"
 
 #include <cstdint>
 #include <memory>
@@ -51,6 +52,12 @@ public:
     char const* FindFault(std::uint32_t type, std::string_view text, INamespaceScope const* scope,
                           SimpleValue* value, std::string& room) const;
 
+    // Whether it can be told at a glance that a text fits, and that the white space rule leaves it as it is.
+    // False says nothing.
+    bool FitsAtAGlance(std::uint32_t type, std::string_view text) const noexcept {
+        return m_quickTests[type].Accepts(text);
+    }
+
     // The nearest built-in type: of a list or union anySimpleType (but NMTOKENS, IDREFS, ENTITIES).
     BuiltIn GetBuiltIn(std::uint32_t type) const noexcept;
     Variety GetVariety(std::uint32_t type) const noexcept;
@@ -66,6 +73,7 @@ public:
 private:
     std::vector<std::string_view> m_notations; // sorted
     std::vector<std::unique_ptr<SimpleType>> m_types;
+    std::vector<QuickTest> m_quickTests; // by type
 };
 
 } // namespace ZvXmlLib16::grammar

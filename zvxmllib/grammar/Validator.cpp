@@ -64,8 +64,10 @@ public:
         : m_validator(validator), m_children(children) {}
 
     void OnElement(std::size_t child, std::uint32_t particle, std::uint32_t declaration) override {
-        m_validator.ValidateElement(*m_children.elements[child], declaration, ProcessContents::kStrict,
-                                    m_validator.m_grammar.GetRows().particles[particle].first);
+        CXmlElement& element = *m_children.elements[child];
+        std::uint32_t const declared = m_validator.m_grammar.GetRows().particles[particle].first;
+        if (!m_validator.TakePlainValue(element, declaration, declared))
+            m_validator.ValidateElement(element, declaration, ProcessContents::kStrict, declared);
     }
     void OnWildcard(std::size_t child, std::uint32_t particle) override {
         GrammarRows const& rows = m_validator.m_grammar.GetRows();
@@ -82,7 +84,7 @@ private:
 
 Validator::Validator(Grammar const& grammar, CSerializationContext const& ctx, IAssessmentReceiver* receiver)
     : m_grammar(grammar), m_ctx(ctx), m_receiver(receiver), m_symbols(grammar),
-      m_identities(grammar.GetIdentityPaths()) {}
+      m_hasIdentities(grammar.GetRows().identities.count != 0), m_identities(grammar.GetIdentityPaths()) {}
 
 Validator::~Validator() = default;
 
@@ -124,9 +126,11 @@ void Validator::ValidateElement(CXmlElement& element, std::uint32_t declaration,
         declaration = m_grammar.FindElementByLocalName(element.GetLocalName());
     Target target{declaration, kAnyType, process, false, particleDeclaration};
     ++m_depth;
-    Range const identities =
-        declaration == kNone ? Range{} : m_grammar.GetRows().elements[declaration].identities;
-    m_identities.EnterElement(element, identities);
+    if (m_hasIdentities) {
+        Range const identities =
+            declaration == kNone ? Range{} : m_grammar.GetRows().elements[declaration].identities;
+        m_identities.EnterElement(element, identities);
+    }
     bool const hasType = FindType(element, target);
     if (m_receiver != nullptr)
         m_receiver->OnElement(element, {declaration, target.type, target.isNil, particleDeclaration});
@@ -137,6 +141,24 @@ void Validator::ValidateElement(CXmlElement& element, std::uint32_t declaration,
     if (m_receiver != nullptr)
         m_receiver->OnElementEnd();
     --m_depth;
+}
+
+// By far the most frequent elements, for which nothing but their value is to be tested.
+bool Validator::TakePlainValue(CXmlElement const& element, std::uint32_t declaration,
+                               std::uint32_t particleDeclaration) {
+    ElementRow const& row = m_grammar.GetRows().elements[declaration];
+    bool const isPlain = !IsComplex(row.type) && row.constraint == ValueConstraint::kNoValue &&
+                         !row.isAbstract && row.identities.count == 0 && element.GetAttributeCount() == 0 &&
+                         element.GetFirstElement() == nullptr && m_depth != kMostElementsDeep &&
+                         !m_identities.IsActive();
+    if (!isPlain)
+        return false;
+    std::string_view const text = TextOf(element);
+    if (!m_grammar.GetSimpleTypes().FitsAtAGlance(static_cast<std::uint32_t>(row.type), text))
+        return false;
+    if (m_receiver != nullptr)
+        m_receiver->OnPlainValue(declaration, particleDeclaration, text);
+    return true;
 }
 
 // False if the element cannot be validated further.
@@ -243,7 +265,7 @@ void Validator::ValidateAttributes(CXmlElement& element, TypeId type) {
         uses = rows.complexTypes[ComplexTypeRowOf(type)].attributes;
         wildcard = rows.complexTypes[ComplexTypeRowOf(type)].attributeWildcard;
     }
-    std::vector<bool> isSeen(uses.count, false);
+    m_isSeen.assign(uses.count, false);
     m_idAttributes = 0;
     for (std::size_t i = 0; i < element.GetAttributeCount(); ++i) {
         CXmlAttribute& attribute = *element.GetAttributeAt(i);
@@ -260,14 +282,14 @@ void Validator::ValidateAttributes(CXmlElement& element, TypeId type) {
             else
                 ReceiveUndeclared(attribute);
         } else {
-            ValidateAttribute(element, attribute, uses, wildcard, isSeen);
+            ValidateAttribute(element, attribute, uses, wildcard);
         }
     }
-    AddDefaultAttributes(element, uses, isSeen);
+    AddDefaultAttributes(element, uses);
 }
 
 void Validator::ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute, Range uses,
-                                  std::uint32_t wildcard, std::vector<bool>& isSeen) {
+                                  std::uint32_t wildcard) {
     GrammarRows const& rows = m_grammar.GetRows();
     std::string const& name = attribute.GetLocalName();
     std::string const& ns = attribute.GetNamespaceURI();
@@ -275,7 +297,7 @@ void Validator::ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute
         AttributeRow const& row = rows.attributes[uses.first + i];
         if (name != row.name || (ns != row.ns && !(m_ignoresNamespaces && ns.empty())))
             continue;
-        isSeen[i] = true;
+        m_isSeen[i] = true;
         return ValidateAttributeValue(element, attribute, row);
     }
     // Without its namespace it says nothing.
@@ -309,7 +331,8 @@ void Validator::ValidateAttributeValue(CXmlElement& element, CXmlAttribute& attr
     bool const isFixed = row.constraint == ValueConstraint::kFixed;
     bool const needsValue = isFixed || types.HasIds(row.type) || m_identities.IsActive();
     Scope const scope(element);
-    m_value = {};
+    if (needsValue)
+        m_value = {};
     char const* const fault = types.FindFault(row.type, attribute.GetValueView(), &scope,
                                               needsValue ? &m_value : nullptr, m_message);
     if (fault != nullptr) {
@@ -331,10 +354,10 @@ void Validator::ValidateAttributeValue(CXmlElement& element, CXmlAttribute& attr
 }
 
 // Tests for required ones, too.
-void Validator::AddDefaultAttributes(CXmlElement& element, Range uses, std::vector<bool> const& isSeen) {
+void Validator::AddDefaultAttributes(CXmlElement& element, Range uses) {
     for (std::uint32_t i = 0; i < uses.count; ++i) {
         AttributeRow const& row = m_grammar.GetRows().attributes[uses.first + i];
-        if (isSeen[i])
+        if (m_isSeen[i])
             continue;
         if (row.isRequired)
             Fail(element, "The attribute " + Quote(row.name) + " is missing.");
@@ -376,6 +399,8 @@ void Validator::CheckReferences() {
 
 void Validator::LeaveElement(Target const& target, SimpleValue const* value, bool hasSimpleType,
                              std::string_view text) {
+    if (!m_hasIdentities)
+        return;
     std::vector<IdentityFault> faults;
     bool const isNillable =
         target.declaration != kNone && m_grammar.GetRows().elements[target.declaration].isNillable;
@@ -470,7 +495,7 @@ void Validator::ValidateChildren(CXmlElement& element, TypeId type, std::uint32_
     if (m_orders != nullptr)
         SortUnlessFit(children, type, particle);
     ChildContent content(*this, children);
-    ContentWalk walk(m_grammar, content);
+    ContentWalk walk(m_grammar, content, children.room);
     ContentFault fault;
     if (!walk.Walk(particle, children.names.data(), children.names.size(), fault))
         Fail(fault.child < children.elements.size() ? *children.elements[fault.child] : element,
@@ -497,7 +522,8 @@ void Validator::AddNamespaces(Children& children, TypeId type) const {
 void Validator::SortUnlessFit(Children& children, TypeId type, std::uint32_t particle) const {
     NoContentReceiver receiver;
     ContentFault fault;
-    if (ContentWalk(m_grammar, receiver).Walk(particle, children.names.data(), children.names.size(), fault))
+    if (ContentWalk(m_grammar, receiver, children.room)
+            .Walk(particle, children.names.data(), children.names.size(), fault))
         return;
     std::vector<ContentEntry> const& entries = m_orders->Of(type);
     std::vector<std::pair<std::size_t, std::size_t>> ranks; // rank, index

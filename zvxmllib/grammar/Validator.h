@@ -34,6 +34,10 @@ struct Assessment {
 class IAssessmentReceiver {
 public:
     virtual void OnElement(CXmlElement& element, Assessment const& assessment) = 0;
+    // In place of OnElement, OnValue and OnElementEnd, where the element has a declaration, this value, and
+    // nothing beside it. The white space rule leaves the value as it is.
+    virtual void OnPlainValue(std::uint32_t declaration, std::uint32_t particleDeclaration,
+                              std::string_view text) = 0;
     // `row` is null for an attribute without a declaration.
     virtual void OnAttribute(CXmlAttribute& attribute, AttributeRow const* row) = 0;
     // An attribute that is there by its default or fixed value.
@@ -78,6 +82,7 @@ private:
     struct Children {
         std::vector<CXmlElement*> elements;
         std::vector<ElementName> names;
+        std::vector<std::uint32_t> room; // of the walk
     };
     class Scope;
     struct Target {
@@ -90,15 +95,17 @@ private:
 
     void ValidateElement(CXmlElement& element, std::uint32_t declaration, ProcessContents process,
                          std::uint32_t particleDeclaration);
+    bool TakePlainValue(CXmlElement const& element, std::uint32_t declaration,
+                        std::uint32_t particleDeclaration);
     bool FindType(CXmlElement& element, Target& target);
     bool FindNamedType(CXmlElement& element, std::string_view text, Target& target);
     bool ReadNil(CXmlElement& element, Target& target, std::string_view text);
     void ValidateContent(CXmlElement& element, Target const& target);
     void ValidateAttributes(CXmlElement& element, TypeId type);
-    void ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute, Range uses, std::uint32_t wildcard,
-                           std::vector<bool>& isSeen);
+    void ValidateAttribute(CXmlElement& element, CXmlAttribute& attribute, Range uses,
+                           std::uint32_t wildcard);
     void ValidateAttributeValue(CXmlElement& element, CXmlAttribute& attribute, AttributeRow const& row);
-    void AddDefaultAttributes(CXmlElement& element, Range uses, std::vector<bool> const& isSeen);
+    void AddDefaultAttributes(CXmlElement& element, Range uses);
     void ValidateSimpleContent(CXmlElement& element, Target const& target, std::uint32_t type);
     void ValidateComplexContent(CXmlElement& element, Target const& target, ComplexTypeRow const* type);
     void ValidateChildren(CXmlElement& element, TypeId type, std::uint32_t particle);
@@ -125,12 +132,14 @@ private:
     bool m_ignoresNamespaces = false;
     SymbolCache m_symbols;
     std::deque<Children> m_children; // by depth
+    bool const m_hasIdentities;      // in the whole grammar
     IdentityWalk m_identities;
     std::unordered_map<std::string, CXmlElement const*> m_ids;
     std::vector<std::pair<std::string, CXmlElement*>> m_idReferences;
     std::string m_room;    // texts that are in pieces
     std::string m_message; // of simple types
     SimpleValue m_value;
+    std::vector<bool> m_isSeen; // by attribute of the current element
     unsigned m_depth = 0;
     unsigned m_idAttributes = 0; // of the current element
 };
