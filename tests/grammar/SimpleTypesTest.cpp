@@ -431,4 +431,86 @@ TEST(SimpleTypes, RefuseFacetsThatCannotBeUsed) {
     }
 }
 
+// What is told at a glance is what the whole test finds; and it is told of what documents usually hold.
+TEST(SimpleTypes, TellAtAGlanceOnlyWhatIsSo) {
+    Grammar grammar;
+    Texts const plain = {"",
+                         "a",
+                         " a",
+                         "a ",
+                         "a  b",
+                         "a b",
+                         "a\tb",
+                         "a\nb",
+                         "true",
+                         "TRUE",
+                         "0",
+                         "1",
+                         "-0",
+                         "+1",
+                         "007",
+                         "127",
+                         "128",
+                         "-128",
+                         "-129",
+                         "1.50",
+                         ".5",
+                         "5.",
+                         "-.",
+                         "1e3",
+                         "INF",
+                         "--1",
+                         "12.345",
+                         "a:b",
+                         "-a",
+                         "\xC3\xA9",
+                         "999999999999999999",
+                         "1000000000000000000",
+                         "-1000000000000000000",
+                         "9223372036854775808",
+                         "18446744073709551615",
+                         "99999999999999999999"};
+    std::vector<std::uint32_t> types;
+    for (std::uint32_t i = 0; i < kBuiltInCount; ++i)
+        types.push_back(i);
+    for (FormRow const& row :
+         std::vector<FormRow>{{BuiltIn::kString, {"length=1"}, {}, {}},
+                              {BuiltIn::kString, {"minLength=1", "maxLength=2"}, {}, {}},
+                              {BuiltIn::kString, {"whiteSpace=replace"}, {}, {}},
+                              {BuiltIn::kToken, {"enumeration=a b", "enumeration=1"}, {}, {}},
+                              {BuiltIn::kString, {"enumeration=a", "pattern=b"}, {}, {}},
+                              {BuiltIn::kToken, {"pattern=[0-9]+"}, {}, {}},
+                              {BuiltIn::kInteger, {"minExclusive=0", "maxExclusive=127"}, {}, {}},
+                              {BuiltIn::kInteger, {"minInclusive=9223372036854775808"}, {}, {}},
+                              {BuiltIn::kInteger, {"maxInclusive=-1000000000000000000"}, {}, {}},
+                              {BuiltIn::kInteger, {"enumeration=1"}, {}, {}},
+                              {BuiltIn::kInteger, {"totalDigits=2"}, {}, {}},
+                              {BuiltIn::kDecimal, {"totalDigits=3", "fractionDigits=1"}, {}, {}},
+                              {BuiltIn::kDecimal, {"maxInclusive=1"}, {}, {}},
+                              {BuiltIn::kDouble, {"maxExclusive=1"}, {}, {}},
+                              {BuiltIn::kBoolean, {"pattern=1|0"}, {}, {}}})
+        types.push_back(grammar.Restrict(row.type, row.facets));
+    types.push_back(grammar.List(Id(BuiltIn::kInt)));
+    types.push_back(grammar.Union({Id(BuiltIn::kInt), Id(BuiltIn::kString)}));
+    SimpleTypes const& made = grammar.Make();
+    for (std::uint32_t const type : types) {
+        for (std::string const& text : plain) {
+            if (!made.FitsAtAGlance(type, text))
+                continue;
+            SimpleValue value; // whoever asks for it gets the whole test
+            std::string room;
+            EXPECT_EQ(made.FindFault(type, text, nullptr, &value, room), nullptr) << type << ' ' << text;
+            EXPECT_TRUE(text.find_first_of("\t\n") == std::string::npos || type <= Id(BuiltIn::kString))
+                << type;
+        }
+    }
+    for (auto const& [type, text] : {std::make_pair(BuiltIn::kString, " a"),
+                                     {BuiltIn::kToken, "a b"},
+                                     {BuiltIn::kInt, "-2147483648"},
+                                     {BuiltIn::kDecimal, "1.50"},
+                                     {BuiltIn::kBoolean, "true"},
+                                     {BuiltIn::kLong, "7"}})
+        EXPECT_TRUE(made.FitsAtAGlance(Id(type), text)) << text;
+}
+
 } // namespace
