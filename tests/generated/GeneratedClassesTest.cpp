@@ -163,7 +163,7 @@ TEST(GeneratedClasses, KeepTextsAndChildrenOfMixedContentInOrder) {
               xml);
     std::string order;
     for (auto const& piece : note->ContentPieces())
-        order += "[" + (piece.node == nullptr ? std::string(piece.text) : piece.node->text) + "]";
+        order += "[" + (piece.node == nullptr ? std::string(piece.text) : piece.node->text.Get()) + "]";
     EXPECT_EQ(order, "[a ][bold][ and ][slanted][ word]");
     EXPECT_EQ(FailureOf([&] { shop::WriteNoteJson(*note); }),
               "The place of the text in [note] can not be expressed in JSON.");
