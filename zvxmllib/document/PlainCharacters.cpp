@@ -2,6 +2,7 @@
 
 #include "zvxmllib/document/NameTable.h"
 #include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -9,9 +10,6 @@
 namespace ZvXmlLib16 {
 
 namespace {
-
-constexpr std::string_view kNamespaceOfXml = "http://www.w3.org/XML/1998/namespace";
-constexpr std::string_view kNamespaceOfXmlns = "http://www.w3.org/2000/xmlns/";
 
 constexpr bool IsXmlCharacter(std::uint32_t c) noexcept {
     if (c < 0x20)
@@ -109,7 +107,7 @@ bool AreXmlCharacters(std::string_view text) noexcept {
 
 // It refuses the two namespaces of XML itself, and the characters with which it joins names.
 bool IsPlainDeclaration(std::string_view prefix, std::string_view uri) noexcept {
-    return prefix != "xml" && prefix != "xmlns" && uri != kNamespaceOfXml && uri != kNamespaceOfXmlns &&
+    return prefix != "xml" && prefix != "xmlns" && uri != kXmlNamespace && uri != kXmlnsNamespace &&
            uri.find(detail::kNamespaceSeparator) == std::string_view::npos;
 }
 
