@@ -2,7 +2,7 @@
 # fuzz.sh TARGET [SECONDS [OPTION ...]]: builds the fuzzer TARGET with clang and runs it, 60 seconds by default, and
 # tells the number of executions at the end. Further options are libFuzzer's, such as -runs=1000000 and -max_len=64.
 #
-# Documents    xml, plain, json, fastinfoset; inflate: compressed data; formats: one against the other
+# Documents    xml, plain, json, plain_json, fastinfoset; inflate: compressed data; formats: one against the other
 # Values       integers, reals, binary (with boolean), dates (with duration): texts; values: printed and read;
 #              facets: a value and bounds; patterns
 # Strict       strict_writing: calls and objects, written and read elsewhere; strict_reading: documents, written again

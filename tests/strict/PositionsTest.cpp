@@ -73,7 +73,7 @@ TEST(Positions, OfJsonAreThoseOfTheValues) {
              Row{"{\"order\": {\"s\": \"\xC3\xA4\xE2\x82\xAC\", \"c\": [1,\"x\"]}}", "1:34", "1:34"},
              Row{"{\"order\": {\"a\": 1,\n\"@k\": 7, \"@m\":\n2}}", "0:0", "3:1"},
              Row{"{\"order\":\n {\"a\": null}}", "2:8", "2:8"},
-             Row{"{\"order\": {\"a\": 1,\n\"a\": 1}}", "1:17", "2:4"}, // the name
+             Row{"{\"order\": {\"a\": 1,\n\"a\": 1}}", "1:11", "2:4"}, // the name
              Row{"{\"order\": {},\n \"order2\": {}}", "0:0", "2:12"},
              Row{"{\"order\": {\"p:q\":\n1}}", "0:0", "2:1"}, // no prefix
              Row{"\n [{\"p:q\": \"x\"}]", "0:0", "2:2"},

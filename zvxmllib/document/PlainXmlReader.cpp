@@ -14,7 +14,6 @@ using detail::PlainName;
 
 namespace {
 
-constexpr std::size_t kMostAttributes = 64;                  // each is compared with all others
 constexpr std::size_t kLongestInput = std::size_t{1} << 31U; // places in it fit 32 bits
 
 bool IsSpace(char c) noexcept {
@@ -67,11 +66,10 @@ bool PlainXmlReader::Fill(CXmlDocument& document, std::string_view xml) {
 
 PlainXmlReader::PlainXmlReader(CXmlDocument& document, std::string_view xml)
     : m_doc(document), m_tree(*document.m_tree), m_begin(xml.data()), m_end(xml.data() + xml.size()),
-      m_isStrict(document.m_pContext->GetStrict()), m_scopes(m_tree.GetNames()) {
-    if (m_isStrict) {
+      m_isStrict(document.m_pContext->GetStrict()),
+      m_elements(document, m_isStrict, detail::PlainElements::Values::kCopied) {
+    if (m_isStrict)
         m_tree.KeepTextPlaces();
-        m_prefixScopes = &m_tree.KeepScopes();
-    }
 }
 
 bool PlainXmlReader::Read() {
@@ -139,7 +137,7 @@ char const* PlainXmlReader::ReadSurroundings(char const* at) const {
 }
 
 bool PlainXmlReader::ReadContent(char const* at) {
-    while (!m_open.empty()) {
+    while (!m_elements.IsEmpty()) {
         at = ReadText(at);
         if (at == nullptr)
             return false;
@@ -173,7 +171,7 @@ char const* PlainXmlReader::ReadStartTag(char const* at) {
     PlainName* const name = m_elementNames.Read(at, m_end);
     if (name == nullptr)
         return nullptr;
-    m_attributes.clear();
+    m_elements.Begin();
     if (*at != '>') {
         at = ReadAttributes(at);
         if (at == nullptr)
@@ -182,26 +180,25 @@ char const* PlainXmlReader::ReadStartTag(char const* at) {
     bool const isEmpty = *at == '/';
     if (isEmpty && (++at == m_end || *at != '>'))
         return nullptr;
-    if (!StartElement(*name))
+    if (!m_elements.Start(*name))
         return nullptr;
     if (isEmpty)
-        EndElement();
+        m_elements.End();
     return at + 1;
 }
 
 // Up to the end of the tag.
 char const* PlainXmlReader::ReadAttributes(char const* at) {
-    m_values.clear();
     for (;;) {
         char const* const begin = SkipSpace(at);
         if (begin == m_end)
             return nullptr;
         if (*begin == '>' || *begin == '/')
             return begin;
-        if (begin == at || m_attributes.size() == kMostAttributes)
+        if (begin == at || m_elements.IsFull())
             return nullptr;
         at = begin;
-        Attribute attribute{m_attributeNames.Read(at, m_end), {}, 0, 0, nullptr};
+        Attribute attribute{m_attributeNames.Read(at, m_end), {}};
         if (attribute.name == nullptr)
             return nullptr;
         at = SkipSpace(at);
@@ -213,7 +210,7 @@ char const* PlainXmlReader::ReadAttributes(char const* at) {
         at = ReadValue(at + 1, *at, attribute);
         if (at == nullptr)
             return nullptr;
-        m_attributes.push_back(attribute);
+        m_elements.Add(attribute);
     }
 }
 
@@ -229,7 +226,8 @@ char const* PlainXmlReader::ReadValue(char const* at, char quote, Attribute& att
 // Each break becomes a blank, and so does a tab.
 char const* PlainXmlReader::ReadMixedValue(char const* begin, char const* at, char quote,
                                            Attribute& attribute) {
-    attribute.kept = m_values.size();
+    std::string& values = m_elements.GetValues();
+    attribute.kept = values.size();
     char const* from = begin;
     for (;; at = FindPlainValueEnd(at, m_end, quote)) {
         if (at == m_end)
@@ -238,19 +236,19 @@ char const* PlainXmlReader::ReadMixedValue(char const* begin, char const* at, ch
             at = SkipBeyondAscii(at, m_end);
             continue;
         }
-        m_values.append(from, at);
+        values.append(from, at);
         if (*at == quote) {
-            attribute.keptLength = m_values.size() - attribute.kept;
+            attribute.keptLength = values.size() - attribute.kept;
             return AreXmlCharacters(Between(begin, at)) ? at + 1 : nullptr;
         }
         if (*at == '&') {
             PlainReference const reference = ReadPlainReference(at + 1, m_end);
             if (reference.end == nullptr)
                 return nullptr;
-            m_values.append(reference.text, reference.length);
+            values.append(reference.text, reference.length);
             at = reference.end;
         } else if (IsSpace(*at)) {
-            m_values += ' ';
+            values += ' ';
             at = PassBreak(at, m_end);
         } else {
             return nullptr;
@@ -259,78 +257,15 @@ char const* PlainXmlReader::ReadMixedValue(char const* begin, char const* at, ch
     }
 }
 
-std::string_view PlainXmlReader::ValueOf(Attribute const& attribute) const noexcept {
-    return attribute.keptLength == 0
-               ? attribute.value
-               : std::string_view(m_values).substr(attribute.kept, attribute.keptLength);
-}
-
-// All that can go wrong does so before the tree knows of the element: the parser would not have told of it.
-bool PlainXmlReader::StartElement(PlainName& name) {
-    detail::PlainScopes::Place const outside = m_scopes.GetPlace();
-    for (Attribute const& attribute : m_attributes) {
-        if (attribute.name->isDeclaration && !Declare(outside, attribute))
-            return false;
-    }
-    detail::XmlName const* const known = m_scopes.FindElementName(name);
-    if (known == nullptr || !FindAttributeNames())
-        return false;
-    CXmlElement const* const element = m_tree.AddElement(known);
-    for (Attribute const& attribute : m_attributes) {
-        if (attribute.known != nullptr)
-            m_tree.AddElementAttribute(attribute.known, ValueOf(attribute));
-    }
-    if (m_isStrict)
-        m_prefixScopes->AddElement(element);
-    m_open.push_back({&name, outside});
-    return true;
-}
-
-bool PlainXmlReader::Declare(detail::PlainScopes::Place const& outside, Attribute const& attribute) {
-    PlainName const& name = *attribute.name;
-    std::string_view const prefix = name.prefixLength == 0 ? std::string_view() : name.GetLocalName();
-    std::string_view const uri = attribute.value;
-    if (attribute.keptLength != 0 || (uri.empty() && !prefix.empty()) || !IsPlainDeclaration(prefix, uri))
-        return false;
-    detail::NameTable& names = m_tree.GetNames();
-    std::string const* const keptPrefix = names.Keep(prefix);
-    std::string const* const keptUri = names.Keep(uri);
-    if (!m_scopes.Declare(outside, keptPrefix, keptUri))
-        return false;
-    m_doc.m_namespaces[*keptPrefix] = std::make_shared<std::string const>(uri);
-    if (m_isStrict)
-        m_prefixScopes->Declare(keptPrefix, keptUri);
-    return true;
-}
-
-// No two attributes have the same name, also by way of different prefixes.
-bool PlainXmlReader::FindAttributeNames() {
-    for (auto attribute = m_attributes.begin(); attribute != m_attributes.end(); ++attribute) {
-        if (attribute->name->isDeclaration)
-            continue;
-        attribute->known = m_scopes.FindAttributeName(*attribute->name);
-        auto const isSame = [attribute](Attribute const& other) { return other.known == attribute->known; };
-        if (attribute->known == nullptr || std::any_of(m_attributes.begin(), attribute, isSame))
-            return false;
-    }
-    return true;
-}
-
-void PlainXmlReader::EndElement() {
-    m_tree.EndElement();
-    m_scopes.Return(m_open.back().outside);
-    m_open.pop_back();
-}
-
 // Behind "</".
 char const* PlainXmlReader::ReadEndTag(char const* at) {
-    PlainName const& name = *m_open.back().name;
+    PlainName const& name = m_elements.GetOpenName();
     if (!name.Begins(at, m_end))
         return nullptr;
     at = SkipSpace(at + name.text.size());
     if (!Pass(at, m_end, ">"))
         return nullptr;
-    EndElement();
+    m_elements.End();
     return at;
 }
 

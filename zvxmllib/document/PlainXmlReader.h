@@ -1,16 +1,13 @@
 // PlainXmlReader, which reads plain XML text without the parser.
 #pragma once
 
+#include "zvxmllib/document/PlainElements.h"
 #include "zvxmllib/document/PlainNames.h"
 #include "zvxmllib/foundation/Forward.h"
 
-#include <cstddef>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace ZvXmlLib16::detail {
-class PrefixScopes;
 class XmlTree;
 } // namespace ZvXmlLib16::detail
 
@@ -28,17 +25,7 @@ public:
     static bool Fill(CXmlDocument& document, std::string_view xml);
 
 private:
-    struct OpenElement {
-        detail::PlainName const* name;
-        detail::PlainScopes::Place outside;
-    };
-    struct Attribute {
-        detail::PlainName* name;
-        std::string_view value; // of the input
-        std::size_t kept;       // where the value is in m_values otherwise
-        std::size_t keptLength;
-        detail::XmlName const* known;
-    };
+    using Attribute = detail::PlainElements::Attribute;
 
     PlainXmlReader(CXmlDocument& document, std::string_view xml);
 
@@ -62,26 +49,17 @@ private:
     char const* ReadInstruction(char const* at) const;
     char const* SkipSpace(char const* at) const noexcept;
 
-    bool StartElement(detail::PlainName& name);
-    bool Declare(detail::PlainScopes::Place const& outside, Attribute const& attribute);
-    bool FindAttributeNames();
-    void EndElement();
-    std::string_view ValueOf(Attribute const& attribute) const noexcept;
     void AppendText(std::string_view text);
     void AppendLines(std::string_view text);
 
     CXmlDocument& m_doc;
     detail::XmlTree& m_tree;
-    detail::PrefixScopes* m_prefixScopes = nullptr; // null where nothing is strict
     char const* const m_begin;
     char const* const m_end;
     bool const m_isStrict;
     detail::PlainNameList m_elementNames;
     detail::PlainNameList m_attributeNames;
-    detail::PlainScopes m_scopes;
-    std::vector<OpenElement> m_open;
-    std::vector<Attribute> m_attributes; // of the current start tag
-    std::string m_values;                // of these, where they are not in the input as they are
+    detail::PlainElements m_elements;
 };
 
 } // namespace ZvXmlLib16

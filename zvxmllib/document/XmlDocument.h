@@ -13,6 +13,7 @@
 
 namespace ZvXmlLib16::detail {
 class ChunkedFile;
+class PlainElements;
 class XmlTree;
 } // namespace ZvXmlLib16::detail
 
@@ -81,9 +82,10 @@ protected:
 private:
     friend class CExpatReader;
     friend class CFastInfosetReader;
-    friend class CJsonTreeWriter;
     friend class JsonInput;
+    friend class PlainJsonReader;
     friend class PlainXmlReader;
+    friend class detail::PlainElements;
 
     // The whole file. With `toEnd`, also one that has no size, such as a pipe, which is empty otherwise.
     static std::unique_ptr<unsigned char[]> ReadFile(char const* fileName, std::size_t& length, bool toEnd);

@@ -164,9 +164,9 @@ char* XmlTree::NewRun(std::string_view text) {
     return chars;
 }
 
-NodeText::Piece* XmlTree::NewPiece(char const* chars, std::uint32_t length) {
+NodeText::Piece* XmlTree::NewPiece(char const* chars, std::uint32_t length, std::uint32_t repeat) {
     void* const storage = m_nodes.Allocate(sizeof(NodeText::Piece), alignof(NodeText::Piece));
-    return new (storage) NodeText::Piece{nullptr, chars, length, 1};
+    return new (storage) NodeText::Piece{nullptr, chars, length, repeat};
 }
 
 void XmlTree::AppendRun(OpenElement& open, std::string_view text) {
@@ -196,33 +196,41 @@ bool XmlTree::RepeatTail(OpenElement& open, std::string_view text) noexcept {
 }
 
 // Appends a run, which cannot grow.
-void XmlTree::AddRun(OpenElement& open, char const* run, std::uint32_t length) {
+void XmlTree::AddRun(OpenElement& open, char const* run, std::uint32_t length, std::uint32_t repeat) {
     NodeText& target = open.element->m_text;
     open.runEnd = nullptr;
-    if (target.m_length == 0) {
+    if (target.m_length == 0 && repeat == 1) {
         target.m_run = run;
         target.m_length = length;
         open.runLength = &target.m_length;
         return;
     }
-    if (target.m_form == NodeText::Form::kRun) {
-        target.m_chain = open.tail = NewPiece(target.m_run, target.m_length);
+    NodeText::Piece* const piece = NewPiece(run, length, repeat);
+    if (target.m_length == 0) {
+        target.m_chain = piece;
+        target.m_length = length; // that of a chain only tells that there is text
         target.m_form = NodeText::Form::kChain;
+    } else {
+        if (target.m_form == NodeText::Form::kRun) {
+            target.m_chain = open.tail = NewPiece(target.m_run, target.m_length, 1);
+            target.m_form = NodeText::Form::kChain;
+        }
+        open.tail->next = piece;
     }
-    NodeText::Piece* const piece = NewPiece(run, length);
-    open.tail->next = piece;
     open.beforeTail = open.tail;
     open.tail = piece;
     open.runLength = &piece->length;
 }
 
-void XmlTree::AppendKeptText(std::string_view text) {
-    if (m_textPlaces != nullptr)
-        m_textPlaces->AddText(text);
+void XmlTree::AppendKeptText(std::string_view text, std::uint32_t repeat) {
+    if (m_textPlaces != nullptr) {
+        for (std::uint32_t i = 0; i != repeat; ++i)
+            m_textPlaces->AddText(text);
+    }
     OpenElement& open = m_open.back();
     ZV_ASSERT(open.element->m_text.m_form != NodeText::Form::kString);
-    if (!text.empty())
-        AddRun(open, text.data(), LengthOfRun(text));
+    if (!text.empty() && repeat != 0)
+        AddRun(open, text.data(), LengthOfRun(text), repeat);
 }
 
 // White space between children is mostly the same: a run equal to the previous one is counted, not stored.

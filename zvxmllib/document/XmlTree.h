@@ -74,11 +74,11 @@ public:
     // For readers whose texts repeat, or lie in their input as they are: copies text into the storage of the
     // tree, where it stays as long as the tree, with as many octets behind it that may be read.
     std::string_view KeepText(std::string_view text, std::size_t readableBehind = 0);
-    // As AddElementAttribute, for text that KeepText gave or a part of it: not copied again.
+    // As AddElementAttribute, for text that KeepText gave, or that outlives the tree: not copied.
     void AddKeptAttribute(XmlName const* name, std::string_view value);
-    // The same for the text of the innermost open element, without carriage returns. Only for readers that
-    // call no callback, so that nobody has asked for that text yet.
-    void AppendKeptText(std::string_view text);
+    // The same for the text of the innermost open element, without carriage returns, which stands there
+    // `repeat` times. Only for readers that call no callback, so that nobody has asked for that text yet.
+    void AppendKeptText(std::string_view text, std::uint32_t repeat = 1);
 
     // Closes the innermost open element and returns it.
     CXmlElement* EndElement();
@@ -151,8 +151,8 @@ private:
     void AppendRuns(std::string_view text);
     bool RepeatTail(OpenElement& open, std::string_view text) noexcept;
     void AppendRun(OpenElement& open, std::string_view text);
-    void AddRun(OpenElement& open, char const* run, std::uint32_t length);
-    NodeText::Piece* NewPiece(char const* chars, std::uint32_t length);
+    void AddRun(OpenElement& open, char const* run, std::uint32_t length, std::uint32_t repeat = 1);
+    NodeText::Piece* NewPiece(char const* chars, std::uint32_t length, std::uint32_t repeat);
     char* NewRun(std::string_view text);
     void FoldRepeatedTail(OpenElement& open) noexcept;
     void GrowAttributes(CXmlElement& element);

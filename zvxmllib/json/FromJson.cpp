@@ -9,7 +9,7 @@
 #include "zvxmllib/json/JsonContext.h"
 #include "zvxmllib/json/JsonInput.h"
 #include "zvxmllib/json/JsonTextReader.h"
-#include "zvxmllib/json/JsonTreeWriter.h"
+#include "zvxmllib/json/PlainJsonReader.h"
 #include "zvxmllib/json/StrictJsonReading.h"
 #include "zvxmllib/values/binary/Encoder.h"
 
@@ -110,7 +110,7 @@ void CXmlObjectBase::FromJson_Int(std::string_view json, CSerializationContext c
         return;
     }
     CXmlDocument document(ctx);
-    if (detail::KeepsReadingOfBytes(*this) && CJsonTreeWriter::Fill(document, json, ctx)) {
+    if (detail::KeepsReadingOfBytes(*this) && PlainJsonReader::Fill(document, json, ctx)) {
         IgnoredNamespaces const ignored(ctx);
         try {
             ReadDocument(document, ctx);

@@ -1,0 +1,84 @@
+// PlainJsonReader, which reads plain JSON straight into the tree.
+#pragma once
+
+#include "zvxmllib/document/NodePositions.h"
+#include "zvxmllib/document/PlainElements.h"
+#include "zvxmllib/foundation/Forward.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ZvXmlLib16 {
+
+// Builds the tree that the XML parser would have made of the formatted XML text to which CJsonTextReader
+// converts the JSON, white space included, in one pass over the text. Whatever it is not certain about it
+// leaves to these two, and with it every failure: it never says that a text is wrong. It knows objects,
+// arrays of values and objects, strings with escapes, numbers and words, with names of ASCII letters.
+// docs/performance.md says why the result is the same.
+class PlainJsonReader final : public IPositionSource {
+public:
+    // Fills the document, which is empty, by the context's JSON options. The document borrows the text, which
+    // outlives it. Returns false, and leaves it empty, if the text or the context needs the way by XML text.
+    // Throws std::bad_alloc alone.
+    static bool Fill(CXmlDocument& document, std::string_view json, CSerializationContext const& ctx);
+
+    // Where the value begins of the node that is being added.
+    detail::NodePosition GetPosition() const override;
+
+private:
+    using PlainName = detail::PlainName;
+    struct Text {
+        std::string_view value;
+        bool isMade = false; // in m_made, or else of the input
+    };
+
+    PlainJsonReader(CXmlDocument& document, std::string_view json, CSerializationContext const& ctx);
+
+    bool Read();
+
+    // Each of these reads one thing from `at` on and returns where it ends, null if it is not plain.
+    char const* ReadRoot(char const* at);
+    char const* ReadElement(PlainName& name, char const* at);
+    char const* ReadObject(PlainName& name, char const* at);
+    char const* ReadMembers(PlainName& name, char const* begin, char const* at);
+    char const* ReadAttribute(char const* at);
+    char const* ReadTextMember(char const* at, std::uint32_t& children);
+    char const* ReadChildren(char const* at, std::uint32_t& count);
+    char const* ReadItems(PlainName& name, char const* at, std::uint32_t& count);
+    char const* ReadColon(char const* at) const noexcept;
+    char const* ReadText(char const* at, Text& text);
+    char const* ReadString(char const* at, Text& text);
+    char const* ReadMixedString(char const* begin, char const* at, Text& text);
+    char const* ReadEscape(char const* at);
+    char const* ReadCharacterCode(char const* at);
+    char const* ReadNumber(char const* at) const noexcept;
+    char const* ReadWord(char const* at, std::string_view word) const noexcept;
+    char const* SkipSpace(char const* at) const noexcept;
+    // Whether `at` is a place of the text that holds this character.
+    bool Holds(char const* at, char c) const noexcept { return at != nullptr && at != m_end && *at == c; }
+
+    bool AppendText(Text const& text);
+    void AppendBreaks(std::uint32_t children, std::size_t depthBehind);
+    void AppendCharacters();
+
+    detail::XmlTree& m_tree;
+    char const* const m_begin;
+    char const* const m_end;
+    bool const m_hasMarks;        // of attributes and texts
+    std::string const m_rootName; // with a quote behind it; empty where the text names the root
+    detail::PlainNameList m_elementNames;
+    detail::PlainNameList m_attributeNames;
+    detail::PlainElements m_elements;
+    std::int32_t m_containers = 0;          // objects and arrays that are open
+    std::size_t m_depth = 0;                // of elements
+    std::vector<std::string_view> m_breaks; // by depth: a line feed and the indent of that depth
+    std::string m_made;                     // a string with escapes, as it is meant
+    std::u16string m_characters;            // of \u escapes that follow each other
+    mutable char const* m_counted;          // up to where lines are counted
+    mutable char const* m_lineStart;
+    mutable std::uint64_t m_line = 1;
+};
+
+} // namespace ZvXmlLib16
