@@ -21,4 +21,13 @@ std::size_t PeakMemory() {
     return 0;
 }
 
+void ReleaseFreeMemory() noexcept {
+    ::malloc_trim(0);
+}
+
+std::size_t ResetPeakMemory() {
+    std::ofstream("/proc/self/clear_refs") << "5";
+    return PeakMemory();
+}
+
 } // namespace bench

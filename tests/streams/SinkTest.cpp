@@ -65,6 +65,8 @@ TEST(EncodedText, ReplacesWhatIsNoUtf8AndEndsAtANul) {
     CTextStream stream(XmlEncoding_UTF8);
     stream.Append("a\0b", 3);
     EXPECT_EQ(TextOf(stream.GetEncodedData()), "a");
+    EXPECT_EQ(stream.GetLength(), 0U); // it is moved out
+    stream.Append("a\0b", 3);
     ASCIIOnly(true);
     EXPECT_EQ(Encode("a\xC3z", XmlEncoding_UTF8), "a\xC3z");
     EXPECT_EQ(TextOf(stream.GetEncodedData()), "a");

@@ -48,7 +48,7 @@ std::string CXmlObjectBase::ToJson(bool formatted, EOLType eol, CSerializationCo
     CTextStream sink(XmlEncoding_None);
     sink.SetNeedsFlush(false);
     WriteJsonText(sink, formatted, eol, ctx);
-    return std::string(sink.GetText(), sink.GetLength());
+    return sink.TakeText();
 }
 
 CBinaryData CXmlObjectBase::ToJsonStream(bool formatted, XmlEncoding encoding, EOLType eol,

@@ -24,4 +24,34 @@ MemoryBlock AllocateBlock(std::size_t size) {
     return MemoryBlock(static_cast<char*>(data));
 }
 
+void ReturnedBlockDeleter::operator()(char* data) const noexcept {
+    if (mapped != 0)
+        ::munmap(data, mapped);
+    else
+        std::free(data);
+}
+
+ReturnedBlock AllocateReturnedBlock(std::size_t size) {
+    if (size < kReturnedSize) {
+        char* const data = static_cast<char*>(std::malloc(size));
+        if (data == nullptr)
+            throw std::bad_alloc();
+        return ReturnedBlock(data);
+    }
+    void* const data =
+        ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE, -1, 0);
+    if (data == MAP_FAILED)
+        throw std::bad_alloc();
+    return ReturnedBlock(static_cast<char*>(data), {size});
+}
+
+void PreferLargePages(void* data, std::size_t size) noexcept {
+#ifdef MADV_HUGEPAGE
+    char* const begin = static_cast<char*>(data);
+    std::size_t const before = (kLargePage - reinterpret_cast<std::size_t>(begin) % kLargePage) % kLargePage;
+    if (before < size && size - before >= kLargePage)
+        ::madvise(begin + before, (size - before) / kLargePage * kLargePage, MADV_HUGEPAGE);
+#endif
+}
+
 } // namespace ZvXmlLib16::platform

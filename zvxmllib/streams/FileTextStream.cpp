@@ -38,7 +38,6 @@ void CFileTextStream::Flush() {
     WaitForWrite();
     m_pendingData = GetEncodedData();
     m_file.StartWrite(m_pendingData.GetData(), m_pendingData.GetLength(), m_filePos);
-    m_buffer.Reset();
 }
 
 void CFileTextStream::Close() {

@@ -12,7 +12,7 @@ namespace ZvXmlLib16 {
 namespace {
 
 constexpr std::size_t kDefaultBlockSize = 4095;
-constexpr std::size_t kGreatestBlockSize = 1024 * 1024 - 1; // of a buffer whose blocks grow
+constexpr std::size_t kGreatestBlockSize = platform::kReturnedSize - 1; // of a buffer whose blocks grow
 constexpr std::size_t kGreatestLength = std::numeric_limits<std::uint32_t>::max();
 
 CInstanceMonitor::Registration registration("CStringBuffer");
@@ -68,9 +68,9 @@ void CStringBuffer::AddBlock(std::size_t wanted) {
     ZV_ASSERT(m_LastBlock_SizeOf == m_LastBlock_DataIn);
     std::size_t capacity = m_blockSize;
     if (m_blocksGrow)
-        capacity = std::max({capacity, wanted, std::min(m_dwTotalBufferLen, kGreatestBlockSize)});
+        capacity = std::max({capacity, wanted, std::min(m_dwTotalBufferLen / 2, kGreatestBlockSize)});
     capacity = std::min(capacity, kGreatestLength - m_dwTotalBufferLen);
-    m_blocks.push_back(Block{std::unique_ptr<char[]>(new char[capacity + 1]), capacity});
+    m_blocks.push_back(Block{platform::AllocateReturnedBlock(capacity + 1), capacity});
     m_lastBlock = m_blocks.back().data.get();
     m_LastBlock_SizeOf = capacity;
     m_LastBlock_DataIn = 0;
@@ -80,18 +80,17 @@ char const* CStringBuffer::GetBuffer() {
     if (m_blocks.empty())
         return "";
     if (m_blocks.size() > 1) {
-        std::unique_ptr<char[]> joined(new char[m_dwTotalBufferLen + 1]);
+        std::size_t const length = m_dwTotalBufferLen;
+        Block joined{platform::AllocateReturnedBlock(length + 1), length};
         std::size_t dwOutputPos = 0;
-        ForEachBlock([&](std::string_view block) {
-            std::memcpy(joined.get() + dwOutputPos, block.data(), block.size());
+        TakeBlocks([&](std::string_view block) {
+            std::memcpy(joined.data.get() + dwOutputPos, block.data(), block.size());
             dwOutputPos += block.size();
         });
-        ZV_ASSERT(dwOutputPos == m_dwTotalBufferLen);
-        m_blocks.resize(1);
-        m_blocks.front() = Block{std::move(joined), m_dwTotalBufferLen};
+        ZV_ASSERT(dwOutputPos == length);
+        m_blocks.push_back(std::move(joined));
         m_lastBlock = m_blocks.front().data.get();
-        m_LastBlock_SizeOf = m_dwTotalBufferLen;
-        m_LastBlock_DataIn = m_dwTotalBufferLen;
+        m_LastBlock_SizeOf = m_LastBlock_DataIn = m_dwTotalBufferLen = length;
     }
     m_lastBlock[m_LastBlock_DataIn] = '\0';
     return m_lastBlock;

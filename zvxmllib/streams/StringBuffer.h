@@ -2,12 +2,13 @@
 #pragma once
 
 #include "zvxmllib/foundation/InstanceMonitor.h"
+#include "zvxmllib/platform/MemoryBlock.h"
 
 #include <cstdint>
 #include <cstring>
-#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace ZvXmlLib16 {
@@ -70,9 +71,27 @@ public:
         }
     }
 
+    // The same, and each block is freed after its visit, so that nothing is in memory twice. The buffer is
+    // empty afterwards.
+    template <class Visitor>
+    void TakeBlocks(Visitor visit) {
+        if (m_blocks.size() > 1) {
+            std::vector<Block> blocks = std::move(m_blocks);
+            std::size_t const last = m_LastBlock_DataIn;
+            Clear();
+            for (Block& block : blocks) {
+                visit(std::string_view(block.data.get(), &block == &blocks.back() ? last : block.size));
+                block.data.reset();
+            }
+        } else {
+            ForEachBlock(visit);
+            Reset();
+        }
+    }
+
 private:
     struct Block {
-        std::unique_ptr<char[]> data; // size + 1 bytes, the last one for the NUL of GetBuffer
+        platform::ReturnedBlock data; // size + 1 bytes, the last one for the NUL of GetBuffer
         std::size_t size = 0;
     };
 

@@ -2,6 +2,7 @@
 #include "zvxmllib/streams/TextStream.h"
 
 #include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/platform/MemoryBlock.h"
 #include "zvxmllib/streams/Failures.h"
 #include "zvxmllib/values/binary/BinaryData.h"
 #include "zvxmllib/values/binary/Encoder.h"
@@ -18,13 +19,14 @@ CInstanceMonitor::Registration textStreamRegistration("CTextStream");
 
 // Local text that is UTF-8 goes from the blocks straight into the result. The bytes are tested after copying,
 // where no character is split between two blocks. Text ends at a NUL.
-CBinaryData JoinUtf8(CStringBuffer const& buffer) {
+CBinaryData JoinUtf8(CStringBuffer& buffer) {
     std::size_t const length = buffer.GetLength();
     if (length == 0)
         return CBinaryData();
     std::unique_ptr<unsigned char[]> bytes(new unsigned char[length + 1]);
+    platform::PreferLargePages(bytes.get(), length);
     unsigned char* end = bytes.get();
-    buffer.ForEachBlock([&end](std::string_view block) {
+    buffer.TakeBlocks([&end](std::string_view block) {
         std::memcpy(end, block.data(), block.size());
         end += block.size();
     });
@@ -55,16 +57,30 @@ void CTextStream::Close() {}
 
 void CTextStream::Flush() {}
 
+std::string CTextStream::TakeText() {
+    std::string text;
+    text.reserve(GetLength());
+    m_buffer.TakeBlocks([&text](std::string_view block) { text += block; });
+    return text;
+}
+
 CBinaryData CTextStream::GetEncodedData() {
+    CBinaryData data;
     switch (m_encoding) {
     case XmlEncoding_UTF8:
-        return IsLocalTextUtf8() ? JoinUtf8(m_buffer) : LocalToUtf8(GetText());
+        if (IsLocalTextUtf8())
+            return JoinUtf8(m_buffer);
+        data = LocalToUtf8(GetText());
+        break;
     case XmlEncoding_UTF16:
     case XmlEncoding_UTF16NoDeclaration:
-        return LocalToUtf16(GetText());
+        data = LocalToUtf16(GetText());
+        break;
     default:
         FailUnknownEncoding();
     }
+    m_buffer.Reset();
+    return data;
 }
 
 } // namespace ZvXmlLib16

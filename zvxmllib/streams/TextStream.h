@@ -38,8 +38,10 @@ public:
     // The whole text, owned by the sink and valid until the next change.
     char const* GetText() { return m_buffer.GetBuffer(); }
 
-    // The text as bytes of the encoding, without a byte order mark. Throws CZvException for
-    // XmlEncoding_None and unknown values.
+    // Moves the text out; the sink is empty afterwards.
+    std::string TakeText();
+    // The same as bytes of the encoding, without a byte order mark. Throws CZvException for XmlEncoding_None
+    // and unknown values.
     CBinaryData GetEncodedData();
 
 protected:

@@ -39,7 +39,7 @@ std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool formatted, EOLType
     CTextStream sink(XmlEncoding_None);
     sink.SetNeedsFlush(false);
     WriteXmlText(sink, includeDocHeader, formatted, eol, ctx);
-    return std::string(sink.GetText(), sink.GetLength());
+    return sink.TakeText();
 }
 
 CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool formatted, XmlEncoding encoding,
