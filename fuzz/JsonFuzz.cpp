@@ -35,6 +35,8 @@ void TryBothWays(std::string const& json, JsonRoundTrip mode, char const* rootNa
     ctx.GetJsonContext().SetRootElementName(rootName);
     ctx.GetJsonContext().GetAllowComments(allowComments);
     Require(ReadJson<Object>(json, ctx) == ReadJson<ByXml<Object>>(json, ctx));
+    ctx.SetStrict(true);
+    Require(ReadJson<Object>(json, ctx) == ReadJson<ByXml<Object>>(json, ctx));
 }
 
 void TryAgain(std::string const& json) {

@@ -1,5 +1,5 @@
-// JSON text by the reader of plain JSON and by way of XML text: either the first declines or the trees are
-// equal.
+// JSON text by the reader of plain JSON and by way of XML text, usual and strict: either the first declines
+// or the trees are equal.
 #include "Fuzz.h"
 
 #include "tests/support/BothReaders.h"
@@ -14,15 +14,17 @@ CSerializationContext Options(std::size_t choice) {
     ctx.GetJsonContext().SetSupportRoundtrip(kModes[choice % 2]);
     if (choice / 2 % 2 != 0)
         ctx.GetJsonContext().SetRootElementName("r");
+    ctx.SetStrict(choice / 4 % 2 != 0);
     return ctx;
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t size) {
-    static CSerializationContext const kOptions[] = {Options(0), Options(1), Options(2), Options(3)};
+    static CSerializationContext const kOptions[] = {Options(0), Options(1), Options(2), Options(3),
+                                                     Options(4), Options(5), Options(6), Options(7)};
     std::string const json(TextOf(data, size));
-    CSerializationContext const& ctx = kOptions[size % 4]; // texts change their length often
+    CSerializationContext const& ctx = kOptions[size % 8]; // texts change their length often
     CXmlDocument plain(ctx);
     if (!PlainJsonReader::Fill(plain, json, ctx))
         return 0;

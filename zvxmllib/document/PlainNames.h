@@ -19,6 +19,7 @@ struct PlainName {
     bool isDeclaration = false;    // xmlns, or with it as a prefix
     XmlName const* name = nullptr; // what it means in `scope`
     std::uint32_t scope = 0;       // 0 for none
+    std::uint64_t object = 0;      // the innermost open JSON object that has it, for UniqueNames
     PlainName* likelyNext = nullptr;
     // The first bytes, as many as there are of eight, and ones where they are.
     std::uint64_t head = 0;

@@ -42,12 +42,20 @@ std::string LocalTextOf(CBinaryData const& xml) {
 // A failure shows so much of the XML, since the whole may hold what is nobody's business.
 constexpr std::size_t kShownXml = 200;
 
-void FromStrictJson(CXmlObjectBase& object, std::string_view json, CSerializationContext const& ctx) {
-    detail::JsonPlaces places;
-    CBinaryData const xml = ConvertStrictJson(json, ctx, places);
+// `readTree` reads the object from a document that was made directly from the JSON; the XML is then made only
+// for the message of a failure.
+template <class ReadTree>
+void FromStrictJson(CXmlObjectBase& object, std::string_view json, CSerializationContext const& ctx,
+                    ReadTree const& readTree) {
     CSerializationContext own(ctx);
     if (ctx.GetJsonContext().GetSupportRoundtrip() != JsonRoundTrip_Full)
         own.SetIgnoreNamespaces(true);
+    CXmlDocument document(own);
+    bool const isPlain = detail::KeepsReadingOfBytes(object) && PlainJsonReader::Fill(document, json, own);
+    detail::JsonPlaces places;
+    CBinaryData xml;
+    if (!isPlain)
+        xml = ConvertStrictJson(json, ctx, places);
     // What fails has its place in the XML, which the caller does not have.
     auto const moveToJson = [&places](std::uint64_t& line, std::uint64_t& column) {
         detail::NodePosition const place = places.Find(column);
@@ -55,9 +63,14 @@ void FromStrictJson(CXmlObjectBase& object, std::string_view json, CSerializatio
         column = place.column;
     };
     try {
-        object.FromXmlStream(xml, own);
+        if (isPlain)
+            readTree(document, own);
+        else
+            object.FromXmlStream(xml, own);
         ctx.TakeFailures(own);
     } catch (CZvException& cause) {
+        if (isPlain)
+            xml = ConvertStrictJson(json, ctx, places);
         own.GetFailureNotes().MovePlaces(moveToJson);
         ctx.TakeFailures(own);
         std::uint64_t line = cause.GetLine();
@@ -106,7 +119,9 @@ void CXmlObjectBase::FromJsonStream(unsigned char* const data, std::uint32_t len
 // failure.
 void CXmlObjectBase::FromJson_Int(std::string_view json, CSerializationContext const& ctx) {
     if (ctx.GetStrict()) {
-        FromStrictJson(*this, json, ctx);
+        FromStrictJson(*this, json, ctx, [this](CXmlDocument& document, CSerializationContext const& own) {
+            ReadDocument(document, own);
+        });
         return;
     }
     CXmlDocument document(ctx);

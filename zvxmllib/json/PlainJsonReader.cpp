@@ -6,6 +6,7 @@
 #include "zvxmllib/document/XmlTree.h"
 #include "zvxmllib/foundation/DebugTrace.h"
 #include "zvxmllib/foundation/Utf16.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/json/JsonContext.h"
 #include "zvxmllib/json/MemberNames.h"
 #include "zvxmllib/values/binary/Encoder.h"
@@ -19,6 +20,9 @@ namespace {
 
 constexpr std::int32_t kMostContainers = 99; // as the parser allows around a value
 constexpr std::string_view kSectionMark = "<![CDATA[";
+// The attributes of a null in strict JSON: names with a quote behind them, and values.
+constexpr std::string_view kNilAttributes[][2] = {{"xmlns:nil\"", kSchemaInstanceNamespace},
+                                                  {"nil:nil\"", "true"}};
 
 bool IsJsonSpace(char c) noexcept {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
@@ -40,9 +44,9 @@ bool PlainJsonReader::Fill(CXmlDocument& document, std::string_view json, CSeria
 #ifdef ZVXMLLIB_NO_PLAIN_READER
     return false;
 #endif
-    // A listener hears the events of the parser.
+    // A listener hears the events of the parser. Strict nodes have places in the XML while they are read.
     if (!IsLocalTextUtf8() || IsASCIIOnly() || ctx.GetSchemaType() == SchemaType_NoNamespaces ||
-        IsDebugTraceEnabled())
+        IsDebugTraceEnabled() || (ctx.GetStrict() && ctx.GetKeepPositions()))
         return false;
     document.MakeTree();
     if (PlainJsonReader(document, json, ctx).Read()) {
@@ -58,27 +62,36 @@ bool PlainJsonReader::Fill(CXmlDocument& document, std::string_view json, CSeria
 PlainJsonReader::PlainJsonReader(CXmlDocument& document, std::string_view json,
                                  CSerializationContext const& ctx)
     : m_tree(*document.m_tree), m_begin(json.data()), m_end(json.data() + json.size()),
+      m_isStrict(ctx.GetStrict()),
       m_hasMarks(ctx.GetJsonContext().GetSupportRoundtrip() != JsonRoundTrip_None),
       m_rootName(ctx.GetJsonContext().GetRootElementName().empty()
                      ? ""
                      : ctx.GetJsonContext().GetRootElementName() + '"'),
-      m_elements(document, false, detail::PlainElements::Values::kBorrowed), m_counted(m_begin),
+      m_elements(document, m_isStrict, detail::PlainElements::Values::kBorrowed), m_counted(m_begin),
       m_lineStart(m_begin) {
     if (ctx.GetKeepPositions())
         m_tree.KeepPositions(*this);
+    if (m_isStrict)
+        m_tree.KeepTextPlaces();
 }
 
-// What stands behind the root is nobody's business.
 bool PlainJsonReader::Read() {
+    char const* const end = ReadDocument();
+    if (!m_isStrict)
+        return end != nullptr; // what stands behind the root is nobody's business
+    return end != nullptr && SkipSpace(end) == m_end && !(m_hasNil && m_hasNilName);
+}
+
+char const* PlainJsonReader::ReadDocument() {
     char const* const at = SkipSpace(m_begin);
     if (!Holds(at, '{'))
-        return false;
+        return nullptr;
     if (m_rootName.empty())
-        return ReadRoot(at + 1) != nullptr;
+        return ReadRoot(at + 1);
     char const* rootName = m_rootName.data();
     PlainName* const name = m_elementNames.Read(rootName, rootName + m_rootName.size());
     bool const isWhole = rootName + 1 == m_rootName.data() + m_rootName.size();
-    return name != nullptr && isWhole && ReadElement(*name, at) != nullptr;
+    return name != nullptr && isWhole && AddName(*name) ? ReadElement(*name, at) : nullptr;
 }
 
 // The only member of the outermost object.
@@ -88,7 +101,7 @@ char const* PlainJsonReader::ReadRoot(char const* at) {
     if (!Holds(at, '"'))
         return nullptr;
     PlainName* const name = m_elementNames.Read(++at, m_end);
-    if (name == nullptr)
+    if (name == nullptr || !AddName(*name))
         return nullptr;
     at = ReadColon(at);
     if (at == nullptr)
@@ -118,11 +131,14 @@ char const* PlainJsonReader::ReadElement(PlainName& name, char const* at) {
     if (*at == '{')
         return ReadObject(name, at);
     char const* const begin = at;
+    bool const isNull = *at == 'n';
     Text text;
-    at = *at == 'n' ? ReadWord(at, "null") : ReadText(at, text);
+    at = isNull ? ReadWord(at, "null") : ReadText(at, text);
     if (at == nullptr)
         return nullptr;
     m_elements.Begin();
+    if (isNull && m_isStrict && !AddNil())
+        return nullptr;
     if (!m_elements.Start(name, begin) || !AppendText(text))
         return nullptr;
     m_elements.End();
@@ -134,7 +150,9 @@ char const* PlainJsonReader::ReadObject(PlainName& name, char const* at) {
         return nullptr;
     ++m_containers;
     ++m_depth;
+    detail::UniqueNames::Place const outside = m_uniqueNames.Enter();
     at = ReadMembers(name, at, SkipSpace(at + 1));
+    m_uniqueNames.Leave(outside);
     --m_depth;
     --m_containers;
     return at;
@@ -170,7 +188,7 @@ char const* PlainJsonReader::ReadMembers(PlainName& name, char const* begin, cha
     }
     if (!isStarted && !m_elements.Start(name, begin))
         return nullptr;
-    if (children != 0)
+    if (children != 0 && !m_isStrict)
         AppendBreaks(children, m_depth - 1);
     m_elements.End();
     return at + 1;
@@ -179,7 +197,7 @@ char const* PlainJsonReader::ReadMembers(PlainName& name, char const* begin, cha
 // Behind the mark. A null is no attribute.
 char const* PlainJsonReader::ReadAttribute(char const* at) {
     detail::PlainElements::Attribute attribute{m_attributeNames.Read(at, m_end), {}};
-    if (attribute.name == nullptr || m_elements.IsFull())
+    if (attribute.name == nullptr || m_elements.IsFull() || !AddName(*attribute.name))
         return nullptr;
     at = ReadColon(at);
     if (at == nullptr)
@@ -192,8 +210,8 @@ char const* PlainJsonReader::ReadAttribute(char const* at) {
     if (at == nullptr)
         return nullptr;
     if (text.isMade) {
-        // A tab that is no reference is a blank to the parser.
-        if (text.value.find('\t') != std::string_view::npos)
+        // A tab that is no reference is a blank to the parser. In strict XML it is one.
+        if (!m_isStrict && text.value.find('\t') != std::string_view::npos)
             return nullptr;
         attribute.kept = m_elements.GetValues().size();
         attribute.keptLength = text.value.size();
@@ -215,7 +233,7 @@ char const* PlainJsonReader::ReadTextMember(char const* at, std::uint32_t& child
     at = ReadText(at, text);
     if (at == nullptr)
         return nullptr;
-    bool const isBehindChildren = children != 0 && !text.value.empty();
+    bool const isBehindChildren = children != 0 && !text.value.empty() && !m_isStrict;
     if (isBehindChildren) {
         AppendBreaks(children, 0);
         children = 0;
@@ -231,7 +249,7 @@ char const* PlainJsonReader::ReadTextMember(char const* at, std::uint32_t& child
 // A member, which is one child, or one for each item of an array.
 char const* PlainJsonReader::ReadChildren(char const* at, std::uint32_t& count) {
     PlainName* const name = m_elementNames.Read(at, m_end);
-    if (name == nullptr)
+    if (name == nullptr || !AddName(*name))
         return nullptr;
     at = ReadColon(at);
     if (at == nullptr)
@@ -407,14 +425,36 @@ char const* PlainJsonReader::SkipSpace(char const* at) const noexcept {
     return at;
 }
 
-// A text that is written as a CDATA section is left to the parser.
+// In strict JSON a name stands once in its object, and no null needs another prefix because of it.
+bool PlainJsonReader::AddName(PlainName& name) {
+    if (!m_isStrict)
+        return true;
+    if (!detail::UniqueNames::IsKnown(name) && name.text.find(detail::kNilPrefix) != std::string_view::npos)
+        m_hasNilName = true;
+    return m_uniqueNames.Add(name);
+}
+
+// The attributes of an element that is null.
+bool PlainJsonReader::AddNil() {
+    m_hasNil = true;
+    for (auto const& [name, value] : kNilAttributes) {
+        char const* at = name.data();
+        PlainName* const known = m_attributeNames.Read(at, at + name.size());
+        if (known == nullptr)
+            return false;
+        m_elements.Add({known, value});
+    }
+    return true;
+}
+
+// A text that the usual rules write as a CDATA section is left to the parser.
 bool PlainJsonReader::AppendText(Text const& text) {
     if (text.value.empty())
         return true;
-    if (text.value[0] == '<' && text.value.substr(0, kSectionMark.size()) == kSectionMark)
+    if (!m_isStrict && text.value[0] == '<' && text.value.substr(0, kSectionMark.size()) == kSectionMark)
         return false;
     if (text.isMade)
-        m_tree.AppendTextWithoutCR(text.value);
+        m_tree.AppendText(text.value);
     else
         m_tree.AppendKeptText(text.value);
     return true;

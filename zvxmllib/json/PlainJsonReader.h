@@ -4,6 +4,7 @@
 #include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/PlainElements.h"
 #include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/json/UniqueNames.h"
 
 #include <cstdint>
 #include <string>
@@ -12,11 +13,11 @@
 
 namespace ZvXmlLib16 {
 
-// Builds the tree that the XML parser would have made of the formatted XML text to which CJsonTextReader
-// converts the JSON, white space included, in one pass over the text. Whatever it is not certain about it
-// leaves to these two, and with it every failure: it never says that a text is wrong. It knows objects,
-// arrays of values and objects, strings with escapes, numbers and words, with names of ASCII letters.
-// docs/performance.md says why the result is the same.
+// Builds the tree that the XML parser would have made of the XML text to which CJsonTextReader converts the
+// JSON, by the usual rules, which format it, or by the strict ones, in one pass over the text. Whatever it is
+// not certain about it leaves to these two, and with it every failure: it never says that a text is wrong. It
+// knows objects, arrays of values and objects, strings with escapes, numbers and words, with names of ASCII
+// letters. docs/performance.md says why the result is the same.
 class PlainJsonReader final : public IPositionSource {
 public:
     // Fills the document, which is empty, by the context's JSON options. The document borrows the text, which
@@ -39,6 +40,7 @@ private:
     bool Read();
 
     // Each of these reads one thing from `at` on and returns where it ends, null if it is not plain.
+    char const* ReadDocument();
     char const* ReadRoot(char const* at);
     char const* ReadElement(PlainName& name, char const* at);
     char const* ReadObject(PlainName& name, char const* at);
@@ -59,6 +61,8 @@ private:
     // Whether `at` is a place of the text that holds this character.
     bool Holds(char const* at, char c) const noexcept { return at != nullptr && at != m_end && *at == c; }
 
+    bool AddName(PlainName& name);
+    bool AddNil();
     bool AppendText(Text const& text);
     void AppendBreaks(std::uint32_t children, std::size_t depthBehind);
     void AppendCharacters();
@@ -66,11 +70,15 @@ private:
     detail::XmlTree& m_tree;
     char const* const m_begin;
     char const* const m_end;
+    bool const m_isStrict;
     bool const m_hasMarks;        // of attributes and texts
     std::string const m_rootName; // with a quote behind it; empty where the text names the root
     detail::PlainNameList m_elementNames;
     detail::PlainNameList m_attributeNames;
     detail::PlainElements m_elements;
+    detail::UniqueNames m_uniqueNames; // strict, as the next two
+    bool m_hasNil = false;
+    bool m_hasNilName = false;              // or one that looks like it
     std::int32_t m_containers = 0;          // objects and arrays that are open
     std::size_t m_depth = 0;                // of elements
     std::vector<std::string_view> m_breaks; // by depth: a line feed and the indent of that depth

@@ -26,8 +26,6 @@ namespace ZvXmlLib16 {
 
 namespace {
 
-constexpr std::string_view kNilPrefix = "nil";
-
 void SetPlace(CZvException& failure, JsonPlace const& place) noexcept {
     failure.SetPosition(static_cast<std::uint64_t>(place.line),
                         static_cast<std::uint64_t>(std::max(place.position, 1)));
@@ -89,7 +87,7 @@ public:
     void EndArray() override { m_open.pop_back(); }
 
     // One for xsi:nil.
-    std::string GetFreePrefix() const { return std::string(kNilPrefix).append(m_taken, '_'); }
+    std::string GetFreePrefix() const { return std::string(detail::kNilPrefix).append(m_taken, '_'); }
 
 private:
     struct Level {
@@ -102,9 +100,9 @@ private:
             FailCharacterNotLocal(character, m_reader.GetPosition());
     }
     void NotePrefix(std::string_view name) {
-        for (std::size_t at = name.find(kNilPrefix); at != std::string_view::npos;
-             at = name.find(kNilPrefix, at + 1)) {
-            std::size_t const behind = at + kNilPrefix.size();
+        for (std::size_t at = name.find(detail::kNilPrefix); at != std::string_view::npos;
+             at = name.find(detail::kNilPrefix, at + 1)) {
+            std::size_t const behind = at + detail::kNilPrefix.size();
             std::size_t const end = std::min(name.find_first_not_of('_', behind), name.size());
             m_taken = std::max(m_taken, end - behind + 1);
         }
