@@ -150,9 +150,13 @@ char const* PlainJsonReader::ReadObject(PlainName& name, char const* at) {
         return nullptr;
     ++m_containers;
     ++m_depth;
-    detail::UniqueNames::Place const outside = m_uniqueNames.Enter();
-    at = ReadMembers(name, at, SkipSpace(at + 1));
-    m_uniqueNames.Leave(outside);
+    if (m_isStrict) {
+        detail::UniqueNames::Place const outside = m_uniqueNames.Enter();
+        at = ReadMembers(name, at, SkipSpace(at + 1));
+        m_uniqueNames.Leave(outside);
+    } else {
+        at = ReadMembers(name, at, SkipSpace(at + 1));
+    }
     --m_depth;
     --m_containers;
     return at;
@@ -425,10 +429,9 @@ char const* PlainJsonReader::SkipSpace(char const* at) const noexcept {
     return at;
 }
 
-// In strict JSON a name stands once in its object, and no null needs another prefix because of it.
-bool PlainJsonReader::AddName(PlainName& name) {
-    if (!m_isStrict)
-        return true;
+// In strict JSON a name stands once in its object. One that looks like the prefix of nulls gives them
+// another.
+bool PlainJsonReader::AddUniqueName(PlainName& name) {
     if (!detail::UniqueNames::IsKnown(name) && name.text.find(detail::kNilPrefix) != std::string_view::npos)
         m_hasNilName = true;
     return m_uniqueNames.Add(name);

@@ -61,7 +61,8 @@ private:
     // Whether `at` is a place of the text that holds this character.
     bool Holds(char const* at, char c) const noexcept { return at != nullptr && at != m_end && *at == c; }
 
-    bool AddName(PlainName& name);
+    bool AddName(PlainName& name) { return !m_isStrict || AddUniqueName(name); }
+    bool AddUniqueName(PlainName& name);
     bool AddNil();
     bool AppendText(Text const& text);
     void AppendBreaks(std::uint32_t children, std::size_t depthBehind);
