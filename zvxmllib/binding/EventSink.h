@@ -8,8 +8,10 @@
 
 namespace ZvXmlLib16 {
 
+// Hears of the changes in collections that it is registered with, see CXmlCollectionBase::AddEventListener.
 class ZV_API IEventSink {
 public:
+    // What happens to a collection, and what `data` points to.
     enum MsgType : std::int32_t {
         MsgCollectionChange = 0,         // data: null
         MsgCollectionAdd = 1,            // data: the item that will be added

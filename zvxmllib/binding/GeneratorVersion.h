@@ -8,6 +8,7 @@
 
 namespace ZvXmlLib16 {
 
+// The version of the library, and the one that generated code has to be made for.
 inline constexpr std::int32_t kLibraryMajorVersion = 16;
 inline constexpr std::int32_t kLibraryMinorVersion = 1;
 

@@ -31,6 +31,7 @@ public:
     // The namespace of the items.
     std::string GetNamespace() override;
 
+    // The number of items.
     virtual int GetCount() const = 0;
     // Removes the items one by one, from the first.
     virtual void Clear() = 0;
@@ -39,6 +40,7 @@ public:
     virtual void ValidateCount(CSerializationContext const& ctx) const;
     virtual bool IsValidCount(CSerializationContext const& ctx) const;
 
+    // The smallest number of items that is valid.
     int GetMinOccurs() const noexcept { return m_minOccurs; }
     // -1 for unbounded.
     int GetMaxOccurs() const noexcept { return m_maxOccurs; }
@@ -52,9 +54,12 @@ public:
 
 protected:
     CXmlCollectionBase();
+    // The name and namespace of each item, and the bounds; a greatest number of -1 is unbounded.
     CXmlCollectionBase(char const* elementName, char const* namespaceURI, int minOccurs, int maxOccurs);
 
+    // Whether anybody hears of changes.
     bool HasListeners() const noexcept { return !m_listeners.empty(); }
+    // Tell all listeners, in order of registration.
     void FireOnCollectionChange();
     void FireOnCollectionAdd(void* item);
     void FireOnCollectionAddComplete(void* item);
@@ -62,6 +67,7 @@ protected:
     void FireOnCollectionRemove(int index);
     void FireOnCollectionRemoveComplete(int index);
 
+    // The namespace of the items.
     detail::SharedText m_namespace;
 
 private:

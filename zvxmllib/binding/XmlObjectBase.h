@@ -73,9 +73,11 @@ protected:
     virtual std::string GetTargetNamespace() = 0;
 
 public:
+    // The namespace of the object's own type, to which its wildcards refer.
     virtual std::string GetNamespace() = 0;
 
 protected:
+    // Writes the attributes of the object, whose start tag is open.
     virtual void AttributesToXml_Int(CXmlWriter* writer, CSerializationContext const& ctx) const;
     // `isRoot` is true for the outermost object only; `optionalChoice` allows a choice with nothing set.
     virtual void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
@@ -85,6 +87,7 @@ protected:
                                      CSerializationContext const& ctx, bool optionalChoice) = 0;
 
 public:
+    // The same for a const object.
     CXmlObjectBase const* GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
 
     // Both return the new count.
@@ -106,6 +109,8 @@ protected:
     CXmlObjectBase(CXmlObjectBase const& other);
     CXmlObjectBase& operator=(CXmlObjectBase const& other);
 
+    // The name of the element that the object is written as; reading sets it to that of the element read.
+    // Null counts as empty. The last form is for other objects than this.
     std::string const& GetElementName() const noexcept { return m_elementName; }
     void SetElementName(char const* name);
     static void SetElementName(CXmlObjectBase* object, char const* name);

@@ -20,16 +20,20 @@ public:
     CXmlObjectBase* GetBase() override;
     std::string GetNamespace() override;
 
+    // The local name, without a prefix.
     std::string const& GetName() const noexcept { return m_name.Get(); }
+    // The value as a text.
     std::string const& GetValue() const noexcept { return m_value; }
     // The restrictions of the collection are not tested.
     void SetName(char const* name);
     void SetValue(char const* value);
     void SetNamespace(char const* ns);
 
+    // A new attribute with the same name, namespace and value.
     CSmartPtr<CAttribute> Clone() const;
 
 protected:
+    // By local name, value and namespace; null counts as empty.
     CAttribute(char const* name, char const* value, char const* namespaceURI);
     ~CAttribute() override;
 
@@ -66,6 +70,8 @@ public:
     using CXmlObjectBase::GetBase;
     CXmlObjectBase* GetBase() override;
 
+    // Add a new one at the end and return it: without a value an empty one, without a namespace in that of
+    // the collection. A null name or value counts as empty.
     CSmartPtr<CAttribute> Add(char const* name);
     CSmartPtr<CAttribute> Add(char const* name, char const* value);
     CSmartPtr<CAttribute> Add(char const* name, char const* value, char const* namespaceURI);
@@ -77,15 +83,17 @@ public:
     // Throws CZvInvalidParamException for an index out of range.
     CSmartPtr<CAttribute> Item(int index) const;
 
+    // The attributes in order.
     CZvIterator<CAttribute> begin() const { return CZvIterator<CAttribute>(m_pHead); }
     CZvIterator<CAttribute> end() const { return CZvIterator<CAttribute>(nullptr); }
 
     // A new collection with clones of the items, and the declarations.
     CSmartPtr<CAttributeCol> Clone() const;
 
+    // The declaration of a prefix.
     struct Declaration {
-        detail::SharedText prefix; // empty for the default namespace
-        detail::SharedText namespaceURI;
+        detail::SharedText prefix;       // empty for the default namespace
+        detail::SharedText namespaceURI; // empty takes the default namespace away
     };
     // A prefix that names in the values need; in place of the one of this prefix. Writing in a strict context
     // declares it on the element of the class that has this collection for its wildcard, unless it is in

@@ -38,7 +38,9 @@ public:
     CXmlObjectBase* GetBase() override;
     std::string GetNamespace() override;
 
+    // The local name, without a prefix.
     std::string const& GetName() const noexcept { return m_name.Get(); }
+    // All text directly inside the element.
     std::string const& GetText() const noexcept { return m_text; }
     // The restrictions are not tested.
     void SetName(char const* name);
@@ -86,6 +88,7 @@ public:
 protected:
     ~CElement() override;
 
+    // What the constructors do.
     void Init(char const* name, char const* namespaceURI, char const* allowedNamespaces,
               char const* targetNamespace);
     // Replaces names, text, attributes and children by those of `element`.
@@ -177,6 +180,7 @@ public:
     // Throws CZvInvalidParamException for an index out of range.
     CSmartPtr<CElement> Item(int index) const;
 
+    // The elements in order.
     CZvIterator<CElement> begin() const { return CZvIterator<CElement>(m_pHead); }
     CZvIterator<CElement> end() const { return CZvIterator<CElement>(nullptr); }
 

@@ -15,9 +15,11 @@ namespace ZvXmlLib16::detail {
 template <class Value>
 class ZV_API ValueStore : public CXmlTypeCollection {
 public:
+    // Over the values; `const_iterator` for reading only.
     using iterator = typename std::vector<Value>::iterator;
     using const_iterator = typename std::vector<Value>::const_iterator;
 
+    // The number of values.
     int GetCount() const override;
     // Throws CZvInvalidParamException for an index out of range.
     void Remove(int index) override;
@@ -32,6 +34,7 @@ protected:
     using CXmlTypeCollection::CXmlTypeCollection;
     ~ValueStore() override;
 
+    // A copy. Throws CZvInvalidParamException for an index out of range.
     Value At(int index) const;
     // The steps of adding: facets are checked between the first two.
     void BeginAdd(int index, Value const& value);
@@ -52,12 +55,19 @@ private:
     std::vector<Value> m_values;
 };
 
+// The operations of the typed collections but those of dates: a repeating element of one simple type. Ci4Col,
+// CstringCol and so on are this template for their value.
 template <class Policy>
 class ZV_API ValueCollection : public ValueStore<typename Policy::Value>, public CInstanceMonitor {
 public:
+    // A value.
     using Value = typename Policy::Value;
+    // A value as it is passed: large ones by reference.
     using Argument = typename Policy::Argument;
 
+    // Name and namespace of the element, its bounds (-1: unbounded), the facets of its type (null and -1: not
+    // set), the whitespace rule for reading, and the format: for r4 and r8 a printf format, for decimal the
+    // number of fraction digits; null for none.
     ValueCollection(char const* elementName, char const* namespaceURI, int minOccurs, int maxOccurs,
                     char const* pattern, std::int32_t minLength, std::int32_t maxLength,
                     char const* minInclusive, char const* maxInclusive, char const* minExclusive,
@@ -65,17 +75,20 @@ public:
                     std::int32_t fractionDigits, CWhitespaceUtils::WhitespaceRule rule,
                     char const* formatOverride);
 
+    // Adds at the end. Throws like AddAt.
     void Add(Argument value);
     // `index` is from 0 to the count. Throws CZvInvalidParamException for another index, and CZvException for
     // a value that violates a facet.
     void AddAt(int index, Argument value);
     // Returns a copy. Throws CZvInvalidParamException for an index out of range, like Remove.
     Value Item(int index) const;
+    // Removes the values one by one, from the first.
     void Clear() override;
 
 protected:
     ~ValueCollection() override;
 
+    // Writes an element for each value.
     void ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns, CSerializationContext const& ctx,
                    bool optionalChoice) const override;
     // Reads the texts in place, if the object is not of a derived class.

@@ -14,18 +14,21 @@ namespace ZvXmlLib16 {
 // too, and never throws.
 class ZV_API CXmlCollection : public CXmlCollectionBase {
 public:
+    // An item in the list.
     struct CNode {
-        CSmartPtr<CXmlObjectBase> m_item;
-        CNode* m_pNext = nullptr; // toward the tail
-        CNode* m_pPrev = nullptr; // toward the head
+        CSmartPtr<CXmlObjectBase> m_item; // never null
+        CNode* m_pNext = nullptr;         // toward the tail
+        CNode* m_pPrev = nullptr;         // toward the head
     };
 
 protected:
     ~CXmlCollection() override;
+    // Writes nothing: a collection has no element of its own.
     void AttributesToXml_Int(CXmlWriter* writer, CSerializationContext const& ctx) const override;
     using CXmlObjectBase::AttributesToXml_Int;
 
 public:
+    // As in the base.
     int GetCount() const override;
     void Clear() override;
     // Throws CZvInvalidParamException for an index out of range, before any event.
@@ -33,8 +36,10 @@ public:
 
 protected:
     CXmlCollection();
+    // As CXmlCollectionBase.
     CXmlCollection(char const* elementName, char const* namespaceURI, int minOccurs, int maxOccurs);
 
+    // Add at the end, or at the front, and tell the listeners. The collection shares the item.
     void AppendItem(CXmlObjectBase* item);
     void PrependItem(CXmlObjectBase* item);
     // The item gets this index. Throws CZvInvalidParamException for an index above the count.

@@ -52,11 +52,11 @@ protected:
     void CheckRead(ZvVariant const& value, std::string_view text, CXmlElement const& element) const;
     std::string const& CheckWritten(ZvVariant const& value, std::string& buffer) const;
 
-    CPrimitiveRestrictions m_restrictions;
-    ItemType const m_itemType;
-    std::string const m_formatOverride;
-    CWhitespaceUtils::WhitespaceRule const m_whitespaceRule;
-    bool const m_needsCheck; // false if the facets let every value pass
+    CPrimitiveRestrictions m_restrictions;                   // the facets
+    ItemType const m_itemType;                               // the type of the values
+    std::string const m_formatOverride;                      // of r4, r8, decimal; empty for none
+    CWhitespaceUtils::WhitespaceRule const m_whitespaceRule; // for values that are read
+    bool const m_needsCheck;                                 // false if the facets let every value pass
 
 private:
     template <class Take>

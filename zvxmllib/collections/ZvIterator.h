@@ -13,6 +13,7 @@ namespace detail {
 template <class T>
 class CZvIterator {
 public:
+    // Stands at this node; null for the end.
     explicit CZvIterator(CXmlCollection::CNode* node) noexcept : m_node(node) {}
 
     // Compares items: two positions with the same item are equal.

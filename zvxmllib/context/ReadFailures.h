@@ -14,10 +14,10 @@ namespace ZvXmlLib16 {
 // One failure of reading: the path of the element or attribute, its place as CZvException tells it, and the
 // message with those of its causes.
 struct ZV_API CReadFailure {
-    std::string path;
-    std::uint64_t line = 0;
-    std::uint64_t column = 0;
-    std::string message;
+    std::string path;         // as CZvException::GetPath
+    std::uint64_t line = 0;   // from 1; 0 where it is not known
+    std::uint64_t column = 0; // from 1; 0 where it is not known
+    std::string message;      // as CZvException::GetFullMessage
 };
 
 namespace detail {

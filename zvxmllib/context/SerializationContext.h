@@ -59,13 +59,16 @@ public:
     std::string GetInLineSchema() const;
     void SetInLineSchema(char const* schema);
 
+    // Whether a collection may hold fewer or more items than its bounds say. False at first.
     bool GetIgnoreInvalidCollectionCounts() const noexcept { return m_ignoreInvalidCollectionCounts; }
     void SetIgnoreInvalidCollectionCounts(bool ignore) noexcept { m_ignoreInvalidCollectionCounts = ignore; }
 
+    // Whether a choice may have no member set. False at first.
     bool GetIgnoreMissingChoice() const noexcept { return m_ignoreMissingChoice; }
     void SetIgnoreMissingChoice(bool ignore) noexcept { m_ignoreMissingChoice = ignore; }
 
-    // The next two exclude each other; setting both throws CZvInvalidStateException.
+    // Whether a mandatory element may be missing, and whether elements that no entry knows are passed over.
+    // False at first. The two exclude each other; setting both throws CZvInvalidStateException.
     bool GetIgnoreMissingMandatoryElements() const noexcept { return m_ignoreMissingMandatoryElements; }
     void SetIgnoreMissingMandatoryElements(bool ignore);
     bool GetIgnoreUnknownElements() const noexcept { return m_ignoreUnknownElements; }
@@ -74,6 +77,8 @@ public:
     bool SkipsUnexpectedElements() const noexcept { return m_ignoreUnknownElements && !m_strict; }
     void SetIgnoreUnknownElements(bool ignore);
 
+    // Whether attributes that no entry knows are passed over in reading; otherwise they are a failure. False
+    // at first.
     bool GetIgnoreUnknownAttributes() const noexcept { return m_ignoreUnknownAttributes; }
     void SetIgnoreUnknownAttributes(bool ignore) noexcept { m_ignoreUnknownAttributes = ignore; }
 
@@ -86,6 +91,7 @@ public:
     }
     void SetIgnoreNamespaces(bool ignore) noexcept { m_ignoreNamespaces = ignore; }
 
+    // Whether documents have namespaces. SchemaType_Namespaces at first.
     SchemaType GetSchemaType() const noexcept { return m_schemaType; }
     void SetSchemaType(SchemaType type) noexcept { m_schemaType = type; }
 

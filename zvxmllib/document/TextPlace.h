@@ -12,8 +12,8 @@ namespace ZvXmlLib16 {
 
 // So many bytes of the text, the next ones, stand behind so many children.
 struct TextPlace {
-    std::uint32_t children;
-    std::uint32_t length;
+    std::uint32_t children; // how many children stand ahead of it
+    std::uint32_t length;   // in bytes
 };
 
 // Adds that many bytes behind the last part.

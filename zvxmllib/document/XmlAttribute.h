@@ -26,6 +26,7 @@ public:
     CXmlAttribute(CXmlAttribute const&) = delete;
     CXmlAttribute& operator=(CXmlAttribute const&) = delete;
 
+    // The name without its prefix.
     std::string const& GetLocalName() const noexcept;
     // The same as texts that outlive the document, shared by all nodes that have them.
     detail::SharedText ShareLocalName() const noexcept;

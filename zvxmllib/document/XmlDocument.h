@@ -30,9 +30,11 @@ namespace ZvXmlLib16 {
 // load. Contexts are borrowed and must outlive the document.
 class ZV_API CXmlDocument : public CInstanceMonitor {
 public:
+    // Sees an element at its end; returns true to take it out of the tree.
     using ElementCallback = bool (*)(CXmlElement* element);
 
     CXmlDocument();
+    // Without a context by the default one, without a callback the whole tree.
     explicit CXmlDocument(CSerializationContext const& context);
     explicit CXmlDocument(ElementCallback callback);
     CXmlDocument(ElementCallback callback, CSerializationContext const& context);
@@ -64,6 +66,7 @@ public:
     // or a comment, which no XML document does.
     static bool IsJson(unsigned char const* data, std::uint32_t length);
 
+    // The context that it was made with. Borrowed.
     CSerializationContext const& GetContext() const noexcept { return *m_pContext; }
     // The root, null while the document is empty.
     CXmlElement* GetDocumentElement() const noexcept;

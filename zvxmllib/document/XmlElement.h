@@ -30,6 +30,7 @@ public:
     CXmlElement(CXmlElement const&) = delete;
     CXmlElement& operator=(CXmlElement const&) = delete;
 
+    // The document that owns it.
     CXmlDocument const* GetDocument() const noexcept;
     // Null for the root.
     CXmlElement const* GetParentElm() const noexcept { return m_parent; }

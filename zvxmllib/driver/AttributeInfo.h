@@ -26,6 +26,7 @@ public:
     CAttributeInfo& operator=(CAttributeInfo const&) = delete;
     virtual ~CAttributeInfo();
 
+    // Writes the attribute if the property holds something.
     virtual void AttributeToXml(CSerializationContext const& ctx, CXmlGeneratedClass const* object,
                                 CXmlWriter* writer) const = 0;
     // Returns true if this entry took the attribute.
@@ -40,6 +41,7 @@ protected:
     CAttributeInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
                    char const* defaultValue);
 
+    // Whether name and namespace are those of the entry: by the rules of the context, or exactly.
     bool IsThisAttribute(CSerializationContext const& ctx, CXmlAttribute* attribute);
     bool HasExactName(CXmlAttribute const& attribute) const noexcept;
 
@@ -61,11 +63,11 @@ protected:
                                  bool isStrict = false);
     static void TestNamespace(std::string const& ns, std::string const& allowed, std::string const& target);
 
-    std::string const m_name;
-    std::string const m_namespace;
-    std::int32_t const m_propertyIndex;
-    bool const m_optional;
-    std::string const m_defaultValue;
+    std::string const m_name;           // the local name
+    std::string const m_namespace;      // empty for none
+    std::int32_t const m_propertyIndex; // as AccessProperty takes it
+    bool const m_optional;              // it may be absent
+    std::string const m_defaultValue;   // empty for none
 };
 
 } // namespace ZvXmlLib16Data

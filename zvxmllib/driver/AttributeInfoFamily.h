@@ -15,6 +15,8 @@ struct StrictValue;
 // A typed attribute. Its value is tested against the facets on writing. Matches by exact name and namespace.
 class ZV_API CAttributeInfoPrimitive : public CAttributeInfo {
 public:
+    // `formatOverride` is a printf format for r4 and r8, the number of fraction digits for decimal, null for
+    // none. The facets are copied.
     CAttributeInfoPrimitive(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
                             ZvXmlLib16::ItemType type, char const* formatOverride,
                             ZvXmlLib16::CWhitespaceUtils::WhitespaceRule rule,
@@ -45,6 +47,7 @@ private:
 // An attribute of a generated enumeration: the property holds the enumerator as i4.
 class ZV_API CAttributeInfoEnum : public CAttributeInfo {
 public:
+    // The two functions are generated: the text of an enumerator, and the enumerator of a text.
     CAttributeInfoEnum(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
                        char const* (*enumToString)(int), int (*stringToEnum)(char const*),
                        char const* defaultValue);
@@ -64,6 +67,7 @@ private:
 // An attribute wildcard: takes every attribute whose namespace is allowed into a CAttributeCol.
 class ZV_API CAttributeInfoAny : public CAttributeInfo {
 public:
+    // `allowedNamespaces` is the list of an XML Schema wildcard, as CAttributeCol takes it.
     CAttributeInfoAny(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
                       char const* allowedNamespaces, char const* targetNamespace, char const* defaultValue);
     ~CAttributeInfoAny() override;

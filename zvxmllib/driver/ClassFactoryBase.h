@@ -8,6 +8,7 @@
 
 namespace ZvXmlLib16 {
 
+// Static helpers for generated factories. Any thread may use them, each on documents of its own.
 class ZV_API CClassfactoryBase {
 public:
     virtual ~CClassfactoryBase();

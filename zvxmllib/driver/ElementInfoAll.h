@@ -40,6 +40,8 @@ public:
 // Its object is made by Init, so factory and class id are not used.
 class ZV_API CElementInfoAllClsMnd : public detail::AllMandatory<detail::ClassEntry> {
 public:
+    // Name and namespace of the element, the property, what stands behind it, and its factory, which is not
+    // used.
     CElementInfoAllClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
                           XmlElementType elementType, ClassFactory factory, int classId,
                           bool contentMandatory);
@@ -57,6 +59,7 @@ public:
     using AllOptional::AllOptional;
 };
 
+// One of the classes that an abstract one has; the element factory finds it.
 class ZV_API CElementInfoAllAbsClsMnd : public detail::AllMandatory<detail::AllAbstractClassEntry> {
 public:
     // Nothing reads `reserved`.
@@ -106,6 +109,7 @@ public:
 // A collection as such, and the base of the other collections. It is offered the cursor in each round.
 class ZV_API CElementInfoAllCol : public CElementInfo {
 public:
+    // Of an element by its name and namespace.
     CElementInfoAllCol(char const* name, char const* ns, std::int32_t propertyIndex);
 
     bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
@@ -132,9 +136,11 @@ public:
 // Stays abstract: no table holds one.
 class ZV_API CElementInfoAllEnumCol : public CElementInfo {
 protected:
+    // As CElementInfoAllCol.
     CElementInfoAllEnumCol(char const* name, char const* ns, std::int32_t propertyIndex);
 };
 
+// Untyped elements, in a CElementCol.
 class ZV_API CElementInfoAllUntpdCol : public CElementInfoAllCol {
 public:
     using CElementInfoAllCol::CElementInfoAllCol;

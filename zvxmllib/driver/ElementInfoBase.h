@@ -100,10 +100,13 @@ protected:
                  char const* formatOverride, CWhitespaceUtils::WhitespaceRule rule,
                  CPrimitiveRestrictions const& restrictions, char const* defaultValue);
 
+    // The local name and the namespace of the element, and the property, as AccessProperty takes it.
     std::string const& GetElementName() const noexcept { return m_name; }
     std::string const& GetElementNamespace() const noexcept { return m_namespace; }
     int GetPropertyIndex() const noexcept { return m_propertyIndex; }
 
+    // Whether name and namespace of `element`, which may be null, are those of the entry, by the rules of the
+    // context.
     bool IsThisElement(Ctx const& ctx, CXmlElement const* element) const;
 
     // Access to the property. Exceptions of its class are wrapped in CZvValidationException.
@@ -183,11 +186,12 @@ protected:
                              Ctx const& ctx, bool optionalChoice) const;
     void AttributesToXml_Int(CXmlObjectBase const* object, CXmlWriter* writer, Ctx const& ctx) const;
 
+    // Whether the entry was made by the constructor of primitive types.
     bool IsPrimitive() const noexcept { return m_hasRestrictions; }
 
     bool m_usesClassNamespace = true; // the library's own entries that need no namespace save the call
-    bool m_repeatsRefusals = false;
-    EnumToString const m_enumToString = nullptr;
+    bool m_repeatsRefusals = false;   // see RepeatsRefusals
+    EnumToString const m_enumToString = nullptr; // null but for enumerations
 
 private:
     friend class ZvXmlLib16::CXmlGeneratedClass; // the driver

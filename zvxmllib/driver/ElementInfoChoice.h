@@ -60,6 +60,7 @@ public:
 // A collection as such, and the base of the other collections.
 class ZV_API CElementInfoChoiceCol : public CElementInfo {
 public:
+    // Of an element by its name and namespace.
     CElementInfoChoiceCol(char const* name, char const* ns, std::int32_t propertyIndex);
 
     bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
@@ -104,6 +105,7 @@ public:
     using ChoiceCollection::ChoiceCollection;
 };
 
+// Untyped elements, in a CElementCol.
 class ZV_API CElementInfoChoiceUntpdCol : public detail::ChoiceCollection<CElementInfoChoiceCol> {
 public:
     using ChoiceCollection::ChoiceCollection;

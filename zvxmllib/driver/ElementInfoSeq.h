@@ -25,6 +25,7 @@ public:
 // Its object is made by Init, so factory and class id are not used.
 class ZV_API CElementInfoSeqClsMnd : public detail::MandatoryEntry<detail::ClassEntry> {
 public:
+    // With `contentMandatory` a group must take at least one child.
     CElementInfoSeqClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
                           XmlElementType elementType, ClassFactory factory, int classId,
                           bool contentMandatory);
@@ -46,6 +47,7 @@ public:
     using SequenceOption::SequenceOption;
 };
 
+// One of the classes that an abstract one has; the element factory finds it.
 class ZV_API CElementInfoSeqAbsClsMnd : public detail::MandatoryEntry<detail::AbstractClassEntry> {
 public:
     using MandatoryEntry::MandatoryEntry;
@@ -59,6 +61,7 @@ public:
     using SequenceOption::SequenceOption;
 };
 
+// A value of a simple type.
 class ZV_API CElementInfoSeqPrimMnd : public detail::MandatoryEntry<detail::PrimitiveEntry> {
 public:
     using MandatoryEntry::MandatoryEntry;
@@ -76,6 +79,7 @@ public:
     using SequenceOption::SequenceOption;
 };
 
+// An enumerator; the property holds it as i4.
 class ZV_API CElementInfoSeqEnumMnd : public detail::MandatoryEntry<detail::EnumEntry> {
 public:
     using MandatoryEntry::MandatoryEntry;
@@ -98,6 +102,7 @@ public:
                         char const* ns, XmlElementType parentType) override;
 };
 
+// An untyped element, which reading makes.
 class ZV_API CElementInfoSeqUntpdOpt : public detail::UntypedEntry {
 public:
     using UntypedEntry::UntypedEntry;
@@ -109,6 +114,7 @@ public:
 // A collection as such, and the base of the other collections.
 class ZV_API CElementInfoSeqCol : public CElementInfo {
 public:
+    // Of an element by its name and namespace.
     CElementInfoSeqCol(char const* name, char const* ns, std::int32_t propertyIndex);
 
     bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
@@ -136,6 +142,7 @@ public:
     using CElementInfoSeqCol::CElementInfoSeqCol;
 };
 
+// Untyped elements, in a CElementCol.
 class ZV_API CElementInfoSeqUntpdCol : public CElementInfoSeqCol {
 public:
     using CElementInfoSeqCol::CElementInfoSeqCol;

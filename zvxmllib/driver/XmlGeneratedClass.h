@@ -38,6 +38,7 @@ protected:
     CXmlGeneratedClass(CXmlGeneratedClass const&) = default;
     CXmlGeneratedClass& operator=(CXmlGeneratedClass const&) = default;
 
+    // Stores a property in `value`; invalid if it holds nothing.
     void ReadProperty(int index, ZvVariant& value) const;
     // Whether a choice may be empty: it has an optional entry, or a collection that may be empty.
     bool DoesElementContainOptionalElements() const;

@@ -21,19 +21,21 @@ public:
     // A qualified name by the indices of its parts, from 1; 0 for none.
     class ZV_API CQNameParts {
     public:
+        // By the three indices.
         CQNameParts(std::uint32_t prefixIndex, std::uint32_t namespaceIndex,
                     std::uint32_t localNameIndex) noexcept
             : m_dwPrefixIndex(prefixIndex), m_dwNamespaceIndex(namespaceIndex),
               m_dwLocalNameIndex(localNameIndex) {}
 
-        std::uint32_t m_dwPrefixIndex;
-        std::uint32_t m_dwNamespaceIndex;
-        std::uint32_t m_dwLocalNameIndex;
+        std::uint32_t m_dwPrefixIndex;    // in the table of prefixes
+        std::uint32_t m_dwNamespaceIndex; // in the table of namespace names
+        std::uint32_t m_dwLocalNameIndex; // in the table of local names
     };
 
     // Entry n is the nth from begin.
     class ZV_API CFIStringTable {
     public:
+        // Over the texts.
         using const_iterator = std::vector<std::string>::const_iterator;
 
         CFIStringTable();
@@ -41,15 +43,17 @@ public:
         CFIStringTable& operator=(CFIStringTable const& other);
         virtual ~CFIStringTable();
 
+        // In order of their indices.
         const_iterator begin() const noexcept { return m_table.begin(); }
         const_iterator end() const noexcept { return m_table.end(); }
 
-        std::vector<std::string> m_table;
+        std::vector<std::string> m_table; // the texts; index 1 is the first
     };
 
     // Its parts are entries of the tables of prefixes, namespace names and local names.
     class ZV_API CFIQNameTable {
     public:
+        // Over the names.
         using const_iterator = std::vector<CQNameParts>::const_iterator;
 
         CFIQNameTable();
@@ -57,10 +61,11 @@ public:
         CFIQNameTable& operator=(CFIQNameTable const& other);
         virtual ~CFIQNameTable();
 
+        // In order of their indices.
         const_iterator begin() const noexcept { return m_table.begin(); }
         const_iterator end() const noexcept { return m_table.end(); }
 
-        std::vector<CQNameParts> m_table;
+        std::vector<CQNameParts> m_table; // the names; index 1 is the first
     };
 
     // Holds the prefix "xml" and the XML namespace.
@@ -81,6 +86,7 @@ public:
     void AddNamespaceName(std::string const& ns);
     void AddLocalName(std::string const& localName);
 
+    // The tables, as X.891 calls them.
     CFIQNameTable const& GetAttributeNamesTable() const noexcept { return m_attributeNames; }
     CFIStringTable const& GetAttributeValuesTable() const noexcept { return m_attributeValues; }
     CFIStringTable const& GetCharacterChunksTable() const noexcept { return m_characterChunks; }

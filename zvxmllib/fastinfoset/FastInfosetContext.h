@@ -14,6 +14,7 @@ namespace ZvXmlLib16 {
 // Part of a CSerializationContext, returned by its GetFIContext. Belongs to one thread, as the context does.
 class ZV_API CFastInfosetContext {
 public:
+    // How a value is put into octets.
     enum EncodingType : std::uint32_t {
         EncodingType_String = 0,             // the text in UTF-8
         EncodingType_RestrictedAlphabet = 1, // four bits for each character

@@ -15,7 +15,9 @@ public:
     CZVCriticalSection& operator=(CZVCriticalSection const&) = delete;
     virtual ~CZVCriticalSection();
 
+    // Waits until no other thread is inside.
     void Enter();
+    // Only by the thread that is inside.
     void Leave();
 
 private:

@@ -14,6 +14,7 @@ enum XmlEncoding : std::int32_t {
     XmlEncoding_UTF16NoDeclaration = 3, // as UTF-16, but the XML declaration names no encoding
 };
 
+// How lines end in text that is written.
 enum EOLType : std::int32_t {
     EOLType_CRLF = 0,
     EOLType_LF = 1,

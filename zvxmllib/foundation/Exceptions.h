@@ -15,6 +15,7 @@ namespace ZvXmlLib16 {
 class ZV_API CZvException {
 public:
     CZvException();
+    // By message, path, and cause, which is copied.
     explicit CZvException(std::string message);
     CZvException(std::string message, CZvException const& inner);
     CZvException(std::string message, std::string path);
@@ -59,6 +60,7 @@ private:
 class ZV_API CZvValidationException : public CZvException {
 public:
     CZvValidationException();
+    // By message, path, and cause; or from a base object.
     CZvValidationException(std::string message, std::string path);
     CZvValidationException(std::string message, std::string path, CZvException const& inner);
     explicit CZvValidationException(CZvException const& other);
@@ -72,6 +74,7 @@ protected:
 class ZV_API CZvInvalidValueException : public CZvValidationException {
 public:
     CZvInvalidValueException();
+    // By message and cause; or from a base object.
     explicit CZvInvalidValueException(std::string message);
     CZvInvalidValueException(std::string message, CZvException const& inner);
     explicit CZvInvalidValueException(CZvException const& other);
@@ -85,6 +88,7 @@ protected:
 class ZV_API CZvInvalidNamespaceException : public CZvValidationException {
 public:
     CZvInvalidNamespaceException();
+    // By message, path, and cause; or from a base object.
     CZvInvalidNamespaceException(std::string message, std::string path);
     CZvInvalidNamespaceException(std::string message, std::string path, CZvException const& inner);
     explicit CZvInvalidNamespaceException(CZvException const& other);
@@ -98,6 +102,7 @@ protected:
 class ZV_API CZvInvalidStateException : public CZvException {
 public:
     CZvInvalidStateException();
+    // By message and cause; or from a base object.
     explicit CZvInvalidStateException(std::string message);
     CZvInvalidStateException(std::string message, CZvException const& inner);
     explicit CZvInvalidStateException(CZvException const& other);
@@ -111,6 +116,7 @@ protected:
 class ZV_API CZvInvalidParamException : public CZvException {
 public:
     CZvInvalidParamException();
+    // By message and cause; or from a base object.
     explicit CZvInvalidParamException(std::string message);
     CZvInvalidParamException(std::string message, CZvException const& inner);
     explicit CZvInvalidParamException(CZvException const& other);
@@ -124,6 +130,7 @@ protected:
 class ZV_API CZvOverFlowException : public CZvException {
 public:
     CZvOverFlowException();
+    // By message and cause; or from a base object.
     explicit CZvOverFlowException(std::string message);
     CZvOverFlowException(std::string message, CZvException const& inner);
     explicit CZvOverFlowException(CZvException const& other);

@@ -14,10 +14,10 @@ public:
     // The record of one class name. Records are never freed, so an instance that outlives Cleanup can still
     // use its own.
     struct ClassType {
-        std::string m_className;
+        std::string m_className;                     // as DumpState shows it
         std::atomic<std::int32_t> lInstanceCount{0}; // alive now
-        std::atomic<std::int32_t> m_totalCreated{0};
-        std::atomic<bool> m_retired{false}; // taken out by Cleanup
+        std::atomic<std::int32_t> m_totalCreated{0}; // alive or not
+        std::atomic<bool> m_retired{false};          // taken out by Cleanup
     };
 
     // The record of one class, found at first use and again after Cleanup. One static object for each
@@ -27,6 +27,7 @@ public:
         // `className` must live as long as the process: a literal.
         constexpr explicit Registration(char const* className) noexcept : m_className(className) {}
 
+        // The record of the class.
         ClassType* Record() {
             ClassType* const record = m_record.load(std::memory_order_acquire);
             if (record != nullptr && !record->m_retired.load(std::memory_order_relaxed))

@@ -9,6 +9,7 @@ template <class T>
 class CSmartPtr {
 public:
     CSmartPtr() noexcept = default;
+    // Adds a reference to the target.
     CSmartPtr(T* target) : p(target) {
         if (p != nullptr)
             p->AddRef();
@@ -43,10 +44,12 @@ public:
         return *this;
     }
 
+    // The target, which may not be null.
     T* operator->() const {
         ZV_ASSERT(p != 0); // NOLINT(modernize-use-nullptr): the assertion's text
         return p;
     }
+    // The target, which may not be null.
     T& operator*() const {
         ZV_ASSERT(p != 0); // NOLINT(modernize-use-nullptr): the assertion's text
         return *p;

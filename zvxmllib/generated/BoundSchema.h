@@ -30,7 +30,7 @@ enum class InputOrder { kAsWritten, kAny, kAnyWithoutNamespaces };
 
 // The names of a declaration as writers want them.
 struct DeclaredName {
-    std::string name;
+    std::string name;      // local
     std::string const* ns; // shared by all of the namespace
 };
 
@@ -45,6 +45,7 @@ public:
     BoundSchema& operator=(BoundSchema const&) = delete;
     ~BoundSchema();
 
+    // What the rows say, ready for the validator.
     grammar::Grammar const& GetGrammar() const noexcept { return m_grammar; }
     grammar::ContentOrders const& GetContentOrders() const noexcept { return m_orders; }
     // Whether it is `other`, or begins with its rows.

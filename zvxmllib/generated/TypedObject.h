@@ -28,16 +28,17 @@ class CTypedObject : public CXmlObjectBase {
 public:
     // One child element: a value, or an object (CTypedObject, or CElement for what no schema describes).
     struct Node {
-        grammar::Symbol symbol;    // the name in the content model; kNone for what a wildcard took
-        std::uint32_t declaration; // index of the element, kNone for none
-        CSmartPtr<CXmlObjectBase> object;
-        ValueText text; // of a value
+        grammar::Symbol symbol;           // the name in the content model; kNone for what a wildcard took
+        std::uint32_t declaration;        // index of the element, kNone for none
+        CSmartPtr<CXmlObjectBase> object; // null for a value
+        ValueText text;                   // of a value
     };
+    // One attribute.
     struct Attribute {
         grammar::AttributeRow const* row; // null for one that the schema does not declare
         std::string name;                 // of such a one
-        std::string ns;
-        ValueText value;
+        std::string ns;                   // of such a one
+        ValueText value;                  // as a text
     };
 
     // An empty element of this type. `declaration` is the index of its element, kNone for none.
@@ -47,13 +48,17 @@ public:
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetNamespace() override;
 
+    // The type of this object: that of its element, or one derived from it. DeclarationId is the index of the
+    // element, kNone for none.
     grammar::TypeId CurrentType() const noexcept { return m_type; }
     std::uint32_t DeclarationId() const noexcept { return m_declaration; }
+    // Whether it has xsi:nil.
     bool IsNil() const noexcept { return m_isNil; }
     // Throws CZvInvalidStateException for an element that is not nillable. A nil element is written without
     // content.
     void SetNil(bool isNil);
 
+    // The children, in document order. Valid until the object changes.
     std::vector<Node> const& ContentNodes() const noexcept { return m_nodes; }
     // Of a node of ContentNodes: its object if that is one of a schema, null otherwise; its name.
     CTypedObject const* ChildAt(std::size_t index) const noexcept;
@@ -64,8 +69,8 @@ public:
 
     // A part of mixed content: a text, or one of ContentNodes.
     struct Piece {
-        std::string_view text;
-        Node const* node; // null for a text
+        std::string_view text; // empty for a child
+        Node const* node;      // null for a text
     };
     // In document order. Valid until the object changes.
     std::vector<Piece> ContentPieces() const;

@@ -14,6 +14,7 @@ namespace ZvXmlLib16::generated {
 class ValueText {
 public:
     ValueText() noexcept = default;
+    // Copies the text.
     ValueText(std::string_view text) { Assign(text); }
     ValueText(ValueText const& other) { Assign(other.View()); }
     ValueText(ValueText&& other) noexcept { Take(other); }
@@ -24,13 +25,16 @@ public:
         return *this;
     }
 
+    // The text; a view of it is valid until it is set or ends.
     std::string_view View() const noexcept {
         if (m_length != kElsewhere)
             return {m_chars, m_length};
         Block const block = GetBlock();
         return {block.chars, block.length};
     }
+    // A copy of the text.
     std::string Get() const { return std::string(View()); }
+    // Like View.
     operator std::string_view() const noexcept { return View(); }
 
     template <class Stream>

@@ -62,13 +62,16 @@ std::vector<std::string> SplitList(std::string_view text);
 // A list of values of that type.
 template <ItemType type>
 struct ListCodec {
+    // The values in order.
     using Value = std::vector<typename Codec<type>::Value>;
+    // Of words with white space between them.
     static Value FromText(std::string const& text) {
         Value values;
         for (std::string const& word : SplitList(text))
             values.push_back(Codec<type>::FromText(word));
         return values;
     }
+    // With a blank between two words.
     static std::string ToText(Value const& values) {
         std::string text;
         for (auto const& value : values)
@@ -79,8 +82,8 @@ struct ListCodec {
 
 // The texts of an enumeration, in the order of the enumerators.
 struct EnumTexts {
-    char const* const* texts;
-    std::size_t count;
+    char const* const* texts; // borrowed; in the order of the enumerators
+    std::size_t count;        // of the texts
 
     // The number of the enumerator. Throws CZvInvalidValueException.
     std::size_t Find(std::string_view text) const;
@@ -91,8 +94,11 @@ struct EnumTexts {
 // `Traits` names the enumeration as Value and gives its texts by Texts().
 template <class Traits>
 struct EnumCodec {
+    // The enumeration.
     using Value = typename Traits::Value;
+    // Throws CZvInvalidValueException for a text that is none of them.
     static Value FromText(std::string const& text) { return static_cast<Value>(Traits::Texts().Find(text)); }
+    // Throws CZvInvalidParamException for a value that is none of them.
     static std::string ToText(Value value) { return Traits::Texts().At(static_cast<std::size_t>(value)); }
 };
 

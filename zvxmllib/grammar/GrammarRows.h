@@ -9,6 +9,7 @@
 // refer to each other by index. Texts are UTF-8, never null, and outlive the grammar that is made of them.
 namespace ZvXmlLib16::grammar {
 
+// No index, and no upper bound.
 constexpr std::uint32_t kNone = 0xFFFFFFFF;
 constexpr std::uint32_t kUnbounded = 0xFFFFFFFF;
 
@@ -60,6 +61,7 @@ enum class BuiltIn : std::uint8_t {
     kHexBinary,
     kBase64Binary
 };
+// How many they are.
 constexpr std::uint32_t kBuiltInCount = 45;
 
 // The type of an element: the id of a simple type, or -1 - the id of a complex type. The ids of simple types
@@ -68,6 +70,7 @@ constexpr std::uint32_t kBuiltInCount = 45;
 using TypeId = std::int32_t;
 constexpr TypeId kAnyType = -1;
 
+// From ids of types to rows and back.
 constexpr bool IsComplex(TypeId type) noexcept {
     return type < 0;
 }
@@ -83,12 +86,14 @@ constexpr TypeId SimpleTypeId(std::uint32_t row) noexcept {
 
 // Part of another list of rows.
 struct Range {
-    std::uint32_t first = 0;
-    std::uint32_t count = 0;
+    std::uint32_t first = 0; // index
+    std::uint32_t count = 0; // of rows
 };
 
+// The variety of a simple type.
 enum class Variety : std::uint8_t { kAtomic, kList, kUnion };
 
+// The constraining facets of XML Schema Part 2, 4.3.
 enum class Facet : std::uint8_t {
     kLength,
     kMinLength,
@@ -105,16 +110,17 @@ enum class Facet : std::uint8_t {
     kWhiteSpace // preserve, replace, collapse
 };
 
+// One facet with its value.
 struct FacetRow {
-    Facet facet;
-    char const* value;
+    Facet facet;       // which one
+    char const* value; // the lexical form
 };
 
 // One step of derivation.
 struct SimpleTypeRow {
-    char const* name; // empty for an anonymous type
-    char const* ns;
-    Variety variety;
+    char const* name;    // empty for an anonymous type
+    char const* ns;      // empty for none
+    Variety variety;     // of the type itself
     std::uint32_t base;  // id of the type that is restricted; anySimpleType for a new list or union
     std::uint32_t item;  // id, of a new list; kNone otherwise
     Range members;       // in `indexes`: ids, of a new union
@@ -132,103 +138,116 @@ enum Derivation : std::uint8_t {
     kByUnion = 16
 };
 
+// What the value that a declaration states means.
 enum class ValueConstraint : std::uint8_t { kNoValue, kDefault, kFixed };
 
+// The declaration of an element.
 struct ElementRow {
-    char const* name;
-    char const* ns; // empty for none
-    TypeId type;
-    bool isGlobal;
-    bool isNillable;
-    bool isAbstract;
-    ValueConstraint constraint;
-    char const* value;  // of the constraint. As in kEnumeration
-    std::uint8_t block; // a sum of Derivation
-    std::uint32_t head; // index of the head of the substitution group, kNone for none
-    Range identities;
+    char const* name;           // local
+    char const* ns;             // empty for none
+    TypeId type;                // simple or complex
+    bool isGlobal;              // it may be a root
+    bool isNillable;            // xsi:nil is allowed
+    bool isAbstract;            // only members of its substitution group may stand for it
+    ValueConstraint constraint; // of its text
+    char const* value;          // of the constraint. As in kEnumeration
+    std::uint8_t block;         // a sum of Derivation
+    std::uint32_t head;         // index of the head of the substitution group, kNone for none
+    Range identities;           // in `identities`
 };
 
+// The declaration of an attribute.
 struct AttributeRow {
-    char const* name;
-    char const* ns;
-    std::uint32_t type; // id of a simple type
-    bool isRequired;
-    ValueConstraint constraint;
-    char const* value;
+    char const* name;           // local
+    char const* ns;             // empty for none
+    std::uint32_t type;         // id of a simple type
+    bool isRequired;            // it may not be absent
+    ValueConstraint constraint; // of its value
+    char const* value;          // of the constraint
 };
 
+// How what a wildcard takes is validated.
 enum class ProcessContents : std::uint8_t { kStrict, kLax, kSkip };
 
+// A wildcard of elements or attributes.
 struct WildcardRow {
     bool isNegated;   // any namespace but those listed; an empty list of those is ##any
     Range namespaces; // in `texts`; an empty one stands for no namespace. ##other is negated, with the target
                       // namespace and the empty one
-    ProcessContents processContents;
+    ProcessContents processContents; // of what it takes
 };
 
+// What a particle is.
 enum class ParticleKind : std::uint8_t { kElement, kWildcard, kSequence, kChoice, kAll };
 
 // The children of a group are rows behind each other.
 struct ParticleRow {
-    ParticleKind kind;
-    std::uint32_t minOccurs;
+    ParticleKind kind;       // what it is
+    std::uint32_t minOccurs; // may be 0
     std::uint32_t maxOccurs; // or kUnbounded
     std::uint32_t first;     // of an element or wildcard its index; of a group its first child
     std::uint32_t count;     // of children
 };
 
+// What an element of a complex type may hold.
 enum class Content : std::uint8_t { kEmpty, kSimple, kElementOnly, kMixed };
 
+// A complex type.
 struct ComplexTypeRow {
-    char const* name; // empty for an anonymous type
-    char const* ns;
-    TypeId base; // anyType if it has no other
-    std::uint8_t derivation;
-    bool isAbstract;
-    std::uint8_t block; // a sum of Derivation
-    Content content;
+    char const* name;                // empty for an anonymous type
+    char const* ns;                  // empty for none
+    TypeId base;                     // anyType if it has no other
+    std::uint8_t derivation;         // kExtension or kRestriction
+    bool isAbstract;                 // elements need another type, by xsi:type
+    std::uint8_t block;              // a sum of Derivation
+    Content content;                 // what it holds
     std::uint32_t simpleType;        // id, of simple content
     std::uint32_t particle;          // index, of element-only and mixed content; kNone for no elements
     Range attributes;                // all, also those of the base
     std::uint32_t attributeWildcard; // index or kNone
 };
 
+// The kinds of identity constraints.
 enum class IdentityKind : std::uint8_t { kUnique, kKey, kKeyRef };
 
 // The paths are those of XML Schema Part 1, 3.11.6, with names as {namespace}name, {namespace}* or *, without
 // white space and without "child::"; "attribute::" is "@". A name in no namespace is {}name or just name.
 struct IdentityRow {
-    IdentityKind kind;
-    char const* name;
-    char const* ns;
-    std::uint32_t refer; // index of the key or unique of a keyref
-    char const* selector;
-    Range fields; // in `texts`
+    IdentityKind kind;    // which one
+    char const* name;     // local
+    char const* ns;       // empty for none
+    std::uint32_t refer;  // index of the key or unique of a keyref
+    char const* selector; // a path
+    Range fields;         // in `texts`
 };
 
+// Rows behind each other. Borrowed.
 template <class Row>
 struct Rows {
-    Row const* rows = nullptr;
-    std::size_t count = 0;
+    Row const* rows = nullptr; // null for none
+    std::size_t count = 0;     // of rows
 
+    // Not checked.
     Row const& operator[](std::size_t index) const noexcept { return rows[index]; }
+    // In order.
     Row const* begin() const noexcept { return rows; }
     Row const* end() const noexcept { return rows + count; }
 };
 
+// A whole schema. All rows and texts are borrowed.
 struct GrammarRows {
-    Rows<SimpleTypeRow> simpleTypes; // a type stands behind those that it is made of
-    Rows<FacetRow> facets;
-    Rows<ComplexTypeRow> complexTypes;
-    Rows<ElementRow> elements;
-    Rows<AttributeRow> attributes;
-    Rows<WildcardRow> wildcards;
-    Rows<ParticleRow> particles;
-    Rows<IdentityRow> identities;
-    Rows<std::uint32_t> indexes;
-    Rows<char const*> texts;
-    Range globalAttributes;      // in `attributes`
-    Rows<char const*> notations; // {namespace}name
+    Rows<SimpleTypeRow> simpleTypes;   // a type stands behind those that it is made of
+    Rows<FacetRow> facets;             // of simple types
+    Rows<ComplexTypeRow> complexTypes; // without anyType
+    Rows<ElementRow> elements;         // global and local ones
+    Rows<AttributeRow> attributes;     // global and local ones
+    Rows<WildcardRow> wildcards;       // of elements and attributes
+    Rows<ParticleRow> particles;       // the children of a group behind each other
+    Rows<IdentityRow> identities;      // of elements
+    Rows<std::uint32_t> indexes;       // that ranges refer to
+    Rows<char const*> texts;           // that ranges refer to
+    Range globalAttributes;            // in `attributes`
+    Rows<char const*> notations;       // {namespace}name
 };
 
 } // namespace ZvXmlLib16::grammar

@@ -10,20 +10,20 @@
 
 // A calendar date with the time of day, to the millisecond.
 struct SYSTEMTIME {
-    std::uint16_t wYear;
-    std::uint16_t wMonth;     // 1 to 12
-    std::uint16_t wDayOfWeek; // 0 is Sunday
-    std::uint16_t wDay;       // 1 to 31
-    std::uint16_t wHour;
-    std::uint16_t wMinute;
-    std::uint16_t wSecond;
-    std::uint16_t wMilliseconds;
+    std::uint16_t wYear;         // 1601 to 30827
+    std::uint16_t wMonth;        // 1 to 12
+    std::uint16_t wDayOfWeek;    // 0 is Sunday
+    std::uint16_t wDay;          // 1 to 31
+    std::uint16_t wHour;         // 0 to 23
+    std::uint16_t wMinute;       // 0 to 59
+    std::uint16_t wSecond;       // 0 to 59
+    std::uint16_t wMilliseconds; // 0 to 999
 };
 
 // A count of intervals of 100 nanoseconds since the start of 1601, UTC, in two halves.
 struct FILETIME {
-    std::uint32_t dwLowDateTime;
-    std::uint32_t dwHighDateTime;
+    std::uint32_t dwLowDateTime;  // the lower 32 bits
+    std::uint32_t dwHighDateTime; // the higher 32 bits
 };
 
 #endif

@@ -40,6 +40,7 @@ public:
     CXmlWriter& operator=(CXmlWriter const&) = delete;
     ~CXmlWriter() override;
 
+    // Begins the document; called once, first.
     virtual void Open();
     // Throws CZvException if an element is still open.
     virtual void Close();
@@ -85,9 +86,10 @@ public:
     // Room for a value on its way from a property to the output, reused so that its strings keep their
     // memory. Writing another element overwrites it.
     struct ValueRoom {
-        ZvVariant value;
-        std::string text;
+        ZvVariant value;  // of the property
+        std::string text; // its text
     };
+    // The room of this writer.
     ValueRoom& GetValueRoom() noexcept { return m_valueRoom; }
 
     // Call with CollectionState_Announced just before the items of a collection are written and with
@@ -137,6 +139,7 @@ public:
     CXmlWriterContext& operator=(CXmlWriterContext const&) = delete;
     ~CXmlWriterContext();
 
+    // The default namespace in force.
     std::string const& GetDefaultNamespace() const noexcept { return m_scope->m_ownDefaultNamespace; }
     // The alias of `ns` in this scope, null if there is none. An empty alias counts as none. Valid until
     // the scope changes.
@@ -147,14 +150,14 @@ public:
     void SetNamespaceMapValue(std::string const& ns, std::string const& alias);
     void SetDefaultNamespace(std::string const& ns);
 
-    std::int32_t m_childCount = 0; // elements written inside this one
-    bool m_startTagOpen = true;    // not yet closed by a ">"
-    std::int32_t m_depth = 0;      // 0 for the root
-    CXmlWriterContext* m_parent = nullptr;
-    bool m_hasAttributes = false; // of the Fast Infoset writer
-    bool m_arrayOpen = false;     // "[" written, "]" not yet
-    std::int32_t m_collectionState = CollectionState_None;
-    bool m_childrenSayType = false;
+    std::int32_t m_childCount = 0;                         // elements written inside this one
+    bool m_startTagOpen = true;                            // not yet closed by a ">"
+    std::int32_t m_depth = 0;                              // 0 for the root
+    CXmlWriterContext* m_parent = nullptr;                 // null for the root
+    bool m_hasAttributes = false;                          // of the Fast Infoset writer
+    bool m_arrayOpen = false;                              // "[" written, "]" not yet
+    std::int32_t m_collectionState = CollectionState_None; // a CollectionState
+    bool m_childrenSayType = false;                        // see SetChildrenSayType
 
 private:
     friend class CXmlWriter;

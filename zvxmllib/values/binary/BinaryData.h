@@ -28,6 +28,7 @@ public:
     CBinaryData& operator=(CBinaryData const& other) noexcept;
     CBinaryData& operator=(CBinaryData&& other) noexcept;
 
+    // Makes it empty.
     void Clear() noexcept;
     // Null when empty. Valid until this handle changes.
     unsigned char const* GetData() const noexcept;
@@ -36,6 +37,7 @@ public:
     // afterwards.
     unsigned char* ReleaseData();
 
+    // Add bytes at the end.
     void Append(unsigned char byte);
     void Append(char byte);
     void Append(unsigned char const* bytes, std::uint32_t length);
@@ -50,6 +52,7 @@ public:
     unsigned char* BeginAppend(std::uint32_t least, std::uint32_t& room);
     void EndAppend(std::uint32_t length) noexcept;
 
+    // Replace the content by a copy of these bytes, or of the text up to its NUL; null counts as empty.
     void SetBuffer(unsigned char const* bytes, std::uint32_t length);
     void SetBuffer(char const* text);
 
@@ -66,6 +69,7 @@ public:
     std::string& PrintBase64(std::string& text) const;
     std::string& PrintHex(std::string& text) const;
 
+    // By length and bytes.
     bool operator==(CBinaryData const& other) const noexcept;
     bool operator!=(CBinaryData const& other) const noexcept;
 

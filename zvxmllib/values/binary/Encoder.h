@@ -19,6 +19,7 @@ ZV_API void SetLocalCharEncoding(unsigned int codePage);
 // With true, local text and UTF-8 are exchanged unchanged. False at first; set it before the library is used.
 ZV_API void ASCIIOnly(bool asciiOnly);
 
+// The present setting.
 ZV_API bool IsASCIIOnly() noexcept;
 
 // True if local text is treated as UTF-8: by the ASCII-only switch, or because the local encoding is UTF-8.

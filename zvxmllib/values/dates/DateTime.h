@@ -21,6 +21,7 @@ bool ReadPlainDateTime(std::string_view text, CDateTime& value) noexcept;
 // valid; field setters and arithmetic do not check. An object belongs to one thread at a time.
 class ZV_API CDateTime {
 public:
+    // Which of the eight types a value has.
     enum DTType : std::int32_t {
         dt_yearZero = 0, // no value has been set
         dt_dateTime = 1,
@@ -33,6 +34,7 @@ public:
         dt_gMonthDay = 8
     };
 
+    // The order of two values.
     enum DTCompareResult : std::int32_t {
         DTCompareEqual = 0,
         DTCompareLess = 1,
@@ -117,6 +119,7 @@ public:
     void SetNanoSecond(unsigned short nanoSecond);
     double GetRealSecond() const; // with the fraction
 
+    // Which of the types it has; as a text it is the name of XML Schema.
     DTType GetType() const noexcept { return m_type; }
     std::string GetTypeAsString() const;
 

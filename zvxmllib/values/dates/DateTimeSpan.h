@@ -16,6 +16,7 @@ class ZV_API CDateTimeSpan {
 public:
     CDateTimeSpan() noexcept = default;
     CDateTimeSpan(CDateTimeSpan const& other) noexcept = default;
+    // By its parts, without a minus sign. Nothing is carried from one part to another.
     CDateTimeSpan(std::uint32_t hours, unsigned long long minutes, unsigned long long seconds) noexcept;
     CDateTimeSpan(unsigned short years, std::uint32_t months, std::uint32_t days, std::uint32_t hours,
                   unsigned long long minutes, unsigned long long seconds) noexcept;
@@ -35,6 +36,7 @@ public:
                          unsigned long long minutes, unsigned long long seconds, unsigned short milliSeconds,
                          unsigned short microSeconds, unsigned short nanoSeconds) noexcept;
 
+    // The parts, each without a sign. Setters take any number, and carry nothing over.
     unsigned short GetYears() const noexcept { return m_years; }
     void SetYears(unsigned short years) noexcept { m_years = years; }
     std::uint32_t GetMonths() const noexcept { return m_months; }
@@ -54,6 +56,7 @@ public:
     unsigned short GetNanoSeconds() const noexcept { return m_nanoSeconds; }
     void SetNanoSeconds(unsigned short nanoSeconds) noexcept { m_nanoSeconds = nanoSeconds; }
 
+    // The sign of the whole duration.
     bool IsNegative() const noexcept { return m_isNegative; }
     void Negate() noexcept { m_isNegative = !m_isNegative; }
     // The same magnitude with a minus sign, whatever the sign of this one.

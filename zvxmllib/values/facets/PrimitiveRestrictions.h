@@ -73,16 +73,16 @@ public:
     // True if any facet is set. Callers with many values ask once.
     bool HasFacets() const noexcept;
 
-    std::string pattern;
-    std::int32_t minLength = -1; // of a string in bytes of the local text, of binary data in bytes
-    std::int32_t maxLength = -1;
-    std::string minInclusive;
-    std::string maxInclusive;
-    std::string minExclusive;
-    std::string maxExclusive;
-    std::int32_t length = -1;
-    std::int32_t totalDigits = -1; // the sign of a negative number counts as a digit
-    std::int32_t fractionDigits = -1;
+    std::string pattern;              // of text in the lexical form; see GetStrict
+    std::int32_t minLength = -1;      // of a string in bytes of the local text, of binary data in bytes
+    std::int32_t maxLength = -1;      // likewise
+    std::string minInclusive;         // the least value
+    std::string maxInclusive;         // the greatest value
+    std::string minExclusive;         // below the least value
+    std::string maxExclusive;         // above the greatest value
+    std::int32_t length = -1;         // the only length, as minLength
+    std::int32_t totalDigits = -1;    // the sign of a negative number counts as a digit
+    std::int32_t fractionDigits = -1; // at most so many
 
     // Whether values are tested by the rules of XML Schema whatever a context says: those that an application
     // adds to a collection, and those that it tests itself. False.

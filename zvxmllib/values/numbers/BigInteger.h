@@ -17,12 +17,12 @@ namespace ZvXmlLib16 {
 // All failures are CZvInvalidValueException, and leave the object as it was.
 class ZV_API CBigInteger {
 public:
-    static CBigInteger const MAX_LONG; // of 32 bits
-    static CBigInteger const MIN_LONG;
-    static CBigInteger const MAX_LONGLONG;
-    static CBigInteger const MIN_LONGLONG;
-    static CBigInteger const MAX_DOUBLE; // 1.7E+308
-    static CBigInteger const MIN_DOUBLE;
+    static CBigInteger const MAX_LONG;     // of 32 bits
+    static CBigInteger const MIN_LONG;     // of 32 bits
+    static CBigInteger const MAX_LONGLONG; // of 64 bits
+    static CBigInteger const MIN_LONGLONG; // of 64 bits
+    static CBigInteger const MAX_DOUBLE;   // 1.7E+308
+    static CBigInteger const MIN_DOUBLE;   // -1.7E+308
 
     CBigInteger() noexcept : m_sign(1) {}
     CBigInteger(CBigInteger const& other);
@@ -30,6 +30,7 @@ public:
         : m_sign(other.m_sign), m_digits(static_cast<detail::Magnitude&&>(other.m_digits)) {
         other.m_sign = 1;
     }
+    // Exactly this number.
     CBigInteger(int value) noexcept;
     CBigInteger(unsigned int value) noexcept;
     CBigInteger(long value) noexcept;
@@ -47,6 +48,7 @@ public:
     CBigInteger& operator=(CBigInteger const& other);
     CBigInteger& operator=(CBigInteger&& other) noexcept;
 
+    // Digits, behind a minus sign if it is negative.
     std::string ToString() const;
     // Replaces the content of `text` by ToString(), reusing its memory. Returns `text`.
     std::string& Print(std::string& text) const;
@@ -66,6 +68,7 @@ public:
     CBigInteger SquareRoot() const;
     static CBigInteger Pow10(unsigned int exponent);
 
+    // As the operators above; Abs and Negate change the sign.
     CBigInteger& operator+=(CBigInteger const& right);
     CBigInteger& operator-=(CBigInteger const& right);
     CBigInteger& operator*=(CBigInteger const& right);

@@ -22,6 +22,7 @@ public:
     CDecimal() noexcept : m_fractionDivider(1) {}
     CDecimal(CDecimal const& other);
     CDecimal(CDecimal&& other) noexcept; // leaves 0
+    // Exactly this number.
     CDecimal(int value) noexcept;
     CDecimal(unsigned int value) noexcept;
     CDecimal(long value) noexcept;
@@ -45,6 +46,7 @@ public:
     CDecimal& operator=(CDecimal const& other);
     CDecimal& operator=(CDecimal&& other) noexcept;
 
+    // The whole part, with the sign.
     CBigInteger const& GetIntegerPart() const noexcept { return m_integerPart; }
     // The fraction digits read as a whole number.
     CBigInteger const& GetFractionPart() const noexcept { return m_fractionPart; }
@@ -72,6 +74,8 @@ public:
     double ToDouble() const;
     CBigInteger ToBigInteger() const; // rounds, halves towards zero
 
+    // Sums and differences are exact. Products and quotients are rounded to the greatest number of fraction
+    // digits, halves towards zero.
     CDecimal operator+(CDecimal const& right) const;
     CDecimal operator-(CDecimal const& right) const;
     CDecimal operator*(CDecimal const& right) const;
@@ -94,6 +98,7 @@ public:
     bool operator>(CDecimal const& right) const;
     bool operator>=(CDecimal const& right) const;
 
+    // With the other sign; Negate changes this object.
     CDecimal GetNegative() const;
     void Negate() noexcept;
 

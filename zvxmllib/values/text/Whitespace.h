@@ -8,8 +8,10 @@
 
 namespace ZvXmlLib16 {
 
+// Static functions, for any thread.
 class ZV_API CWhitespaceUtils {
 public:
+    // What becomes of white space in a text that is read.
     enum WhitespaceRule : std::int32_t {
         WhitespaceRule_None = 0,
         WhitespaceRule_Preserve = 1, // line ends become line feeds

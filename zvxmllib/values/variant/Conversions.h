@@ -18,10 +18,12 @@ namespace ZvXmlLib16 {
 // CBinaryData throws. Thread-safe.
 class ZV_API CConversions {
 public:
+    // What becomes of white space ahead of parsing.
     using WhitespaceRule = CWhitespaceUtils::WhitespaceRule;
 
     CConversions() = delete;
 
+    // Two digits for each byte, in upper case; base64 on one line.
     static std::string hexBinaryToString(CBinaryData const& value);
     static CBinaryData hexBinaryFromString(std::string const& value, WhitespaceRule rule);
     static std::string base64BinaryToString(CBinaryData const& value);

@@ -35,6 +35,7 @@ public:
     // True for a type or a nil flag.
     bool IsValid() const noexcept { return m_type != ItemType_invalid || m_isNil; }
 
+    // Whether it is nil.
     bool IsNil() const noexcept { return m_isNil; }
     // Keeps the type, drops the value.
     void SetNil();
