@@ -1,4 +1,5 @@
 // The collections of values, all 25 of them by one table: texts both ways, facets, events, failures.
+#include "tests/support/LocalEncoding.h"
 #include "tests/support/MessageOf.h"
 #include "tests/support/QuietWriter.h"
 #include "tests/support/Slots.h"
@@ -375,6 +376,62 @@ TEST(TypedCollections, KeepStringsAsTheirRuleAndTheDocumentLeaveThem) {
     collection->Add("c");
     *collection->begin() = "changed in place";
     EXPECT_EQ(Access::Write(*collection), ":v=changed in place#23 :v=c#23 ");
+}
+
+// Facets are shared by collections that have the same.
+TEST(TypedCollections, KeepTheirOwnFacets) {
+    struct Refusal {
+        ColSetup setup;
+        char const* refused;
+    };
+    std::vector<Refusal> rows(5);
+    rows[0].setup.facets.pattern = "[^a]*";
+    rows[0].refused = "a";
+    rows[1].setup.facets.pattern = "[^b]*";
+    rows[1].refused = "b";
+    rows[2].setup.facets.minLength = 1;
+    rows[2].refused = "";
+    rows[3].setup.facets.maxLength = 2;
+    rows[3].refused = "ccc";
+    rows[4].setup.facets.maxLength = 3;
+    rows[4].refused = "dddd";
+    for (int round = 0; round < 3; ++round) {
+        for (Refusal const& row : rows) {
+            CSmartPtr<CstringCol> const collection(NewCol<CstringCol>(row.setup));
+            EXPECT_THROW(collection->Add(row.refused), CZvException) << row.refused;
+            EXPECT_NO_THROW(collection->Add("x")) << row.refused;
+        }
+        for (int other = 0; other < 20; ++other) { // more than are remembered
+            ColSetup setup;
+            setup.facets.length = other;
+            CSmartPtr<CstringCol> const collection(NewCol<CstringCol>(setup));
+            EXPECT_NO_THROW(collection->Add(std::string(static_cast<std::size_t>(other), 'x')));
+            EXPECT_THROW(collection->Add(std::string(static_cast<std::size_t>(other) + 1, 'x')),
+                         CZvException);
+        }
+    }
+    // Bounds of one text, as a number and as a date.
+    ColSetup year;
+    year.facets.minInclusive = "2000";
+    CSmartPtr<Ci4Col> const numbers(NewCol<Ci4Col>(year));
+    CSmartPtr<CyearCol> const years(NewCol<CyearCol>(year));
+    Access::ReadTexts(*numbers, {"2000"});
+    Access::ReadTexts(*years, {"2000Z"});
+    EXPECT_ANY_THROW(Access::ReadTexts(*numbers, {"1999"}));
+    EXPECT_ANY_THROW(Access::ReadTexts(*years, {"1999Z"}));
+}
+
+TEST(TypedCollections, AreStrictEachForItself) {
+    LocalEncoding const local(65001);
+    ColSetup setup;
+    setup.facets.maxLength = 1; // character, or byte
+    CSmartPtr<CstringCol> const strict(NewCol<CstringCol>(setup));
+    strict->SetStrict(true);
+    CSmartPtr<CstringCol> const usual(NewCol<CstringCol>(setup));
+    EXPECT_NO_THROW(strict->Add("\xC3\xA4"));
+    EXPECT_THROW(usual->Add("\xC3\xA4"), CZvException);
+    strict->SetStrict(false);
+    EXPECT_THROW(strict->Add("\xC3\xA4"), CZvException);
 }
 
 TEST(TypedCollections, TakeTheirOwnValuesAgain) {

@@ -3,6 +3,7 @@
 
 #include "zvxmllib/binding/Failures.h"
 #include "zvxmllib/context/SerializationContext.h"
+#include "zvxmllib/foundation/RecentTexts.h"
 
 #include <algorithm>
 
@@ -12,7 +13,7 @@ CXmlCollectionBase::CXmlCollectionBase() = default;
 
 CXmlCollectionBase::CXmlCollectionBase(char const* elementName, char const* namespaceURI, int minOccurs,
                                        int maxOccurs)
-    : m_namespace(namespaceURI == nullptr ? "" : namespaceURI), m_minOccurs(minOccurs),
+    : m_namespace(detail::ShareRecent(namespaceURI == nullptr ? "" : namespaceURI)), m_minOccurs(minOccurs),
       m_maxOccurs(maxOccurs) {
     SetElementName(elementName);
 }
@@ -49,36 +50,43 @@ bool CXmlCollectionBase::IsValidCount(CSerializationContext const& ctx) const {
 }
 
 void CXmlCollectionBase::AddEventListener(IEventSink* sink) {
-    m_listeners.push_back(sink);
+    if (m_listeners == nullptr)
+        m_listeners = std::make_unique<std::vector<IEventSink*>>();
+    m_listeners->push_back(sink);
 }
 
 void CXmlCollectionBase::RemoveEventListener(IEventSink* sink) {
-    m_listeners.erase(std::remove(m_listeners.begin(), m_listeners.end(), sink), m_listeners.end());
+    if (m_listeners != nullptr)
+        m_listeners->erase(std::remove(m_listeners->begin(), m_listeners->end(), sink), m_listeners->end());
+}
+
+template <class Fire>
+void CXmlCollectionBase::TellListeners(Fire fire) {
+    if (m_listeners == nullptr)
+        return;
+    for (IEventSink* const sink : *m_listeners)
+        fire(sink);
 }
 
 void CXmlCollectionBase::FireOnCollectionChange() {
-    for (IEventSink* const sink : m_listeners)
-        FireOnCollectionChangeEvent(sink, this);
+    TellListeners([this](IEventSink* sink) { FireOnCollectionChangeEvent(sink, this); });
 }
 
 void CXmlCollectionBase::FireOnCollectionAdd(void* item) {
-    for (IEventSink* const sink : m_listeners)
-        FireOnCollectionAddEvent(sink, this, item);
+    TellListeners([this, item](IEventSink* sink) { FireOnCollectionAddEvent(sink, this, item); });
 }
 
 void CXmlCollectionBase::FireOnCollectionAddComplete(void* item) {
-    for (IEventSink* const sink : m_listeners)
-        FireOnCollectionAddCompleteEvent(sink, this, item);
+    TellListeners([this, item](IEventSink* sink) { FireOnCollectionAddCompleteEvent(sink, this, item); });
 }
 
 void CXmlCollectionBase::FireOnCollectionRemove(int index) {
-    for (IEventSink* const sink : m_listeners)
-        FireOnCollectionRemoveEvent(sink, this, index);
+    TellListeners([this, index](IEventSink* sink) { FireOnCollectionRemoveEvent(sink, this, index); });
 }
 
 void CXmlCollectionBase::FireOnCollectionRemoveComplete(int index) {
-    for (IEventSink* const sink : m_listeners)
-        FireOnCollectionRemoveCompleteEvent(sink, this, index);
+    TellListeners(
+        [this, index](IEventSink* sink) { FireOnCollectionRemoveCompleteEvent(sink, this, index); });
 }
 
 } // namespace ZvXmlLib16

@@ -5,6 +5,7 @@
 #include "zvxmllib/foundation/SharedText.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -58,7 +59,7 @@ protected:
     CXmlCollectionBase(char const* elementName, char const* namespaceURI, int minOccurs, int maxOccurs);
 
     // Whether anybody hears of changes.
-    bool HasListeners() const noexcept { return !m_listeners.empty(); }
+    bool HasListeners() const noexcept { return m_listeners != nullptr && !m_listeners->empty(); }
     // Tell all listeners, in order of registration.
     void FireOnCollectionChange();
     void FireOnCollectionAdd(void* item);
@@ -71,7 +72,11 @@ protected:
     detail::SharedText m_namespace;
 
 private:
-    std::vector<IEventSink*> m_listeners;
+    // Calls `fire` for each listener.
+    template <class Fire>
+    void TellListeners(Fire fire);
+
+    std::unique_ptr<std::vector<IEventSink*>> m_listeners; // null at first
     std::int32_t m_minOccurs = 0;
     std::int32_t m_maxOccurs = -1;
 };

@@ -4,6 +4,7 @@
 #include "zvxmllib/binding/GeneratorVersion.h"
 #include "zvxmllib/binding/NestingGuard.h"
 #include "zvxmllib/binding/XmlCollectionBase.h"
+#include "zvxmllib/foundation/RecentTexts.h"
 
 #include <new>
 #include <vector>
@@ -77,7 +78,9 @@ void CXmlObjectBase::OnEvent(CXmlObjectBase*, IEventSink::MsgType, void*) {}
 void CXmlObjectBase::AttributesToXml_Int(CXmlWriter*, CSerializationContext const&) const {}
 
 void CXmlObjectBase::SetElementName(char const* name) {
-    m_elementName = name == nullptr ? "" : name;
+    std::string_view const text = name == nullptr ? "" : name;
+    if (m_elementName.Get() != text)
+        m_elementName = detail::ShareRecent(text);
 }
 
 void CXmlObjectBase::SetElementName(CXmlObjectBase* object, char const* name) {

@@ -5,6 +5,7 @@
 #include "zvxmllib/binding/EventSink.h"
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/foundation/SharedText.h"
 #include "zvxmllib/foundation/SmartPtr.h"
 #include "zvxmllib/values/binary/BinaryData.h"
 
@@ -111,7 +112,7 @@ protected:
 
     // The name of the element that the object is written as; reading sets it to that of the element read.
     // Null counts as empty. The last form is for other objects than this.
-    std::string const& GetElementName() const noexcept { return m_elementName; }
+    std::string const& GetElementName() const noexcept { return m_elementName.Get(); }
     void SetElementName(char const* name);
     static void SetElementName(CXmlObjectBase* object, char const* name);
 
@@ -172,7 +173,7 @@ private:
     void ReadStrictBytes(CBinaryData const& xml, CSerializationContext const& ctx);
     void FromJson_Int(std::string_view json, CSerializationContext const& ctx);
 
-    std::string m_elementName;
+    detail::SharedText m_elementName;
     std::atomic<std::int32_t> m_refCount{0};
 };
 

@@ -7,6 +7,7 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/RecentTexts.h"
 #include "zvxmllib/values/facets/CheckPrimitive.h"
 #include "zvxmllib/values/facets/FacetCheck.h"
 #include "zvxmllib/values/text/RuledText.h"
@@ -23,10 +24,10 @@ CXmlTypeCollection::CXmlTypeCollection(ItemType type, char const* elementName, c
                                        std::int32_t fractionDigits, CWhitespaceUtils::WhitespaceRule rule,
                                        char const* formatOverride)
     : CXmlCollectionBase(elementName, namespaceURI, minOccurs, maxOccurs),
-      m_restrictions(pattern, minLength, maxLength, minInclusive, maxInclusive, minExclusive, maxExclusive,
-                     length, totalDigits, fractionDigits),
-      m_itemType(type), m_formatOverride(formatOverride == nullptr ? "" : formatOverride),
-      m_whitespaceRule(rule), m_needsCheck(detail::NeedsCheck(type, m_restrictions)) {}
+      m_restrictions(type, pattern, minLength, maxLength, minInclusive, maxInclusive, minExclusive,
+                     maxExclusive, length, totalDigits, fractionDigits),
+      m_formatOverride(detail::ShareRecent(formatOverride == nullptr ? "" : formatOverride)),
+      m_itemType(type), m_whitespaceRule(rule), m_needsCheck(detail::NeedsCheck(type, m_restrictions)) {}
 
 CXmlTypeCollection::~CXmlTypeCollection() = default;
 

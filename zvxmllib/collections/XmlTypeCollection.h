@@ -2,8 +2,8 @@
 #pragma once
 
 #include "zvxmllib/binding/XmlCollectionBase.h"
+#include "zvxmllib/collections/SharedRestrictions.h"
 #include "zvxmllib/foundation/Enumerations.h"
-#include "zvxmllib/values/facets/PrimitiveRestrictions.h"
 #include "zvxmllib/values/text/Whitespace.h"
 
 #include <cstdint>
@@ -19,7 +19,7 @@ class ZV_API CXmlTypeCollection : public CXmlCollectionBase {
 public:
     // Whether values are checked by the rules of XML Schema, see CPrimitiveRestrictions. False; to be set
     // before the first value is added. A strict context reads by these rules in any case.
-    void SetStrict(bool strict) noexcept { m_restrictions.SetStrict(strict); }
+    void SetStrict(bool strict) { m_restrictions.SetStrict(strict); }
 
 protected:
     // Bounds as in CXmlCollectionBase, facets as in CPrimitiveRestrictions. `rule` applies to values read
@@ -52,9 +52,9 @@ protected:
     void CheckRead(ZvVariant const& value, std::string_view text, CXmlElement const& element) const;
     std::string const& CheckWritten(ZvVariant const& value, std::string& buffer) const;
 
-    CPrimitiveRestrictions m_restrictions;                   // the facets
+    detail::SharedRestrictions m_restrictions;               // the facets
+    detail::SharedText const m_formatOverride;               // of r4, r8, decimal; empty for none
     ItemType const m_itemType;                               // the type of the values
-    std::string const m_formatOverride;                      // of r4, r8, decimal; empty for none
     CWhitespaceUtils::WhitespaceRule const m_whitespaceRule; // for values that are read
     bool const m_needsCheck;                                 // false if the facets let every value pass
 
