@@ -84,8 +84,8 @@ def check_commands(page, directories):
         folder = Path(scratch) / "guide"
         shutil.copytree(EXAMPLES / "guide", folder)
         for command, shown in re.findall(r"^\$ (.*)\n((?:(?!\$ ).*\n)*)", "".join(commands), re.MULTILINE):
-            run = subprocess.run(["sh", "-c", command], cwd=folder, env=environment, text=True, check=False,
-                                 stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+            run = subprocess.run(["sh", "-c", command], cwd=folder, env=environment, text=True, errors="replace",
+                                 check=False, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
             printed = run.stdout + ("" if run.stdout.endswith("\n") or not run.stdout else "\n")
             if run.returncode > 1 or find_pieces(shown, printed, True) is not None or bool(shown) != bool(printed):
                 yield f"{page.name}: '{command}' ended with {run.returncode} and printed:\n{printed}instead of:\n{shown}"
