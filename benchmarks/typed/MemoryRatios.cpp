@@ -25,11 +25,11 @@ struct Format {
 };
 
 constexpr Format kFormats[] = {
-    {"XML", 5, 2, WriteRecordsAsXml,
+    {"XML", 4, 2, WriteRecordsAsXml,
      [](CRecords& records, CBinaryData const& document) {
          records.FromXmlStream(document, RecordContext());
      }},
-    {"JSON", 6, 2,
+    {"JSON", 5, 2,
      [](CRecords& records) {
          return records.ToJsonStream(false, XmlEncoding_UTF8, EOLType_LF, RecordContext(),
                                      CompressionType_None);
@@ -37,7 +37,7 @@ constexpr Format kFormats[] = {
      [](CRecords& records, CBinaryData const& document) {
          records.FromJsonStream(document, RecordContext());
      }},
-    {"Fast Infoset", 10.5, 4,
+    {"Fast Infoset", 7.5, 4,
      [](CRecords& records) {
          return records.ToFastInfosetStream(FInfoDecl_None, RecordContext(), CompressionType_None);
      },

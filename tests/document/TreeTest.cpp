@@ -54,6 +54,42 @@ TEST(ParsedTree, KeepsAnyNumberOfAttributesOfOneElement) {
         ASSERT_EQ(r.GetAttributeAt(i)->GetValueView(), std::to_string(i));
 }
 
+// Wherever a chunk of storage ends, between an element and its attributes too.
+TEST(ParsedTree, KeepsAttributesWhereverStorageEnds) {
+    std::string xml = "<r>";
+    for (int i = 0; i < 4000; ++i) {
+        xml += "<e";
+        for (int n = 0; n < i % 7; ++n)
+            xml += " a" + std::to_string(n) + "='" + std::to_string(i + n) + "'";
+        xml += i % 5 == 0 ? ">x<f/>y</e>" : "/>";
+    }
+    xml += "</r>";
+    for (CXmlDocument::ElementCallback const callback :
+         {CXmlDocument::ElementCallback(), CXmlDocument::ElementCallback([](CXmlElement* element) {
+              return element->GetLocalName() == "f" || element->GetAttributes().size() == 4;
+          })}) {
+        CXmlDocument document(callback);
+        document.LoadXml(xml.c_str());
+        CXmlElement const* e = At(document, {}).GetFirstElement();
+        for (int i = 0; i < 4000; ++i) {
+            if (callback != nullptr && i % 7 == 4)
+                continue;
+            ASSERT_NE(e, nullptr);
+            ASSERT_EQ(e->GetAttributes().size(), static_cast<std::size_t>(i % 7));
+            for (int n = 0; n < i % 7; ++n) {
+                CXmlAttribute const& attribute = *e->GetAttributes()[static_cast<std::size_t>(n)];
+                ASSERT_EQ(attribute.GetLocalName() + attribute.GetValue(),
+                          "a" + std::to_string(n) + std::to_string(i + n));
+            }
+            ASSERT_EQ(e->GetText(), i % 5 == 0 ? "xy" : "");
+            ASSERT_EQ(e->GetFirstElement() != nullptr, i % 5 == 0 && callback == nullptr);
+            ASSERT_EQ(e->GetParentElm(), document.GetDocumentElement());
+            e = e->GetNextSiblingElement();
+        }
+        EXPECT_EQ(e, nullptr);
+    }
+}
+
 TEST(ParsedTree, ResolvesNamespacesByScope) {
     CXmlDocument document;
     document.LoadXml("<a xmlns='u' xmlns:p='v' p:x='1' x='2' xml:lang='en'>"

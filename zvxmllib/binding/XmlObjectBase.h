@@ -51,8 +51,9 @@ public:
                                      CSerializationContext const& ctx, CompressionType compression);
 
     // File and stream forms recognise gzip, zlib, Fast Infoset and XML text by their content; the text forms
-    // take plain XML text. JSON becomes XML by the JSON options of the context, and goes through
-    // FromXmlStream; except in mode full round trip, the context ignores namespaces during the call.
+    // take plain XML text. Text and bytes stay unchanged until the call returns, so they are no part of the
+    // object itself. JSON becomes XML by the JSON options of the context, and goes through FromXmlStream;
+    // except in mode full round trip, the context ignores namespaces during the call.
     virtual void FromXmlFile(char const* fileName, CSerializationContext const& ctx);
     virtual void FromJsonFile(char const* fileName, CSerializationContext const& ctx);
     virtual void FromXml(wchar_t const* text, CSerializationContext const& ctx);

@@ -22,7 +22,7 @@ void HiddenChildren::Hide(CXmlElement* before, CXmlElement& child) {
 }
 
 void HiddenChildren::SetNext(CXmlElement* before, CXmlElement* next) noexcept {
-    (before == nullptr ? m_parent.m_firstChild : before->m_nextSibling) = next;
+    (before == nullptr ? m_parent.GetContent().firstChild : before->m_nextSibling) = next;
 }
 
 } // namespace ZvXmlLib16

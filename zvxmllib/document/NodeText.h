@@ -43,10 +43,16 @@ public:
         return m_form == Form::kString ? std::string_view(*m_string) : std::string_view();
     }
 
+    // Whether the owner keeps its text elsewhere. Nothing of the above may be asked then.
+    bool IsElsewhere() const noexcept { return m_form == Form::kElsewhere; }
+    void* Elsewhere() const noexcept { return m_elsewhere; }
+    // A mark of the owner's, which is no part of the text.
+    bool HasMark() const noexcept { return m_hasMark; }
+
 private:
     friend class XmlTree;
 
-    enum class Form : std::uint8_t { kRun, kChain, kString };
+    enum class Form : std::uint8_t { kRun, kChain, kString, kElsewhere };
 
     // One run of a chain, repeated `repeat` times, as white space between children often is.
     struct Piece {
@@ -60,9 +66,11 @@ private:
         char const* m_run = nullptr;
         Piece* m_chain;
         std::string* m_string;
+        void* m_elsewhere;
     };
-    std::uint32_t m_length = 0; // of the run; not 0 for the other forms
+    std::uint32_t m_length = 0; // of the run; not 0 for a chain and a string
     Form m_form = Form::kRun;
+    bool m_hasMark = false;
 };
 
 } // namespace ZvXmlLib16::detail

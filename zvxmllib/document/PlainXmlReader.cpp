@@ -50,11 +50,11 @@ bool PlainXmlReader::IsFor(CXmlDocument const& document, std::string_view xml) {
            !IsASCIIOnly();
 }
 
-bool PlainXmlReader::Fill(CXmlDocument& document, std::string_view xml) {
+bool PlainXmlReader::Fill(CXmlDocument& document, std::string_view xml, bool borrows) {
     if (!IsFor(document, xml))
         return false;
     document.MakeTree();
-    if (PlainXmlReader(document, xml).Read()) {
+    if (PlainXmlReader(document, xml, borrows).Read()) {
         document.m_tree->SettleCounts();
         return true;
     }
@@ -64,10 +64,12 @@ bool PlainXmlReader::Fill(CXmlDocument& document, std::string_view xml) {
     return false;
 }
 
-PlainXmlReader::PlainXmlReader(CXmlDocument& document, std::string_view xml)
+PlainXmlReader::PlainXmlReader(CXmlDocument& document, std::string_view xml, bool borrows)
     : m_doc(document), m_tree(*document.m_tree), m_begin(xml.data()), m_end(xml.data() + xml.size()),
-      m_isStrict(document.m_pContext->GetStrict()),
-      m_elements(document, m_isStrict, detail::PlainElements::Values::kCopied) {
+      m_isStrict(document.m_pContext->GetStrict()), m_isBorrowing(borrows),
+      m_elements(document, m_isStrict,
+                 m_isBorrowing ? detail::PlainElements::Values::kBorrowed
+                               : detail::PlainElements::Values::kCopied) {
     if (m_isStrict)
         m_tree.KeepTextPlaces();
 }
@@ -277,6 +279,14 @@ void PlainXmlReader::AppendText(std::string_view text) {
         m_tree.AppendTextWithoutCR(text);
 }
 
+// All between two tags, as it is in the input.
+void PlainXmlReader::AppendWholeText(std::string_view text) {
+    if (m_isBorrowing)
+        m_tree.AppendKeptText(text);
+    else
+        AppendText(text);
+}
+
 // Up to the next markup.
 char const* PlainXmlReader::ReadText(char const* at) {
     char const* const end = FindPlainTextEnd(at, m_end);
@@ -285,7 +295,7 @@ char const* PlainXmlReader::ReadText(char const* at) {
     if (*end != '<')
         return ReadMixedText(at, end);
     if (end != at)
-        AppendText(Between(at, end));
+        AppendWholeText(Between(at, end));
     return end;
 }
 
@@ -305,7 +315,9 @@ char const* PlainXmlReader::ReadMixedText(char const* begin, char const* at) {
             ++at;
             continue;
         }
-        if (at != from)
+        if (*at == '<' && from == begin)
+            AppendWholeText(Between(from, at));
+        else if (at != from)
             AppendText(Between(from, at));
         if (*at == '<')
             return AreXmlCharacters(Between(begin, at)) ? at : nullptr;

@@ -22,12 +22,13 @@ class PlainXmlReader {
 public:
     // Fills the document, which is empty, by its context. Returns false, and leaves it empty, if the text,
     // the context or a callback needs the parser. Throws std::bad_alloc alone.
-    static bool Fill(CXmlDocument& document, std::string_view xml);
+    // With `borrows` the text outlives the tree, whose texts stay in it where they are there as they are.
+    static bool Fill(CXmlDocument& document, std::string_view xml, bool borrows = false);
 
 private:
     using Attribute = detail::PlainElements::Attribute;
 
-    PlainXmlReader(CXmlDocument& document, std::string_view xml);
+    PlainXmlReader(CXmlDocument& document, std::string_view xml, bool borrows);
 
     static bool IsFor(CXmlDocument const& document, std::string_view xml);
     bool Read();
@@ -50,6 +51,7 @@ private:
     char const* SkipSpace(char const* at) const noexcept;
 
     void AppendText(std::string_view text);
+    void AppendWholeText(std::string_view text);
     void AppendLines(std::string_view text);
 
     CXmlDocument& m_doc;
@@ -57,6 +59,7 @@ private:
     char const* const m_begin;
     char const* const m_end;
     bool const m_isStrict;
+    bool const m_isBorrowing; // texts stay in the input
     detail::PlainNameList m_elementNames;
     detail::PlainNameList m_attributeNames;
     detail::PlainElements m_elements;

@@ -22,23 +22,23 @@ bool IsSchemaInstance(std::string_view uri) {
 CXmlAttribute::~CXmlAttribute() = default;
 
 std::string const& CXmlAttribute::GetLocalName() const noexcept {
-    return *m_name->localName;
+    return *GetName().localName;
 }
 
 detail::SharedText CXmlAttribute::ShareLocalName() const noexcept {
-    return detail::SharedText::Of(*m_name->localName);
+    return detail::SharedText::Of(*GetName().localName);
 }
 
 detail::SharedText CXmlAttribute::ShareNamespaceURI() const noexcept {
-    return detail::SharedText::Of(*m_name->namespaceUri);
+    return detail::SharedText::Of(*GetName().namespaceUri);
 }
 
 std::string const& CXmlAttribute::GetNamespaceURI() const noexcept {
-    return *m_name->namespaceUri;
+    return *GetName().namespaceUri;
 }
 
 std::string const& CXmlAttribute::GetValue() const {
-    return m_value.AsString(*m_name->tree, *m_element);
+    return m_value.AsString(*GetName().tree, *m_element);
 }
 
 bool CXmlAttribute::IsNamespaceAttribute() const noexcept {

@@ -57,11 +57,14 @@ private:
 
     detail::NodePosition GetPosition() const noexcept;
 
-    CXmlAttribute(ClassType* record, CXmlElement const* element, detail::XmlName const* name) noexcept
-        : CInstanceMonitor(record, CountedByOwner()), m_element(element), m_name(name) {}
+    CXmlAttribute(CXmlElement const* element, detail::XmlName const* name) noexcept
+        : CInstanceMonitor(CountedByOwner{name}), m_element(element) {}
+
+    detail::XmlName const& GetName() const noexcept {
+        return *static_cast<detail::XmlName const*>(GetKept());
+    }
 
     CXmlElement const* m_element;
-    detail::XmlName const* m_name;
     detail::NodeText m_value; // one run or a string
 };
 

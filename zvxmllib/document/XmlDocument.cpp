@@ -147,6 +147,7 @@ void CXmlDocument::Parse(unsigned char const* data, std::size_t length) {
                               m_pContext->GetStrict())) {
         data = decompressed.GetData();
         length = decompressed.GetLength();
+        m_borrowsInput = false;
     }
     if (!ParseFastInfoset(data, length))
         ParseText(data, length);
@@ -154,7 +155,8 @@ void CXmlDocument::Parse(unsigned char const* data, std::size_t length) {
 
 void CXmlDocument::ParseText(unsigned char const* data, std::size_t length) {
     CExpatReader reader(*this); // counted, whoever reads
-    if (kReadsPlainXml && PlainXmlReader::Fill(*this, {reinterpret_cast<char const*>(data), length}))
+    if (kReadsPlainXml &&
+        PlainXmlReader::Fill(*this, {reinterpret_cast<char const*>(data), length}, m_borrowsInput))
         return;
     MakeTree();
     reader.Init();

@@ -83,6 +83,7 @@ protected:
     virtual void Cleanup();
 
 private:
+    friend class CXmlObjectBase;
     friend class CExpatReader;
     friend class CFastInfosetReader;
     friend class JsonInput;
@@ -101,6 +102,8 @@ private:
     // False, with nothing done, for input in another form. Defined by the format.
     bool ParseFastInfoset(unsigned char const* data, std::size_t length);
     void ParseText(unsigned char const* data, std::size_t length);
+    // Promises that the bytes of the next load outlive the tree, so that texts may stay in them.
+    void BorrowInput() noexcept { m_borrowsInput = true; }
     void MakeTree();
     void EndElement();
 
@@ -110,6 +113,7 @@ private:
     SchemaType m_schemaType;
     ElementCallback m_pfnElementCallback;
     CSerializationContext const* m_pContext;
+    bool m_borrowsInput = false;
 };
 
 } // namespace ZvXmlLib16

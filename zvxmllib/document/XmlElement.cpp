@@ -14,21 +14,21 @@ std::vector<CXmlAttribute*> const kNoAttributes;
 CXmlElement::~CXmlElement() = default;
 
 CXmlDocument const* CXmlElement::GetDocument() const noexcept {
-    return &m_name->tree->GetDocument();
+    return &GetName().tree->GetDocument();
 }
 
 std::vector<TextPlace> CXmlElement::GetTextPlaces() const {
-    detail::TextPlaces const* const places = m_name->tree->GetTextPlaces();
+    detail::TextPlaces const* const places = GetName().tree->GetTextPlaces();
     return places == nullptr ? std::vector<TextPlace>() : places->Of(*this);
 }
 
 bool CXmlElement::HasTextAheadOfChild() const {
-    detail::TextPlaces const* const places = m_name->tree->GetTextPlaces();
+    detail::TextPlaces const* const places = GetName().tree->GetTextPlaces();
     return places != nullptr && places->HasTextAheadOfChild(*this);
 }
 
 detail::PrefixScopes const* CXmlElement::GetScopes() const noexcept {
-    return m_name->tree->GetScopes();
+    return GetName().tree->GetScopes();
 }
 
 std::string CXmlElement::LookupNamespaceFromAlias(char const* alias) const {
@@ -43,31 +43,31 @@ std::string CXmlElement::LookupNamespaceFromAlias(char const* alias) const {
 }
 
 std::string const& CXmlElement::GetLocalName() const noexcept {
-    return *m_name->localName;
+    return *GetName().localName;
 }
 
 detail::SharedText CXmlElement::ShareLocalName() const noexcept {
-    return detail::SharedText::Of(*m_name->localName);
+    return detail::SharedText::Of(*GetName().localName);
 }
 
 detail::SharedText CXmlElement::ShareNamespaceURI() const noexcept {
-    return detail::SharedText::Of(*m_name->namespaceUri);
+    return detail::SharedText::Of(*GetName().namespaceUri);
 }
 
 std::string const& CXmlElement::GetNamespaceURI() const noexcept {
-    return *m_name->namespaceUri;
+    return *GetName().namespaceUri;
 }
 
 std::string const& CXmlElement::GetText() const {
-    return m_text.AsString(*m_name->tree, *this);
+    return GetNodeText().AsString(*GetName().tree, *this);
 }
 
 CXmlAttribute* CXmlElement::GetAttributeAt(std::size_t index) const noexcept {
-    return reinterpret_cast<CXmlAttribute*>(m_attributes + 1) + index;
+    return reinterpret_cast<CXmlAttribute*>(&GetAttributeBlock() + 1) + index;
 }
 
 std::vector<CXmlAttribute*> const& CXmlElement::GetAttributes() const {
-    return m_attributes == nullptr ? kNoAttributes : m_name->tree->KeepAttributeFaces(*this);
+    return !m_text.HasMark() ? kNoAttributes : GetName().tree->KeepAttributeFaces(*this);
 }
 
 std::string const& CXmlElement::GetAttribute(std::string const& localName,

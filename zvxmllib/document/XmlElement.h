@@ -35,7 +35,9 @@ public:
     // Null for the root.
     CXmlElement const* GetParentElm() const noexcept { return m_parent; }
     // The first child, null if there is none; continue with GetNextSiblingElement until null.
-    CXmlElement* GetFirstElement() const noexcept { return m_firstChild; }
+    CXmlElement* GetFirstElement() const noexcept {
+        return m_text.IsElsewhere() ? GetContent().firstChild : nullptr;
+    }
     CXmlElement* GetNextSiblingElement() const noexcept { return m_nextSibling; }
 
     // All character data directly inside this element, in document order, without carriage returns.
@@ -76,11 +78,13 @@ public:
 
     // The attributes one by one, without making a vector of them.
     std::size_t GetAttributeCount() const noexcept {
-        return m_attributes == nullptr ? 0 : m_attributes->count;
+        return m_text.HasMark() ? GetAttributeBlock().count : 0;
     }
     CXmlAttribute* GetAttributeAt(std::size_t index) const noexcept;
     // The text if it is kept in one piece; otherwise empty, and GetText gives it.
-    detail::NodeText const& GetNodeText() const noexcept { return m_text; }
+    detail::NodeText const& GetNodeText() const noexcept {
+        return m_text.IsElsewhere() ? GetContent().text : m_text;
+    }
 
 protected:
     ~CXmlElement() override;
@@ -89,24 +93,41 @@ private:
     friend class detail::XmlTree;
     friend class HiddenChildren;
 
-    // The attributes follow it in storage.
+    // What an element has that is more than a text: most have no child.
+    struct Content {
+        CXmlElement* firstChild; // null while all children are taken out
+        detail::NodeText text;
+    };
+    // Stands right behind an element with attributes, which follow it in storage.
     struct AttributeBlock {
-        std::size_t count;
-        std::vector<CXmlAttribute*>* faces; // the result of GetAttributes, null until it is asked for
+        std::uint32_t count;
+        bool hasMoved; // only `moved` is valid then
+        union {
+            std::vector<CXmlAttribute*>* faces; // the result of GetAttributes, null until it is asked for
+            AttributeBlock* moved;
+        };
     };
 
-    CXmlElement(ClassType* record, CXmlElement const* parent, detail::XmlName const* name) noexcept
-        : CInstanceMonitor(record, CountedByOwner()), m_name(name), m_parent(parent) {}
+    CXmlElement(CXmlElement const* parent, detail::XmlName const* name) noexcept
+        : CInstanceMonitor(CountedByOwner{name}), m_parent(parent) {}
+
+    detail::XmlName const& GetName() const noexcept {
+        return *static_cast<detail::XmlName const*>(GetKept());
+    }
+    // Only for an element that has ever had a child.
+    Content& GetContent() const noexcept { return *static_cast<Content*>(m_text.Elsewhere()); }
+    // Only for an element with attributes.
+    AttributeBlock& GetAttributeBlock() const noexcept {
+        AttributeBlock* const block = reinterpret_cast<AttributeBlock*>(const_cast<CXmlElement*>(this) + 1);
+        return block->hasMoved ? *block->moved : *block;
+    }
 
     std::string GetQName() const;
     std::string GetNameWithPredicate() const;
 
-    detail::XmlName const* m_name;
     CXmlElement const* m_parent;
     CXmlElement* m_nextSibling = nullptr;
-    CXmlElement* m_firstChild = nullptr;
-    AttributeBlock* m_attributes = nullptr; // null for none
-    detail::NodeText m_text;
+    detail::NodeText m_text; // or the place of the content; has its mark if there are attributes
 };
 
 } // namespace ZvXmlLib16

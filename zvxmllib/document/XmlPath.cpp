@@ -37,7 +37,7 @@ std::string CXmlElement::GetNameWithPredicate() const {
     // name with a colon looks like one with a prefix. What is shown ends with the local name.
     auto const isSameNamed = [&](CXmlElement const& sibling) {
         std::string const& local = sibling.GetLocalName();
-        return sibling.m_name == m_name ||
+        return &sibling.GetName() == &GetName() ||
                (local.size() <= name.size() &&
                 name.compare(name.size() - local.size(), local.size(), local) == 0 &&
                 sibling.GetQName() == name);
@@ -45,7 +45,7 @@ std::string CXmlElement::GetNameWithPredicate() const {
     int position = 1;
     bool isBefore = true;
     bool hasTwin = false;
-    for (CXmlElement const* sibling = m_parent->m_firstChild; sibling != nullptr;
+    for (CXmlElement const* sibling = m_parent->GetFirstElement(); sibling != nullptr;
          sibling = sibling->m_nextSibling) {
         if (sibling == this) {
             isBefore = false;
@@ -90,23 +90,23 @@ CXmlElement const* CXmlElement::FindByPath(std::string_view path) const {
         }
         if (found == nullptr)
             return nullptr;
-        candidates = found->m_firstChild;
+        candidates = found->GetFirstElement();
     }
     return path.empty() ? found : nullptr;
 }
 
 std::uint64_t CXmlElement::GetLine() const noexcept {
-    NodePositions const* const positions = m_name->tree->GetPositions();
+    NodePositions const* const positions = GetName().tree->GetPositions();
     return positions == nullptr ? 0 : positions->Find(*this).line;
 }
 
 std::uint64_t CXmlElement::GetColumn() const noexcept {
-    NodePositions const* const positions = m_name->tree->GetPositions();
+    NodePositions const* const positions = GetName().tree->GetPositions();
     return positions == nullptr ? 0 : positions->Find(*this).column;
 }
 
 detail::NodePosition CXmlAttribute::GetPosition() const noexcept {
-    NodePositions const* const positions = m_name->tree->GetPositions();
+    NodePositions const* const positions = GetName().tree->GetPositions();
     if (positions == nullptr)
         return {};
     return positions->Find(*m_element, static_cast<std::size_t>(this - m_element->GetAttributeAt(0)));

@@ -18,6 +18,9 @@ constexpr std::size_t kLargestChunk = platform::kLargePage;
 CInstanceMonitor::Registration s_elementRegistration("CXmlElement");
 CInstanceMonitor::Registration s_attributeRegistration("CXmlAttribute");
 
+constexpr std::size_t kAttributeBlock = 16;
+constexpr std::size_t kFirstAttribute = kAttributeBlock + sizeof(CXmlAttribute);
+
 std::uint32_t LengthOfRun(std::string_view text) {
     if (text.size() > std::numeric_limits<std::uint32_t>::max())
         throw std::bad_alloc();
@@ -50,6 +53,21 @@ void XmlTree::ForgetCounts() noexcept {
     m_createdElements = m_createdAttributes = 0;
 }
 
+NodeText& XmlTree::TextOf(CXmlElement& element) noexcept {
+    return element.m_text.IsElsewhere() ? element.GetContent().text : element.m_text;
+}
+
+// Before the first child.
+void XmlTree::GiveContent(OpenElement& open) {
+    NodeText& text = open.element->m_text;
+    void* const storage = m_nodes.Allocate(sizeof(CXmlElement::Content), alignof(CXmlElement::Content));
+    CXmlElement::Content* const content = new (storage) CXmlElement::Content{nullptr, text};
+    if (open.runLength == &text.m_length)
+        open.runLength = &content->text.m_length;
+    text.m_elsewhere = content;
+    text.m_form = NodeText::Form::kElsewhere;
+}
+
 CXmlElement* XmlTree::AddElement(XmlName const* name) {
     CXmlElement* parent = nullptr;
     if (m_open.empty()) {
@@ -59,19 +77,24 @@ CXmlElement* XmlTree::AddElement(XmlName const* name) {
         if (open.beforeTail != nullptr)
             FoldRepeatedTail(open);
         parent = open.element;
+        if (!parent->m_text.IsElsewhere())
+            GiveContent(open);
     }
     if (m_isStreaming) {
         m_marks.resize(m_open.size());
         m_marks.push_back({m_nodes.GetMark(), m_texts.GetMark(), m_liveElements, m_liveAttributes,
                            m_keptStrings.size(), m_keptFaces.size()});
     }
-    void* const storage = m_nodes.Allocate(sizeof(CXmlElement), alignof(CXmlElement));
-    CXmlElement* const element = new (storage) CXmlElement(m_elementRecord, parent, name);
+    // The first attribute fits behind it.
+    char* const storage = m_nodes.Allocate(sizeof(CXmlElement) + kFirstAttribute, alignof(CXmlElement));
+    m_nodes.RewindTo(storage + sizeof(CXmlElement));
+    CXmlElement* const element = new (storage) CXmlElement(parent, name);
     if (parent == nullptr) {
         m_root = element;
     } else {
         OpenElement& open = m_open.back();
-        (open.lastChild == nullptr ? parent->m_firstChild : open.lastChild->m_nextSibling) = element;
+        (open.lastChild == nullptr ? parent->GetContent().firstChild : open.lastChild->m_nextSibling) =
+            element;
         open.beforeLastChild = open.lastChild;
         open.lastChild = element;
     }
@@ -95,30 +118,43 @@ void XmlTree::KeepPositions(IPositionSource const& source) {
     m_isNoted = true;
 }
 
-// The block is the last allocation among the nodes while its element is being started, so it grows in place
-// unless a chunk ends; then it moves to where it can double.
+// Makes room for one more attribute. Those of an element that is being started are the last allocation among
+// the nodes, so they grow in place unless a chunk ends.
 void XmlTree::GrowAttributes(CXmlElement& element) {
     using Block = CXmlElement::AttributeBlock;
-    static_assert(sizeof(Block) % alignof(CXmlAttribute) == 0);
-    Block* const block = element.m_attributes;
-    if (block == nullptr) {
-        void* const storage = m_nodes.Allocate(sizeof(Block) + sizeof(CXmlAttribute), alignof(CXmlAttribute));
-        element.m_attributes = new (storage) Block{0, nullptr};
+    static_assert(sizeof(Block) == kAttributeBlock && sizeof(Block) % alignof(CXmlAttribute) == 0);
+    static_assert(sizeof(CXmlElement) % alignof(Block) == 0);
+    if (!element.m_text.HasMark()) {
+        char* const end = reinterpret_cast<char*>(&element + 1);
+        bool const fits = m_nodes.TryExtend(end, kFirstAttribute);
+        ZV_ASSERT(fits);
+        static_cast<void>(fits);
+        new (end) Block{0, false, {nullptr}};
+        element.m_text.m_hasMark = true;
         return;
     }
-    CXmlAttribute* const first = element.GetAttributeAt(0);
-    CXmlAttribute* const end = first + block->count;
-    if (m_nodes.TryExtend(reinterpret_cast<char*>(end), sizeof(CXmlAttribute)))
-        return;
-    std::size_t const size = sizeof(Block) + (block->count + 1) * sizeof(CXmlAttribute);
+    char const* const end = reinterpret_cast<char*>(element.GetAttributeAt(element.GetAttributeCount()));
+    if (!m_nodes.TryExtend(end, sizeof(CXmlAttribute)))
+        MoveAttributes(element);
+}
+
+// To where their number can double.
+void XmlTree::MoveAttributes(CXmlElement& element) {
+    using Block = CXmlElement::AttributeBlock;
+    Block const& old = element.GetAttributeBlock();
+    CXmlAttribute const* const first = element.GetAttributeAt(0);
+    std::size_t const size = sizeof(Block) + (old.count + 1) * sizeof(CXmlAttribute);
     char* const storage = m_nodes.Allocate(2 * size, alignof(CXmlAttribute));
     m_nodes.RewindTo(storage + size);
-    element.m_attributes = new (storage) Block(*block);
-    for (CXmlAttribute const* old = first; old != end; ++old) {
-        CXmlAttribute* const moved = element.GetAttributeAt(static_cast<std::size_t>(old - first));
-        new (moved) CXmlAttribute(m_attributeRecord, &element, old->m_name);
-        moved->m_value = old->m_value;
+    Block* const moved = new (storage) Block(old);
+    CXmlAttribute* target = reinterpret_cast<CXmlAttribute*>(moved + 1);
+    for (CXmlAttribute const* attribute = first; attribute != first + old.count; ++attribute, ++target) {
+        new (target) CXmlAttribute(&element, &attribute->GetName());
+        target->m_value = attribute->m_value;
     }
+    Block& place = *reinterpret_cast<Block*>(&element + 1);
+    place.hasMoved = true;
+    place.moved = moved;
 }
 
 std::string_view XmlTree::KeepText(std::string_view text, std::size_t readableBehind) {
@@ -138,11 +174,11 @@ void XmlTree::AddKeptAttribute(XmlName const* name, std::string_view value) {
     CXmlElement& element = *m_open.back().element;
     std::uint32_t const length = LengthOfRun(value);
     GrowAttributes(element);
-    CXmlAttribute* const attribute = new (element.GetAttributeAt(element.m_attributes->count))
-        CXmlAttribute(m_attributeRecord, &element, name);
+    CXmlElement::AttributeBlock& block = element.GetAttributeBlock();
+    CXmlAttribute* const attribute = new (element.GetAttributeAt(block.count)) CXmlAttribute(&element, name);
     attribute->m_value.m_run = value.data();
     attribute->m_value.m_length = length;
-    ++element.m_attributes->count;
+    ++block.count;
     ++m_liveAttributes;
     ++m_createdAttributes;
     if (m_positions != nullptr)
@@ -170,7 +206,7 @@ NodeText::Piece* XmlTree::NewPiece(char const* chars, std::uint32_t length, std:
 }
 
 void XmlTree::AppendRun(OpenElement& open, std::string_view text) {
-    NodeText& target = open.element->m_text;
+    NodeText& target = TextOf(*open.element);
     if (target.m_form == NodeText::Form::kString) {
         target.m_string->append(text);
         return;
@@ -197,7 +233,7 @@ bool XmlTree::RepeatTail(OpenElement& open, std::string_view text) noexcept {
 
 // Appends a run, which cannot grow.
 void XmlTree::AddRun(OpenElement& open, char const* run, std::uint32_t length, std::uint32_t repeat) {
-    NodeText& target = open.element->m_text;
+    NodeText& target = TextOf(*open.element);
     open.runEnd = nullptr;
     if (target.m_length == 0 && repeat == 1) {
         target.m_run = run;
@@ -222,15 +258,16 @@ void XmlTree::AddRun(OpenElement& open, char const* run, std::uint32_t length, s
     open.runLength = &piece->length;
 }
 
-void XmlTree::AppendKeptText(std::string_view text, std::uint32_t repeat) {
+void XmlTree::AppendKeptRun(std::string_view text, std::uint32_t repeat) {
     if (m_textPlaces != nullptr) {
         for (std::uint32_t i = 0; i != repeat; ++i)
             m_textPlaces->AddText(text);
     }
     OpenElement& open = m_open.back();
-    ZV_ASSERT(open.element->m_text.m_form != NodeText::Form::kString);
-    if (!text.empty() && repeat != 0)
-        AddRun(open, text.data(), LengthOfRun(text), repeat);
+    ZV_ASSERT(TextOf(*open.element).m_form != NodeText::Form::kString);
+    if (text.empty() || repeat == 0 || (repeat == 1 && RepeatTail(open, text)))
+        return;
+    AddRun(open, text.data(), LengthOfRun(text), repeat);
 }
 
 // White space between children is mostly the same: a run equal to the previous one is counted, not stored.
@@ -238,7 +275,7 @@ void XmlTree::AppendKeptText(std::string_view text, std::uint32_t repeat) {
 void XmlTree::FoldRepeatedTail(OpenElement& open) noexcept {
     NodeText::Piece* const before = open.beforeTail;
     NodeText::Piece* const tail = open.tail;
-    if (before == nullptr || open.element->m_text.m_form != NodeText::Form::kChain || tail->repeat != 1 ||
+    if (before == nullptr || TextOf(*open.element).m_form != NodeText::Form::kChain || tail->repeat != 1 ||
         before->length != tail->length || std::memcmp(before->chars, tail->chars, tail->length) != 0)
         return;
     if (open.runEnd != nullptr && m_texts.IsTop(open.runEnd))
@@ -281,8 +318,8 @@ bool XmlTree::RemoveLastChildElement() {
     if (m_textPlaces != nullptr)
         m_textPlaces->RemoveLastElement();
     OpenElement& open = m_open.back();
-    (open.beforeLastChild == nullptr ? open.element->m_firstChild : open.beforeLastChild->m_nextSibling) =
-        nullptr;
+    (open.beforeLastChild == nullptr ? open.element->GetContent().firstChild
+                                     : open.beforeLastChild->m_nextSibling) = nullptr;
     open.lastChild = open.beforeLastChild;
     open.beforeLastChild = nullptr;
     StreamingMark const& mark = m_marks[m_open.size()];
@@ -310,7 +347,7 @@ std::string const& XmlTree::KeepAsString(NodeText& text, CXmlElement const& elem
 }
 
 std::vector<CXmlAttribute*> const& XmlTree::KeepAttributeFaces(CXmlElement const& element) {
-    CXmlElement::AttributeBlock& block = *element.m_attributes;
+    CXmlElement::AttributeBlock& block = element.GetAttributeBlock();
     if (block.faces == nullptr) {
         auto& kept = m_keptFaces.emplace_back(
             Kept<std::vector<CXmlAttribute*>>{std::vector<CXmlAttribute*>(block.count), &element});

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <list>
 #include <memory>
 #include <string>
@@ -78,7 +79,20 @@ public:
     void AddKeptAttribute(XmlName const* name, std::string_view value);
     // The same for the text of the innermost open element, without carriage returns, which stands there
     // `repeat` times. Only for readers that call no callback, so that nobody has asked for that text yet.
-    void AppendKeptText(std::string_view text, std::uint32_t repeat = 1);
+    void AppendKeptText(std::string_view text, std::uint32_t repeat = 1) {
+        OpenElement& open = m_open.back();
+        NodeText& target = open.element->m_text;
+        constexpr std::size_t kMost = std::numeric_limits<std::uint32_t>::max();
+        // The first and mostly the only text.
+        if (target.m_form == NodeText::Form::kRun && target.m_length == 0 && text.size() - 1 < kMost &&
+            repeat == 1 && m_textPlaces == nullptr) {
+            target.m_run = text.data();
+            target.m_length = static_cast<std::uint32_t>(text.size());
+            open.runEnd = nullptr;
+        } else {
+            AppendKeptRun(text, repeat);
+        }
+    }
 
     // Closes the innermost open element and returns it.
     CXmlElement* EndElement();
@@ -151,11 +165,15 @@ private:
     void AppendRuns(std::string_view text);
     bool RepeatTail(OpenElement& open, std::string_view text) noexcept;
     void AppendRun(OpenElement& open, std::string_view text);
+    void AppendKeptRun(std::string_view text, std::uint32_t repeat);
     void AddRun(OpenElement& open, char const* run, std::uint32_t length, std::uint32_t repeat = 1);
     NodeText::Piece* NewPiece(char const* chars, std::uint32_t length, std::uint32_t repeat);
     char* NewRun(std::string_view text);
     void FoldRepeatedTail(OpenElement& open) noexcept;
+    static NodeText& TextOf(CXmlElement& element) noexcept;
+    void GiveContent(OpenElement& open);
     void GrowAttributes(CXmlElement& element);
+    void MoveAttributes(CXmlElement& element);
     template <class Part>
     void ForgetClosed(KeptList<Part>& kept, std::size_t sinceCount) noexcept;
 

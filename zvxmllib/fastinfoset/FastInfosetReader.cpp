@@ -98,7 +98,7 @@ bool CFastInfosetReader::Parse(unsigned char const* data, std::size_t length) {
         m_vocabulary = std::make_unique<ReadVocabulary>(m_context, *m_tree);
     }
     // Most texts are in the tree as they are here.
-    std::string_view const kept = m_tree->KeepText(input);
+    std::string_view const kept = m_doc.m_borrowsInput ? input : m_tree->KeepText(input);
     m_in = OctetInput(reinterpret_cast<unsigned char const*>(kept.data()), kept.size());
     m_length = length;
     if (!m_doc.m_pContext->GetKeepPositions()) {

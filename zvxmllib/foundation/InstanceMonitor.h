@@ -60,10 +60,13 @@ public:
     static void Cleanup();
 
 protected:
-    // For objects whose owner counts them in bulk by CountMany: takes the record, counts nothing. Such an
-    // object is never destroyed on its own.
-    struct CountedByOwner {};
-    CInstanceMonitor(ClassType* record, CountedByOwner) noexcept : m_pct(record) {}
+    // For objects whose owner counts them in bulk by CountMany: counts nothing. Such an object is never
+    // copied or destroyed on its own, so it needs no record, and keeps a pointer of its class in the place.
+    struct CountedByOwner {
+        void const* kept;
+    };
+    explicit CInstanceMonitor(CountedByOwner owner) noexcept : m_kept(owner.kept) {}
+    void const* GetKept() const noexcept { return m_kept; }
 
     // Counts `created` new and `ended` ended instances at once.
     static void CountMany(ClassType& record, std::int32_t created, std::int32_t ended) noexcept {
@@ -76,7 +79,10 @@ protected:
 private:
     static void Count(ClassType& record, std::int32_t created) noexcept { CountMany(record, created, 0); }
 
-    ClassType* m_pct;
+    union {
+        ClassType* m_pct;
+        void const* m_kept; // of an object that its owner counts
+    };
 };
 
 namespace ZvXmlLib16 {

@@ -59,19 +59,23 @@ void CXmlObjectBase::FromXml(char16_t const* text, CSerializationContext const& 
 void CXmlObjectBase::FromXml(char const* text, CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
     CXmlDocument document(ctx);
+    document.BorrowInput();
     document.LoadXml(text);
     ReadDocument(document, ctx);
 }
 
 void CXmlObjectBase::FromXmlStream(CBinaryData const& data, CSerializationContext const& ctx) {
-    // The operation takes a non-const pointer, but does not change the bytes.
-    FromXmlStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(), ctx);
+    // The object may change `data` while it is being read. The operation takes a non-const pointer, but does
+    // not change the bytes.
+    CBinaryData const kept(data); // NOLINT(performance-unnecessary-copy-initialization)
+    FromXmlStream(const_cast<unsigned char*>(kept.GetData()), kept.GetLength(), ctx);
 }
 
 void CXmlObjectBase::FromXmlStream(unsigned char* const data, std::uint32_t length,
                                    CSerializationContext const& ctx) {
     detail::CheckGeneratorVersion();
     CXmlDocument document(ctx);
+    document.BorrowInput();
     document.LoadXmlStream(data, length);
     ReadDocument(document, ctx);
 }
