@@ -1,18 +1,13 @@
 #include "zvxmllib/json/PlainJsonReader.h"
 
 #include "zvxmllib/context/SerializationContext.h"
-#include "zvxmllib/document/PlainCharacters.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/document/XmlTree.h"
 #include "zvxmllib/foundation/DebugTrace.h"
-#include "zvxmllib/foundation/Utf16.h"
 #include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/json/JsonContext.h"
 #include "zvxmllib/json/MemberNames.h"
 #include "zvxmllib/values/binary/Encoder.h"
-#include "zvxmllib/values/text/NumberText.h"
-
-#include <algorithm>
 
 namespace ZvXmlLib16 {
 
@@ -23,20 +18,6 @@ constexpr std::string_view kSectionMark = "<![CDATA[";
 // The attributes of a null in strict JSON: names with a quote behind them, and values.
 constexpr std::string_view kNilAttributes[][2] = {{"xmlns:nil\"", kSchemaInstanceNamespace},
                                                   {"nil:nil\"", "true"}};
-
-bool IsJsonSpace(char c) noexcept {
-    return c == ' ' || c == '\n' || c == '\t' || c == '\r';
-}
-
-constexpr int kNoHexDigit = -1;
-
-int HexDigitOf(char c) noexcept {
-    if (detail::IsDigit(c))
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    return c >= 'A' && c <= 'F' ? c - 'A' + 10 : kNoHexDigit;
-}
 
 } // namespace
 
@@ -61,7 +42,7 @@ bool PlainJsonReader::Fill(CXmlDocument& document, std::string_view json, CSeria
 
 PlainJsonReader::PlainJsonReader(CXmlDocument& document, std::string_view json,
                                  CSerializationContext const& ctx)
-    : m_tree(*document.m_tree), m_begin(json.data()), m_end(json.data() + json.size()),
+    : m_tree(*document.m_tree), m_begin(json.data()), m_tokens(json.data() + json.size(), ctx.GetStrict()),
       m_isStrict(ctx.GetStrict()),
       m_hasMarks(ctx.GetJsonContext().GetSupportRoundtrip() != JsonRoundTrip_None),
       m_rootName(ctx.GetJsonContext().GetRootElementName().empty()
@@ -79,12 +60,12 @@ bool PlainJsonReader::Read() {
     char const* const end = ReadDocument();
     if (!m_isStrict)
         return end != nullptr; // what stands behind the root is nobody's business
-    return end != nullptr && SkipSpace(end) == m_end && !(m_hasNil && m_hasNilName);
+    return end != nullptr && m_tokens.SkipSpace(end) == m_tokens.GetEnd() && !(m_hasNil && m_hasNilName);
 }
 
 char const* PlainJsonReader::ReadDocument() {
-    char const* const at = SkipSpace(m_begin);
-    if (!Holds(at, '{'))
+    char const* const at = m_tokens.SkipSpace(m_begin);
+    if (!m_tokens.Holds(at, '{'))
         return nullptr;
     if (m_rootName.empty())
         return ReadRoot(at + 1);
@@ -97,43 +78,32 @@ char const* PlainJsonReader::ReadDocument() {
 // The only member of the outermost object.
 char const* PlainJsonReader::ReadRoot(char const* at) {
     ++m_containers;
-    at = SkipSpace(at);
-    if (!Holds(at, '"'))
+    at = m_tokens.SkipSpace(at);
+    if (!m_tokens.Holds(at, '"'))
         return nullptr;
-    PlainName* const name = m_elementNames.Read(++at, m_end);
+    PlainName* const name = m_elementNames.Read(++at, m_tokens.GetEnd());
     if (name == nullptr || !AddName(*name))
         return nullptr;
-    at = ReadColon(at);
+    at = m_tokens.ReadColon(at);
     if (at == nullptr)
         return nullptr;
     at = ReadElement(*name, at);
     if (at == nullptr)
         return nullptr;
-    at = SkipSpace(at);
-    return Holds(at, '}') ? at + 1 : nullptr;
-}
-
-// From the quote behind a name to the value.
-char const* PlainJsonReader::ReadColon(char const* at) const noexcept {
-    if (!Holds(at, '"'))
-        return nullptr;
-    at = SkipSpace(at + 1);
-    if (!Holds(at, ':'))
-        return nullptr;
-    at = SkipSpace(at + 1);
-    return at == m_end ? nullptr : at;
+    at = m_tokens.SkipSpace(at);
+    return m_tokens.Holds(at, '}') ? at + 1 : nullptr;
 }
 
 // The value of an element that is no array.
 char const* PlainJsonReader::ReadElement(PlainName& name, char const* at) {
-    if (at == m_end)
+    if (at == m_tokens.GetEnd())
         return nullptr;
     if (*at == '{')
         return ReadObject(name, at);
     char const* const begin = at;
     bool const isNull = *at == 'n';
-    Text text;
-    at = isNull ? ReadWord(at, "null") : ReadText(at, text);
+    PlainJsonTokens::Text text;
+    at = isNull ? m_tokens.ReadWord(at, "null") : m_tokens.ReadText(at, text);
     if (at == nullptr)
         return nullptr;
     m_elements.Begin();
@@ -152,65 +122,76 @@ char const* PlainJsonReader::ReadObject(PlainName& name, char const* at) {
     ++m_depth;
     if (m_isStrict) {
         detail::UniqueNames::Place const outside = m_uniqueNames.Enter();
-        at = ReadMembers(name, at, SkipSpace(at + 1));
+        at = ReadMembers(name, at, m_tokens.SkipSpace(at + 1));
         m_uniqueNames.Leave(outside);
     } else {
-        at = ReadMembers(name, at, SkipSpace(at + 1));
+        at = ReadMembers(name, at, m_tokens.SkipSpace(at + 1));
     }
     --m_depth;
     --m_containers;
     return at;
 }
 
-// The element begins behind its last attribute.
 char const* PlainJsonReader::ReadMembers(PlainName& name, char const* begin, char const* at) {
-    bool isStarted = false;
-    bool isEnd = Holds(at, '}');
-    std::uint32_t children = 0;
+    Object object{&name, begin};
+    bool isEnd = m_tokens.Holds(at, '}');
     m_elements.Begin();
     while (!isEnd) {
-        if (!Holds(at, '"') || ++at == m_end)
-            return nullptr;
-        if (m_hasMarks && *at == detail::kAttributeMark) {
-            at = isStarted ? nullptr : ReadAttribute(at + 1);
-        } else {
-            if (!isStarted && !m_elements.Start(name, begin))
-                return nullptr;
-            isStarted = true;
-            bool const isText = m_hasMarks && *at == detail::kTextName[0];
-            at = isText ? ReadTextMember(at, children) : ReadChildren(at, children);
-        }
+        at = ReadMember(object, at);
         if (at == nullptr)
             return nullptr;
-        at = SkipSpace(at);
-        isEnd = Holds(at, '}');
+        at = m_tokens.SkipSpace(at);
+        isEnd = m_tokens.Holds(at, '}');
         if (!isEnd) {
-            if (!Holds(at, ','))
+            if (!m_tokens.Holds(at, ','))
                 return nullptr;
-            at = SkipSpace(at + 1);
+            at = m_tokens.SkipSpace(at + 1);
         }
     }
-    if (!isStarted && !m_elements.Start(name, begin))
+    return EndObject(object) ? at + 1 : nullptr;
+}
+
+// The element begins behind its last attribute.
+char const* PlainJsonReader::ReadMember(Object& object, char const* at) {
+    if (!m_tokens.Holds(at, '"') || ++at == m_tokens.GetEnd())
         return nullptr;
-    if (children != 0 && !m_isStrict)
-        AppendBreaks(children, m_depth - 1);
+    if (m_hasMarks && *at == detail::kAttributeMark)
+        return object.isStarted ? nullptr : ReadAttribute(at + 1);
+    bool const isText = m_hasMarks && *at == detail::kTextName[0];
+    if (isText && m_isStrict)
+        return ReadStrictText(object, at);
+    if (!object.isStarted && !m_elements.Start(*object.name, object.begin))
+        return nullptr;
+    object.isStarted = true;
+    return isText ? ReadLastText(object, at) : ReadChildren(at, object.children);
+}
+
+bool PlainJsonReader::EndObject(Object const& object) {
+    if (object.isNil && (object.isStarted || !AddNil()))
+        return false;
+    if (!object.isStarted && !m_elements.Start(*object.name, object.begin))
+        return false;
+    if (object.children != 0 && !m_isStrict)
+        AppendBreaks(object.children, m_depth - 1);
+    if (!object.text.empty())
+        m_tree.AppendKeptText(object.text);
     m_elements.End();
-    return at + 1;
+    return true;
 }
 
 // Behind the mark. A null is no attribute.
 char const* PlainJsonReader::ReadAttribute(char const* at) {
-    detail::PlainElements::Attribute attribute{m_attributeNames.Read(at, m_end), {}};
+    detail::PlainElements::Attribute attribute{m_attributeNames.Read(at, m_tokens.GetEnd()), {}};
     if (attribute.name == nullptr || m_elements.IsFull() || !AddName(*attribute.name))
         return nullptr;
-    at = ReadColon(at);
+    at = m_tokens.ReadColon(at);
     if (at == nullptr)
         return nullptr;
     if (*at == 'n')
-        return ReadWord(at, "null");
+        return m_tokens.ReadWord(at, "null");
     attribute.place = at;
-    Text text;
-    at = ReadText(at, text);
+    PlainJsonTokens::Text text;
+    at = m_tokens.ReadText(at, text);
     if (at == nullptr)
         return nullptr;
     if (text.isMade) {
@@ -228,45 +209,62 @@ char const* PlainJsonReader::ReadAttribute(char const* at) {
 }
 
 // It ends its element.
-char const* PlainJsonReader::ReadTextMember(char const* at, std::uint32_t& children) {
-    at = ReadWord(at, detail::kTextName);
-    at = at == nullptr ? nullptr : ReadColon(at);
+char const* PlainJsonReader::ReadLastText(Object& object, char const* at) {
+    at = m_tokens.ReadWord(at, detail::kTextName);
+    at = at == nullptr ? nullptr : m_tokens.ReadColon(at);
     if (at == nullptr)
         return nullptr;
-    Text text;
-    at = ReadText(at, text);
+    PlainJsonTokens::Text text;
+    at = m_tokens.ReadText(at, text);
     if (at == nullptr)
         return nullptr;
-    bool const isBehindChildren = children != 0 && !text.value.empty() && !m_isStrict;
+    bool const isBehindChildren = object.children != 0 && !text.value.empty();
     if (isBehindChildren) {
-        AppendBreaks(children, 0);
-        children = 0;
+        AppendBreaks(object.children, 0);
+        object.children = 0;
     }
     if (!AppendText(text))
         return nullptr;
     if (isBehindChildren)
         m_tree.AppendKeptText(m_breaks[m_depth - 1].substr(1)); // the indent of the end tag
-    at = SkipSpace(at);
-    return Holds(at, '}') ? at : nullptr;
+    at = m_tokens.SkipSpace(at);
+    return m_tokens.Holds(at, '}') ? at : nullptr;
+}
+
+// It stands anywhere in its object, and behind the children in the element.
+char const* PlainJsonReader::ReadStrictText(Object& object, char const* at) {
+    at = object.hasText ? nullptr : m_tokens.ReadWord(at, detail::kTextName);
+    at = at == nullptr ? nullptr : m_tokens.ReadColon(at);
+    if (at == nullptr)
+        return nullptr;
+    object.hasText = true;
+    object.isNil = *at == 'n';
+    if (object.isNil)
+        return m_tokens.ReadWord(at, "null");
+    PlainJsonTokens::Text text;
+    at = m_tokens.ReadText(at, text);
+    if (at != nullptr)
+        object.text = text.isMade ? m_tree.KeepText(text.value) : text.value;
+    return at;
 }
 
 // A member, which is one child, or one for each item of an array.
 char const* PlainJsonReader::ReadChildren(char const* at, std::uint32_t& count) {
-    PlainName* const name = m_elementNames.Read(at, m_end);
+    PlainName* const name = m_elementNames.Read(at, m_tokens.GetEnd());
     if (name == nullptr || !AddName(*name))
         return nullptr;
-    at = ReadColon(at);
+    at = m_tokens.ReadColon(at);
     if (at == nullptr)
         return nullptr;
     if (*at == '[')
-        return ReadItems(*name, SkipSpace(at + 1), count);
+        return ReadItems(*name, m_tokens.SkipSpace(at + 1), count);
     ++count;
     return ReadElement(*name, at);
 }
 
 // Behind the bracket.
 char const* PlainJsonReader::ReadItems(PlainName& name, char const* at, std::uint32_t& count) {
-    if (Holds(at, ']'))
+    if (m_tokens.Holds(at, ']'))
         return at + 1;
     if (m_containers == kMostContainers)
         return nullptr;
@@ -276,157 +274,15 @@ char const* PlainJsonReader::ReadItems(PlainName& name, char const* at, std::uin
         at = ReadElement(name, at);
         if (at == nullptr)
             return nullptr;
-        at = SkipSpace(at);
-        if (Holds(at, ']'))
+        at = m_tokens.SkipSpace(at);
+        if (m_tokens.Holds(at, ']'))
             break;
-        if (!Holds(at, ','))
+        if (!m_tokens.Holds(at, ','))
             return nullptr;
-        at = SkipSpace(at + 1);
+        at = m_tokens.SkipSpace(at + 1);
     }
     --m_containers;
     return at + 1;
-}
-
-// What is neither null nor a container.
-char const* PlainJsonReader::ReadText(char const* at, Text& text) {
-    if (*at == '"')
-        return ReadString(at + 1, text);
-    char const* const end = *at == 't'   ? ReadWord(at, "true")
-                            : *at == 'f' ? ReadWord(at, "false")
-                                         : ReadNumber(at);
-    if (end != nullptr)
-        text.value = std::string_view(at, static_cast<std::size_t>(end - at));
-    return end;
-}
-
-char const* PlainJsonReader::ReadString(char const* at, Text& text) {
-    char const* const end = detail::PlainBytes<0, '"', '\\'>::FindEnd(at, m_end);
-    if (!Holds(end, '"'))
-        return ReadMixedString(at, end, text);
-    text.value = std::string_view(at, static_cast<std::size_t>(end - at));
-    return end + 1;
-}
-
-// Line feeds, which are dropped, and other control characters are left to the parser.
-char const* PlainJsonReader::ReadMixedString(char const* begin, char const* at, Text& text) {
-    char const* from = begin;
-    m_made.clear();
-    for (;; at = detail::PlainBytes<0, '"', '\\'>::FindEnd(at, m_end)) {
-        if (at == m_end)
-            return nullptr;
-        if (static_cast<unsigned char>(*at) >= 0x80) {
-            at = SkipBeyondAscii(at, m_end);
-            continue;
-        }
-        if (from != at) {
-            AppendCharacters();
-            if (*at == '\\' || from != begin)
-                m_made.append(from, at);
-        }
-        if (*at == '"')
-            break;
-        if (*at != '\\')
-            return nullptr;
-        at = ReadEscape(at + 1);
-        if (at == nullptr)
-            return nullptr;
-        text.isMade = true;
-        from = at;
-    }
-    AppendCharacters();
-    text.value = text.isMade ? std::string_view(m_made)
-                             : std::string_view(begin, static_cast<std::size_t>(at - begin));
-    // A carriage return comes from an escape alone.
-    bool const isPlain = AreXmlCharacters(text.value) && text.value.find('\r') == std::string_view::npos;
-    return isPlain ? at + 1 : nullptr;
-}
-
-// Behind the backslash.
-char const* PlainJsonReader::ReadEscape(char const* at) {
-    if (at == m_end)
-        return nullptr;
-    if (*at == 'u')
-        return ReadCharacterCode(at + 1);
-    AppendCharacters();
-    switch (*at) {
-    case '"':
-    case '\\':
-    case '/':
-        m_made += *at;
-        break;
-    case 'n':
-        m_made += '\n';
-        break;
-    case 't':
-        m_made += '\t';
-        break;
-    default:
-        return nullptr;
-    }
-    return at + 1;
-}
-
-char const* PlainJsonReader::ReadCharacterCode(char const* at) {
-    unsigned code = 0;
-    for (int i = 0; i != 4; ++i, ++at) {
-        int const digit = at == m_end ? kNoHexDigit : HexDigitOf(*at);
-        if (digit == kNoHexDigit)
-            return nullptr;
-        code = code * 16 + static_cast<unsigned>(digit);
-    }
-    m_characters += static_cast<char16_t>(code);
-    return at;
-}
-
-// Collected, since a character beyond U+FFFF takes two escapes. Half of one becomes a NUL, which is not
-// plain.
-void PlainJsonReader::AppendCharacters() {
-    if (m_characters.empty())
-        return;
-    if (FindHalfSurrogate(m_characters) != m_characters.size())
-        m_made += '\0';
-    else
-        m_made += ConvertUtf16ToUtf8(m_characters);
-    m_characters.clear();
-}
-
-// What follows is not part of it; whether it may follow is the caller's question.
-char const* PlainJsonReader::ReadNumber(char const* at) const noexcept {
-    auto const skipDigits = [this](char const* from) {
-        return std::find_if_not(from, m_end, detail::IsDigit);
-    };
-    auto const isDigit = [this](char const* place) { return place != m_end && detail::IsDigit(*place); };
-    if (*at == '-')
-        ++at;
-    if (!isDigit(at))
-        return nullptr;
-    at = *at == '0' ? at + 1 : skipDigits(at);
-    if (Holds(at, '.')) {
-        if (!isDigit(++at))
-            return nullptr;
-        at = skipDigits(at);
-    }
-    if (Holds(at, 'e') || Holds(at, 'E')) {
-        ++at;
-        if (Holds(at, '+') || Holds(at, '-'))
-            ++at;
-        if (!isDigit(at))
-            return nullptr;
-        at = skipDigits(at);
-    }
-    return at;
-}
-
-char const* PlainJsonReader::ReadWord(char const* at, std::string_view word) const noexcept {
-    bool const isThere =
-        static_cast<std::size_t>(m_end - at) >= word.size() && std::string_view(at, word.size()) == word;
-    return isThere ? at + word.size() : nullptr;
-}
-
-char const* PlainJsonReader::SkipSpace(char const* at) const noexcept {
-    while (at != m_end && IsJsonSpace(*at))
-        ++at;
-    return at;
 }
 
 // In strict JSON a name stands once in its object. One that looks like the prefix of nulls gives them
@@ -441,6 +297,8 @@ bool PlainJsonReader::AddUniqueName(PlainName& name) {
 bool PlainJsonReader::AddNil() {
     m_hasNil = true;
     for (auto const& [name, value] : kNilAttributes) {
+        if (m_elements.IsFull())
+            return false;
         char const* at = name.data();
         PlainName* const known = m_attributeNames.Read(at, at + name.size());
         if (known == nullptr)
@@ -450,8 +308,9 @@ bool PlainJsonReader::AddNil() {
     return true;
 }
 
-// A text that the usual rules write as a CDATA section is left to the parser.
-bool PlainJsonReader::AppendText(Text const& text) {
+// The text of an element without children, or a usual one. One that is written as a CDATA section is left to
+// the parser.
+bool PlainJsonReader::AppendText(PlainJsonTokens::Text const& text) {
     if (text.value.empty())
         return true;
     if (!m_isStrict && text.value[0] == '<' && text.value.substr(0, kSectionMark.size()) == kSectionMark)

@@ -4,6 +4,7 @@
 #include "zvxmllib/document/NodePositions.h"
 #include "zvxmllib/document/PlainElements.h"
 #include "zvxmllib/foundation/Forward.h"
+#include "zvxmllib/json/PlainJsonTokens.h"
 #include "zvxmllib/json/UniqueNames.h"
 
 #include <cstdint>
@@ -30,9 +31,14 @@ public:
 
 private:
     using PlainName = detail::PlainName;
-    struct Text {
-        std::string_view value;
-        bool isMade = false; // in m_made, or else of the input
+    struct Object {
+        PlainName* name; // of the element
+        char const* begin;
+        std::uint32_t children = 0;
+        bool isStarted = false;
+        bool hasText = false;       // strict, as the next two
+        bool isNil = false;         // that text is null
+        std::string_view text = {}; // which comes at the end
     };
 
     PlainJsonReader(CXmlDocument& document, std::string_view json, CSerializationContext const& ctx);
@@ -45,32 +51,23 @@ private:
     char const* ReadElement(PlainName& name, char const* at);
     char const* ReadObject(PlainName& name, char const* at);
     char const* ReadMembers(PlainName& name, char const* begin, char const* at);
+    char const* ReadMember(Object& object, char const* at);
     char const* ReadAttribute(char const* at);
-    char const* ReadTextMember(char const* at, std::uint32_t& children);
+    char const* ReadLastText(Object& object, char const* at);
+    char const* ReadStrictText(Object& object, char const* at);
     char const* ReadChildren(char const* at, std::uint32_t& count);
     char const* ReadItems(PlainName& name, char const* at, std::uint32_t& count);
-    char const* ReadColon(char const* at) const noexcept;
-    char const* ReadText(char const* at, Text& text);
-    char const* ReadString(char const* at, Text& text);
-    char const* ReadMixedString(char const* begin, char const* at, Text& text);
-    char const* ReadEscape(char const* at);
-    char const* ReadCharacterCode(char const* at);
-    char const* ReadNumber(char const* at) const noexcept;
-    char const* ReadWord(char const* at, std::string_view word) const noexcept;
-    char const* SkipSpace(char const* at) const noexcept;
-    // Whether `at` is a place of the text that holds this character.
-    bool Holds(char const* at, char c) const noexcept { return at != nullptr && at != m_end && *at == c; }
 
+    bool EndObject(Object const& object);
     bool AddName(PlainName& name) { return !m_isStrict || AddUniqueName(name); }
     bool AddUniqueName(PlainName& name);
     bool AddNil();
-    bool AppendText(Text const& text);
+    bool AppendText(PlainJsonTokens::Text const& text);
     void AppendBreaks(std::uint32_t children, std::size_t depthBehind);
-    void AppendCharacters();
 
     detail::XmlTree& m_tree;
     char const* const m_begin;
-    char const* const m_end;
+    PlainJsonTokens m_tokens;
     bool const m_isStrict;
     bool const m_hasMarks;        // of attributes and texts
     std::string const m_rootName; // with a quote behind it; empty where the text names the root
@@ -83,8 +80,6 @@ private:
     std::int32_t m_containers = 0;          // objects and arrays that are open
     std::size_t m_depth = 0;                // of elements
     std::vector<std::string_view> m_breaks; // by depth: a line feed and the indent of that depth
-    std::string m_made;                     // a string with escapes, as it is meant
-    std::u16string m_characters;            // of \u escapes that follow each other
     mutable char const* m_counted;          // up to where lines are counted
     mutable char const* m_lineStart;
     mutable std::uint64_t m_line = 1;
