@@ -35,6 +35,21 @@ private:
 
 namespace {
 
+#ifdef ZVXMLLIB_NO_PLAIN_READER
+constexpr bool kReadsPlainJson = false;
+#else
+constexpr bool kReadsPlainJson = true;
+#endif
+
+// A class that has replaced the reading of XML bytes gets them. For all others the tree is made directly from
+// the JSON where that gives the same tree as the XML text; the text is then made only for the message of a
+// failure.
+bool FillPlain(CXmlDocument& document, CXmlObjectBase const& object, std::string_view json,
+               CSerializationContext const& ctx) {
+    return kReadsPlainJson && detail::KeepsReadingOfBytes(object) &&
+           PlainJsonReader::Fill(document, json, ctx);
+}
+
 std::string LocalTextOf(CBinaryData const& xml) {
     return Utf8ToLocal(reinterpret_cast<char const*>(xml.GetData()), xml.GetLength());
 }
@@ -42,8 +57,7 @@ std::string LocalTextOf(CBinaryData const& xml) {
 // A failure shows so much of the XML, since the whole may hold what is nobody's business.
 constexpr std::size_t kShownXml = 200;
 
-// `readTree` reads the object from a document that was made directly from the JSON; the XML is then made only
-// for the message of a failure.
+// `readTree` reads the object from a document.
 template <class ReadTree>
 void FromStrictJson(CXmlObjectBase& object, std::string_view json, CSerializationContext const& ctx,
                     ReadTree const& readTree) {
@@ -51,7 +65,7 @@ void FromStrictJson(CXmlObjectBase& object, std::string_view json, CSerializatio
     if (ctx.GetJsonContext().GetSupportRoundtrip() != JsonRoundTrip_Full)
         own.SetIgnoreNamespaces(true);
     CXmlDocument document(own);
-    bool const isPlain = detail::KeepsReadingOfBytes(object) && PlainJsonReader::Fill(document, json, own);
+    bool const isPlain = FillPlain(document, object, json, own);
     detail::JsonPlaces places;
     CBinaryData xml;
     if (!isPlain)
@@ -114,9 +128,6 @@ void CXmlObjectBase::FromJsonStream(unsigned char* const data, std::uint32_t len
     FromJson_Int(JsonInput::OfBytes(data, length, ctx.GetStrict()).GetText(), ctx);
 }
 
-// A class that has replaced the reading of XML bytes gets them. For all others the tree is made directly from
-// the JSON where that gives the same tree as the XML text; the text is then made only for the message of a
-// failure.
 void CXmlObjectBase::FromJson_Int(std::string_view json, CSerializationContext const& ctx) {
     if (ctx.GetStrict()) {
         FromStrictJson(*this, json, ctx, [this](CXmlDocument& document, CSerializationContext const& own) {
@@ -125,7 +136,7 @@ void CXmlObjectBase::FromJson_Int(std::string_view json, CSerializationContext c
         return;
     }
     CXmlDocument document(ctx);
-    if (detail::KeepsReadingOfBytes(*this) && PlainJsonReader::Fill(document, json, ctx)) {
+    if (FillPlain(document, *this, json, ctx)) {
         IgnoredNamespaces const ignored(ctx);
         try {
             ReadDocument(document, ctx);

@@ -22,9 +22,6 @@ constexpr std::string_view kNilAttributes[][2] = {{"xmlns:nil\"", kSchemaInstanc
 } // namespace
 
 bool PlainJsonReader::Fill(CXmlDocument& document, std::string_view json, CSerializationContext const& ctx) {
-#ifdef ZVXMLLIB_NO_PLAIN_READER
-    return false;
-#endif
     // A listener hears the events of the parser. Strict nodes have places in the XML while they are read.
     if (!IsLocalTextUtf8() || IsASCIIOnly() || ctx.GetSchemaType() == SchemaType_NoNamespaces ||
         IsDebugTraceEnabled() || (ctx.GetStrict() && ctx.GetKeepPositions()))
