@@ -2,6 +2,7 @@
 #include "order.h"
 
 #include <cstdio>
+#include <fstream>
 #include <iostream>
 #include <string>
 #include <thread>
@@ -157,6 +158,38 @@ void FastInfoset(std::string const& file) {
     std::cout << copy->GetCustomer() << '\n';
 }
 
+void WriteMany(char const* file, int orders) {
+    std::ofstream out(file);
+    out << "<orders xmlns='urn:example:order'>\n";
+    for (int number = 1; number <= orders; ++number)
+        out << "<order number='" << number << "'><customer>Green</customer><item sku='tea'><name>Tea</name>"
+            << "<quantity>" << 1 + number % 3 << "</quantity><price>4.20</price></item></order>\n";
+    out << "</orders>\n";
+}
+
+CDecimal s_sum;
+
+// Makes a typed object of each order, and takes the order out of the tree.
+bool AddOrder(CXmlElement* element) {
+    if (element->GetLocalName() != "order")
+        return false;
+    CSmartPtr<shop::COrder> const order = shop::NewOrder();
+    order->FromXmlElement(element, element->GetDocument()->GetContext());
+    s_sum += Total(*order);
+    return true;
+}
+
+void ManyOrders() {
+    Heading("many orders");
+    WriteMany("orders.xml", 1000);
+    CSerializationContext ctx;
+    ctx.SetStrict(true);
+    CXmlDocument document(AddOrder, ctx);
+    document.Load("orders.xml");
+    std::remove("orders.xml");
+    std::cout << "all orders together: " << s_sum.ToString(2) << '\n';
+}
+
 void Threads(std::string const& file) {
     Heading("threads");
     CSerializationContext settings; // what all threads begin with
@@ -192,6 +225,7 @@ int main(int argc, char** argv) {
         AllFailures(argv[2]);
         Json(argv[1]);
         FastInfoset(argv[1]);
+        ManyOrders();
         Threads(argv[1]);
         return 0;
     } catch (CZvException const& failure) {
