@@ -37,6 +37,7 @@ bool PlainJsonReader::Fill(CXmlDocument& document, std::string_view json, CSeria
     return false;
 }
 
+// Strict trees need no places of texts: none stands ahead of a child.
 PlainJsonReader::PlainJsonReader(CXmlDocument& document, std::string_view json,
                                  CSerializationContext const& ctx)
     : m_tree(*document.m_tree), m_begin(json.data()), m_tokens(json.data() + json.size(), ctx.GetStrict()),
@@ -49,8 +50,6 @@ PlainJsonReader::PlainJsonReader(CXmlDocument& document, std::string_view json,
       m_lineStart(m_begin) {
     if (ctx.GetKeepPositions())
         m_tree.KeepPositions(*this);
-    if (m_isStrict)
-        m_tree.KeepTextPlaces();
 }
 
 bool PlainJsonReader::Read() {
