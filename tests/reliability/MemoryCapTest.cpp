@@ -4,7 +4,9 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlDocument.h"
 #include "zvxmllib/streams/DecompressionLimit.h"
+#include "zvxmllib/streams/TextStream.h"
 #include "zvxmllib/streams/ZvZip.h"
+#include "zvxmllib/values/binary/BinaryData.h"
 
 #include <gtest/gtest.h>
 
@@ -57,6 +59,32 @@ void Load(std::string const& xml) {
                            static_cast<std::uint32_t>(xml.size()));
 }
 
+// How many bytes of memory a process needs at most for `action` beyond what it has.
+std::size_t PeakOf(std::function<void()> const& action) {
+    auto const peak = [] {
+        rusage usage{};
+        ::getrusage(RUSAGE_SELF, &usage);
+        return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
+    };
+    int ends[2];
+    std::size_t bytes = ~std::size_t{0};
+    if (::pipe(ends) != 0)
+        return bytes;
+    pid_t const child = ::fork();
+    if (child == 0) {
+        std::size_t const before = peak();
+        action();
+        bytes = peak() - before;
+        std::_Exit(::write(ends[1], &bytes, sizeof bytes) == sizeof bytes ? 0 : 1);
+    }
+    ::close(ends[1]);
+    if (::read(ends[0], &bytes, sizeof bytes) != sizeof bytes)
+        bytes = ~std::size_t{0};
+    ::close(ends[0]);
+    ::waitpid(child, nullptr, 0);
+    return bytes;
+}
+
 std::string Repeated(std::string const& text, int times) {
     std::string result;
     for (int i = 0; i < times; ++i)
@@ -89,6 +117,20 @@ TEST(MemoryCap, OfNamesInALongNamespace) {
         element->FromXml(equal.c_str());
         CSmartPtr<CElement> const clone = element->Clone();
     })) << equal.size();
+}
+
+// The blocks of a sink are freed as they are joined; they do not stand beside the whole result.
+TEST(MemoryCap, OfATextThatIsMovedOut) {
+    auto const write = [](auto take) {
+        CTextStream sink(XmlEncoding_UTF8);
+        std::string const line(1000, 'x');
+        while (sink.GetLength() < 64 * kMiB)
+            sink.Append(line);
+        take(sink);
+    };
+    EXPECT_LT(PeakOf([&] { write([](CTextStream& sink) { sink.GetEncodedData(); }); }), 80 * kMiB);
+    EXPECT_LT(PeakOf([&] { write([](CTextStream& sink) { sink.TakeText(); }); }), 80 * kMiB);
+    EXPECT_LT(PeakOf([&] { write([](CTextStream& sink) { sink.GetText(); }); }), 80 * kMiB);
 }
 
 TEST(MemoryCap, OfDecompressionUpToTheLimit) {

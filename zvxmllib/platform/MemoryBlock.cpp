@@ -31,20 +31,6 @@ void ReturnedBlockDeleter::operator()(char* data) const noexcept {
         std::free(data);
 }
 
-ReturnedBlock AllocateReturnedBlock(std::size_t size) {
-    if (size < kReturnedSize) {
-        char* const data = static_cast<char*>(std::malloc(size));
-        if (data == nullptr)
-            throw std::bad_alloc();
-        return ReturnedBlock(data);
-    }
-    void* const data =
-        ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE, -1, 0);
-    if (data == MAP_FAILED)
-        throw std::bad_alloc();
-    return ReturnedBlock(static_cast<char*>(data), {size});
-}
-
 void PreferLargePages(void* data, std::size_t size) noexcept {
 #ifdef MADV_HUGEPAGE
     char* const begin = static_cast<char*>(data);
@@ -52,6 +38,27 @@ void PreferLargePages(void* data, std::size_t size) noexcept {
     if (before < size && size - before >= kLargePage)
         ::madvise(begin + before, (size - before) / kLargePage * kLargePage, MADV_HUGEPAGE);
 #endif
+}
+
+ReturnedBlock AllocateReturnedBlock(std::size_t size) {
+    if (size < kReturnedSize) {
+        char* const data = static_cast<char*>(std::malloc(size));
+        if (data == nullptr)
+            throw std::bad_alloc();
+        return ReturnedBlock(data);
+    }
+    int flags = MAP_PRIVATE | MAP_ANONYMOUS;
+#ifdef MAP_POPULATE
+    // All pages at once for a block that is full soon; a larger one takes them as it is written to.
+    if (size == kReturnedSize)
+        flags |= MAP_POPULATE;
+#endif
+    void* const data = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, flags, -1, 0);
+    if (data == MAP_FAILED)
+        throw std::bad_alloc();
+    if (size > kReturnedSize)
+        PreferLargePages(data, size);
+    return ReturnedBlock(static_cast<char*>(data), {size});
 }
 
 } // namespace ZvXmlLib16::platform

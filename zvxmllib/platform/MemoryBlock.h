@@ -27,7 +27,8 @@ using ReturnedBlock = std::unique_ptr<char[], ReturnedBlockDeleter>;
 // From this size on, a block that is freed goes back to the system at once; the allocator might keep it.
 inline constexpr std::size_t kReturnedSize = std::size_t{1024} * 1024;
 
-// The same, without large pages.
+// Not initialised, aligned for every type. Throws std::bad_alloc. A larger block than kReturnedSize takes
+// memory as it is written to.
 ReturnedBlock AllocateReturnedBlock(std::size_t size);
 
 // Large pages for what lies in whole ones of this memory, of which nothing has been written yet.
