@@ -153,6 +153,31 @@ TEST(GeneratedClasses, ReadJsonOfOtherPrograms) {
         R"(<namespace>n</namespace></shop>)");
 }
 
+TEST(GeneratedClasses, TellWhereAValueOfJsonIsWrong) {
+    for (bool const isStrict : {false, true}) {
+        for (char const* const behind : {"", "\n"}) {
+            CSerializationContext ctx;
+            ctx.SetStrict(isStrict);
+            ctx.SetKeepPositions(true);
+            ctx.GetJsonContext().SetSupportRoundtrip(JsonRoundTrip_NoNamespaces);
+            std::string const json =
+                std::string(
+                    " {\"shop\": {\n\"namespace\": \"n\",\n \"shirt\": [{\"@id\": \"i\", \"size\": \"huge\", "
+                    "\"name\": \"x\", \"price\": 1.50}]}}") +
+                behind;
+            try {
+                shop::ReadShopJson(json, ctx);
+                ADD_FAILURE() << json;
+            } catch (CZvException const& failure) {
+                EXPECT_THAT(failure.GetFullMessage(), HasSubstr("[huge]"));
+                EXPECT_EQ(std::to_string(failure.GetLine()) + ':' + std::to_string(failure.GetColumn()),
+                          "3:33")
+                    << json;
+            }
+        }
+    }
+}
+
 TEST(GeneratedClasses, KeepTextsAndChildrenOfMixedContentInOrder) {
     std::string const start = R"(<note xmlns="urn:shop">)";
     std::string const xml = start + "a <b>bold</b> and <i>slanted</i> word</note>";

@@ -78,6 +78,11 @@ std::string InputName(std::string const& file) {
     return file == kStandardStream ? "standard input" : file;
 }
 
+bool CanReadAgain(std::string const& file) {
+    std::error_code unknown;
+    return file != kStandardStream && std::filesystem::is_regular_file(file, unknown);
+}
+
 CBinaryData ReadBytes(std::string const& file) {
     if (file == kStandardStream)
         return ReadAll(stdin, InputName(file));
@@ -107,12 +112,10 @@ InputDocument ReadDocument(std::string const& file, CBinaryData const& bytes,
     InputDocument input{MakeDocument(file, bytes.GetLength(), ctx, progress)};
     try {
         input.isFromJson = IsJson(bytes, ctx);
-        if (input.isFromJson) {
-            CBinaryData const xml = CXmlDocument(ctx).LoadJsonStream(bytes.GetData(), bytes.GetLength());
-            input.document->LoadXmlStream(xml.GetData(), xml.GetLength());
-        } else {
+        if (input.isFromJson)
+            input.document->ReadJsonStream(bytes.GetData(), bytes.GetLength());
+        else
             input.document->LoadXmlStream(bytes.GetData(), bytes.GetLength());
-        }
     } catch (CZvException const& e) {
         throw FileError(InputName(file), e.GetFullMessage(), {e.GetLine(), e.GetColumn()});
     }

@@ -16,6 +16,9 @@ inline constexpr char const* kStandardStream = "-";
 // How messages name an input.
 std::string InputName(std::string const& file);
 
+// Whether a file gives its bytes more than once.
+bool CanReadAgain(std::string const& file);
+
 // All bytes of a file or of standard input. Throws FileError.
 ZvXmlLib16::CBinaryData ReadBytes(std::string const& file);
 

@@ -70,18 +70,24 @@ void ConvertUntyped(Operands const& operands, ConvertOptions const& options, Pro
 void ConvertTyped(Operands const& operands, ConvertOptions const& options, Progress& progress) {
     CSerializationContext ctx = MakeContext(options);
     ctx.SetStrict(true);
+    ctx.SetKeepPositions(!CanReadAgain(operands.input));
     TypedConversion const conversion(options.schema);
-    InputDocument input = ReadDocument(operands.input, ctx, progress);
     CSmartPtr<CXmlObjectBase> object;
-    try {
-        progress.StartStep("validating");
-        object = conversion.Read(*input.document->GetDocumentElement(), input.isFromJson, ctx);
-        UsePrefixesOf(*input.document, ctx);
-        options.format->requireWritable(ctx);
-    } catch (CZvException const& e) {
-        throw FileError(InputName(operands.input), e.GetFullMessage());
+    while (object == nullptr) {
+        InputDocument const input = ReadDocument(operands.input, ctx, progress);
+        try {
+            progress.StartStep("validating");
+            object = conversion.Read(*input.document->GetDocumentElement(), input.isFromJson, ctx);
+            UsePrefixesOf(*input.document, ctx);
+            options.format->requireWritable(ctx);
+        } catch (CZvException const& e) {
+            // Places take memory for each element: what fails is read once more with them.
+            if (ctx.GetKeepPositions())
+                throw FileError(InputName(operands.input), e.GetFullMessage(), {e.GetLine(), e.GetColumn()});
+            ctx.SetKeepPositions(true);
+            object = nullptr;
+        }
     }
-    input.document.reset();
     progress.StartStep("writing");
     Write(operands.output, *object, options, ctx);
 }

@@ -11,10 +11,8 @@
 #include "zvxmllib/grammar/Validator.h"
 
 #include <cstdio>
-#include <filesystem>
 #include <limits>
 #include <string>
-#include <system_error>
 #include <vector>
 
 using namespace ZvXmlLib16;
@@ -57,12 +55,6 @@ std::string TextOf(std::string const& path, std::string message) {
     return path.empty() ? message : path + ": " + message;
 }
 
-// Whether a file gives its bytes more than once.
-bool CanReadAgain(std::string const& file) {
-    std::error_code unknown;
-    return file != kStandardStream && std::filesystem::is_regular_file(file, unknown);
-}
-
 // Whether the document is valid. Places take memory for each element, so a document whose first failure is
 // enough is read without them, and once more with them if it has one.
 bool ValidateFile(std::string const& file, grammar::Grammar const& grammar, ValidateOptions const& options,
@@ -73,10 +65,8 @@ bool ValidateFile(std::string const& file, grammar::Grammar const& grammar, Vali
     if (options.tellsAll)
         ctx.SetFailureLimit(std::numeric_limits<std::size_t>::max());
     std::string const name = InputName(file);
-    bool hasPositions = keepsPositions;
     try {
         InputDocument const input = ReadDocument(file, ctx, progress);
-        hasPositions = keepsPositions && !input.isFromJson; // those of JSON are of the XML in between
         grammar::Validator validator(grammar, ctx);
         validator.ValidateDocument(*input.document->GetDocumentElement(), options.isLax);
         std::printf("%s: valid\n", name.c_str());
@@ -88,8 +78,7 @@ bool ValidateFile(std::string const& file, grammar::Grammar const& grammar, Vali
             return ValidateFile(file, grammar, options, progress, true);
         auto const print = [&](std::string const& path, std::uint64_t line, std::uint64_t column,
                                std::string const& message) {
-            Place const place = hasPositions ? Place{line, column} : Place{};
-            TellVerdict(PlaceText(name, place) + TextOf(path, message));
+            TellVerdict(PlaceText(name, Place{line, column}) + TextOf(path, message));
         };
         if (ctx.GetFailures().empty())
             print(e.GetPath(), e.GetLine(), e.GetColumn(), e.GetFullMessage());

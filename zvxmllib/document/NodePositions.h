@@ -41,6 +41,16 @@ public:
     // In place of the source's, for the attribute of this index.
     void SetAttribute(CXmlElement const* element, std::size_t index, detail::NodePosition const& position);
 
+    // Puts what `move` makes of each position in its place.
+    template <class Move>
+    void MoveAll(Move move) {
+        for (auto& [element, node] : m_nodes) {
+            node.position = move(node.position);
+            for (detail::NodePosition& attribute : node.attributes)
+                attribute = move(attribute);
+        }
+    }
+
     detail::NodePosition Find(CXmlElement const& element) const;
     detail::NodePosition Find(CXmlElement const& element, std::size_t attribute) const;
 

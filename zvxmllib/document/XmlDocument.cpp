@@ -69,6 +69,7 @@ CXmlDocument::~CXmlDocument() {
 
 void CXmlDocument::Cleanup() {
     m_tree.reset();
+    m_json = std::string();
     m_namespaces.clear();
 }
 

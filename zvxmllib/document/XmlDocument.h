@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace ZvXmlLib16::detail {
 class ChunkedFile;
@@ -62,6 +63,11 @@ public:
     CBinaryData LoadJson(wchar_t const* text);
     CBinaryData LoadJson(char16_t const* text);
     CBinaryData LoadJsonStream(unsigned char const* data, std::uint32_t length);
+    // Loads the document that LoadJson gives, mostly without making it. Positions of nodes are those of their
+    // values in the JSON.
+    void ReadJson(char const* text);
+    // Of LoadJsonStream.
+    void ReadJsonStream(unsigned char const* data, std::uint32_t length);
     // True if the bytes, in gzip or zlib form or not, begin as a JSON text with an object, an array, a string
     // or a comment, which no XML document does.
     static bool IsJson(unsigned char const* data, std::uint32_t length);
@@ -102,6 +108,8 @@ private:
     // False, with nothing done, for input in another form. Defined by the format.
     bool ParseFastInfoset(unsigned char const* data, std::size_t length);
     void ParseText(unsigned char const* data, std::size_t length);
+    // Local text; UTF-8 in a strict context.
+    void ParseJson(std::string_view json);
     // Promises that the bytes of the next load outlive the tree, so that texts may stay in them.
     void BorrowInput() noexcept { m_borrowsInput = true; }
     void MakeTree();
@@ -114,6 +122,7 @@ private:
     ElementCallback m_pfnElementCallback;
     CSerializationContext const* m_pContext;
     bool m_borrowsInput = false;
+    std::string m_json; // which the tree borrows, if it was made of it
 };
 
 } // namespace ZvXmlLib16

@@ -22,10 +22,8 @@ CSmartPtr<CTypedObject> ReadRoot(BoundSchema const& schema, std::uint32_t elemen
     return schema.Read(*document.GetDocumentElement(), ctx, element, order);
 }
 
-CSmartPtr<CTypedObject> ReadJson(BoundSchema const& schema, std::uint32_t element, CBinaryData const& xml,
-                                 CSerializationContext const& ctx) {
-    CXmlDocument document(ctx);
-    document.LoadXmlStream(xml.GetData(), xml.GetLength());
+CSmartPtr<CTypedObject> ReadJsonRoot(BoundSchema const& schema, std::uint32_t element,
+                                     CXmlDocument const& document, CSerializationContext const& ctx) {
     bool const hasNamespaces = ctx.GetJsonContext().GetSupportRoundtrip() == JsonRoundTrip_Full;
     return ReadRoot(schema, element, document, ctx,
                     hasNamespaces ? InputOrder::kAny : InputOrder::kAnyWithoutNamespaces);
@@ -69,8 +67,10 @@ CSmartPtr<CTypedObject> ReadBytes(BoundSchema const& schema, std::uint32_t eleme
         throw CZvException("A document must be smaller than 4 GiB.");
     auto const size = static_cast<std::uint32_t>(length);
     CXmlDocument document(ctx);
-    if (CXmlDocument::IsJson(bytes, size))
-        return ReadJson(schema, element, document.LoadJsonStream(bytes, size), ctx);
+    if (CXmlDocument::IsJson(bytes, size)) {
+        document.ReadJsonStream(bytes, size);
+        return ReadJsonRoot(schema, element, document, ctx);
+    }
     document.LoadXmlStream(bytes, size);
     return ReadRoot(schema, element, document, ctx, InputOrder::kAsWritten);
 }
@@ -84,7 +84,9 @@ CSmartPtr<CTypedObject> ReadXmlText(BoundSchema const& schema, std::uint32_t ele
 
 CSmartPtr<CTypedObject> ReadJsonText(BoundSchema const& schema, std::uint32_t element,
                                      std::string const& text, CSerializationContext const& ctx) {
-    return ReadJson(schema, element, CXmlDocument(ctx).LoadJson(text.c_str()), ctx);
+    CXmlDocument document(ctx);
+    document.ReadJson(text.c_str());
+    return ReadJsonRoot(schema, element, document, ctx);
 }
 
 void WriteFile(CTypedObject const& object, std::uint32_t element, std::string const& file,

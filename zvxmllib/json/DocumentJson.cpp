@@ -1,8 +1,12 @@
-// JSON text to the bytes of an XML document, for CXmlDocument.
+// JSON text to the bytes of an XML document and to its tree, for CXmlDocument.
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlDocument.h"
+#include "zvxmllib/document/XmlTree.h"
+#include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/json/JsonInput.h"
 #include "zvxmllib/json/JsonTextReader.h"
+#include "zvxmllib/json/PlainJsonReader.h"
+#include "zvxmllib/json/StrictJsonReading.h"
 
 namespace ZvXmlLib16 {
 
@@ -34,6 +38,41 @@ CBinaryData CXmlDocument::LoadJsonStream(unsigned char const* data, std::uint32_
     Cleanup();
     return CJsonTextReader::ConvertToXml(JsonInput::OfBytes(data, length, m_pContext->GetStrict()).GetText(),
                                          *m_pContext);
+}
+
+void CXmlDocument::ReadJson(char const* text) {
+    Cleanup();
+    ParseJson(JsonInput::OfText(text, m_pContext->GetStrict()).GetText());
+}
+
+void CXmlDocument::ReadJsonStream(unsigned char const* data, std::uint32_t length) {
+    Cleanup();
+    ParseJson(JsonInput::OfBytes(data, length, m_pContext->GetStrict()).GetText());
+}
+
+void CXmlDocument::ParseJson(std::string_view json) {
+    bool const isStrict = m_pContext->GetStrict();
+#ifndef ZVXMLLIB_NO_PLAIN_READER
+    if (m_pfnElementCallback == nullptr) {
+        m_json = json; // for the tree to borrow
+        if (PlainJsonReader::Fill(*this, m_json, *m_pContext))
+            return;
+        m_json.clear();
+    }
+#endif
+    detail::JsonPlaces places; // none where nothing is strict
+    CBinaryData const xml = isStrict ? ConvertStrictJson(json, *m_pContext, places)
+                                     : CJsonTextReader::ConvertToXml(json, *m_pContext);
+    auto const toJson = [&places](detail::NodePosition const& inXml) { return places.Find(inXml.column); };
+    try {
+        LoadXmlStream(xml.GetData(), xml.GetLength());
+    } catch (CZvException& failure) {
+        detail::NodePosition const place = toJson({failure.GetLine(), failure.GetColumn()});
+        failure.SetPosition(place.line, place.column);
+        throw;
+    }
+    if (NodePositions* const positions = m_tree->GetPositions())
+        positions->MoveAll(toJson);
 }
 
 bool CXmlDocument::IsJson(unsigned char const* data, std::uint32_t length) {
