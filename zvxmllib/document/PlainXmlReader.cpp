@@ -54,14 +54,8 @@ bool PlainXmlReader::Fill(CXmlDocument& document, std::string_view xml, bool bor
     if (!IsFor(document, xml))
         return false;
     document.MakeTree();
-    if (PlainXmlReader(document, xml, borrows).Read()) {
-        document.m_tree->SettleCounts();
-        return true;
-    }
-    document.m_tree->ForgetCounts();
-    document.m_tree.reset();
-    document.m_namespaces.clear();
-    return false;
+    bool const isRead = PlainXmlReader(document, xml, borrows).Read();
+    return document.EndPlainReading(isRead);
 }
 
 PlainXmlReader::PlainXmlReader(CXmlDocument& document, std::string_view xml, bool borrows)

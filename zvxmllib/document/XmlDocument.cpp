@@ -168,6 +168,17 @@ void CXmlDocument::MakeTree() {
     m_tree = std::make_unique<detail::XmlTree>(*this, m_pfnElementCallback != nullptr);
 }
 
+bool CXmlDocument::EndPlainReading(bool isRead) noexcept {
+    if (isRead) {
+        m_tree->SettleCounts();
+    } else {
+        m_tree->ForgetCounts();
+        m_tree.reset();
+        m_namespaces.clear();
+    }
+    return isRead;
+}
+
 // The element arrives complete, as the last child of its parent; the callback decides whether to remove it.
 void CXmlDocument::EndElement() {
     CXmlElement* const element = m_tree->EndElement();

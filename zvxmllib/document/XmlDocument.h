@@ -63,8 +63,9 @@ public:
     CBinaryData LoadJson(wchar_t const* text);
     CBinaryData LoadJson(char16_t const* text);
     CBinaryData LoadJsonStream(unsigned char const* data, std::uint32_t length);
-    // Loads the document that LoadJson gives, mostly without making it. Positions of nodes are those of their
-    // values in the JSON.
+    // Loads the document that LoadJson gives, mostly without making it. Nodes have the positions of their
+    // values in the JSON, or none where a usual context needs the XML text in between. Throws like LoadJson
+    // and LoadXml.
     void ReadJson(char const* text);
     // Of LoadJsonStream.
     void ReadJsonStream(unsigned char const* data, std::uint32_t length);
@@ -113,6 +114,9 @@ private:
     // Promises that the bytes of the next load outlive the tree, so that texts may stay in them.
     void BorrowInput() noexcept { m_borrowsInput = true; }
     void MakeTree();
+    // After a reader of plain text: the tree that it has filled, or none, as if there had not been one.
+    // Returns `isRead`.
+    bool EndPlainReading(bool isRead) noexcept;
     void EndElement();
 
     std::unique_ptr<detail::XmlTree> m_tree;

@@ -57,7 +57,7 @@ void CXmlDocument::ParseJson(std::string_view json) {
         m_json = json; // for the tree to borrow
         if (PlainJsonReader::Fill(*this, m_json, *m_pContext))
             return;
-        m_json.clear();
+        m_json = std::string();
     }
 #endif
     detail::JsonPlaces places; // none where nothing is strict

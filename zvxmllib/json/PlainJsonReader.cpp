@@ -27,14 +27,8 @@ bool PlainJsonReader::Fill(CXmlDocument& document, std::string_view json, CSeria
         IsDebugTraceEnabled() || (ctx.GetStrict() && ctx.GetKeepPositions()))
         return false;
     document.MakeTree();
-    if (PlainJsonReader(document, json, ctx).Read()) {
-        document.m_tree->SettleCounts();
-        return true;
-    }
-    document.m_tree->ForgetCounts();
-    document.m_tree.reset();
-    document.m_namespaces.clear();
-    return false;
+    bool const isRead = PlainJsonReader(document, json, ctx).Read();
+    return document.EndPlainReading(isRead);
 }
 
 // Strict trees need no places of texts: none stands ahead of a child.
