@@ -28,7 +28,9 @@ count() {
 
 status=0
 counts=""
-for row in "read bench_typed_ratios read" "write bench_typed_ratios write" "json bench_json_writing write" \
+for row in "read bench_typed_ratios read" "write bench_typed_ratios write" \
+    "read-members bench_typed_ratios read-members" "write-members bench_typed_ratios write-members" \
+    "json bench_json_writing write" \
     "json-read bench_json_reading read" "fi-write bench_fi_writing write" "fi-read bench_fi_reading read"; do
     read -r what program argument <<<"$row"
     now=$(count "$program" "$argument")

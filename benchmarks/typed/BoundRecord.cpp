@@ -10,6 +10,8 @@ namespace bench {
 
 namespace {
 
+bool s_areMembers = false;
+
 enum Field {
     Field_id,
     Field_name,
@@ -27,8 +29,14 @@ enum Field {
 
 CPrimitiveRestrictions const kNoFacets;
 
-CElementInfo* Prim(char const* name, Field field, ItemType type) {
-    return new CElementInfoSeqPrimMnd(name, kRecordNamespace, field, false, type, nullptr,
+// By the number, or as a member.
+template <class Member>
+CProperty Place(Field field, Member Record::*member) {
+    return s_areMembers ? CProperty(CRecord::PlaceOfFields(), member) : CProperty(field);
+}
+
+CElementInfo* Prim(char const* name, CProperty const& property, ItemType type) {
+    return new CElementInfoSeqPrimMnd(name, kRecordNamespace, property, false, type, nullptr,
                                       type == ItemType_string ? CWhitespaceUtils::WhitespaceRule_Preserve
                                                               : CWhitespaceUtils::WhitespaceRule_Collapse,
                                       kNoFacets, nullptr);
@@ -40,26 +48,39 @@ struct Tables {
     CAttributeInfo** attributes;
 };
 
+Tables MakeRecordTables() {
+    return {{XmlElementGroupType_Sequence, XmlElementType_Element, "record", kRecordNamespace, true, false,
+             -1, ItemType_invalid, nullptr, false},
+            new CElementInfo* [12] {
+                Prim("name", Place(Field_name, &Record::name), ItemType_string),
+                    Prim("city", Place(Field_city, &Record::city), ItemType_string),
+                    Prim("mail", Place(Field_mail, &Record::mail), ItemType_string),
+                    Prim("quantity", Place(Field_quantity, &Record::quantity), ItemType_i4),
+                    Prim("stock", Place(Field_stock, &Record::stock), ItemType_i8),
+                    Prim("price", Place(Field_price, &Record::price), ItemType_r8),
+                    Prim("weight", Place(Field_weight, &Record::weight), ItemType_r8),
+                    Prim("active", Place(Field_active, &Record::active), ItemType_boolean),
+                    Prim("rating", Place(Field_rating, &Record::rating), ItemType_ui1),
+                    new CElementInfoSeqEnumMnd("category", kRecordNamespace,
+                                               Place(Field_category, &Record::category), false,
+                                               CategoryToText, TextToCategory, nullptr),
+                    Prim("note", Place(Field_note, &Record::note), ItemType_string), nullptr
+            },
+            new CAttributeInfo* [2] {
+                new CAttributeInfoPrimitive("id", "", Place(Field_id, &Record::id), false, ItemType_i4,
+                                            nullptr, CWhitespaceUtils::WhitespaceRule_Collapse, kNoFacets,
+                                            nullptr),
+                    nullptr
+            }};
+}
+
 Tables& RecordTables() {
-    static Tables tables{
-        {XmlElementGroupType_Sequence, XmlElementType_Element, "record", kRecordNamespace, true, false, -1,
-         ItemType_invalid, nullptr, false},
-        new CElementInfo* [12] {
-            Prim("name", Field_name, ItemType_string), Prim("city", Field_city, ItemType_string),
-                Prim("mail", Field_mail, ItemType_string), Prim("quantity", Field_quantity, ItemType_i4),
-                Prim("stock", Field_stock, ItemType_i8), Prim("price", Field_price, ItemType_r8),
-                Prim("weight", Field_weight, ItemType_r8), Prim("active", Field_active, ItemType_boolean),
-                Prim("rating", Field_rating, ItemType_ui1),
-                new CElementInfoSeqEnumMnd("category", kRecordNamespace, Field_category, false,
-                                           CategoryToText, TextToCategory, nullptr),
-                Prim("note", Field_note, ItemType_string), nullptr
-        },
-        new CAttributeInfo* [2] {
-            new CAttributeInfoPrimitive("id", "", Field_id, false, ItemType_i4, nullptr,
-                                        CWhitespaceUtils::WhitespaceRule_Collapse, kNoFacets, nullptr),
-                nullptr
-        }};
-    return tables;
+    if (s_areMembers) {
+        static Tables ofMembers = MakeRecordTables();
+        return ofMembers;
+    }
+    static Tables ofNumbers = MakeRecordTables();
+    return ofNumbers;
 }
 
 Tables& RecordsTables() {
@@ -74,6 +95,10 @@ Tables& RecordsTables() {
 }
 
 } // namespace
+
+void BindMembers(bool areMembers) {
+    s_areMembers = areMembers;
+}
 
 CRecord::CRecord() {
     SetElementName("record");

@@ -39,11 +39,15 @@ std::string MakeRecords(std::size_t bytes);
 std::vector<Record> ReadByHand(std::string const& xml);
 std::string WriteByHand(std::vector<Record> const& records);
 
+// Whether the tables of CRecord name members, or numbers, which they do at first.
+void BindMembers(bool areMembers);
+
 class CRecord : public ZvXmlLib16::CXmlGeneratedClass {
 public:
     CRecord();
 
     Record const& GetFields() const { return m_fields; }
+    static Record CRecord::*PlaceOfFields() { return &CRecord::m_fields; }
 
     using CXmlObjectBase::GetBase;
     ZvXmlLib16::CXmlObjectBase* GetBase() override { return this; }

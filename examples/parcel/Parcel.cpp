@@ -117,8 +117,8 @@ CParentElementInfo* NewInfo(XmlElementGroupType group, XmlElementType type, char
                                   ItemType_invalid, nullptr, false);
 }
 
-CElementInfo* MandatoryText(char const* name, int index) {
-    return new CElementInfoSeqPrimMnd(name, kNamespace, index, false, ItemType_string, nullptr, kPreserve,
+CElementInfo* MandatoryText(char const* name, CProperty const& property) {
+    return new CElementInfoSeqPrimMnd(name, kNamespace, property, false, ItemType_string, nullptr, kPreserve,
                                       NoFacets(), nullptr);
 }
 
@@ -206,28 +206,18 @@ void CWeight::Init() {
 
 // CLocker
 
-namespace {
-
-void BuildLocker(CType::Tables& tables) {
+void CLocker::Build(Tables& tables) {
     tables.info = NewInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "locker");
     tables.elements = new CElementInfo* [2] {
-        new CElementInfoSeqPrimMnd("number", kNamespace, 0, false, ItemType_i4, nullptr, kCollapse,
-                                   NoFacets(), nullptr),
+        new CElementInfoSeqPrimMnd("number", kNamespace, &CLocker::m_number, false, ItemType_i4, nullptr,
+                                   kCollapse, NoFacets(), nullptr),
             nullptr
     };
     tables.attributes = new CAttributeInfo* [1] { nullptr };
 }
 
-} // namespace
-
-CLocker::CLocker(char const* elementName) : CType(s_locker, BuildLocker, elementName) {}
+CLocker::CLocker(char const* elementName) : CType(s_locker, Build, elementName) {}
 CLocker::~CLocker() = default;
-
-void CLocker::AccessProperty(int index, bool read, ZvVariant& value) {
-    if (index != 0)
-        FailUnknownProperty(index);
-    return read ? value.SetI4(m_number) : SetNumber(value.GetI4());
-}
 
 // CReceiver
 
@@ -305,32 +295,17 @@ void CReceiver::Init() {
 
 // CLeg
 
-namespace {
-
-enum LegProperty { Leg_from, Leg_to };
-
-void BuildLeg(CType::Tables& tables) {
+// The tables name members: a leg has no value that a setter would refuse.
+void CLeg::Build(Tables& tables) {
     tables.info = NewInfo(XmlElementGroupType_Sequence, XmlElementType_Pseudo, "leg");
-    tables.elements =
-        new CElementInfo* [3] { MandatoryText("from", Leg_from), MandatoryText("to", Leg_to), nullptr };
+    tables.elements = new CElementInfo* [3] {
+        MandatoryText("from", &CLeg::m_from), MandatoryText("to", &CLeg::m_to), nullptr
+    };
     tables.attributes = new CAttributeInfo* [1] { nullptr };
 }
 
-} // namespace
-
-CLeg::CLeg() : CType(s_leg, BuildLeg, "leg") {}
+CLeg::CLeg() : CType(s_leg, Build, "leg") {}
 CLeg::~CLeg() = default;
-
-void CLeg::AccessProperty(int index, bool read, ZvVariant& value) {
-    switch (index) {
-    case Leg_from:
-        return read ? value.SetString(m_from) : SetFrom(value.TakeString());
-    case Leg_to:
-        return read ? value.SetString(m_to) : SetTo(value.TakeString());
-    default:
-        FailUnknownProperty(index);
-    }
-}
 
 void CLeg::Init() {
     m_from.clear();

@@ -80,13 +80,14 @@ public:
     std::int32_t GetNumber() const { return m_number; }
     void SetNumber(std::int32_t number) { m_number = number; }
 
-    void AccessProperty(int index, bool read, ZvXmlLib16::ZvVariant& value) override;
     void Init() override { m_number = 0; }
 
 protected:
     ~CLocker() override;
 
 private:
+    static void Build(Tables& tables);
+
     std::int32_t m_number = 0;
 };
 
@@ -128,13 +129,14 @@ public:
     std::string const& GetTo() const { return m_to; }
     void SetTo(std::string const& to) { m_to = to; }
 
-    void AccessProperty(int index, bool read, ZvXmlLib16::ZvVariant& value) override;
     void Init() override;
 
 protected:
     ~CLeg() override;
 
 private:
+    static void Build(Tables& tables);
+
     std::string m_from;
     std::string m_to;
 };

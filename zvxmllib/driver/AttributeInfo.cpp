@@ -12,10 +12,10 @@
 
 namespace ZvXmlLib16Data {
 
-CAttributeInfo::CAttributeInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
-                               char const* defaultValue)
+CAttributeInfo::CAttributeInfo(char const* name, char const* ns, CProperty const& property, bool optional,
+                               char const* defaultValue, ZvXmlLib16::ItemType type)
     : m_name(ZvXmlLib16::detail::TextOrEmpty(name)), m_namespace(ZvXmlLib16::detail::TextOrEmpty(ns)),
-      m_propertyIndex(propertyIndex), m_optional(optional),
+      m_property(property, type, false, name), m_optional(optional),
       m_defaultValue(ZvXmlLib16::detail::TextOrEmpty(defaultValue)) {}
 
 CAttributeInfo::~CAttributeInfo() = default;
@@ -32,7 +32,7 @@ bool CAttributeInfo::HasExactName(CXmlAttribute const& attribute) const noexcept
 
 void CAttributeInfo::InvokePropertyGet(CXmlGeneratedClass* object, ZvVariant& value) const {
     try {
-        object->AccessProperty(m_propertyIndex, true, value);
+        m_property.Get(object, value);
     } catch (CZvException const& cause) {
         FailPropertyGet(m_name, cause);
     }
@@ -41,7 +41,7 @@ void CAttributeInfo::InvokePropertyGet(CXmlGeneratedClass* object, ZvVariant& va
 void CAttributeInfo::InvokePropertySet(CXmlGeneratedClass* object, ZvVariant& value,
                                        CXmlAttribute const& attribute) const {
     try {
-        object->AccessProperty(m_propertyIndex, false, value);
+        m_property.Set(object, value);
     } catch (CZvException const& cause) {
         FailAttributePropertySet(attribute.GetValue(), attribute.GetXPath(), cause);
     }

@@ -1,10 +1,11 @@
 // CAttributeInfo, the base of the entries of an attribute table.
 #pragma once
 
+#include "zvxmllib/driver/BoundProperty.h"
+#include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/platform/Api.h"
 
-#include <cstdint>
 #include <string>
 
 namespace ZvXmlLib16Data {
@@ -37,9 +38,9 @@ public:
     virtual void Validate(CSerializationContext const& ctx, bool found) const = 0;
 
 protected:
-    // A null or empty default value means none.
-    CAttributeInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
-                   char const* defaultValue);
+    // A null or empty default value means none. `type` is that of the property, for a member.
+    CAttributeInfo(char const* name, char const* ns, CProperty const& property, bool optional,
+                   char const* defaultValue, ZvXmlLib16::ItemType type = ZvXmlLib16::ItemType_invalid);
 
     // Whether name and namespace are those of the entry: by the rules of the context, or exactly.
     bool IsThisAttribute(CSerializationContext const& ctx, CXmlAttribute* attribute);
@@ -63,11 +64,11 @@ protected:
                                  bool isStrict = false);
     static void TestNamespace(std::string const& ns, std::string const& allowed, std::string const& target);
 
-    std::string const m_name;           // the local name
-    std::string const m_namespace;      // empty for none
-    std::int32_t const m_propertyIndex; // as AccessProperty takes it
-    bool const m_optional;              // it may be absent
-    std::string const m_defaultValue;   // empty for none
+    std::string const m_name;      // the local name
+    std::string const m_namespace; // empty for none
+    detail::BoundProperty const m_property;
+    bool const m_optional;            // it may be absent
+    std::string const m_defaultValue; // empty for none
 };
 
 } // namespace ZvXmlLib16Data

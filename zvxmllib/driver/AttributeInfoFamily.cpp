@@ -28,13 +28,13 @@ CSmartPtr<ZvXmlLib16::CAttributeCol> AttributesOf(ZvVariant const& value) {
 
 } // namespace
 
-CAttributeInfoPrimitive::CAttributeInfoPrimitive(char const* name, char const* ns, std::int32_t propertyIndex,
+CAttributeInfoPrimitive::CAttributeInfoPrimitive(char const* name, char const* ns, CProperty const& property,
                                                  bool optional, ZvXmlLib16::ItemType type,
                                                  char const* formatOverride,
                                                  ZvXmlLib16::CWhitespaceUtils::WhitespaceRule rule,
                                                  ZvXmlLib16::CPrimitiveRestrictions const& restrictions,
                                                  char const* defaultValue)
-    : CAttributeInfo(name, ns, propertyIndex, optional, defaultValue), m_restrictions(restrictions),
+    : CAttributeInfo(name, ns, property, optional, defaultValue, type), m_restrictions(restrictions),
       m_type(type), m_formatOverride(ZvXmlLib16::detail::TextOrEmpty(formatOverride)), m_rule(rule),
       m_needsCheck(ZvXmlLib16::detail::NeedsCheck(type, restrictions)) {}
 
@@ -56,11 +56,18 @@ std::string const& CAttributeInfoPrimitive::ToText(CSerializationContext const& 
 
 void CAttributeInfoPrimitive::AttributeToXml(CSerializationContext const& ctx,
                                              CXmlGeneratedClass const* object, CXmlWriter* writer) const {
+    std::string buffer;
+    if (m_property.IsValue() && !m_needsCheck && !ctx.GetStrict()) {
+        std::string const* const text = m_property.ToText(object, m_formatOverride, buffer);
+        if (text != nullptr ? IsSuppressedDefault(ctx, *text) : m_optional)
+            return;
+        if (text != nullptr)
+            return writer->WriteAttribute(m_name, m_namespace, *text, m_type);
+    }
     ZvVariant value;
     ReadProperty(object, value);
     if (m_optional && !value.IsValid())
         return;
-    std::string buffer;
     std::string const& text = ToText(ctx, value, buffer);
     if (IsSuppressedDefault(ctx, text))
         return;
@@ -78,6 +85,10 @@ bool CAttributeInfoPrimitive::AttributeFromXml(CSerializationContext const& ctx,
     bool const isStrict = ctx.GetStrict();
     if (isStrict ? !IsThisAttribute(ctx, attribute) : !HasExactName(*attribute))
         return false;
+    if (m_property.IsValue() && !isStrict) {
+        m_property.Parse(object, attribute->GetValueView(), m_rule);
+        return true;
+    }
     ZvVariant value;
     if (isStrict)
         AsStrictValue().Read(value, attribute->GetValueView(), *attribute);
@@ -91,11 +102,11 @@ void CAttributeInfoPrimitive::Validate(CSerializationContext const&, bool found)
     ValidatePresence(found);
 }
 
-CAttributeInfoEnum::CAttributeInfoEnum(char const* name, char const* ns, std::int32_t propertyIndex,
+CAttributeInfoEnum::CAttributeInfoEnum(char const* name, char const* ns, CProperty const& property,
                                        bool optional, char const* (*enumToString)(int),
                                        int (*stringToEnum)(char const*), char const* defaultValue)
-    : CAttributeInfo(name, ns, propertyIndex, optional, defaultValue), m_enumToString(enumToString),
-      m_stringToEnum(stringToEnum) {}
+    : CAttributeInfo(name, ns, property, optional, defaultValue, ZvXmlLib16::ItemType_i4),
+      m_enumToString(enumToString), m_stringToEnum(stringToEnum) {}
 
 CAttributeInfoEnum::~CAttributeInfoEnum() = default;
 
@@ -128,10 +139,10 @@ void CAttributeInfoEnum::Validate(CSerializationContext const&, bool found) cons
     ValidatePresence(found);
 }
 
-CAttributeInfoAny::CAttributeInfoAny(char const* name, char const* ns, std::int32_t propertyIndex,
+CAttributeInfoAny::CAttributeInfoAny(char const* name, char const* ns, CProperty const& property,
                                      bool optional, char const* allowedNamespaces,
                                      char const* targetNamespace, char const* defaultValue)
-    : CAttributeInfo(name, ns, propertyIndex, optional, defaultValue),
+    : CAttributeInfo(name, ns, property, optional, defaultValue),
       m_allowedNamespaces(ZvXmlLib16::detail::TextOrEmpty(allowedNamespaces)),
       m_targetNamespace(ZvXmlLib16::detail::TextOrEmpty(targetNamespace)) {}
 

@@ -17,7 +17,7 @@ class ZV_API CAttributeInfoPrimitive : public CAttributeInfo {
 public:
     // `formatOverride` is a printf format for r4 and r8, the number of fraction digits for decimal, null for
     // none. The facets are copied.
-    CAttributeInfoPrimitive(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
+    CAttributeInfoPrimitive(char const* name, char const* ns, CProperty const& property, bool optional,
                             ZvXmlLib16::ItemType type, char const* formatOverride,
                             ZvXmlLib16::CWhitespaceUtils::WhitespaceRule rule,
                             ZvXmlLib16::CPrimitiveRestrictions const& restrictions, char const* defaultValue);
@@ -48,7 +48,7 @@ private:
 class ZV_API CAttributeInfoEnum : public CAttributeInfo {
 public:
     // The two functions are generated: the text of an enumerator, and the enumerator of a text.
-    CAttributeInfoEnum(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
+    CAttributeInfoEnum(char const* name, char const* ns, CProperty const& property, bool optional,
                        char const* (*enumToString)(int), int (*stringToEnum)(char const*),
                        char const* defaultValue);
     ~CAttributeInfoEnum() override;
@@ -68,7 +68,7 @@ private:
 class ZV_API CAttributeInfoAny : public CAttributeInfo {
 public:
     // `allowedNamespaces` is the list of an XML Schema wildcard, as CAttributeCol takes it.
-    CAttributeInfoAny(char const* name, char const* ns, std::int32_t propertyIndex, bool optional,
+    CAttributeInfoAny(char const* name, char const* ns, CProperty const& property, bool optional,
                       char const* allowedNamespaces, char const* targetNamespace, char const* defaultValue);
     ~CAttributeInfoAny() override;
 

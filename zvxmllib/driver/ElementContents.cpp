@@ -28,27 +28,27 @@ void ValueEntry::ReadValue(Ctx const& ctx, Object* object, CXmlElement** current
         ElementFromXmlEnum(ctx, object, current);
 }
 
-PrimitiveEntry::PrimitiveEntry(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
+PrimitiveEntry::PrimitiveEntry(char const* name, char const* ns, CProperty const& property, bool nillable,
                                ItemType type, char const* formatOverride,
                                CWhitespaceUtils::WhitespaceRule rule,
                                CPrimitiveRestrictions const& restrictions, char const* defaultValue)
-    : ValueEntry(name, ns, propertyIndex, nillable, type, formatOverride, rule, restrictions, defaultValue) {
+    : ValueEntry(name, ns, property, nillable, type, formatOverride, rule, restrictions, defaultValue) {
     m_usesClassNamespace = false;
     m_repeatsRefusals = true;
 }
 
-EnumEntry::EnumEntry(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
+EnumEntry::EnumEntry(char const* name, char const* ns, CProperty const& property, bool nillable,
                      EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue)
-    : ValueEntry(name, ns, propertyIndex, nillable, enumToString, stringToEnum, defaultValue) {
+    : ValueEntry(name, ns, property, nillable, enumToString, stringToEnum, defaultValue) {
     m_usesClassNamespace = false;
     m_repeatsRefusals = true;
 }
 
 // ObjectEntry
 
-ObjectEntry::ObjectEntry(char const* name, char const* ns, std::int32_t propertyIndex,
+ObjectEntry::ObjectEntry(char const* name, char const* ns, CProperty const& property,
                          XmlElementType elementType)
-    : CElementInfo(name, ns, propertyIndex), m_elementType(elementType) {
+    : CElementInfo(name, ns, property), m_elementType(elementType) {
     m_usesClassNamespace = false;
     m_repeatsRefusals = true;
 }
@@ -74,9 +74,9 @@ bool ObjectEntry::TakeInto(Ctx const& ctx, Object* object, CXmlObjectBase* child
 
 // ClassEntry
 
-ClassEntry::ClassEntry(char const* name, char const* ns, std::int32_t propertyIndex,
+ClassEntry::ClassEntry(char const* name, char const* ns, CProperty const& property,
                        XmlElementType elementType, ClassFactory factory, int classId)
-    : ObjectEntry(name, ns, propertyIndex, elementType), m_factory(factory), m_classId(classId) {}
+    : ObjectEntry(name, ns, property, elementType), m_factory(factory), m_classId(classId) {}
 
 bool ClassEntry::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
                                 char const*, XmlElementType) {
@@ -106,9 +106,9 @@ bool AbstractClassEntry::ElementToXml(Ctx const& ctx, Object const* object, CXml
     return IsGroup() ? write() : WithTypes(ctx, writer, write);
 }
 
-AbstractClassEntry::AbstractClassEntry(char const* name, char const* ns, std::int32_t propertyIndex,
+AbstractClassEntry::AbstractClassEntry(char const* name, char const* ns, CProperty const& property,
                                        XmlElementType elementType, ElementFactory factory)
-    : ObjectEntry(name, ns, propertyIndex, elementType), m_factory(factory) {}
+    : ObjectEntry(name, ns, property, elementType), m_factory(factory) {}
 
 bool AbstractClassEntry::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement*, CXmlElement** current,
                                         char const*, XmlElementType) {
@@ -129,9 +129,9 @@ CSmartPtr<CXmlObjectBase> AbstractClassEntry::MakeSubstitute(Ctx const& ctx, CXm
 
 // UntypedEntry
 
-UntypedEntry::UntypedEntry(char const* name, char const* ns, std::int32_t propertyIndex,
+UntypedEntry::UntypedEntry(char const* name, char const* ns, CProperty const& property,
                            char const* allowedNamespaces, char const* targetNamespace)
-    : CElementInfo(name, ns, propertyIndex),
+    : CElementInfo(name, ns, property),
       m_allowedNamespaces(allowedNamespaces == nullptr ? "" : allowedNamespaces),
       m_targetNamespace(targetNamespace == nullptr ? "" : targetNamespace) {}
 

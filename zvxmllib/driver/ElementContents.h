@@ -31,14 +31,14 @@ protected:
 
 class ZV_API PrimitiveEntry : public ValueEntry {
 public:
-    PrimitiveEntry(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable, ItemType type,
+    PrimitiveEntry(char const* name, char const* ns, CProperty const& property, bool nillable, ItemType type,
                    char const* formatOverride, CWhitespaceUtils::WhitespaceRule rule,
                    CPrimitiveRestrictions const& restrictions, char const* defaultValue);
 };
 
 class ZV_API EnumEntry : public ValueEntry {
 public:
-    EnumEntry(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
+    EnumEntry(char const* name, char const* ns, CProperty const& property, bool nillable,
               EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue);
 };
 
@@ -50,7 +50,7 @@ public:
     void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
 
 protected:
-    ObjectEntry(char const* name, char const* ns, std::int32_t propertyIndex, XmlElementType elementType);
+    ObjectEntry(char const* name, char const* ns, CProperty const& property, XmlElementType elementType);
 
     bool IsGroup() const noexcept { return m_elementType == ZvXmlLib16::XmlElementType_Pseudo; }
     // Fills the new `child` from the element under the cursor, or from the children from there on. Returns
@@ -65,7 +65,7 @@ private:
 // Its class factory makes a new object for each reading.
 class ZV_API ClassEntry : public ObjectEntry {
 public:
-    ClassEntry(char const* name, char const* ns, std::int32_t propertyIndex, XmlElementType elementType,
+    ClassEntry(char const* name, char const* ns, CProperty const& property, XmlElementType elementType,
                ClassFactory factory, int classId);
 
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
@@ -84,7 +84,7 @@ private:
 // groups.
 class ZV_API AbstractClassEntry : public ObjectEntry {
 public:
-    AbstractClassEntry(char const* name, char const* ns, std::int32_t propertyIndex,
+    AbstractClassEntry(char const* name, char const* ns, CProperty const& property,
                        XmlElementType elementType, ElementFactory factory);
 
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
@@ -106,7 +106,7 @@ private:
 // An untyped element of this name, or a wildcard under the name "AnyElement", with its namespace rule.
 class ZV_API UntypedEntry : public CElementInfo {
 public:
-    UntypedEntry(char const* name, char const* ns, std::int32_t propertyIndex, char const* allowedNamespaces,
+    UntypedEntry(char const* name, char const* ns, CProperty const& property, char const* allowedNamespaces,
                  char const* targetNamespace);
 
     bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
@@ -139,9 +139,9 @@ public:
 template <class Collection>
 class ObjectCollectionEntry : public Collection {
 public:
-    ObjectCollectionEntry(char const* name, char const* ns, std::int32_t propertyIndex,
+    ObjectCollectionEntry(char const* name, char const* ns, CProperty const& property,
                           XmlElementType elementType)
-        : Collection(name, ns, propertyIndex), m_elementType(elementType) {}
+        : Collection(name, ns, property), m_elementType(elementType) {}
 
     void PseudoChildAttributeToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override {
         this->CollectionAttributesToXml(ctx, object, writer, m_elementType);

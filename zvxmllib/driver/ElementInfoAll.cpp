@@ -8,11 +8,10 @@ namespace ZvXmlLib16Data {
 
 // CElementInfoAllClsMnd
 
-CElementInfoAllClsMnd::CElementInfoAllClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
+CElementInfoAllClsMnd::CElementInfoAllClsMnd(char const* name, char const* ns, CProperty const& property,
                                              XmlElementType elementType, ClassFactory factory, int classId,
                                              bool contentMandatory)
-    : AllMandatory(name, ns, propertyIndex, elementType, factory, classId),
-      m_contentMandatory(contentMandatory) {}
+    : AllMandatory(name, ns, property, elementType, factory, classId), m_contentMandatory(contentMandatory) {}
 
 bool CElementInfoAllClsMnd::ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element,
                                            CXmlElement** current, char const*, XmlElementType) {
@@ -44,9 +43,9 @@ bool detail::AllAbstractClassEntry::ElementFromXml(Ctx const& ctx, Object* objec
 }
 
 CElementInfoAllAbsClsMnd::CElementInfoAllAbsClsMnd(char const* name, char const* ns,
-                                                   std::int32_t propertyIndex, XmlElementType elementType,
+                                                   CProperty const& property, XmlElementType elementType,
                                                    ElementFactory factory, int)
-    : AllMandatory(name, ns, propertyIndex, elementType, factory) {}
+    : AllMandatory(name, ns, property, elementType, factory) {}
 
 // CElementInfoAllUntpdMnd
 
@@ -57,8 +56,8 @@ bool CElementInfoAllUntpdMnd::ElementFromXml(Ctx const& ctx, Object* object, CXm
 
 // Collections
 
-CElementInfoAllCol::CElementInfoAllCol(char const* name, char const* ns, std::int32_t propertyIndex)
-    : CElementInfo(name, ns, propertyIndex) {
+CElementInfoAllCol::CElementInfoAllCol(char const* name, char const* ns, CProperty const& property)
+    : CElementInfo(name, ns, property) {
     m_usesClassNamespace = false;
 }
 
@@ -84,7 +83,7 @@ bool CElementInfoAllUntpdCol::ElementFromXml(Ctx const& ctx, Object* object, CXm
     return AllCollectionFromXml(ctx, object, element, current, true);
 }
 
-CElementInfoAllEnumCol::CElementInfoAllEnumCol(char const* name, char const* ns, std::int32_t propertyIndex)
-    : CElementInfo(name, ns, propertyIndex) {}
+CElementInfoAllEnumCol::CElementInfoAllEnumCol(char const* name, char const* ns, CProperty const& property)
+    : CElementInfo(name, ns, property) {}
 
 } // namespace ZvXmlLib16Data

@@ -42,7 +42,7 @@ class ZV_API CElementInfoAllClsMnd : public detail::AllMandatory<detail::ClassEn
 public:
     // Name and namespace of the element, the property, what stands behind it, and its factory, which is not
     // used.
-    CElementInfoAllClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
+    CElementInfoAllClsMnd(char const* name, char const* ns, CProperty const& property,
                           XmlElementType elementType, ClassFactory factory, int classId,
                           bool contentMandatory);
 
@@ -63,7 +63,7 @@ public:
 class ZV_API CElementInfoAllAbsClsMnd : public detail::AllMandatory<detail::AllAbstractClassEntry> {
 public:
     // Nothing reads `reserved`.
-    CElementInfoAllAbsClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
+    CElementInfoAllAbsClsMnd(char const* name, char const* ns, CProperty const& property,
                              XmlElementType elementType, ElementFactory factory, int reserved);
 };
 
@@ -110,7 +110,7 @@ public:
 class ZV_API CElementInfoAllCol : public CElementInfo {
 public:
     // Of an element by its name and namespace.
-    CElementInfoAllCol(char const* name, char const* ns, std::int32_t propertyIndex);
+    CElementInfoAllCol(char const* name, char const* ns, CProperty const& property);
 
     bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,
@@ -137,7 +137,7 @@ public:
 class ZV_API CElementInfoAllEnumCol : public CElementInfo {
 protected:
     // As CElementInfoAllCol.
-    CElementInfoAllEnumCol(char const* name, char const* ns, std::int32_t propertyIndex);
+    CElementInfoAllEnumCol(char const* name, char const* ns, CProperty const& property);
 };
 
 // Untyped elements, in a CElementCol.

@@ -21,22 +21,24 @@ constexpr std::string_view kWildcardName = "AnyElement";
 
 } // namespace
 
-CElementInfo::CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex)
+CElementInfo::CElementInfo(char const* name, char const* ns, CProperty const& property)
     : m_name(ZvXmlLib16::detail::TextOrEmpty(name)), m_namespace(ZvXmlLib16::detail::TextOrEmpty(ns)),
-      m_propertyIndex(propertyIndex), m_isWildcard(m_name == kWildcardName) {}
+      m_property(property, ZvXmlLib16::ItemType_invalid, false, name), m_isWildcard(m_name == kWildcardName) {
+}
 
-CElementInfo::CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
+CElementInfo::CElementInfo(char const* name, char const* ns, CProperty const& property, bool nillable,
                            EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue)
     : m_enumToString(enumToString), m_name(ZvXmlLib16::detail::TextOrEmpty(name)),
-      m_namespace(ZvXmlLib16::detail::TextOrEmpty(ns)), m_propertyIndex(propertyIndex),
+      m_namespace(ZvXmlLib16::detail::TextOrEmpty(ns)),
+      m_property(property, ZvXmlLib16::ItemType_i4, nillable, name),
       m_defaultValue(ZvXmlLib16::detail::TextOrEmpty(defaultValue)), m_nillable(nillable),
       m_stringToEnum(stringToEnum), m_isWildcard(false) {}
 
-CElementInfo::CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
+CElementInfo::CElementInfo(char const* name, char const* ns, CProperty const& property, bool nillable,
                            ItemType type, char const* formatOverride, CWhitespaceUtils::WhitespaceRule rule,
                            CPrimitiveRestrictions const& restrictions, char const* defaultValue)
     : m_name(ZvXmlLib16::detail::TextOrEmpty(name)), m_namespace(ZvXmlLib16::detail::TextOrEmpty(ns)),
-      m_propertyIndex(propertyIndex), m_restrictions(restrictions), m_itemType(type),
+      m_property(property, type, nillable, name), m_restrictions(restrictions), m_itemType(type),
       m_formatOverride(ZvXmlLib16::detail::TextOrEmpty(formatOverride)), m_whitespaceRule(rule),
       m_defaultValue(ZvXmlLib16::detail::TextOrEmpty(defaultValue)), m_nillable(nillable),
       m_hasRestrictions(true), m_needsCheck(ZvXmlLib16::detail::NeedsCheck(type, restrictions)),
@@ -94,7 +96,7 @@ bool CElementInfo::IsThisElement(Ctx const& ctx, CXmlElement const* element) con
 
 void CElementInfo::InvokePropertyGet(Object* object, ZvVariant& value) const {
     try {
-        object->AccessProperty(m_propertyIndex, true, value);
+        m_property.Get(object, value);
     } catch (CZvException const& cause) {
         FailPropertyGet(m_name, cause);
     }
@@ -102,7 +104,7 @@ void CElementInfo::InvokePropertyGet(Object* object, ZvVariant& value) const {
 
 void CElementInfo::InvokePropertySet(Object* object, ZvVariant& value, CXmlElement const& element) const {
     try {
-        object->AccessProperty(m_propertyIndex, false, value);
+        m_property.Set(object, value);
     } catch (CZvException const& cause) {
         FailElementPropertySet(element.GetXPath(), cause);
     }

@@ -2,6 +2,7 @@
 // property, and the steps of writing and reading that the members of the family combine.
 #pragma once
 
+#include "zvxmllib/driver/BoundProperty.h"
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/foundation/Forward.h"
 #include "zvxmllib/foundation/SmartPtr.h"
@@ -91,19 +92,19 @@ public:
 
 protected:
     // Classes, untyped elements and collections.
-    CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex);
+    CElementInfo(char const* name, char const* ns, CProperty const& property);
     // Enumerations. A null default value counts as empty, and so does a null format override below.
-    CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable,
+    CElementInfo(char const* name, char const* ns, CProperty const& property, bool nillable,
                  EnumToString enumToString, StringToEnum stringToEnum, char const* defaultValue);
     // Primitives.
-    CElementInfo(char const* name, char const* ns, std::int32_t propertyIndex, bool nillable, ItemType type,
+    CElementInfo(char const* name, char const* ns, CProperty const& property, bool nillable, ItemType type,
                  char const* formatOverride, CWhitespaceUtils::WhitespaceRule rule,
                  CPrimitiveRestrictions const& restrictions, char const* defaultValue);
 
-    // The local name and the namespace of the element, and the property, as AccessProperty takes it.
+    // The local name and the namespace of the element, and the property, as AccessProperty takes it, or -1.
     std::string const& GetElementName() const noexcept { return m_name; }
     std::string const& GetElementNamespace() const noexcept { return m_namespace; }
-    int GetPropertyIndex() const noexcept { return m_propertyIndex; }
+    int GetPropertyIndex() const noexcept { return m_property.GetIndex(); }
 
     // Whether name and namespace of `element`, which may be null, are those of the entry, by the rules of the
     // context.
@@ -202,12 +203,16 @@ private:
     void ReadValue(Ctx const& ctx, Object* object, CXmlElement** current, ItemType type, Parse parse) const;
     template <class Parse>
     void ReadValueOf(Ctx const& ctx, Object* object, CXmlElement& element, ItemType type, Parse parse) const;
+    bool HoldsValueInMember(Ctx const& ctx) const noexcept;
+    void ReadMember(Ctx const& ctx, Object* object, CXmlElement& element) const;
+    bool WriteMember(Object const* object, CXmlWriter* writer) const;
     template <class ToText>
     bool WriteProperty(Ctx const& ctx, Object const* object, CXmlWriter* writer, ToText toText) const;
+    void WriteText(CXmlWriter* writer, std::string const& text, ItemType type, bool isDefault) const;
 
     std::string const m_name;
     std::string const m_namespace;
-    std::int32_t const m_propertyIndex;
+    detail::BoundProperty const m_property;
     CPrimitiveRestrictions const m_restrictions;
     ItemType const m_itemType = ZvXmlLib16::ItemType_invalid;
     std::string const m_formatOverride;

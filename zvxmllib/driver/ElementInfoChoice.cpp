@@ -58,8 +58,8 @@ bool CElementInfoChoiceUntpdOpt::ElementFromXml(Ctx const& ctx, Object* object, 
 
 // Collections
 
-CElementInfoChoiceCol::CElementInfoChoiceCol(char const* name, char const* ns, std::int32_t propertyIndex)
-    : CElementInfo(name, ns, propertyIndex) {
+CElementInfoChoiceCol::CElementInfoChoiceCol(char const* name, char const* ns, CProperty const& property)
+    : CElementInfo(name, ns, property) {
     m_usesClassNamespace = false;
 }
 

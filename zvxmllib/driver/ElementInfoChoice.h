@@ -61,7 +61,7 @@ public:
 class ZV_API CElementInfoChoiceCol : public CElementInfo {
 public:
     // Of an element by its name and namespace.
-    CElementInfoChoiceCol(char const* name, char const* ns, std::int32_t propertyIndex);
+    CElementInfoChoiceCol(char const* name, char const* ns, CProperty const& property);
 
     bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,

@@ -10,10 +10,10 @@ namespace ZvXmlLib16Data {
 
 // CElementInfoSeqClsMnd
 
-CElementInfoSeqClsMnd::CElementInfoSeqClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
+CElementInfoSeqClsMnd::CElementInfoSeqClsMnd(char const* name, char const* ns, CProperty const& property,
                                              XmlElementType elementType, ClassFactory factory, int classId,
                                              bool contentMandatory)
-    : MandatoryEntry(name, ns, propertyIndex, elementType, factory, classId),
+    : MandatoryEntry(name, ns, property, elementType, factory, classId),
       m_contentMandatory(contentMandatory) {}
 
 bool CElementInfoSeqClsMnd::ReadOptionalGroup(Ctx const& ctx, Object* object, CXmlElement* element,
@@ -132,8 +132,8 @@ bool CElementInfoSeqUntpdOpt::ElementFromXml(Ctx const& ctx, Object* object, CXm
 
 // Collections
 
-CElementInfoSeqCol::CElementInfoSeqCol(char const* name, char const* ns, std::int32_t propertyIndex)
-    : CElementInfo(name, ns, propertyIndex) {
+CElementInfoSeqCol::CElementInfoSeqCol(char const* name, char const* ns, CProperty const& property)
+    : CElementInfo(name, ns, property) {
     m_usesClassNamespace = false;
 }
 

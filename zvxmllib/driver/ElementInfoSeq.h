@@ -26,7 +26,7 @@ public:
 class ZV_API CElementInfoSeqClsMnd : public detail::MandatoryEntry<detail::ClassEntry> {
 public:
     // With `contentMandatory` a group must take at least one child.
-    CElementInfoSeqClsMnd(char const* name, char const* ns, std::int32_t propertyIndex,
+    CElementInfoSeqClsMnd(char const* name, char const* ns, CProperty const& property,
                           XmlElementType elementType, ClassFactory factory, int classId,
                           bool contentMandatory);
 
@@ -115,7 +115,7 @@ public:
 class ZV_API CElementInfoSeqCol : public CElementInfo {
 public:
     // Of an element by its name and namespace.
-    CElementInfoSeqCol(char const* name, char const* ns, std::int32_t propertyIndex);
+    CElementInfoSeqCol(char const* name, char const* ns, CProperty const& property);
 
     bool ElementToXml(Ctx const& ctx, Object const* object, CXmlWriter* writer) const override;
     bool ElementFromXml(Ctx const& ctx, Object* object, CXmlElement* element, CXmlElement** current,

@@ -62,8 +62,27 @@ void CElementInfo::ReadValueOf(Ctx const& ctx, Object* object, CXmlElement& elem
     InvokePropertySet(object, value, element);
 }
 
+bool CElementInfo::HoldsValueInMember(Ctx const& ctx) const noexcept {
+    return m_property.IsValue() && !ctx.GetStrict();
+}
+
+// An entry of a member is not nillable.
+void CElementInfo::ReadMember(Ctx const& ctx, Object* object, CXmlElement& element) const {
+    if (element.GetAttributeCount() != 0)
+        ReadNilAttribute(ctx, element);
+    std::string room;
+    ZvXmlLib16::detail::NodeText const& text = element.GetNodeText();
+    m_property.Parse(object, text.IsEmpty() ? std::string_view(m_defaultValue) : text.Read(room),
+                     m_whitespaceRule);
+}
+
 void CElementInfo::ElementFromXmlPrim(Ctx const& ctx, Object* object, CXmlElement** current) const {
-    CXmlElement const& element = **current;
+    CXmlElement& element = **current;
+    if (HoldsValueInMember(ctx)) {
+        ZvXmlLib16::ReadAt(ctx, element, *element.GetParentElm(), [&] { ReadMember(ctx, object, element); });
+        *current = element.GetNextSiblingElement();
+        return;
+    }
     ReadValue(ctx, object, current, m_itemType, [&](ZvVariant& value, std::string_view text) {
         if (ctx.GetStrict())
             AsStrictValue().Read(value, text, element);

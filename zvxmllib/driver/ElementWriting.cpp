@@ -39,16 +39,31 @@ bool CElementInfo::WriteProperty(Ctx const& ctx, Object const* object, CXmlWrite
         else
             CheckRestriction(value);
     }
-    if (!isDefault && writer->TryWriteTextElement(m_name, m_namespace, text))
-        return true;
-    writer->WriteElementStart(m_name, m_namespace);
-    writer->WriteElementValue(text, m_hasRestrictions ? value.GetTypeAsEnum() : ZvXmlLib16::ItemType_string,
-                              isDefault);
-    writer->WriteElementEnd();
+    WriteText(writer, text, m_hasRestrictions ? value.GetTypeAsEnum() : ZvXmlLib16::ItemType_string,
+              isDefault);
     return true;
 }
 
+void CElementInfo::WriteText(CXmlWriter* writer, std::string const& text, ItemType type,
+                             bool isDefault) const {
+    if (!isDefault && writer->TryWriteTextElement(m_name, m_namespace, text))
+        return;
+    writer->WriteElementStart(m_name, m_namespace);
+    writer->WriteElementValue(text, type, isDefault);
+    writer->WriteElementEnd();
+}
+
+// Of an entry whose values need no check.
+bool CElementInfo::WriteMember(Object const* object, CXmlWriter* writer) const {
+    std::string const* const text = m_property.ToText(object, m_formatOverride, writer->GetValueRoom().text);
+    if (text != nullptr)
+        WriteText(writer, *text, m_itemType, !m_defaultValue.empty() && *text == m_defaultValue);
+    return text != nullptr;
+}
+
 bool CElementInfo::ElementToXmlPrim(Ctx const& ctx, Object const* object, CXmlWriter* writer) const {
+    if (!m_needsCheck && HoldsValueInMember(ctx))
+        return WriteMember(object, writer);
     return WriteProperty(
         ctx, object, writer, [ this, &ctx ](ZvVariant const& value, std::string& buffer) -> auto& {
             return ctx.GetStrict() ? AsStrictValue().ToText(value, m_formatOverride, buffer)

@@ -94,6 +94,17 @@ void FailMandatoryElement(std::string const& name) {
                                  "");
 }
 
+void FailUnknownProperty(int index) {
+    throw CZvInvalidParamException(FormatString("The class has no property of the number %d.", index));
+}
+
+void FailMember(char const* name, bool isNillable) {
+    throw CZvInvalidParamException(FormatString(isNillable
+                                                    ? "The member of the nillable [%s] has to be a ZvVariant."
+                                                    : "The member of [%s] does not hold values of its type.",
+                                                name == nullptr ? "" : name));
+}
+
 void FailPlaceOfText(std::string const& name, std::string const& path) {
     throw CZvValidationException(FormatString("The place of the text in [%s] would be lost.", name.c_str()),
                                  path);

@@ -42,6 +42,11 @@ using ZvXmlLib16::FailUnreadElement;
 [[noreturn]] void FailRequiredChild(std::string const& name, std::string const& path);
 [[noreturn]] void FailMandatoryElement(std::string const& name);
 
+// Of a class without AccessProperty.
+[[noreturn]] void FailUnknownProperty(int index);
+// Of a table whose property is a member of a type that does not fit.
+[[noreturn]] void FailMember(char const* name, bool isNillable);
+
 // Of a strict context alone. `text` is of the document.
 [[noreturn]] void FailPlaceOfText(std::string const& name, std::string const& path);
 [[noreturn]] void FailText(std::string_view text, std::string const& path);

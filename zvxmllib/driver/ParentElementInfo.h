@@ -1,6 +1,7 @@
 // CParentElementInfo, the description of a generated class itself.
 #pragma once
 
+#include "zvxmllib/driver/BoundProperty.h"
 #include "zvxmllib/foundation/Enumerations.h"
 #include "zvxmllib/platform/Api.h"
 
@@ -18,12 +19,13 @@ namespace ZvXmlLib16Data {
 // One for each generated class, shared by its instances; immutable.
 class ZV_API CParentElementInfo {
 public:
-    // A null format override counts as empty. `primitiveValuePropertyIndex` is -1 and `primitiveDataType`
-    // ItemType_invalid for a class without simple content.
+    // A null format override counts as empty. `primitiveValueProperty` is -1 and `primitiveDataType`
+    // ItemType_invalid for a class without simple content. A member that holds the value is of the data type,
+    // also where reading passes text: white space is then collapsed ahead of the conversion.
     CParentElementInfo(ZvXmlLib16::XmlElementGroupType elementGroupType,
                        ZvXmlLib16::XmlElementType elementType, char const* elementName,
                        char const* elementNamespace, bool fromXmlFailIfAttributeUnknown, bool hasBaseClasses,
-                       std::int32_t primitiveValuePropertyIndex, ZvXmlLib16::ItemType primitiveDataType,
+                       CProperty const& primitiveValueProperty, ZvXmlLib16::ItemType primitiveDataType,
                        char const* primitiveFormatOverride, bool outputPrimitiveClassAsTextProperty);
     CParentElementInfo(CParentElementInfo const&) = delete;
     CParentElementInfo& operator=(CParentElementInfo const&) = delete;
@@ -40,7 +42,12 @@ public:
     bool GetFromXmlFailIfAttributeUnknown() const noexcept { return m_fromXmlFailIfAttributeUnknown; }
     // Whether the type takes part in a derivation, so that xsi:type may be needed.
     bool GetHasBaseClasses() const noexcept { return m_hasBaseClasses; }
-    std::int32_t GetPrimitiveValuePropertyIndex() const noexcept { return m_primitiveValuePropertyIndex; }
+    // The number of the property of simple content; -1 for none, and for a member.
+    std::int32_t GetPrimitiveValuePropertyIndex() const noexcept {
+        return m_primitiveValueProperty.GetIndex();
+    }
+    // Whether the class has simple content.
+    bool HasSimpleContent() const noexcept;
     ZvXmlLib16::ItemType GetPrimitiveDataType() const noexcept { return m_primitiveDataType; }
     std::string const& GetPrimitiveFormatOverride() const noexcept { return m_primitiveFormatOverride; }
     // Whether reading passes the text of simple content to the property unparsed.
@@ -57,7 +64,7 @@ private:
     std::string m_elementNamespace;
     bool m_fromXmlFailIfAttributeUnknown;
     bool m_hasBaseClasses;
-    std::int32_t m_primitiveValuePropertyIndex;
+    detail::BoundProperty m_primitiveValueProperty;
     ZvXmlLib16::ItemType m_primitiveDataType;
     std::string m_primitiveFormatOverride;
     bool m_outputPrimitiveClassAsTextProperty;

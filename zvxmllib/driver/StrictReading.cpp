@@ -38,10 +38,6 @@ void CheckType(CSerializationContext const& ctx, CXmlElement const& element, CPa
     }
 }
 
-bool HasText(CParentElementInfo const& info) {
-    return info.GetPrimitiveValuePropertyIndex() != -1 && info.GetPrimitiveDataType() != ItemType_invalid;
-}
-
 // Only white space stands between the children of an element that has no text.
 void CheckText(CXmlElement const& element) {
     std::string room;
@@ -90,7 +86,7 @@ CXmlElement* CXmlGeneratedClass::ReadStrictly(CXmlElement* element, CXmlElement*
         CheckNilElement(*element);
         return current;
     }
-    if (!HasText(info))
+    if (!info.HasSimpleContent())
         CheckText(*element);
     else if (element->HasTextAheadOfChild())
         FailPlaceOfText(element->GetLocalName(), element->GetXPath());

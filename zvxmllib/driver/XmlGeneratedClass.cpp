@@ -2,6 +2,7 @@
 
 #include "zvxmllib/binding/XmlCollectionBase.h"
 #include "zvxmllib/driver/ElementInfo.h"
+#include "zvxmllib/driver/Failures.h"
 #include "zvxmllib/values/variant/ZvVariant.h"
 
 namespace ZvXmlLib16 {
@@ -15,6 +16,10 @@ CZVCriticalSection CXmlGeneratedClass::m_csInit;
 CXmlGeneratedClass::CXmlGeneratedClass() = default;
 
 CXmlGeneratedClass::~CXmlGeneratedClass() = default;
+
+void CXmlGeneratedClass::AccessProperty(int index, bool, ZvVariant&) {
+    ZvXmlLib16Data::FailUnknownProperty(index);
+}
 
 void CXmlGeneratedClass::ReadProperty(int index, ZvVariant& value) const {
     Mutable().AccessProperty(index, true, value);
@@ -46,7 +51,7 @@ bool CXmlGeneratedClass::DoesElementContainOptionalElements() const {
             return true;
         case CElementInfo::ChoiceMember::kCollection: {
             ZvVariant value;
-            ReadProperty((*entry)->GetPropertyIndex(), value);
+            (*entry)->ReadProperty(this, value);
             if (value.GetTypeAsEnum() == ItemType_XmlCollection && !value.IsNil()) {
                 CSmartPtr<CXmlCollectionBase> const collection = value.GetXmlCollection();
                 if (collection != nullptr && collection->GetMinOccurs() == 0)

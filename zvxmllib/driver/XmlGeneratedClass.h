@@ -20,10 +20,11 @@ protected:
                              bool optionalChoice) override;
 
 public:
-    // The one gate to the properties: with `read` it stores the property in `value`, invalid if it holds
-    // nothing; otherwise it sets the property, and may move a string or bytes out of `value`. It refuses
-    // values by CZvException.
-    virtual void AccessProperty(int index, bool read, ZvVariant& value) = 0;
+    // The gate to the properties that the tables name by a number: with `read` it stores the property in
+    // `value`, invalid if it holds nothing; otherwise it sets the property, and may move a string or bytes
+    // out of `value`. It refuses values by CZvException. A class whose tables name members alone leaves it as
+    // it is; it then throws CZvInvalidParamException.
+    virtual void AccessProperty(int index, bool read, ZvVariant& value);
     // Never null.
     virtual ZvXmlLib16Data::CParentElementInfo* GetClassInfo() = 0;
     // The child elements in schema order, and the attributes, each closed by a null entry.

@@ -138,7 +138,7 @@ CXmlElement* CXmlGeneratedClass::ReadContent(CXmlElement* element, CXmlElement* 
     default:
         FailUnknownGroupType();
     }
-    if (info.GetPrimitiveValuePropertyIndex() != -1 && info.GetPrimitiveDataType() != ItemType_invalid)
+    if (info.HasSimpleContent())
         ReadSimpleContent(ctx, *element, info);
     return current;
 }
@@ -148,14 +148,18 @@ void CXmlGeneratedClass::ReadSimpleContent(CSerializationContext const& ctx, CXm
                                            CParentElementInfo const& info) {
     ZvVariant value;
     std::string room;
-    ItemType const type =
-        info.GetOutputPrimitiveClassAsTextProperty() ? ItemType_string : info.GetPrimitiveDataType();
+    bool const isText = info.GetOutputPrimitiveClassAsTextProperty();
+    bool const isMember = info.m_primitiveValueProperty.IsMember();
+    ItemType const type = isText && !isMember ? ItemType_string : info.GetPrimitiveDataType();
     std::string_view const text = element.GetNodeText().Read(room);
     if (ctx.GetStrict())
         ContentOf(info, type).Read(value, text, element);
     else
-        value.FromText(text, type, CWhitespaceUtils::WhitespaceRule_None);
-    AccessProperty(info.GetPrimitiveValuePropertyIndex(), false, value);
+        value.FromText(text, type,
+                       isText && isMember && type != ItemType_string
+                           ? CWhitespaceUtils::WhitespaceRule_Collapse
+                           : CWhitespaceUtils::WhitespaceRule_None);
+    info.m_primitiveValueProperty.Set(this, value);
 }
 
 void CXmlGeneratedClass::ReadNilAttribute(CSerializationContext const& ctx, CXmlElement const& element,

@@ -72,8 +72,7 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* 
 void CXmlGeneratedClass::WriteContent(CXmlWriter& writer, CSerializationContext const& ctx,
                                       bool optionalChoice, CParentElementInfo const& info) const {
     CElementInfo** const elements = Mutable().GetClassElementInfo();
-    bool const hasText =
-        info.GetPrimitiveValuePropertyIndex() != -1 && info.GetPrimitiveDataType() != ItemType_invalid;
+    bool const hasText = info.HasSimpleContent();
     if (hasText && *elements != nullptr)
         writer.BeginMixedContent();
     switch (info.GetElementGroupType()) {
@@ -96,7 +95,7 @@ void CXmlGeneratedClass::WriteContent(CXmlWriter& writer, CSerializationContext 
 void CXmlGeneratedClass::WriteSimpleContent(CXmlWriter& writer, CSerializationContext const& ctx,
                                             CParentElementInfo const& info) const {
     ZvVariant value;
-    ReadProperty(info.GetPrimitiveValuePropertyIndex(), value);
+    info.m_primitiveValueProperty.Get(&Mutable(), value);
     std::string const& format = info.GetPrimitiveFormatOverride();
     if (value.IsNil()) {
         if (ctx.GetStrict() && FindNillable(info) == nullptr)
