@@ -403,9 +403,12 @@ private:
         return plan.name + "::" + plan.name + "() : " + plan.name + "(" + SchemaFunction() + ", " +
                std::to_string(plan.type) + ", " + declaration + ") {}\n\n";
     }
+    // Of what one file alone needs, so that several sets fit into one translation unit.
+    std::string RowsNamespace() const { return Identifier(m_stem) + "_rows"; }
     std::string SchemaSource() const {
         std::string text =
-            "namespace {\n\nusing namespace ZvXmlLib16::grammar;\n\n" + EmitRows(m_schema.GetRows()) +
+            OpenNamespace(RowsNamespace()) + "namespace {\n\nusing namespace ZvXmlLib16::grammar;\n\n" +
+            EmitRows(m_schema.GetRows()) +
             "\nusing Maker = ::ZvXmlLib16::generated::CTypedObject* (*)(TypeId, std::uint32_t);\n\n"
             "template <class Class>\n::ZvXmlLib16::generated::CTypedObject* Make(TypeId type, std::uint32_t "
             "declaration) {\n    return new Class(" +
@@ -424,12 +427,12 @@ private:
             "declaration) {\n"
             "    if (!IsComplex(type) || type == kAnyType)\n        return nullptr;\n"
             "    Maker const maker = kMakers[ComplexTypeRowOf(type)];\n"
-            "    return maker == nullptr ? nullptr : maker(type, declaration);\n}\n\n} // namespace\n\n";
+            "    return maker == nullptr ? nullptr : maker(type, declaration);\n}\n\n} // namespace\n" +
+            CloseNamespace(RowsNamespace()) + "\n";
         return text + OpenNamespace(Home()) + "\n::ZvXmlLib16::generated::BoundSchema const& " +
                Identifier(m_stem) +
-               "Schema() {\n    static ::ZvXmlLib16::generated::BoundSchema const schema(kRows, "
-               "&MakeObject" +
-               Base() +
+               "Schema() {\n    static ::ZvXmlLib16::generated::BoundSchema const schema(\n        ::" +
+               RowsNamespace() + "::kRows, &::" + RowsNamespace() + "::MakeObject" + Base() +
                ");\n"
                "    return schema;\n}\n\n" +
                CloseNamespace(Home()) + "\n";
