@@ -66,8 +66,7 @@ function(zvxmllib_generate)
         COMMENT "Generating ${arg_NAME}.h from XML schemas"
         VERBATIM)
     add_custom_target(${arg_TARGET}-${arg_NAME}-classes DEPENDS "${stamp}")
-    # Each source has the same names for its tables.
-    set_source_files_properties(${sources} "${header}" PROPERTIES GENERATED ON SKIP_UNITY_BUILD_INCLUSION ON)
+    set_source_files_properties(${sources} "${header}" PROPERTIES GENERATED ON)
     add_dependencies(${arg_TARGET} ${arg_TARGET}-${arg_NAME}-classes)
     target_sources(${arg_TARGET} PRIVATE ${sources})
     target_include_directories(${arg_TARGET} PUBLIC "$<BUILD_INTERFACE:${arg_OUT_DIR}>")

@@ -16,8 +16,8 @@ void Diagnostics::Error(Position position, std::string text) {
     m_list.push_back({Severity::kError, std::move(position), std::move(text), {}});
 }
 
-void Diagnostics::Warning(Position position, std::string text, std::string name) {
-    m_list.push_back({Severity::kWarning, std::move(position), std::move(text), std::move(name)});
+void Diagnostics::Warning(Position position, std::string text, std::string_view name) {
+    m_list.push_back({Severity::kWarning, std::move(position), std::move(text), std::string(name)});
 }
 
 // 0 for no file, then from 1; one more than the count of files for an unknown one.

@@ -8,6 +8,11 @@
 
 namespace ZvXmlLib16::schema {
 
+// The names of all warnings.
+inline constexpr std::string_view kMissingSchema = "missing-schema"; // a place that leads nowhere
+inline constexpr std::string_view kRenamed = "renamed";              // a name that was taken
+inline constexpr std::string_view kWarningNames[] = {kMissingSchema, kRenamed};
+
 // A place in a schema document. Line and column count from 1; 0 where they are not known.
 struct Position {
     std::string file;
@@ -31,7 +36,7 @@ public:
     void AddFile(std::string file);
 
     void Error(Position position, std::string text);
-    void Warning(Position position, std::string text, std::string name);
+    void Warning(Position position, std::string text, std::string_view name);
 
     bool HasErrors() const noexcept { return m_errors != 0; }
     // In source order; equal ones once.

@@ -75,7 +75,7 @@ void SchemaSet::Close() {
                          [&wanted](Root const& root) { return root.ns == wanted; }))
             m_diagnostics.Warning(
                 position, "there is no schema for the namespace [" + ns + "]; give its place by --location",
-                "missing-schema");
+                kMissingSchema);
     }
 }
 
@@ -212,7 +212,7 @@ void SchemaSet::AddInclude(SchemaDocument const& document, OutlineNode const& no
     }
     if (included == nullptr && !m_diagnostics.HasErrors())
         m_diagnostics.Warning(document.At(node), "there is no schema at [" + location + "]",
-                              "missing-schema");
+                              kMissingSchema);
     if (!node.IsSchema("redefine"))
         return;
     for (auto const& child : node.children)
@@ -236,13 +236,13 @@ void SchemaSet::AddImport(SchemaDocument const& document, OutlineNode const& nod
             m_diagnostics.Warning(document.At(node),
                                   "there is no schema at [" + location + "] for the namespace [" + ns +
                                       "]; give its place by --location",
-                                  "missing-schema");
+                                  kMissingSchema);
         return;
     }
     if (AddDocument(*file, ns, false, document.At(node)) != nullptr)
         AddRoot(ns, *file);
     else if (!m_diagnostics.HasErrors())
-        m_diagnostics.Warning(document.At(node), "no schema: [" + *file + "]", "missing-schema");
+        m_diagnostics.Warning(document.At(node), "no schema: [" + *file + "]", kMissingSchema);
 }
 
 void SchemaSet::Define(SchemaDocument const& document, OutlineNode const& node, bool isRedefinition) {

@@ -400,7 +400,7 @@ void Mapping::TellRenamed(Source const* source, std::string const& path, std::st
                           std::string const& wanted, std::string const& name) {
     if (name != wanted && m_names.Find(path) == nullptr)
         m_diagnostics.Warning(source->position, what + " is named " + name + ": " + wanted + " is taken",
-                              "renamed");
+                              kRenamed);
 }
 
 // One whose functions do not collide with those of another document or with an enumeration.

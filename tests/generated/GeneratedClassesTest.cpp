@@ -204,4 +204,35 @@ TEST(GeneratedClasses, KeepTextsAndChildrenOfMixedContentInOrder) {
               "The element [shirt] has no mixed content.");
 }
 
+// Qualified names keep what they mean, also those in no namespace.
+TEST(GeneratedClasses, KeepThePrefixesOfNames) {
+    auto const read = shop::ReadNamesXml(
+        "<s:names xmlns:s='urn:shop' xmlns:p='urn:p' of='p:a'><s:name>bare</s:name></s:names>");
+    EXPECT_EQ(read->PrefixUri("p"), "urn:p");
+    EXPECT_EQ(shop::WriteNamesXml(*read),
+              "<AA:names xmlns:AA=\"urn:shop\" xmlns:p=\"urn:p\" of=\"p:a\"><AA:name>"
+              "bare</AA:name></AA:names>");
+    CSerializationContext ctx;
+    ctx.SetStrict(true);
+    ctx.SetDefaultNamespaceURI("urn:shop");
+    EXPECT_THAT(FailureOf([&] { shop::WriteNamesXml(*read, ctx); }),
+                HasSubstr("a name without a namespace, which a default namespace would change"));
+
+    auto const names = shop::NewNames();
+    names->SetOf("k:a");
+    names->GetName().Add("k:b");
+    EXPECT_EQ(FailureOf([&] { shop::WriteNamesXml(*names); }),
+              "The value [k:a] has the prefix [k], which is not declared.\nPath: /names");
+    for (auto const& [prefix, uri] :
+         {std::pair<std::string, std::string>{"k", ""}, {"a b", "urn:k"}, {"xml", "urn:k"}})
+        EXPECT_EQ(FailureOf([&names, &p = prefix, &u = uri] { names->DeclarePrefix(p, u); }),
+                  "The prefix [" + prefix + "] cannot stand for [" + uri + "].");
+    names->DeclarePrefix("k", "urn:old");
+    names->DeclarePrefix("k", "urn:k");
+    std::string const xml = "<names xmlns=\"urn:shop\" xmlns:k=\"urn:k\" of=\"k:a\"><name>k:b</name></names>";
+    EXPECT_EQ(shop::WriteNamesXml(*names), xml);
+    auto const copy = shop::ReadNamesJson(shop::WriteNamesJson(*names));
+    EXPECT_EQ(copy->PrefixUri("k"), "urn:k");
+}
+
 } // namespace

@@ -31,6 +31,8 @@ TEST(CommandLine, HasItsStatusAndWritesAllOrNothing) {
         {"--out o -Werror s.xsd", 1, "error: there is no schema at [absent.xsd]"},
         {"--out o -Werror=missing-schema s.xsd", 1, "error: there is no schema at [absent.xsd]"},
         {"--out o -Werror=renamed s.xsd", 0, "warning: there is no schema at [absent.xsd]"},
+        {"--out o -Wno-rename s.xsd", 2,
+         "-Wno-rename: there is no such warning; there are missing-schema, renamed"},
         {"--out o none.xsd", 1, "the schema cannot be read"},
         {"--out o --extern urn:x=x.h s.xsd", 1, "no schema has the namespace [urn:x]"},
         {"--out o --parts 0 s.xsd", 2, "--parts takes a number"},
@@ -96,7 +98,35 @@ TEST(CommandLine, MakesAProjectForASample) {
     EXPECT_EQ(scratch.Read("my x/a.json"), "{\"a\": 5}");
     EXPECT_THAT(scratch.Read("my x/main.cpp"), HasSubstr("auto const document = s::ReadA(file);"));
     EXPECT_THAT(scratch.Read("my x/CMakeLists.txt"),
-                HasSubstr("add_executable(my_x main.cpp\n    \"generated/s.h\""));
+                HasSubstr("zvxmllib_generate(TARGET my_x NAME \"s\"\n    SCHEMAS \"schemas/s.xsd\")\n"));
+    EXPECT_EQ(scratch.Read("my x/schemas/s.xsd"), kSchema);
+}
+
+// What the schemas include lies beside their copies as it lay beside them, and all options come along.
+TEST(CommandLine, MakesAProjectWithAllThatWasRead) {
+    ScratchDirectory const scratch;
+    fs::create_directories(scratch.Path("a/main"));
+    fs::create_directories(scratch.Path("a/other"));
+    std::string const start = "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'";
+    scratch.Write("a/main/s.xsd",
+                  start + "><xs:include schemaLocation='../parts.xsd'/><xs:import namespace='urn:o'/>"
+                          "<xs:element name='e' type='T'/><xs:element name='f'/></xs:schema>");
+    scratch.Write("a/parts.xsd",
+                  start + "><xs:complexType name='T'><xs:attribute name='n' type='xs:int'/></xs:complexType>"
+                          "</xs:schema>");
+    scratch.Write("a/other/o.xsd", start + " targetNamespace='urn:o'/>");
+    ToolResult const result =
+        scratch.Run("new p --location urn:o=a/other/o.xsd --namespace 'urn:o=x::y' --only e --parts 2 "
+                    "-Wno-renamed --names n.txt --lock-names a/main/s.xsd");
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    for (char const* const name : {"main/s.xsd", "parts.xsd", "other/o.xsd"})
+        EXPECT_EQ(scratch.Read(std::string("p/schemas/") + name), scratch.Read(std::string("a/") + name));
+    EXPECT_EQ(scratch.Read("p/names.txt"), scratch.Read("n.txt"));
+    EXPECT_THAT(scratch.Read("p/CMakeLists.txt"),
+                HasSubstr("SCHEMAS \"schemas/main/s.xsd\"\n    NAMESPACES \"urn:o=x::y\"\n"
+                          "    LOCATIONS \"urn:o=schemas/other/o.xsd\"\n    PARTS 2\n    OPTIONS\n"
+                          "        --names\n        \"${CMAKE_CURRENT_SOURCE_DIR}/names.txt\"\n"
+                          "        \"--only=e\"\n        -Wno-renamed)"));
 }
 
 TEST(CommandLine, HelpFitsAScreen) {

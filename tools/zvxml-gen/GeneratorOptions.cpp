@@ -1,10 +1,13 @@
 #include "GeneratorOptions.h"
 
 #include "CommandLine.h"
+#include "schema/diagnostics/Diagnostics.h"
 #include "schema/naming/ReservedNames.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
+#include <string_view>
 
 namespace zvxml {
 
@@ -97,16 +100,31 @@ std::vector<Option<GeneratorOptions>> const& OptionTable() {
     return table;
 }
 
+bool IsWarning(std::string const& name) {
+    using ZvXmlLib16::schema::kWarningNames;
+    return std::find(std::begin(kWarningNames), std::end(kWarningNames), name) != std::end(kWarningNames);
+}
+
+std::string WarningNames() {
+    std::string names;
+    for (std::string_view const name : ZvXmlLib16::schema::kWarningNames)
+        names += (names.empty() ? "" : ", ") + std::string(name);
+    return names;
+}
+
 // -Wno-NAME, -Werror, -Werror=NAME. False for another argument.
 bool TakeWarningOption(std::string const& argument, GeneratorOptions& options) {
-    if (argument == "-Werror")
+    if (argument == "-Werror") {
         options.errors.insert(std::string());
-    else if (argument.compare(0, 8, "-Werror=") == 0)
-        options.errors.insert(argument.substr(8));
-    else if (argument.compare(0, 5, "-Wno-") == 0)
-        options.silenced.insert(argument.substr(5));
-    else
+        return true;
+    }
+    bool const isError = argument.compare(0, 8, "-Werror=") == 0;
+    if (!isError && argument.compare(0, 5, "-Wno-") != 0)
         return false;
+    std::string const name = argument.substr(isError ? 8 : 5);
+    if (!IsWarning(name))
+        throw UsageError(argument + ": there is no such warning; there are " + WarningNames());
+    (isError ? options.errors : options.silenced).insert(name);
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "Compilation.h"
 #include "Errors.h"
 #include "OutputFiles.h"
+#include "SchemaCopies.h"
 
 #include "zvxmllib/foundation/Exceptions.h"
 #include "zvxmllib/generated/Documents.h"
@@ -10,7 +11,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <system_error>
 
@@ -21,6 +21,8 @@ using ZvXmlLib16::grammar::kNone;
 namespace zvxml {
 
 namespace {
+
+constexpr char const* kNamesFile = "names.txt";
 
 // The text with what stands for each $name$.
 std::string Fill(std::string text, std::vector<std::pair<std::string, std::string>> const& values) {
@@ -48,11 +50,61 @@ std::string TargetName(std::filesystem::path const& folder) {
     return isTaken || name[0] == '-' ? "program" + name : name;
 }
 
-std::string CMakeText(std::string const& target, GeneratorOptions const& options) {
-    std::string sources;
-    for (std::string const& output : OutputNames(options.Stem(), options.parts))
-        sources += "\n    \"generated/" + output + "\"";
-    return Fill(R"(cmake_minimum_required(VERSION 3.23)
+// As an argument of a command of CMake.
+std::string ForCMake(std::string const& text) {
+    std::string quoted = "\"";
+    for (char const c : text)
+        quoted += (c == '"' || c == '\\' || c == '$' ? "\\" : "") + std::string(1, c);
+    return quoted + "\"";
+}
+
+std::vector<std::string> ForCMake(std::vector<std::string> texts) {
+    for (std::string& text : texts)
+        text = ForCMake(text);
+    return texts;
+}
+
+// A keyword of zvxmllib_generate with the arguments behind it; nothing where there are none.
+std::string Keyword(char const* name, std::vector<std::string> const& arguments) {
+    std::string text = arguments.empty() ? "" : std::string("\n    ") + name;
+    for (std::string const& argument : arguments)
+        text += (arguments.size() == 1 ? " " : "\n        ") + argument;
+    return text;
+}
+
+std::vector<std::string> OtherOptions(GeneratorOptions const& options) {
+    std::vector<std::string> others;
+    if (!options.namesFile.empty())
+        others = {"--names", "\"${CMAKE_CURRENT_SOURCE_DIR}/" + std::string(kNamesFile) + "\""};
+    for (std::string const& catalog : options.schema.catalogs)
+        others.insert(others.end(),
+                      {"--catalog", ForCMake(std::filesystem::absolute(catalog).generic_string())});
+    for (std::string const& name : options.only)
+        others.push_back(ForCMake("--only=" + name));
+    for (std::string const& name : options.silenced)
+        others.push_back("-Wno-" + name);
+    for (std::string const& name : options.errors)
+        others.push_back(name.empty() ? "-Werror" : "-Werror=" + name);
+    return others;
+}
+
+std::string CMakeText(std::string const& target, GeneratorOptions const& options,
+                      SchemaCopies const& copies) {
+    std::vector<std::string> schemas;
+    for (std::string const& file : options.schema.files)
+        schemas.push_back(copies.PlaceOf(file));
+    std::vector<std::string> namespaces;
+    for (auto const& [uri, name] : options.namespaces)
+        namespaces.push_back(uri + "=" + name);
+    std::vector<std::string> locations;
+    for (auto const& [from, file] : options.schema.locations)
+        locations.push_back(from + "=" + copies.PlaceOf(file));
+    std::vector<std::string> externs;
+    for (auto const& [uri, header] : options.externs)
+        externs.push_back(uri + "=" + header);
+    std::vector<std::string> const parts(options.parts == 1 ? 0 : 1, std::to_string(options.parts));
+    return Fill(
+        R"(cmake_minimum_required(VERSION 3.23)
 project($target$ LANGUAGES CXX)
 
 if(NOT CMAKE_BUILD_TYPE)
@@ -60,12 +112,15 @@ if(NOT CMAKE_BUILD_TYPE)
 endif()
 find_package(zvxmllib REQUIRED)
 
-# zvxml-gen made the classes in generated/; make them anew when the schema changes.
-add_executable($target$ main.cpp$sources$)
-target_include_directories($target$ PRIVATE generated)
-target_link_libraries($target$ PRIVATE zvxmllib::generated)
+add_executable($target$ main.cpp)
+# The classes are made when the program is built, and made anew when a schema changes.
+zvxmllib_generate(TARGET $target$ NAME $stem$$keywords$)
 )",
-                {{"target", target}, {"sources", sources}});
+        {{"target", target},
+         {"stem", ForCMake(options.Stem())},
+         {"keywords", Keyword("SCHEMAS", ForCMake(schemas)) + Keyword("NAMESPACES", ForCMake(namespaces)) +
+                          Keyword("LOCATIONS", ForCMake(locations)) + Keyword("EXTERNS", ForCMake(externs)) +
+                          Keyword("PARTS", parts) + Keyword("OPTIONS", OtherOptions(options))}});
 }
 
 constexpr char const* kMain = R"(// Reads a document, prints what it holds, and writes it again.
@@ -146,15 +201,6 @@ std::string ForShell(std::string const& text) {
     return quoted + "'";
 }
 
-std::string ReadSample(std::string const& file) {
-    std::ifstream stream(file, std::ios::binary);
-    std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    std::error_code ignored;
-    if (!stream || std::filesystem::is_directory(file, ignored))
-        throw FileError(file, "the sample cannot be read");
-    return bytes;
-}
-
 // The element that the sample is, which has to be valid.
 std::uint32_t RootOf(Schema const& schema, std::string const& file, std::string const& bytes) {
     try {
@@ -195,23 +241,25 @@ int MakeProject(std::vector<std::string> const& arguments) {
     Compilation compilation;
     if (!Compile(options, compilation))
         return kExitFailure;
-    std::vector<EmittedFile> files = EmitClasses(options, compilation);
-    for (EmittedFile& file : files)
-        file.name = "generated/" + file.name;
+    EmitClasses(options, compilation); // refuses what the build would refuse
+    SchemaCopies const copies(compilation.inputs);
+    std::vector<EmittedFile> files = copies.Read();
     std::uint32_t root = kNone;
     std::string sample = "DOCUMENT";
     if (!options.sample.empty()) {
-        std::string const bytes = ReadSample(options.sample);
+        std::string const bytes = ReadWholeFile(options.sample, "the sample cannot be read");
         root = RootOf(*compilation.schema, options.sample, bytes);
         files.push_back({std::filesystem::path(options.sample).filename().string(), bytes});
         sample = InFolder(folder, files.back().name);
     }
     std::string const target = TargetName(folder);
-    files.push_back({"CMakeLists.txt", CMakeText(target, options)});
+    files.push_back({"CMakeLists.txt", CMakeText(target, options, copies)});
     files.push_back({"main.cpp", MainText(*compilation.mapping, options.Stem(),
                                           FindDocument(*compilation.mapping, root))});
     if (options.locksNames)
         files.push_back({std::filesystem::absolute(options.namesFile).string(), compilation.names.Write()});
+    if (!options.namesFile.empty())
+        files.push_back({kNamesFile, compilation.names.Write()});
     WriteFiles(files, folder);
     std::string const build = ForShell((std::filesystem::path(folder) / "build").string());
     std::string const program = ForShell((std::filesystem::path(folder) / "build" / target).string());

@@ -145,7 +145,7 @@ void ObjectBuilder::KeepPrefixes(std::string_view text) {
         std::string const ns =
             prefix == "xml" ? std::string() : m_element->LookupNamespaceFromAlias(prefix.c_str());
         if (!ns.empty())
-            object.OwnRare().prefixes.emplace_back(prefix, ns);
+            object.DeclarePrefix(prefix, ns);
         text.remove_prefix(std::min(end + 1, text.size()));
     }
 }

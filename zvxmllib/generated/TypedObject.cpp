@@ -7,6 +7,8 @@
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/document/XmlElement.h"
 #include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
+#include "zvxmllib/grammar/LexicalForms.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
 #include <algorithm>
@@ -319,6 +321,30 @@ void CTypedObject::AddMixedText(std::string_view text) {
         AddTextPlace(places, children, m_text.size());
     AddTextPlace(places, children, text.size());
     m_text += text;
+}
+
+std::string CTypedObject::PrefixUri(std::string_view prefix) const {
+    if (prefix == "xml")
+        return kXmlNamespace;
+    if (m_rare == nullptr)
+        return {};
+    auto const found = std::find_if(m_rare->prefixes.begin(), m_rare->prefixes.end(),
+                                    [prefix](auto const& kept) { return kept.first == prefix; });
+    return found == m_rare->prefixes.end() ? std::string() : found->second;
+}
+
+void CTypedObject::DeclarePrefix(std::string const& prefix, std::string const& uri) {
+    bool const isReserved =
+        prefix == "xml" || prefix == "xmlns" || uri == kXmlNamespace || uri == kXmlnsNamespace;
+    if (isReserved || uri.empty() || (!prefix.empty() && !grammar::IsNCName(prefix)))
+        throw CZvInvalidParamException("The prefix [" + prefix + "] cannot stand for [" + uri + "].");
+    std::vector<std::pair<std::string, std::string>>& prefixes = OwnRare().prefixes;
+    auto const found = std::find_if(prefixes.begin(), prefixes.end(),
+                                    [&prefix](auto const& kept) { return kept.first == prefix; });
+    if (found == prefixes.end())
+        prefixes.emplace_back(prefix, uri);
+    else
+        found->second = uri;
 }
 
 std::string CTypedObject::TextAt(std::size_t index) const {

@@ -77,6 +77,13 @@ public:
     // A text behind all that is there. Throws CZvInvalidStateException where the type is not mixed.
     void AddMixedText(std::string_view text);
 
+    // What a prefix in a value of this element (xs:QName, xs:NOTATION) stands for; empty for no namespace.
+    // The empty prefix is that of names without one.
+    std::string PrefixUri(std::string_view prefix) const;
+    // Declares a prefix, or for the empty one the default namespace, for the values of this element and all
+    // in it. Throws CZvInvalidParamException for what Namespaces in XML does not allow.
+    void DeclarePrefix(std::string const& prefix, std::string const& uri);
+
     // Gives it the name of this global element. Throws CZvInvalidParamException if its type does not fit.
     void NameAs(std::uint32_t element) const;
 

@@ -1,10 +1,12 @@
 // CTypedObject: writing, and the test ahead of it.
 #include "zvxmllib/generated/ItemTypes.h"
 #include "zvxmllib/generated/TypedObject.h"
+#include "zvxmllib/generated/Values.h"
 
 #include "zvxmllib/collections/Attribute.h"
 #include "zvxmllib/context/SerializationContext.h"
 #include "zvxmllib/foundation/Exceptions.h"
+#include "zvxmllib/foundation/XmlNamespaces.h"
 #include "zvxmllib/grammar/ContentWalk.h"
 #include "zvxmllib/writers/XmlWriter.h"
 
@@ -19,22 +21,13 @@ using namespace grammar;
 
 namespace {
 
-// The prefixes that an element will be written with, as far as its values need them.
-class KeptPrefixes final : public INamespaceScope {
-public:
-    using List = std::vector<std::pair<std::string, std::string>>;
-    explicit KeptPrefixes(List const& prefixes) noexcept : m_prefixes(prefixes) {}
+using Prefixes = std::vector<std::pair<std::string, std::string>>;
 
-    bool FindNamespace(std::string_view prefix, std::string& ns) const override {
-        auto const found = std::find_if(m_prefixes.begin(), m_prefixes.end(),
-                                        [prefix](auto const& kept) { return kept.first == prefix; });
-        ns = found == m_prefixes.end() ? std::string() : found->second;
-        return found != m_prefixes.end() || prefix.empty();
-    }
-
-private:
-    List const& m_prefixes;
-};
+std::string const* FindUri(Prefixes const& prefixes, std::string_view prefix) {
+    auto const found = std::find_if(prefixes.begin(), prefixes.end(),
+                                    [prefix](auto const& kept) { return kept.first == prefix; });
+    return found == prefixes.end() ? nullptr : &found->second;
+}
 
 } // namespace
 
@@ -42,12 +35,29 @@ private:
 class CTypedObject::ContentCheck {
 public:
     void Run(CTypedObject const& object) { Check(object, nullptr, 0); }
+    // Whether a value is a qualified name without prefix and namespace: no default namespace may reach it.
+    bool HasBareNames() const noexcept { return m_hasBareNames; }
 
 private:
-    // The way from the object that is written.
-    struct Path {
+    // The way from the object that is written, with the prefixes that will be in scope.
+    struct Path final : INamespaceScope {
+        Path(CTypedObject const& pathObject, Path const* pathOuter) : object(pathObject), outer(pathOuter) {}
+
+        bool FindNamespace(std::string_view prefix, std::string& ns) const override {
+            for (Path const* path = this; path != nullptr; path = path->outer) {
+                std::string const* const uri =
+                    path->object.m_rare == nullptr ? nullptr : FindUri(path->object.m_rare->prefixes, prefix);
+                if (uri != nullptr) {
+                    ns = *uri;
+                    return true;
+                }
+            }
+            ns = prefix == "xml" ? kXmlNamespace : "";
+            return prefix.empty() || prefix == "xml";
+        }
+
         CTypedObject const& object;
-        Path const* outer;
+        Path const* const outer;
     };
 
     static constexpr unsigned kMostDepth = 1000;
@@ -91,14 +101,37 @@ private:
         if (simple == kNone || object.m_isNil || (object.m_text.empty() && hasDefault))
             return;
         SimpleTypes const& types = object.m_schema->GetGrammar().GetSimpleTypes();
-        static KeptPrefixes::List const s_none;
-        KeptPrefixes const prefixes(object.m_rare == nullptr ? s_none : object.m_rare->prefixes);
-        bool const hasNames =
-            object.m_rare != nullptr && !object.m_rare->prefixes.empty() && types.HasQNames(simple);
-        char const* const fault =
-            types.FindFault(simple, object.m_text, hasNames ? &prefixes : nullptr, nullptr, m_message);
+        char const* const fault = types.FindFault(
+            simple, object.m_text, types.HasQNames(simple) ? &path : nullptr, nullptr, m_message);
         if (fault != nullptr)
             Fail(fault, path);
+        NoteBareNames(simple, object.m_text, path);
+    }
+
+    // The prefixes of qualified names in a value that was tested when it was set.
+    void CheckNames(std::uint32_t type, ValueText const& value, Path const& path) {
+        SimpleTypes const& types = path.object.m_schema->GetGrammar().GetSimpleTypes();
+        if (!types.HasQNames(type))
+            return;
+        std::string const text = value.Get();
+        char const* const fault = types.FindFault(type, text, &path, nullptr, m_message);
+        if (fault != nullptr)
+            Fail(fault, path);
+        NoteBareNames(type, text, path);
+    }
+
+    void NoteBareNames(std::uint32_t type, std::string const& text, Path const& path) {
+        if (m_hasBareNames || !path.object.m_schema->GetGrammar().GetSimpleTypes().HasQNames(type))
+            return;
+        std::string ns;
+        path.FindNamespace({}, ns);
+        m_hasBareNames = ns.empty() && HasWordWithoutColon(text);
+    }
+
+    static bool HasWordWithoutColon(std::string const& text) {
+        std::vector<std::string> const words = SplitList(text);
+        return std::any_of(words.begin(), words.end(),
+                           [](std::string const& word) { return word.find(':') == std::string::npos; });
     }
 
     void CheckNodes(Path const& path) {
@@ -112,6 +145,9 @@ private:
         for (Node const& node : object.m_nodes) {
             if (node.declaration != kNone) {
                 DeclaredName const& name = object.m_schema->NameOfElement(node.declaration);
+                TypeId const type = object.Rows().elements[node.declaration].type;
+                if (node.object == nullptr && !IsComplex(type))
+                    CheckNames(static_cast<std::uint32_t>(type), node.text, path);
                 m_names.push_back({grammar.SymbolOf(node.declaration), name.name, *name.ns});
             } else {
                 m_namespaces.push_back(node.object == nullptr ? std::string() : node.object->GetNamespace());
@@ -124,8 +160,12 @@ private:
             Fail(fault.message, path);
     }
 
-    static void CheckAttributes(Path const& path) {
+    void CheckAttributes(Path const& path) {
         CTypedObject const& object = path.object;
+        for (Attribute const& attribute : object.m_attributes) {
+            if (attribute.row != nullptr)
+                CheckNames(attribute.row->type, attribute.value, path);
+        }
         if (!IsComplex(object.m_type) || object.m_type == kAnyType)
             return;
         Range const uses = object.Rows().complexTypes[ComplexTypeRowOf(object.m_type)].attributes;
@@ -141,6 +181,7 @@ private:
     std::deque<std::string> m_namespaces;
     std::vector<std::uint32_t> m_room;
     std::string m_message;
+    bool m_hasBareNames = false;
 };
 
 void CTypedObject::CheckContent() const {
@@ -176,8 +217,9 @@ void CTypedObject::ToXml_Int(CXmlWriter* writer, bool isRoot, char const* ns,
 }
 
 void CTypedObject::BeginDocument(CXmlWriter& writer, CSerializationContext const& ctx) const {
+    ContentCheck check;
     if (ctx.GetStrict())
-        CheckContent();
+        check.Run(*this);
     for (std::string const& instruction : ctx.GetProcessingInstructions())
         writer.WriteProcessingInstruction(instruction);
     for (auto const& [uri, alias] : ctx.GetNamespaceAliases().GetEntries()) {
@@ -185,9 +227,14 @@ void CTypedObject::BeginDocument(CXmlWriter& writer, CSerializationContext const
             writer.AddNamespaceAlias(alias, uri);
     }
     std::string const defaultNamespace = ctx.GetDefaultNamespaceURI();
+    if (!defaultNamespace.empty() && check.HasBareNames())
+        throw CZvInvalidStateException(
+            "A value of [" + GetElementName() +
+            "] is a name without a namespace, which a default namespace would change.");
     if (!defaultNamespace.empty())
         writer.SetDefaultNamespace(defaultNamespace);
-    else if (m_schema->IsQualified() && ctx.GetNamespaceAliases().GetEntries().empty())
+    else if (m_schema->IsQualified() && !check.HasBareNames() &&
+             ctx.GetNamespaceAliases().GetEntries().empty())
         writer.SetDefaultNamespace(Namespace());
 }
 
