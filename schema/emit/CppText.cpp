@@ -1,6 +1,7 @@
 #include "schema/emit/CppText.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace ZvXmlLib16::schema {
 
@@ -80,6 +81,26 @@ std::string OpenNamespace(std::string const& name) {
 
 std::string CloseNamespace(std::string const& name) {
     return "} // namespace " + name + "\n";
+}
+
+std::string JoinNamespaces(std::string const& text) {
+    constexpr std::string_view kClose = "\n} // namespace ";
+    std::string joined;
+    std::size_t from = 0;
+    for (std::size_t at = 0; (at = text.find(kClose, at)) != std::string::npos;) {
+        std::size_t const name = at + kClose.size();
+        std::size_t const end = text.find('\n', name);
+        std::string const again = "\n\n" + OpenNamespace(text.substr(name, end - name)) + "\n";
+        if (text.compare(end, again.size(), again) != 0) {
+            at = end;
+            continue;
+        }
+        joined.append(text, from, at + 1 - from);
+        if (text[at - 1] != '\n')
+            joined += '\n';
+        from = at = end + again.size();
+    }
+    return joined.append(text, from, std::string::npos);
 }
 
 } // namespace ZvXmlLib16::schema

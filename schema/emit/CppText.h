@@ -14,5 +14,7 @@ std::string Comment(std::string_view text, std::string const& indent);
 // Opens and closes a::b.
 std::string OpenNamespace(std::string const& name);
 std::string CloseNamespace(std::string const& name);
+// The text without the ends of namespaces that are opened again at once.
+std::string JoinNamespaces(std::string const& text);
 
 } // namespace ZvXmlLib16::schema

@@ -54,10 +54,10 @@ public:
     std::vector<EmittedFile> Emit() const {
         std::vector<EmittedFile> files;
         std::vector<std::string> const names = OutputNames(m_stem, m_parts);
-        files.push_back({names[0], Header()});
-        files.push_back({names[1], ForwardHeader()});
+        files.push_back({names[0], JoinNamespaces(Header())});
+        files.push_back({names[1], JoinNamespaces(ForwardHeader())});
         for (unsigned part = 0; part < m_parts; ++part)
-            files.push_back({names[2 + part], Source(part)});
+            files.push_back({names[2 + part], JoinNamespaces(Source(part))});
         return files;
     }
 
@@ -103,10 +103,34 @@ private:
         }
     }
     std::string ValueType(ValuePlan const& value, std::string const& ns) const {
-        if (value.kind == ValueKind::kText)
+        switch (value.kind) {
+        case ValueKind::kCodec:
+            return TypeOf(value.item);
+        case ValueKind::kList:
+            return "std::vector<" + TypeOf(value.item) + ">";
+        case ValueKind::kEnum:
+            return EnumName(value.enumeration, ns);
+        default:
             return "std::string";
-        return value.kind == ValueKind::kEnum ? EnumName(value.enumeration, ns)
-                                              : Codec(value, ns) + "::Value";
+        }
+    }
+    // In C++.
+    static std::string TypeOf(ItemType item) {
+        static constexpr char const* kTypes[] = {
+#define ZV_TYPE(name, Policy, Name, Value, KIND, slot) #Value,
+            ZV_SIMPLE_TYPES(ZV_TYPE)
+#undef ZV_TYPE
+        };
+        std::string const type = kTypes[item - 1];
+        return type[0] == 'C' ? "zv::" + type : type;
+    }
+    static bool IsArithmetic(ItemType item) {
+        static constexpr bool kAre[] = {
+#define ZV_TYPE(name, Policy, Name, Value, KIND, slot) std::string_view(#KIND) == "SCALAR",
+            ZV_SIMPLE_TYPES(ZV_TYPE)
+#undef ZV_TYPE
+        };
+        return kAre[item - 1];
     }
 
     // Calls for each run of items of one namespace.
@@ -136,7 +160,7 @@ private:
     std::string Header() const {
         std::string text = Title() + "#pragma once\n\n#include \"" + m_stem + "-fwd.h\"\n\n" + Includes() +
                            "#include <zvxmllib/ZvXmlLib.h>\n#include <zvxmllib/generated/Generated.h>\n\n" +
-                           "#include <cstddef>\n#include <cstdint>\n#include <string>\n\n";
+                           "#include <cstddef>\n#include <cstdint>\n#include <string>\n#include <vector>\n\n";
         std::set<std::string> named;
         auto const nameIn = [&](auto const& items) {
             for (auto const& item : items) {
@@ -203,16 +227,19 @@ private:
                ";\n    static gen::EnumTexts Texts() noexcept;\n};\n\n";
     }
 
+    // The last of the names with colons between them.
+    static std::string LastName(std::string const& name) {
+        std::size_t const colon = name.rfind(':');
+        return colon == std::string::npos ? name : name.substr(colon + 1);
+    }
+
     std::string Class(ClassPlan const& plan) const {
         std::string const base = ClassName(plan.base, plan.ns);
         std::string text = Doc(plan.source, "type or element " + plan.xmlName, "");
         text += "class " + plan.name + " : public " + base + " {\npublic:\n";
         if (!plan.isAbstract)
             text += "    " + plan.name + "();\n";
-        text += "    // For the library, and derived classes.\n    " + plan.name +
-                "(gen::BoundSchema const& schema, zv::grammar::TypeId type,\n        "
-                "std::uint32_t declaration)\n        : " +
-                base + "(schema, type, declaration) {}\n";
+        text += "    using " + base + "::" + LastName(base) + ";\n";
         for (PropertyPlan const& property : plan.properties)
             text += "\n" + Property(plan, property);
         return text + "};\n\n";
@@ -262,7 +289,8 @@ private:
                           std::string const& put) const {
         std::string const type = ValueType(property.value, plan.ns);
         bool const isText = property.value.kind == ValueKind::kText;
-        bool const isSmall = property.value.kind == ValueKind::kEnum;
+        bool const isSmall = property.value.kind == ValueKind::kEnum ||
+                             (property.value.kind == ValueKind::kCodec && IsArithmetic(property.value.item));
         std::string const parameter = isSmall ? type + " value" : type + " const& value";
         std::string const codec = Codec(property.value, plan.ns);
         return "    " + type + " Get" + property.name + "() const { return " +
@@ -404,7 +432,9 @@ private:
                std::to_string(plan.type) + ", " + declaration + ") {}\n\n";
     }
     // Of what one file alone needs, so that several sets fit into one translation unit.
-    std::string RowsNamespace() const { return Identifier(m_stem) + "_rows"; }
+    std::string RowsNamespace() const {
+        return Identifier(m_stem) + "_rows";
+    }
     std::string SchemaSource() const {
         std::string text =
             OpenNamespace(RowsNamespace()) + "namespace {\n\nusing namespace ZvXmlLib16::grammar;\n\n" +

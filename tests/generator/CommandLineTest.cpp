@@ -88,6 +88,14 @@ TEST(CommandLine, RepeatsItself) {
     EXPECT_EQ(fs::last_write_time(scratch.Path("one/s-fwd.h")), old);
 }
 
+// Each construct of a schema as code.
+TEST(CommandLine, WritesTheGoldenTexts) {
+    ToolResult const result =
+        ScratchDirectory().Run("--check --out '" ZV_GOLDEN "' '" ZV_GOLDEN "/golden.xsd'");
+    EXPECT_EQ(result.exitCode, 0) << result.err << "\nWrite them anew if this is meant:\n" ZV_TOOL
+                                  << " --out " ZV_GOLDEN " " ZV_GOLDEN "/golden.xsd";
+}
+
 TEST(CommandLine, MakesAProjectForASample) {
     ScratchDirectory const scratch;
     scratch.Write("s.xsd", kSchema);
