@@ -5,7 +5,10 @@
 #include "zvxmllib/values/text/NumberText.h"
 #include "zvxmllib/writers/Failures.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cstdint>
+#include <cstring>
 #include <system_error>
 
 namespace ZvXmlLib16 {
@@ -35,20 +38,26 @@ bool Take(std::string_view& text, std::string_view choice) noexcept {
 
 // RFC 8259, section 6. Many programs refuse what is beyond a double.
 bool IsNumber(std::string_view text) noexcept {
-    double value;
-    if (std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc::result_out_of_range)
-        return false;
+    constexpr std::size_t kMostDigits = 300; // of a number without exponent that every double can hold
+    std::string_view const whole = text;
+    bool hasExponent = false;
     Take(text, "-");
     if (!Take(text, "0") && !TakeDigits(text))
         return false;
     if (Take(text, ".") && !TakeDigits(text))
         return false;
     if (Take(text, "eE")) {
+        hasExponent = true;
         Take(text, "+-");
         if (!TakeDigits(text))
             return false;
     }
-    return text.empty();
+    if (!text.empty())
+        return false;
+    double value;
+    return (!hasExponent && whole.size() < kMostDigits) ||
+           std::from_chars(whole.data(), whole.data() + whole.size(), value).ec !=
+               std::errc::result_out_of_range;
 }
 
 // A format may leave a decimal its point without a digit behind it, which JSON does not.
@@ -57,6 +66,35 @@ JsonValue ScalarOf(std::string const& text, ItemType type) {
         return ScalarOf(text.substr(0, text.size() - 1), type);
     bool const isBare = StandsBare(type) && (text == "true" || text == "false" || IsNumber(text));
     return {isBare ? JsonValue::kBare : JsonValue::kString, text, {}};
+}
+
+// Whether none of eight octets is a control character, a quotation mark or a backslash. An octet that is one
+// is always seen; one above it may be taken for one, and is then looked at by itself.
+bool AreEightPlain(std::uint64_t octets) noexcept {
+    constexpr std::uint64_t kOnes = 0x0101010101010101U;
+    auto const hasZero = [](std::uint64_t eight) { return (eight - kOnes) & ~eight; };
+    std::uint64_t const controls = (octets - kOnes * 0x20) & ~octets;
+    return ((controls | hasZero(octets ^ (kOnes * '"')) | hasZero(octets ^ (kOnes * '\\'))) &
+            (kOnes << 7U)) == 0;
+}
+
+// Where the characters end that stand in a string as they are.
+std::size_t EndOfPlainRun(std::string const& text, std::size_t at) noexcept {
+    for (std::uint64_t octets = 0; at + sizeof octets <= text.size(); at += sizeof octets) {
+        std::memcpy(&octets, text.data() + at, sizeof octets);
+        if (!AreEightPlain(octets))
+            break;
+    }
+    while (at < text.size() && static_cast<unsigned char>(text[at]) >= 0x20 && text[at] != '"' &&
+           text[at] != '\\')
+        ++at;
+    return at;
+}
+
+// Growing one by one from the start would move the members often.
+void ReserveFew(std::vector<JsonMember>& members) {
+    if (members.capacity() == 0)
+        members.reserve(4);
 }
 
 } // namespace
@@ -210,17 +248,32 @@ std::string const& CExactJsonWriter::AliasOf(std::string const& ns) {
     return alias;
 }
 
+// To be asked before each member is added, which it then expects.
+bool CExactJsonWriter::Open::HasMember(std::string const& name) {
+    constexpr std::size_t kFew = 16;
+    std::vector<JsonMember> const& members = object.members;
+    if (members.size() < kFew)
+        return std::any_of(members.rbegin(), members.rend(),
+                           [&name](JsonMember const& known) { return known.name == name; });
+    if (names.empty()) {
+        for (JsonMember const& known : members)
+            names.insert(known.name);
+    }
+    return !names.insert(name).second;
+}
+
 // A declaration may stand there already, and changes then.
 void CExactJsonWriter::AddAttribute(std::string const& name, JsonValue value) {
     Open& element = m_open.back();
     std::vector<JsonMember>& members = element.object.members;
-    if (!element.names.insert(name).second) {
+    if (element.HasMember(name)) {
         for (std::size_t i = 0; i < element.attributes; ++i) {
             if (members[i].name == name)
                 members[i].value = std::move(value);
         }
         return;
     }
+    ReserveFew(members);
     members.insert(members.begin() + static_cast<std::ptrdiff_t>(element.attributes++),
                    JsonMember{name, std::move(value)});
 }
@@ -229,7 +282,7 @@ void CExactJsonWriter::AddAttribute(std::string const& name, JsonValue value) {
 void CExactJsonWriter::AddChild(std::string const& name, JsonValue value, bool isAnnounced) {
     Open& parent = m_open.back();
     std::vector<JsonMember>& members = parent.object.members;
-    if (!parent.names.insert(name).second) {
+    if (parent.HasMember(name)) {
         if (members.size() == parent.attributes || members.back().name != name)
             FailElementPlaceInJson(name);
         JsonValue& last = members.back().value;
@@ -246,6 +299,7 @@ void CExactJsonWriter::AddChild(std::string const& name, JsonValue value, bool i
         array.members.push_back({std::string(), std::move(value)});
         value = std::move(array);
     }
+    ReserveFew(members);
     members.push_back({name, std::move(value)});
 }
 
@@ -312,10 +366,7 @@ void CExactJsonWriter::PrintMember(JsonMember const& member, std::int32_t depth,
 void CExactJsonWriter::PrintString(std::string const& text) {
     m_sink->Append('"');
     for (std::size_t run = 0;;) {
-        std::size_t end = run;
-        while (end < text.size() && static_cast<unsigned char>(text[end]) >= 0x20 && text[end] != '"' &&
-               text[end] != '\\')
-            ++end;
+        std::size_t const end = EndOfPlainRun(text, run);
         m_sink->Append(text.data() + run, end - run);
         if (end == text.size())
             break;

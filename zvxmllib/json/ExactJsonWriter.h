@@ -56,7 +56,9 @@ private:
         ItemType type{};
         bool hasText = false;
         bool isNil = false;
-        std::unordered_set<std::string> names; // of all members
+        std::unordered_set<std::string> names; // of all members where they are many, else empty
+
+        bool HasMember(std::string const& name);
     };
 
     bool IsFull() const noexcept { return m_roundTrip == JsonRoundTrip_Full; }

@@ -51,13 +51,28 @@ XmlInstruction RequireInstruction(std::string const& text) {
 WriterChecks::WriterChecks(bool hasNamespaces)
     : m_hasNamespaces(hasNamespaces), m_isLocalUtf8(IsLocalTextUtf8()) {}
 
+// A document has few names: those that were good lately are known again.
 bool WriterChecks::IsName(std::string const& name) const {
+    if (name.empty())
+        return false;
+    auto const octet = [&name](std::size_t at) { return static_cast<unsigned char>(name[at]); };
+    std::size_t const place =
+        (octet(0) * 5U + octet(name.size() / 2) * 17U + octet(name.size() - 1) * 33U + name.size() * 3U) %
+        m_goodNames.size();
+    std::string& known = m_goodNames[place];
+    if (known == name)
+        return true;
     CBinaryData room;
     std::string_view const utf8 = Utf8Of(name, m_isLocalUtf8, room);
-    return m_hasNamespaces ? IsXmlNCName(utf8) : IsXmlName(utf8);
+    bool const isName = m_hasNamespaces ? IsXmlNCName(utf8) : IsXmlName(utf8);
+    if (isName)
+        known = name;
+    return isName;
 }
 
 void WriterChecks::RequireText(std::string const& text, std::string const& owner) const {
+    if (m_isLocalUtf8 && FindXmlTextFault(text).kind == XmlTextFault::kNone)
+        return;
     CBinaryData room;
     XmlTextFault const fault = FindXmlTextFault(Utf8Of(text, m_isLocalUtf8, room));
     if (fault.kind == XmlTextFault::kMalformed)
@@ -67,15 +82,16 @@ void WriterChecks::RequireText(std::string const& text, std::string const& owner
 }
 
 void WriterChecks::RequireNamespace(std::string const& ns, std::string const& owner) const {
-    if (ns.empty())
+    if (ns.empty() || ns == m_goodNamespace)
         return;
     RequireText(ns, owner);
     if (ns == kXmlnsNamespace)
         FailNamespaceOfXml(ns);
+    m_goodNamespace = ns;
 }
 
-// "xml" is bound to its namespace, and nothing else is; a prefix can not be taken away (Namespaces in XML 1.0,
-// 3 and 6.1). An empty alias counts as none.
+// "xml" is bound to its namespace, and nothing else is; a prefix can not be taken away (Namespaces in
+// XML 1.0, 3 and 6.1). An empty alias counts as none.
 void WriterChecks::RequireAlias(std::string const& alias, std::string const& ns) const {
     if (alias.empty())
         return;

@@ -58,6 +58,8 @@ private:
 
     bool const m_hasNamespaces;
     bool const m_isLocalUtf8;
+    mutable std::array<std::string, 64> m_goodNames; // by a hash of theirs; empty for none
+    mutable std::string m_goodNamespace;             // the last one
     bool m_hasRoot = false;
     std::map<std::string, std::string> m_documentAliases; // to namespaces
     std::vector<std::string> m_open;                      // names, of which the first m_depth are open

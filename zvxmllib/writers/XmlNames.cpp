@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 
 namespace ZvXmlLib16 {
@@ -136,7 +137,38 @@ bool IsXmlNCName(std::string_view utf8) noexcept {
     return IsXmlName(utf8) && utf8.find(':') == std::string_view::npos;
 }
 
+namespace {
+
+// Whether eight octets are all from a blank to 7F. A difference borrows from the octet above only if an octet
+// below is smaller than a blank, so that no fault is passed over.
+bool AreEightPlain(std::uint64_t octets) noexcept {
+    constexpr std::uint64_t kBlanks = 0x2020202020202020U;
+    constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+    return (((octets - kBlanks) | octets) & kHighBits) == 0;
+}
+
+// Most texts are of such octets alone.
+bool IsPlainText(std::string_view text) noexcept {
+    std::uint64_t octets = 0;
+    std::size_t i = 0;
+    for (; i + sizeof octets <= text.size(); i += sizeof octets) {
+        std::memcpy(&octets, text.data() + i, sizeof octets);
+        if (!AreEightPlain(octets))
+            return false;
+    }
+    for (; i < text.size(); ++i) {
+        auto const octet = static_cast<unsigned char>(text[i]);
+        if (octet < 0x20 || octet > 0x7F)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
 XmlTextFault FindXmlTextFault(std::string_view utf8) noexcept {
+    if (IsPlainText(utf8))
+        return {XmlTextFault::kNone, 0};
     if (!IsValidUtf8(utf8))
         return {XmlTextFault::kMalformed, 0};
     for (std::size_t at = 0; at < utf8.size();) {
