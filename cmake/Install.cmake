@@ -38,6 +38,14 @@ configure_file("${PROJECT_SOURCE_DIR}/cmake/zvxmllib.pc.in" "${PROJECT_BINARY_DI
 install(FILES "${PROJECT_BINARY_DIR}/zvxmllib.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
     COMPONENT development)
 
+# What gdb shows of values: once where gdb finds it with the shared library in its place, once for static builds.
+set(printers "${PROJECT_SOURCE_DIR}/tools/gdb/zvxmllib-gdb.py")
+install(FILES "${printers}" DESTINATION "${CMAKE_INSTALL_DATADIR}/zvxmllib" COMPONENT development)
+if(BUILD_SHARED_LIBS)
+    install(FILES "${printers}" DESTINATION "${CMAKE_INSTALL_DATADIR}/gdb/auto-load${CMAKE_INSTALL_FULL_LIBDIR}"
+        RENAME "libzvxmllib.so.${PROJECT_VERSION}-gdb.py" COMPONENT development)
+endif()
+
 install(FILES LICENSE NOTICE README.md CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT documents)
 install(DIRECTORY docs DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT documents
     PATTERN site EXCLUDE PATTERN CMakeLists.txt EXCLUDE PATTERN Doxyfile.in EXCLUDE)

@@ -52,6 +52,7 @@ need_clang() {
 need_test_packages() {
     need_program python3 python3
     need_program nm binutils
+    need_program gdb gdb
     need_program localedef libc-bin
     need_file /usr/share/i18n/charmaps/UTF-8.gz locales # from which the tests make their locales
     need_header gtest/gtest.h libgtest-dev

@@ -66,7 +66,7 @@ protected:
 
     std::string const m_name;      // the local name
     std::string const m_namespace; // empty for none
-    detail::BoundProperty const m_property;
+    detail::BoundProperty const m_property; // its place
     bool const m_optional;            // it may be absent
     std::string const m_defaultValue; // empty for none
 };

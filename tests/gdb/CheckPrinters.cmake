@@ -1,0 +1,12 @@
+# Prints each value of values.cpp and compares with expected.txt.
+set(commands -ex "source ${printers}" -ex "break Stop" -ex run -ex up)
+foreach(value IN ITEMS none date moment span price zero large bytes invalid text number nil dated *numbers.p nothing shortText longText)
+    list(APPEND commands -ex "print ${value}")
+endforeach()
+execute_process(COMMAND "${gdb}" -nx -batch ${commands} "${program}" OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+string(REGEX MATCHALL "\\$[0-9]+ = [^\n]*\n" shown "${output}")
+list(JOIN shown "" shown)
+file(READ "${CMAKE_CURRENT_LIST_DIR}/expected.txt" expected)
+if(NOT shown STREQUAL expected)
+    message(FATAL_ERROR "gdb shows\n${shown}\ninstead of\n${expected}\n${errors}")
+endif()
