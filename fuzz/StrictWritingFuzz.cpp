@@ -137,7 +137,7 @@ private:
         std::string const ns = choices.TakeNamespace();
         std::string const name = choices.TakeName();
         std::string const text = choices.TakeText();
-        if (!writer.TryWriteTextElement(name, ns, text)) {
+        if (!writer.TryWriteTextElement(name, ns, text, ItemType_string)) {
             writer.WriteElementStart(name, ns);
             writer.WriteElementValue(text, ItemType_string, false);
             writer.WriteElementEnd();

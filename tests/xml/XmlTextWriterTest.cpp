@@ -108,7 +108,7 @@ std::string WriteTexts(std::vector<std::string> const& texts, bool inOneStep, bo
     std::size_t steps = 0;
     for (std::string const& text : texts) {
         for (char const* const ns : {"d", "known", "new", ""}) {
-            if (inOneStep && writer.TryWriteTextElement("name", ns, text)) {
+            if (inOneStep && writer.TryWriteTextElement("name", ns, text, ItemType_string)) {
                 ++steps;
                 continue;
             }
@@ -148,11 +148,11 @@ TEST(XmlTextWriter, WritesTheSameInOneStep) {
 TEST(XmlTextWriter, TakesOneStepOnlyWhereNoFlushIsDue) {
     CTextStream sink(XmlEncoding_None);
     CXmlTextWriter writer(&sink);
-    EXPECT_FALSE(writer.TryWriteTextElement("a", "", "the root"));
+    EXPECT_FALSE(writer.TryWriteTextElement("a", "", "the root", ItemType_string));
     writer.WriteElementStart("a", "");
-    EXPECT_TRUE(writer.TryWriteTextElement("a", "", "x"));
+    EXPECT_TRUE(writer.TryWriteTextElement("a", "", "x", ItemType_string));
     writer.WriteElementValue(std::string(4000, 'x'), ItemType_string, false);
-    EXPECT_FALSE(writer.TryWriteTextElement("a", "", std::string(100, 'x')));
+    EXPECT_FALSE(writer.TryWriteTextElement("a", "", std::string(100, 'x'), ItemType_string));
 }
 
 // Counts how often the writer hands its text on.

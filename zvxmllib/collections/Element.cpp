@@ -348,7 +348,7 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, char const* ns, CSerializatio
     }
     if (m_rules != nullptr)
         WriteDeclarations(*writer);
-    if (!HasAttributes() && m_elements == nullptr && writer->TryWriteTextElement(m_name, m_namespace, m_text))
+    if (!HasAttributes() && m_elements == nullptr && writer->TryWriteTextElement(m_name, m_namespace, m_text, ItemType_string))
         return;
     writer->WriteElementStart(m_name, m_namespace);
     if (m_attributes != nullptr)

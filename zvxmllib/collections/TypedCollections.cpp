@@ -106,7 +106,7 @@ void ValueStore<Value>::WriteValues(CXmlWriter* writer, CSerializationContext co
     std::string& buffer = writer->GetValueRoom().text;
     for (Value const& value : m_values) {
         std::string const& text = toText(value, buffer);
-        if (writer->TryWriteTextElement(GetElementName(), m_namespace, text))
+        if (writer->TryWriteTextElement(GetElementName(), m_namespace, text, type))
             continue;
         writer->WriteElementStart(GetElementName(), m_namespace);
         writer->WriteElementValue(text, type, false);

@@ -46,7 +46,7 @@ bool CElementInfo::WriteProperty(Ctx const& ctx, Object const* object, CXmlWrite
 
 void CElementInfo::WriteText(CXmlWriter* writer, std::string const& text, ItemType type,
                              bool isDefault) const {
-    if (!isDefault && writer->TryWriteTextElement(m_name, m_namespace, text))
+    if (!isDefault && writer->TryWriteTextElement(m_name, m_namespace, text, type))
         return;
     writer->WriteElementStart(m_name, m_namespace);
     writer->WriteElementValue(text, type, isDefault);

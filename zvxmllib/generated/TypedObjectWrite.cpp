@@ -329,7 +329,7 @@ void CTypedObject::WriteNode(CXmlWriter& writer, Node const& node, CSerializatio
     auto const type = static_cast<std::uint32_t>(Rows().elements[node.declaration].type);
     std::string& room = writer.GetValueRoom().text;
     ItemType const item = ToWrittenForm(m_schema->GetGrammar().GetSimpleTypes(), type, node.text, room);
-    if (writer.TryWriteTextElement(name.name, *name.ns, room))
+    if (writer.TryWriteTextElement(name.name, *name.ns, room, item))
         return;
     writer.WriteElementStart(name.name, *name.ns);
     writer.WriteElementValue(room, item, false);

@@ -183,6 +183,24 @@ void CExactJsonWriter::WriteElementEnd() {
         AddChild(member, std::move(value), m_pContext->m_collectionState == CollectionState_Announced);
 }
 
+// Without a context and an open element of its own, where nothing has to be declared.
+bool CExactJsonWriter::TryWriteTextElement(std::string const& name, std::string const& ns,
+                                           std::string const& text, ItemType type) {
+    if (m_open.empty() || text.empty() || !m_kept.IsEmpty())
+        return false;
+    std::string const* alias = nullptr;
+    if (IsFull() && ns != m_pContext->GetDefaultNamespace()) {
+        alias = ns.empty() ? nullptr : m_pContext->FindAlias(ns);
+        if (alias == nullptr)
+            return false;
+    }
+    ForgetBlankText(true);
+    AddChild(alias == nullptr ? name : *alias + ':' + name, ScalarOf(text, type),
+             m_pContext->m_collectionState == CollectionState_Announced);
+    CountContext();
+    return true;
+}
+
 void CExactJsonWriter::WriteAttribute(std::string const& name, std::string const& ns,
                                       std::string const& value, ItemType type) {
     RequireOpenStartTag();

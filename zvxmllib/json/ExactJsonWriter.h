@@ -35,6 +35,9 @@ public:
     void WriteElementStart(std::string const& name, std::string const& ns) override;
     void WriteElementValue(std::string const& text, ItemType type, bool isDefault) override;
     void WriteElementEnd() override;
+    static constexpr bool kWritesTextElements = true;
+    bool TryWriteTextElement(std::string const& name, std::string const& ns, std::string const& text,
+                             ItemType type) override;
     void WriteAttribute(std::string const& name, std::string const& ns, std::string const& value,
                         ItemType type) override;
     void WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) override;

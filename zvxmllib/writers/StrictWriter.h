@@ -63,13 +63,13 @@ public:
         m_checks.EndElement();
     }
     // Of the three operations that this stands for, the second one looks at the text.
-    bool TryWriteTextElement(std::string const& name, std::string const& ns,
-                             std::string const& text) override {
+    bool TryWriteTextElement(std::string const& name, std::string const& ns, std::string const& text,
+                             ItemType type) override {
         if constexpr (Base::kWritesTextElements) {
             m_checks.StartElement(name, ns);
-            if (!m_checks.IsValue(text) || !Base::TryWriteTextElement(name, ns, text)) {
+            if (!m_checks.IsValue(text) || !Base::TryWriteTextElement(name, ns, text, type)) {
                 Base::WriteElementStart(name, ns);
-                WriteElementValue(text, ItemType_string, false);
+                WriteElementValue(text, type, false);
                 Base::WriteElementEnd();
             }
             m_checks.EndElement();

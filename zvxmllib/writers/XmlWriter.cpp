@@ -52,7 +52,7 @@ void CXmlWriter::DeclareOnNextElement(std::string const&, std::string const&) {}
 
 void CXmlWriter::BeginMixedContent() {}
 
-bool CXmlWriter::TryWriteTextElement(std::string const&, std::string const&, std::string const&) {
+bool CXmlWriter::TryWriteTextElement(std::string const&, std::string const&, std::string const&, ItemType) {
     return false;
 }
 

@@ -81,7 +81,8 @@ public:
     static constexpr bool kWritesTextElements = false;
     // Writes an element that has a text and nothing else in one step, if the format has one and this element
     // needs no more. Returns false with nothing done otherwise: then the three operations above are called.
-    virtual bool TryWriteTextElement(std::string const& name, std::string const& ns, std::string const& text);
+    virtual bool TryWriteTextElement(std::string const& name, std::string const& ns, std::string const& text,
+                                     ItemType type);
 
     // Room for a value on its way from a property to the output, reused so that its strings keep their
     // memory. Writing another element overwrites it.

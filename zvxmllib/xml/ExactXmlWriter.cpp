@@ -94,11 +94,11 @@ void CExactXmlWriter::WriteElementEnd() {
 }
 
 bool CExactXmlWriter::TryWriteTextElement(std::string const& name, std::string const& ns,
-                                          std::string const& text) {
+                                          std::string const& text, ItemType type) {
     if (m_pContext == nullptr || !m_kept.IsEmpty() ||
         (ns.empty() && !m_pContext->GetDefaultNamespace().empty()))
         return false;
-    return CXmlTextWriter::TryWriteTextElement(name, ns, text);
+    return CXmlTextWriter::TryWriteTextElement(name, ns, text, type);
 }
 
 // A name without a prefix is one of the default namespace.

@@ -30,8 +30,8 @@ public:
     void WriteProcessingInstruction(std::string const& text) override;
     void WriteElementStart(std::string const& name, std::string const& ns) override;
     void WriteElementEnd() override;
-    bool TryWriteTextElement(std::string const& name, std::string const& ns,
-                             std::string const& text) override;
+    bool TryWriteTextElement(std::string const& name, std::string const& ns, std::string const& text,
+                             ItemType type) override;
     void WriteTypeAttribute(std::string const& ns, std::string const& typeName, ItemType type) override;
 
 protected:

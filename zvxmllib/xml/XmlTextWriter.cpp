@@ -152,7 +152,7 @@ std::string const* CXmlTextWriter::FindElementAlias(CXmlWriterContext const& con
 // The same bytes as from the three operations, put together in the block of the sink. What is out of the
 // ordinary goes their way.
 bool CXmlTextWriter::TryWriteTextElement(std::string const& name, std::string const& ns,
-                                         std::string const& text) {
+                                         std::string const& text, ItemType) {
     constexpr std::size_t kLongestText = 512;
     constexpr std::size_t kLongestEscape = 6;
     if (m_pContext == nullptr || text.empty() || text.size() > kLongestText || text[0] == kCDataStart[0])

@@ -27,8 +27,8 @@ public:
     void WriteAttribute(std::string const& name, std::string const& ns, std::string const& value,
                         ItemType type) override;
     static constexpr bool kWritesTextElements = true;
-    bool TryWriteTextElement(std::string const& name, std::string const& ns,
-                             std::string const& text) override;
+    bool TryWriteTextElement(std::string const& name, std::string const& ns, std::string const& text,
+                             ItemType type) override;
 
     // Set it before the root element. False at first.
     bool GetWriteDefaultElementValues() const noexcept { return m_writeDefaultElementValues; }
