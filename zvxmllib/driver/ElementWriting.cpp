@@ -11,6 +11,15 @@
 
 namespace ZvXmlLib16Data {
 
+inline void CElementInfo::WriteText(CXmlWriter* writer, std::string const& text, ItemType type,
+                                    bool isDefault) const {
+    if (!isDefault && writer->TryWriteTextElement(m_name, m_namespace, text, type))
+        return;
+    writer->WriteElementStart(m_name, m_namespace);
+    writer->WriteElementValue(text, type, isDefault);
+    writer->WriteElementEnd();
+}
+
 // Except in a strict context, a nil value is written even if the entry is not nillable. A value that equals
 // the default is not tested against the facets: the writer decides whether its text is written.
 template <class ToText>
@@ -42,15 +51,6 @@ bool CElementInfo::WriteProperty(Ctx const& ctx, Object const* object, CXmlWrite
     WriteText(writer, text, m_hasRestrictions ? value.GetTypeAsEnum() : ZvXmlLib16::ItemType_string,
               isDefault);
     return true;
-}
-
-void CElementInfo::WriteText(CXmlWriter* writer, std::string const& text, ItemType type,
-                             bool isDefault) const {
-    if (!isDefault && writer->TryWriteTextElement(m_name, m_namespace, text, type))
-        return;
-    writer->WriteElementStart(m_name, m_namespace);
-    writer->WriteElementValue(text, type, isDefault);
-    writer->WriteElementEnd();
 }
 
 // Of an entry whose values need no check.

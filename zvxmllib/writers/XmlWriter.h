@@ -81,6 +81,7 @@ public:
     static constexpr bool kWritesTextElements = false;
     // Writes an element that has a text and nothing else in one step, if the format has one and this element
     // needs no more. Returns false with nothing done otherwise: then the three operations above are called.
+    // `type` is that of the value, as WriteElementValue takes it.
     virtual bool TryWriteTextElement(std::string const& name, std::string const& ns, std::string const& text,
                                      ItemType type);
 
